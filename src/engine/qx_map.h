@@ -1,5 +1,6 @@
 #pragma once
 
+#include "engine/qx_api.h"
 #include "engine/qx_colour.h"
 #include "engine/qx_map_records.h"
 #include "engine/qx_node.h"
@@ -20,7 +21,7 @@ enum qxMapFlag { qxMapFlagChecker = 32 };
 /// (x + 1, z + 1) and (x, z + 1). Every per-point operation accepts any ints: a write outside the grid is
 /// ignored, a read there gives a harmless value. The host owns the map; all calls come from its
 /// user-interface thread.
-class qxCMap : public qxCNode {
+class QX_API qxCMap : public qxCNode {
 public:
     /// Height of standing water in world units; divided by heightScale it is in point-height units.
     float waterLevel = 0.0F;

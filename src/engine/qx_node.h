@@ -1,9 +1,11 @@
 #pragma once
 
+#include "engine/qx_api.h"
+
 class qxCScene;
 
 /// Something that stands in a scene.
-class qxCNode {
+class QX_API qxCNode {
 public:
     virtual ~qxCNode() = default;
 

@@ -1,11 +1,13 @@
 #pragma once
 
+#include "engine/qx_api.h"
+
 class qxCTexture;
 
 enum qxFogMode { qxFogModeOff = 0, qxFogModeOn = 1 };
 
 /// The scene that owns the textures and the fog switch.
-class qxCScene {
+class QX_API qxCScene {
 public:
     virtual ~qxCScene() = default;
 
