@@ -1,0 +1,94 @@
+#include "house/include_rules.h"
+
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <fstream>
+#include <set>
+#include <sstream>
+
+namespace {
+
+using house::IncludeMap;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+TEST(Floors, EveryIncludeLineKeepsThem) {
+    const IncludeMap includes = house::readIncludes(VESK_SOURCE_DIR);
+    ASSERT_GT(includes.size(), 20U) << "the tree was not read";
+    EXPECT_THAT(house::findFloorViolations(includes), IsEmpty());
+    EXPECT_THAT(house::findIncludeCircles(includes), IsEmpty());
+}
+
+TEST(Floors, ViolationsAreFoundAndNameTheFile) {
+    const std::vector<std::pair<std::string, house::Include>> planted = {
+        {"src/terrain/a.cpp", {"QWidget", false, 1}},
+        {"src/host/a.cpp", {"unistd.h", false, 1}},
+        {"src/sound/a.cpp", {"AL/al.h", false, 1}},
+        {"src/platform/a.h", {"QtGlobal", false, 1}},
+        {"src/platform/openal/a.cpp", {"QString", false, 1}},
+        {"src/platform/a.cpp", {"platform/qt/window.h", true, 1}},
+        {"src/engine/qx_a.h", {"platform/cstring.h", true, 1}},
+        {"src/engine/qx_a.h", {"engine/memory/memory_map.h", true, 1}},
+        {"src/engine/memory/a.cpp", {"QImage", false, 1}},
+        {"src/controls/a.cpp", {"terrain/map_editor_dlg.h", true, 1}},
+        {"src/terrain/a.cpp", {"engine/memory/memory_map.h", true, 1}},
+        {"src/host/module_state.h", {"terrain/map_undo_list.h", true, 1}},
+        {"sandbox/a.cpp", {"terrain/map_editor_dlg.h", true, 1}},
+        {"sandbox/a.cpp", {"host/module_state.h", true, 1}},
+    };
+    for (const auto& [file, include] : planted) {
+        EXPECT_THAT(house::findFloorViolations({{file, {include}}}), ElementsAre(HasSubstr(file + ":1")))
+            << include.target;
+    }
+}
+
+TEST(Floors, CirclesAreFound) {
+    const IncludeMap circle = {{"src/terrain/a.h", {{"terrain/b.h", true, 1}}},
+                               {"src/terrain/b.h", {{"terrain/a.h", true, 1}}}};
+    EXPECT_THAT(house::findIncludeCircles(circle), ElementsAre(HasSubstr("src/terrain/b.h")));
+}
+
+/// Direct link lines of the build, target by target, as the build system wrote them down.
+std::map<std::string, std::set<std::string>> readLinkLines() {
+    std::map<std::string, std::set<std::string>> lines;
+    std::ifstream stream(VESK_LINK_LINES);
+    for (std::string line; std::getline(stream, line);) {
+        const std::size_t colon = line.find(':');
+        std::istringstream libraries(line.substr(colon + 1));
+        std::set<std::string>& set = lines[line.substr(0, colon)];
+        for (std::string library; std::getline(libraries, library, ';');) {
+            set.insert(library);
+        }
+    }
+    return lines;
+}
+
+TEST(Floors, EveryLinkLineKeepsThem) {
+    const std::map<std::string, std::set<std::string>> mayLink = {
+        {"qxmemory", {"qx_headers", "PNG::PNG", "vesk_stb"}},
+        {"vesk_module_state", {"qx_headers", "vesk_platform"}},
+        {"vesk_controls", {"qx_headers", "qxmemory", "vesk_platform", "vesk_resources", "vesk_module_state"}},
+        {"vesk_sound", {"qx_headers", "qxmemory", "vesk_openal", "vesk_platform", "vesk_module_state"}},
+        {"vesk_terrain",
+         {"qx_headers", "qxmemory", "vesk_controls", "vesk_sound", "vesk_platform", "vesk_resources",
+          "vesk_module_state"}},
+        {"vesk_host",
+         {"qx_headers", "qxmemory", "vesk_terrain", "vesk_controls", "vesk_sound", "vesk_platform",
+          "vesk_openal", "vesk_resources", "vesk_module_state"}},
+    };
+    const auto links = readLinkLines();
+    for (const auto& [target, allowed] : mayLink) {
+        ASSERT_TRUE(links.contains(target)) << target;
+        for (const std::string& library : links.at(target)) {
+            EXPECT_TRUE(allowed.contains(library)) << target << " links " << library;
+        }
+    }
+    for (const std::string& library : links.at("vesksandbox")) {
+        const bool own = library.starts_with("vesk_") && !library.starts_with("vesk_sandbox");
+        EXPECT_FALSE(own) << "the sandbox links " << library << " behind the exports";
+    }
+}
+
+} // namespace
