@@ -1,0 +1,42 @@
+#pragma once
+
+#include <algorithm>
+#include <cstdint>
+#include <limits>
+
+/// The points x0 to x1 by z0 to z1 of a map, both ends included; empty when x1 < x0.
+struct CGridRect {
+    int x0 = std::numeric_limits<int>::max();
+    int z0 = std::numeric_limits<int>::max();
+    int x1 = std::numeric_limits<int>::min();
+    int z1 = std::numeric_limits<int>::min();
+
+    bool isEmpty() const { return x1 < x0; }
+    friend bool operator==(const CGridRect&, const CGridRect&) = default;
+};
+
+/// The points of one kind that changed since somebody last took them, and how many changes there ever were.
+/// Part of a map; kept so small that it may be told of every single write.
+class CGridRegion {
+public:
+    void add(int x, int z) {
+        ++m_nChanges;
+        m_rect.x0 = std::min(m_rect.x0, x);
+        m_rect.z0 = std::min(m_rect.z0, z);
+        m_rect.x1 = std::max(m_rect.x1, x);
+        m_rect.z1 = std::max(m_rect.z1, z);
+    }
+
+    /// The smallest rectangle around the changes since the last call; it is empty afterwards.
+    CGridRect take() {
+        const CGridRect taken = m_rect;
+        m_rect = CGridRect();
+        return taken;
+    }
+
+    std::uint64_t getChangeCount() const { return m_nChanges; }
+
+private:
+    CGridRect m_rect;
+    std::uint64_t m_nChanges = 0;
+};
