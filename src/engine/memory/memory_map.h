@@ -29,7 +29,7 @@ struct CEditCursor {
 /// layer (1), other layers read as zero and ignore writes.
 class QX_API CMemoryMap final : public qxCMap {
 public:
-    static constexpr int MAX_GRID_DIM = 4096;
+    static constexpr int MAX_GRID_DIM = 8192;
     static constexpr int MAX_HEIGHT = 65535; ///< heights are held to 0..MAX_HEIGHT
     static constexpr int MAX_BLEND = 65535;  ///< a blend is 0 (all smooth texture) to MAX_BLEND (all rough)
     static constexpr float CELL_SIZE = 1.0F; ///< side of a grid cell in world units
