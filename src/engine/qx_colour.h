@@ -16,8 +16,10 @@ public:
 
     /// Channels 0 to 255; only the low eight bits of each are kept.
     constexpr qxCColour(int red, int green, int blue, int alpha)
-        : b(static_cast<std::uint8_t>(blue)), g(static_cast<std::uint8_t>(green)),
-          r(static_cast<std::uint8_t>(red)), a(static_cast<std::uint8_t>(alpha)) {}
+        : b(static_cast<std::uint8_t>(blue))
+        , g(static_cast<std::uint8_t>(green))
+        , r(static_cast<std::uint8_t>(red))
+        , a(static_cast<std::uint8_t>(alpha)) {}
 
     friend constexpr bool operator==(const qxCColour&, const qxCColour&) = default;
 };

@@ -3,6 +3,8 @@
 #include "engine/qx_api.h"
 #include "engine/qx_colour.h"
 
+#include <cstddef>
+#include <span>
 #include <vector>
 
 enum qxImageFileFormat { qxImageFileFormatColourAlpha = 2 };
@@ -32,6 +34,11 @@ public:
     /// Outside the image: ignored.
     void setPixel(int x, int y, const qxCColour& colour);
 
+    /// All pixels, element y * width + x; valid until the image is loaded, sized or destroyed.
+    std::span<const qxCColour> getPixels() const { return m_pixels; }
+
 private:
+    std::size_t indexOf(int x, int y) const;
+
     std::vector<qxCColour> m_pixels; // row-major, width * height
 };

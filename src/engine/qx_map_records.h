@@ -18,11 +18,11 @@ public:
 struct _qxMapTerrainDef {
     static constexpr int FILTER_EDGE = 5;
 
-    char name[31] = {};                            ///< zero-terminated
+    char name[31] = {}; ///< zero-terminated
     bool preserveFlatAreas = false;
     float noise = 0.0F;
     float effectOnNeighbours = 0.0F;
-    float filter[FILTER_EDGE * FILTER_EDGE] = {};  ///< column by column: element 5 * column + row
+    float filter[FILTER_EDGE * FILTER_EDGE] = {}; ///< column by column: element 5 * column + row
     float weighting = 0.0F;
 };
 

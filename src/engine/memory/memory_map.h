@@ -133,6 +133,7 @@ public:
 
 private:
     void countChange(EMapChange kind) { ++m_changeCounts[static_cast<std::size_t>(kind)]; }
+    qxCMapDetailRecord* counted(qxCMapDetailRecord* added);
 
     CMemoryScene* m_pScene;
     int m_nGridDim;

@@ -1,0 +1,9 @@
+#pragma once
+
+#include "engine/memory/image_decoder.h"
+
+/// True when the bytes begin with the PNG signature and a complete IHDR chunk.
+bool isPng(std::span<const std::uint8_t> bytes);
+
+/// Decodes every kind of PNG to eight bits a channel, straight alpha. Terms as for decodeImage.
+std::optional<CDecodedImage> decodePng(std::span<const std::uint8_t> bytes);
