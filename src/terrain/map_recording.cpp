@@ -1,0 +1,60 @@
+#include "terrain/map_recording.h"
+
+#include "engine/qx_map.h"
+#include "terrain/grid_area.h"
+#include "terrain/map_editor_model.h"
+#include "terrain/map_undo_list.h"
+
+#include <bit>
+
+namespace {
+
+constexpr int COLOUR_LAYER = 0;
+constexpr int BLEND_LAYER = 1;
+
+MapUndoRecord readPoint(const qxCMap& map, int x, int z, bool groupStart) {
+    MapUndoRecord record;
+    record.blend = static_cast<std::uint16_t>(map.getPointBlendQ(BLEND_LAYER, x, z));
+    record.colour = std::bit_cast<std::uint32_t>(map.getPointColourQ(COLOUR_LAYER, x, z));
+    record.height = static_cast<std::uint16_t>(map.getPointHeightQ(x, z));
+    record.x = static_cast<std::uint16_t>(x);
+    record.z = static_cast<std::uint16_t>(z);
+    record.groupStart = groupStart ? 1 : 0;
+    return record;
+}
+
+void writePoint(qxCMap& map, const MapUndoRecord& record) {
+    map.setPointHeight(record.x, record.z, record.height, false);
+    map.setPointColour(COLOUR_LAYER, record.x, record.z, std::bit_cast<qxCColour>(record.colour));
+    map.setPointBlend(BLEND_LAYER, record.x, record.z, record.blend);
+}
+
+} // namespace
+
+void recordPoint(CMapEditorModel& model, int x, int z, bool groupStart) {
+    if (!areaOnGrid(*model.m_pMap, x, z, x, z).isEmpty()) {
+        g_mapUndoList.push(readPoint(*model.m_pMap, x, z, groupStart));
+    }
+}
+
+void recordBlock(CMapEditorModel& model, std::int64_t x0, std::int64_t z0, std::int64_t x1, std::int64_t z1) {
+    const qxCMap& map = *model.m_pMap;
+    const GridArea area = areaOnGrid(map, x0, z0, x1, z1);
+    bool groupStart = model.m_stroke.firstUpdate;
+    for (int x = area.x0; x <= area.x1; ++x) {
+        for (int z = area.z0; z <= area.z1; ++z) {
+            g_mapUndoList.push(readPoint(map, x, z, groupStart));
+            groupStart = false;
+        }
+    }
+}
+
+void undo(CMapEditorModel& model) {
+    while (!g_mapUndoList.isEmpty()) {
+        const MapUndoRecord record = g_mapUndoList.pop();
+        writePoint(*model.m_pMap, record);
+        if (record.groupStart != 0) {
+            return;
+        }
+    }
+}
