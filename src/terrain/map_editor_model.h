@@ -63,20 +63,25 @@ struct MapSelection {
     bool exists = false; ///< a completed selection is in force, its outline is on the marker layer
 };
 
-/// Heights as they were on a stroke's first update: what Raise (on a selection) and Magnet work from.
+/// Heights as they were on a stroke's first update, which Raise (on a selection) and Magnet work from.
+/// Whatever the panel changes in the middle of the stroke, they go on with these points, for these are
+/// recorded.
 struct HeightSnapshot {
     enum class Owner { NONE, RAISE, MAGNET };
 
-    Owner owner = Owner::NONE;
-    GridArea area;            ///< the points held
-    std::vector<int> heights; ///< rows of equal z, x ascending
+    Owner owner = Owner::NONE; ///< whose it is; NONE: not taken in this stroke
+    GridArea area;             ///< the points held
+    std::vector<int> heights;  ///< rows of equal z, x ascending
+    int x = 0;                 ///< Magnet: the picked cell
+    int z = 0;
+    int radius = 0; ///< Magnet: in points
 };
 
-/// Where the brush's snapshot of heights was taken; the heights stand in a table of the module.
+/// The same for Raise with a brush; the heights stand in a table of the module.
 struct BrushSnapshot {
-    int x = 0;
+    int x = 0; ///< the picked cell
     int z = 0;
-    int size = 0; ///< points a side; 0: none taken in this stroke
+    int size = 0; ///< points a side; 0: not taken in this stroke
 };
 
 /// What the map editor's tools work on, apart from the map: the settings that the panel shows and the state

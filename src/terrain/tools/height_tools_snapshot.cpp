@@ -40,23 +40,19 @@ void takeSnapshot(CMapEditorModel& model, HeightSnapshot::Owner owner, const Gri
     snapshot.owner = owner;
 }
 
-/// Where panel settings changed in the middle of a stroke, its snapshot may be of another tool or of other
-/// points: then there is nothing to work from.
-bool hasSnapshot(const CMapEditorModel& model, HeightSnapshot::Owner owner, const GridArea& area) {
-    return model.m_heightBuffer.owner == owner && model.m_heightBuffer.area == area;
-}
-
 void raiseSelection(CMapEditorModel& model, int amount) {
-    const GridArea area = selectedPoints(model);
+    const HeightSnapshot& snapshot = model.m_heightBuffer;
     if (model.m_stroke.firstUpdate) {
+        const GridArea area = selectedPoints(model);
         recordBlock(model, area.x0, area.z0, area.x1, area.z1);
         takeSnapshot(model, HeightSnapshot::Owner::RAISE, area);
     }
-    if (!hasSnapshot(model, HeightSnapshot::Owner::RAISE, area)) {
+    if (snapshot.owner != HeightSnapshot::Owner::RAISE) {
         return;
     }
     qxCMap& map = *model.m_pMap;
-    const int* height = model.m_heightBuffer.heights.data();
+    const GridArea area = snapshot.area;
+    const int* height = snapshot.heights.data();
     for (int z = area.z0; z <= area.z1; ++z) {
         for (int x = area.x0; x <= area.x1; ++x) {
             map.setPointHeight(x, z, subtractSaturating(*height++, amount), true);
@@ -81,21 +77,28 @@ void raiseBrush(CMapEditorModel& model, int amount) {
     const StrokeState& stroke = model.m_stroke;
     const BrushSnapshot& snapshot = model.m_brushSnapshot;
     const auto footprint = brushFootprint(model.m_nBrushSize, stroke.edge, stroke.corner);
-    if (footprint.empty()) {
-        return;
-    }
-    if (stroke.firstUpdate) {
+    if (stroke.firstUpdate && !footprint.empty()) {
         takeBrushSnapshot(model, brushBlockSize(model.m_nBrushSize));
-    }
-    if (snapshot.x != stroke.x || snapshot.z != stroke.z) {
-        return;
     }
     for (const auto [dx, dz] : footprint) {
         if (dx < snapshot.size && dz < snapshot.size) {
-            model.m_pMap->setPointHeight(addSaturating(stroke.x, dx), addSaturating(stroke.z, dz),
+            model.m_pMap->setPointHeight(addSaturating(snapshot.x, dx), addSaturating(snapshot.z, dz),
                                          subtractSaturating(brushHeight(dx, dz), amount), true);
         }
     }
+}
+
+/// Record and take the points of the bump around the picked cell.
+void takeMagnetSnapshot(CMapEditorModel& model) {
+    const std::int64_t x = model.m_stroke.x;
+    const std::int64_t z = model.m_stroke.z;
+    const std::int64_t radius = model.m_nStrength;
+    const GridArea area = areaNearGrid(*model.m_pMap, x - radius, z - radius, x + radius + 1, z + radius + 1);
+    recordBlock(model, area.x0, area.z0, area.x1, area.z1);
+    takeSnapshot(model, HeightSnapshot::Owner::MAGNET, area);
+    model.m_heightBuffer.x = model.m_stroke.x;
+    model.m_heightBuffer.z = model.m_stroke.z;
+    model.m_heightBuffer.radius = model.m_nStrength;
 }
 
 /// Share of the amount that a point at this distance from the middle of the bump moves by, 1.0 to 0.0.
@@ -117,23 +120,20 @@ void raise(CMapEditorModel& model, int amount) {
 }
 
 void magnet(CMapEditorModel& model, int amount) {
-    const StrokeState& stroke = model.m_stroke;
-    const std::int64_t radius = model.m_nStrength;
-    const GridArea area = areaNearGrid(*model.m_pMap, stroke.x - radius, stroke.z - radius,
-                                       stroke.x + radius + 1, stroke.z + radius + 1);
-    if (stroke.firstUpdate) {
-        recordBlock(model, area.x0, area.z0, area.x1, area.z1);
-        takeSnapshot(model, HeightSnapshot::Owner::MAGNET, area);
+    const HeightSnapshot& snapshot = model.m_heightBuffer;
+    if (model.m_stroke.firstUpdate) {
+        takeMagnetSnapshot(model);
     }
-    if (!hasSnapshot(model, HeightSnapshot::Owner::MAGNET, area)) {
+    if (snapshot.owner != HeightSnapshot::Owner::MAGNET) {
         return;
     }
-    const int* height = model.m_heightBuffer.heights.data();
+    const GridArea area = snapshot.area;
+    const double middleX = snapshot.x + 0.5;
+    const double middleZ = snapshot.z + 0.5;
+    const int* height = snapshot.heights.data();
     for (int z = area.z0; z <= area.z1; ++z) {
         for (int x = area.x0; x <= area.x1; ++x) {
-            const double share =
-                bumpShare(static_cast<double>(x) - stroke.x - 0.5, static_cast<double>(z) - stroke.z - 0.5,
-                          static_cast<double>(radius));
+            const double share = bumpShare(x - middleX, z - middleZ, snapshot.radius);
             const int offset = truncateSaturating(amount * share);
             model.m_pMap->setPointHeight(x, z, subtractSaturating(*height++, offset), true);
         }
