@@ -19,7 +19,7 @@ public:
     bool createWindow(CWnd* host);
     /// Close the window and free the object, without remembering its settings. From inside one of the panel's
     /// own commands (a host's timer may call while a message box is open) the object lives on, hidden and
-    /// unbound, until that command returns.
+    /// without its map, until that command returns.
     void destroy();
 
     void strokeStart(int x, int z, int edge, int corner);
@@ -69,7 +69,6 @@ private:
     void refreshUndoIndicators();
     void setButtonIcon(int controlId, int iconId);
     void closeByUser();
-    void releaseWindow();
 
     CTabCtrl m_tabs;
     CSliderCtrl m_strengthSlider;
@@ -85,9 +84,8 @@ private:
     int m_bMapFlag = 0;
     int m_bFog = 0;
 
-    bool m_bOwnsItself = false; ///< the end of the window is the end of the object
+    bool m_bOwnsItself = false;   ///< the end of the window is the end of the object
+    bool m_bFreeWhenIdle = false; ///< to be freed when the outermost message has been handled
     bool m_bReading = false;
     int m_nDispatchDepth = 0; ///< messages being handled, one inside the other
-    enum class EEnding { NO, CLOSE_WINDOW, FREE_OBJECT };
-    EEnding m_ending = EEnding::NO; ///< what to do when the outermost message has been handled
 };

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "platform/framework.h"
+
+/// Runs the body of an export in the library's own module state, so that dialog templates and icons are found
+/// in the library, and gives the caller's back on every way out. A host may be written in another language or
+/// built without exceptions: none leaves here, and a call that ran out of memory ends as one that does not
+/// apply.
+template <typename Body> void runExport(Body&& body) noexcept {
+    try {
+        AFX_MANAGE_STATE(AfxGetStaticModuleState());
+        body();
+    } catch (...) {
+        return;
+    }
+}

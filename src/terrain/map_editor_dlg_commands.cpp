@@ -1,0 +1,170 @@
+#include "terrain/map_editor_dlg.h"
+
+#include "engine/qx_map.h"
+#include "engine/qx_scene.h"
+#include "resources/resource_ids.h"
+#include "terrain/map_editor_buttons.h"
+#include "terrain/map_recording.h"
+#include "terrain/map_selection.h"
+#include "terrain/map_undo_list.h"
+
+#include <utility>
+
+BEGIN_MESSAGE_MAP(CMapEditorDlg, CEditorDialog)
+ON_BN_CLICKED(IDC_TOOL_SELECT, &CMapEditorDlg::onToolClicked)
+ON_BN_CLICKED(IDC_TOOL_RAISE, &CMapEditorDlg::onToolClicked)
+ON_BN_CLICKED(IDC_TOOL_FLATTEN, &CMapEditorDlg::onToolClicked)
+ON_BN_CLICKED(IDC_TOOL_SET_HEIGHT, &CMapEditorDlg::onToolClicked)
+ON_BN_CLICKED(IDC_TOOL_GET_HEIGHT, &CMapEditorDlg::onToolClicked)
+ON_BN_CLICKED(IDC_TOOL_TINT, &CMapEditorDlg::onToolClicked)
+ON_BN_CLICKED(IDC_TOOL_SMOOTH, &CMapEditorDlg::onToolClicked)
+ON_BN_CLICKED(IDC_TOOL_FLOOD, &CMapEditorDlg::onToolClicked)
+ON_BN_CLICKED(IDC_TOOL_DRAIN, &CMapEditorDlg::onToolClicked)
+ON_BN_CLICKED(IDC_TOOL_PAINT, &CMapEditorDlg::onToolClicked)
+ON_BN_CLICKED(IDC_TOOL_GET_GRADIENT, &CMapEditorDlg::onToolClicked)
+ON_BN_CLICKED(IDC_TOOL_MAGNET, &CMapEditorDlg::onToolClicked)
+ON_BN_CLICKED(IDC_TOOL_ROUGHEN, &CMapEditorDlg::onToolClicked)
+ON_BN_CLICKED(IDC_BRUSH_VERTEX, &CMapEditorDlg::onBrushClicked)
+ON_BN_CLICKED(IDC_BRUSH_EDGE, &CMapEditorDlg::onBrushClicked)
+ON_BN_CLICKED(IDC_BRUSH_CELL, &CMapEditorDlg::onBrushClicked)
+ON_BN_CLICKED(IDC_BRUSH_PLUS, &CMapEditorDlg::onBrushClicked)
+ON_BN_CLICKED(IDC_BRUSH_2X2, &CMapEditorDlg::onBrushClicked)
+ON_BN_CLICKED(IDC_BRUSH_DISC, &CMapEditorDlg::onBrushClicked)
+ON_WM_HSCROLL()
+ON_EN_KILLFOCUS(IDC_HEIGHT, &CMapEditorDlg::onHeightKillFocus)
+ON_NOTIFY(TCN_SELCHANGE, IDC_TOOL_TABS, &CMapEditorDlg::onTabChanged)
+ON_BN_CLICKED(IDC_HIDE_CURSOR, &CMapEditorDlg::onHideCursor)
+ON_BN_CLICKED(IDC_MAP_FLAG, &CMapEditorDlg::onMapFlag)
+ON_BN_CLICKED(IDC_FOG, &CMapEditorDlg::onFog)
+ON_BN_CLICKED(IDC_SELECT_ALL, &CMapEditorDlg::onSelectAll)
+ON_BN_CLICKED(IDC_DESELECT, &CMapEditorDlg::onDeselect)
+ON_BN_CLICKED(IDC_UNDO, &CMapEditorDlg::onUndo)
+ON_BN_CLICKED(IDC_CLOSE, &CMapEditorDlg::onCloseButton)
+ON_WM_CLOSE()
+END_MESSAGE_MAP()
+
+namespace {
+
+constexpr int UNDO_FILL_RANGE = 100;
+
+bool usesBrushSize(int tool) {
+    return tool == TOOL_RAISE || tool == TOOL_FLATTEN || tool == TOOL_SET_HEIGHT || tool == TOOL_TINT ||
+           tool == TOOL_PAINT;
+}
+
+} // namespace
+
+void CMapEditorDlg::onToolClicked() {
+    if (!readControls()) {
+        return;
+    }
+    refreshStrengthAndBrushes();
+    showMembers();
+    SetActiveWindow();
+}
+
+void CMapEditorDlg::onBrushClicked() {
+    if (readControls()) {
+        SetActiveWindow();
+    }
+}
+
+void CMapEditorDlg::OnHScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar) {
+    if (readControls()) {
+        refreshStrengthAndBrushes();
+        CEditorDialog::OnHScroll(nSBCode, nPos, pScrollBar);
+    }
+}
+
+void CMapEditorDlg::onHeightKillFocus() {
+    if (readControls()) {
+        showMembers();
+    }
+}
+
+void CMapEditorDlg::onTabChanged(NMHDR* /*pNMHDR*/, LRESULT* pResult) {
+    *pResult = 0;
+    if (!readControls()) {
+        return;
+    }
+    refreshToolButtons();
+    std::swap(m_nTool, m_nOtherTabTool);
+    showMembers();
+}
+
+void CMapEditorDlg::onHideCursor() {
+    readControls();
+}
+
+void CMapEditorDlg::onMapFlag() {
+    if (!readControls()) {
+        return;
+    }
+    if (m_bMapFlag != 0) {
+        m_pMap->setFlag(qxMapFlagChecker);
+    } else {
+        m_pMap->clearFlag(qxMapFlagChecker);
+    }
+}
+
+void CMapEditorDlg::onFog() {
+    if (!readControls()) {
+        return;
+    }
+    if (qxCScene* const scene = m_pMap->getScene()) {
+        scene->setFogMode(m_bFog != 0 ? qxFogModeOn : qxFogModeOff);
+    }
+}
+
+void CMapEditorDlg::onSelectAll() {
+    if (m_pMap != nullptr) {
+        selectAll(*this);
+    }
+}
+
+void CMapEditorDlg::onDeselect() {
+    if (m_pMap != nullptr) {
+        deselect(*this);
+    }
+}
+
+void CMapEditorDlg::onUndo() {
+    if (m_pMap == nullptr) {
+        return;
+    }
+    undo(*this);
+    refreshUndoIndicators();
+    showMembers();
+}
+
+void CMapEditorDlg::onCloseButton() {
+    closeByUser();
+}
+
+void CMapEditorDlg::OnClose() {
+    closeByUser();
+}
+
+void CMapEditorDlg::OnOK() {
+    // The framework would hide the window and leave the editor open without one. Enter has no meaning here
+    // outside the edit fields, ...
+}
+
+void CMapEditorDlg::OnCancel() {
+    // ... and a stray Escape must not end a long session: only "Close" and the window's own close request do.
+}
+
+void CMapEditorDlg::refreshStrengthAndBrushes() {
+    m_strStrength.Format("%i", m_nStrength);
+    const BOOL usable = usesBrushSize(m_nTool) && !isDetailsTab() ? TRUE : FALSE;
+    for (const IconButton& button : BRUSH_BUTTONS) {
+        GetDlgItem(button.controlId)->EnableWindow(usable);
+    }
+    showMembers();
+}
+
+void CMapEditorDlg::refreshUndoIndicators() {
+    GetDlgItem(IDC_UNDO)->EnableWindow(g_mapUndoList.isEmpty() ? FALSE : TRUE);
+    m_undoFill.SetRange(0, UNDO_FILL_RANGE);
+    m_undoFill.SetPos(static_cast<int>(g_mapUndoList.fillPercent()));
+}

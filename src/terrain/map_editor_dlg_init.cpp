@@ -1,0 +1,76 @@
+#include "terrain/map_editor_dlg.h"
+
+#include "engine/qx_map.h"
+#include "engine/qx_scene.h"
+#include "resources/resource_ids.h"
+#include "terrain/map_editor_buttons.h"
+#include "terrain/map_editor_settings.h"
+
+namespace {
+
+constexpr int LOWEST_STRENGTH = 1;
+constexpr int HIGHEST_STRENGTH = 10;
+
+} // namespace
+
+BOOL CMapEditorDlg::OnInitDialog() {
+    CEditorDialog::OnInitDialog();
+    CenterWindow();
+    initCloseButton();
+    initIcons();
+    initTabs();
+    refreshToolButtons();
+    m_strengthSlider.SetRange(LOWEST_STRENGTH, HIGHEST_STRENGTH);
+    m_nTiling = m_pMap->getTextureTiling();
+    restoreSettings(*this);
+    refreshStrengthAndBrushes();
+    m_nTextureNumber = m_pMap->getCurrentMultiTexture();
+    initToggles();
+    showMembers();
+    return TRUE;
+}
+
+void CMapEditorDlg::initCloseButton() {
+    CWnd* const button = GetDlgItem(IDC_CLOSE);
+    button->EnableWindow(m_bFullEditing ? TRUE : FALSE);
+    button->ShowWindow(m_bFullEditing ? SW_SHOW : SW_HIDE);
+}
+
+void CMapEditorDlg::initIcons() {
+    for (const IconButton& button : BRUSH_BUTTONS) {
+        setButtonIcon(button.controlId, button.icon);
+    }
+    for (const IconButton& button : COMMAND_BUTTONS) {
+        setButtonIcon(button.controlId, button.icon);
+    }
+}
+
+void CMapEditorDlg::initTabs() {
+    m_tabs.InsertItem(0, "Terrain");
+    m_tabs.InsertItem(1, "Details");
+    m_tabs.SetCurSel(0);
+}
+
+void CMapEditorDlg::initToggles() {
+    // Flag 32 alone decides: the engine's interface has no further property of the map that goes with it.
+    m_bMapFlag = m_pMap->hasFlag(qxMapFlagChecker) ? 1 : 0;
+    const qxCScene* const scene = m_pMap->getScene();
+    m_bFog = scene != nullptr && scene->getFogMode() == qxFogModeOn ? 1 : 0;
+}
+
+void CMapEditorDlg::refreshToolButtons() {
+    const bool details = isDetailsTab();
+    for (const ToolButton& button : TOOL_BUTTONS) {
+        const int icon = details ? button.detailsIcon : button.terrainIcon;
+        const bool needsFull = !details || button.detailsNeedsFull;
+        setButtonIcon(button.controlId, icon);
+        GetDlgItem(button.controlId)
+            ->EnableWindow(icon != 0 && (m_bFullEditing || !needsFull) ? TRUE : FALSE);
+    }
+    showMembers();
+}
+
+void CMapEditorDlg::setButtonIcon(int controlId, int iconId) {
+    auto* const button = static_cast<CButton*>(GetDlgItem(controlId));
+    button->SetIcon(iconId != 0 ? AfxGetApp()->LoadIcon(static_cast<UINT>(iconId)) : nullptr);
+}
