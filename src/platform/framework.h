@@ -1,0 +1,22 @@
+#pragma once
+
+// The dialog framework and the windowing system as the toolkit knows them.
+#include "platform/cstring.h"
+#include "platform/framework/button.h"
+#include "platform/framework/color_dialog.h"
+#include "platform/framework/combo_box.h"
+#include "platform/framework/data_exchange.h"
+#include "platform/framework/dc.h"
+#include "platform/framework/dialog.h"
+#include "platform/framework/edit.h"
+#include "platform/framework/file_dialog.h"
+#include "platform/framework/list_box.h"
+#include "platform/framework/message_box.h"
+#include "platform/framework/module_state.h"
+#include "platform/framework/progress_ctrl.h"
+#include "platform/framework/scroll_bar.h"
+#include "platform/framework/slider_ctrl.h"
+#include "platform/framework/spin_button_ctrl.h"
+#include "platform/framework/static.h"
+#include "platform/framework/tab_ctrl.h"
+#include "platform/framework/win_app.h"

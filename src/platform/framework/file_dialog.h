@@ -1,0 +1,51 @@
+#pragma once
+
+#include "platform/cstring.h"
+#include "platform/windows_types.h"
+
+#include <vector>
+
+class CWnd;
+
+inline constexpr DWORD OFN_OVERWRITEPROMPT = 0x00000002;
+inline constexpr DWORD OFN_HIDEREADONLY = 0x00000004;
+inline constexpr DWORD OFN_ALLOWMULTISELECT = 0x00000200;
+
+/// The fields of the framework's open-file record that callers may set before DoModal.
+struct OPENFILENAME {
+    LPSTR lpstrFile = nullptr; ///< the caller's buffer for the names, or null
+    DWORD nMaxFile = 0;        ///< its size in bytes
+    LPCSTR lpstrInitialDir = nullptr;
+    LPCSTR lpstrTitle = nullptr;
+    DWORD Flags = 0;
+};
+
+/// The platform's file dialog.
+class CFileDialog {
+public:
+    OPENFILENAME m_ofn;
+
+    /// lpszFileName presets the file name; a wildcard in it filters the list, a directory before it is where
+    /// the dialog opens. lpszFilter: pairs of caption and pattern, each ended by a bar, one bar more at the
+    /// end.
+    explicit CFileDialog(BOOL bOpenFileDialog, LPCTSTR lpszDefExt = nullptr, LPCTSTR lpszFileName = nullptr,
+                         DWORD dwFlags = OFN_HIDEREADONLY | OFN_OVERWRITEPROMPT, LPCTSTR lpszFilter = nullptr,
+                         CWnd* pParentWnd = nullptr);
+    /// IDOK or IDCANCEL.
+    INT_PTR DoModal();
+    /// Full path of the first file chosen.
+    CString GetPathName() const { return m_paths.empty() ? CString() : m_paths.front(); }
+    /// Walks the files chosen: full paths with slashes, in the dialog's order.
+    POSITION GetStartPosition() const;
+    CString GetNextPathName(POSITION& position) const;
+
+private:
+    void fillCallersBuffer() const;
+
+    bool m_open;
+    CString m_extension;
+    CString m_fileName;
+    CString m_filter;
+    HWND m_parent;
+    std::vector<CString> m_paths;
+};

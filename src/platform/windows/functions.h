@@ -1,0 +1,120 @@
+#pragma once
+
+#include "platform/windows/messages.h"
+#include "platform/windows_types.h"
+
+struct DialogTemplate;
+class CWnd;
+
+// What the framework asks of the window system. A back end defines these functions; nothing else of it is
+// visible above. A null or dead window is answered with zero, never with a crash.
+
+inline constexpr UINT SWP_NOSIZE = 0x0001;
+inline constexpr UINT SWP_NOMOVE = 0x0002;
+inline constexpr UINT SWP_NOZORDER = 0x0004;
+inline constexpr UINT SWP_NOACTIVATE = 0x0010;
+inline constexpr UINT SWP_SHOWWINDOW = 0x0040;
+inline constexpr UINT SWP_HIDEWINDOW = 0x0080;
+
+inline constexpr UINT RDW_INVALIDATE = 0x0001;
+inline constexpr UINT RDW_ERASE = 0x0004;
+inline constexpr UINT RDW_UPDATENOW = 0x0100;
+
+inline constexpr int SW_HIDE = 0;
+inline constexpr int SW_SHOWNORMAL = 1;
+inline constexpr int SW_SHOW = 5;
+
+inline constexpr UINT GW_HWNDNEXT = 2;
+inline constexpr UINT GW_HWNDPREV = 3;
+inline constexpr UINT GW_OWNER = 4;
+inline constexpr UINT GW_CHILD = 5;
+
+BOOL IsWindow(HWND window);
+BOOL IsWindowEnabled(HWND window);
+/// Whether the window and all its parents are shown.
+BOOL IsWindowVisible(HWND window);
+/// Non-zero when the window was disabled before.
+BOOL EnableWindow(HWND window, BOOL enable);
+/// Non-zero when the window was shown before.
+BOOL ShowWindow(HWND window, int command);
+BOOL DestroyWindow(HWND window);
+
+/// Runs the window's procedure to its end and returns its answer.
+LRESULT SendMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+/// Queues the message; it is dropped when the window is gone by then.
+BOOL PostMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+/// What the kind of window does with a message nobody handled.
+LRESULT DefWindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+
+/// Copies the text and a terminating zero into a buffer of the given size in bytes; the length copied.
+int GetWindowText(HWND window, LPSTR buffer, int size);
+int GetWindowTextLength(HWND window);
+/// Touches the window only when the text is another one.
+BOOL SetWindowText(HWND window, LPCSTR text);
+/// The registered class name ("Edit", "Button" …), cut to the buffer; its length.
+int GetClassName(HWND window, LPSTR buffer, int size);
+DWORD GetWindowStyle(HWND window);
+int GetDlgCtrlID(HWND window);
+HWND GetDlgItem(HWND dialog, int id);
+HWND GetParent(HWND window);
+/// Children come in the order of the template.
+HWND GetWindow(HWND window, UINT relation);
+HWND GetDesktopWindow();
+HWND GetActiveWindow();
+HWND SetActiveWindow(HWND window);
+
+BOOL GetWindowRect(HWND window, LPRECT rect); ///< screen coordinates, frame included
+BOOL GetClientRect(HWND window, LPRECT rect);
+BOOL ScreenToClient(HWND window, LPPOINT point);
+BOOL ClientToScreen(HWND window, LPPOINT point);
+/// Position and size of the whole window: for a child in its parent's client area, else on the screen.
+BOOL SetWindowPos(HWND window, HWND insertAfter, int x, int y, int width, int height, UINT flags);
+BOOL MapDialogRect(HWND dialog, LPRECT rect);
+/// The part of the screen with the window on it that is free for windows.
+RECT GetWorkArea(HWND window);
+
+BOOL InvalidateRect(HWND window, LPCRECT rect, BOOL erase);
+BOOL UpdateWindow(HWND window);
+BOOL RedrawWindow(HWND window, LPCRECT rect, UINT flags);
+
+HWND GetFocus();
+HWND SetFocus(HWND window);
+HWND GetCapture();
+HWND SetCapture(HWND window);
+BOOL ReleaseCapture();
+
+/// The next or previous control with a tab stop that is shown and enabled, round and round.
+HWND GetNextDlgTabItem(HWND dialog, HWND control, BOOL previous);
+/// The next or previous member of the control's group, as WS_GROUP marks them out.
+HWND GetNextDlgGroupItem(HWND dialog, HWND control, BOOL previous);
+/// Runs what a dialog does with a key: Tab, Enter, Escape and the arrows. Non-zero when the key was used up.
+BOOL IsDialogMessage(HWND dialog, MSG* message);
+
+/// Makes a hidden dialog with its controls for owner object `dialog`; WM_INITDIALOG is left to the caller.
+HWND CreateDialogWindow(CWnd* dialog, const DialogTemplate& layout, HWND parent);
+/// Shows the dialog and runs messages until EndDialogWindow or the window's end; the dialog's result, or
+/// `broken` when the window ended without one.
+INT_PTR RunDialogWindow(HWND dialog, INT_PTR broken);
+void EndDialogWindow(HWND dialog, INT_PTR result);
+
+/// What a registered class is known by; its procedure is always the framework's.
+struct WNDCLASS {
+    UINT style = 0;
+    HINSTANCE hInstance = nullptr;
+    HICON hIcon = nullptr;
+    HCURSOR hCursor = nullptr;
+    HBRUSH hbrBackground = nullptr;
+    LPCSTR lpszMenuName = nullptr;
+    LPCSTR lpszClassName = nullptr;
+};
+
+/// Makes a child control of a predefined or a registered class.
+HWND CreateControlWindow(CWnd* control, DWORD exStyle, LPCSTR className, LPCSTR text, DWORD style,
+                         const RECT& rect, HWND parent, int id);
+
+/// The object that receives the window's messages. Passing null leaves them to the window's own kind.
+void SetWindowObject(HWND window, CWnd* object);
+/// The attached object, or null.
+CWnd* GetWindowObject(HWND window);
+/// The attached object, or a stand-in of the control's class that lives as long as the window.
+CWnd* GetOrMakeWindowObject(HWND window);
