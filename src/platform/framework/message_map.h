@@ -1,29 +1,9 @@
 #pragma once
 
+#include "platform/framework/message_thunks.h"
 #include "platform/windows/control_messages.h"
 
-class CCmdTarget;
-
 #define afx_msg
-
-/// WM_NOTIFY on its way through the maps.
-struct AFX_NOTIFY {
-    LRESULT* pResult = nullptr;
-    NMHDR* pNMHDR = nullptr;
-};
-
-/// What a handler may ask of the message it is run for.
-struct AFX_MESSAGE {
-    UINT message = WM_NULL;
-    UINT nID = 0;
-    WPARAM wParam = 0;
-    LPARAM lParam = 0;
-    const AFX_NOTIFY* notify = nullptr;
-};
-
-/// Calls one member function with the arguments its message carries. FALSE in `handled` passes the message
-/// on.
-using AFX_THUNK = LRESULT (*)(CCmdTarget& target, const AFX_MESSAGE& message, BOOL& handled);
 
 struct AFX_MSGMAP_ENTRY {
     UINT nMessage = WM_NULL; ///< WM_NULL ends a map
@@ -99,5 +79,3 @@ protected:                                                                      
     AFX_MSGMAP_ENTRY{WM_RBUTTONDOWN, 0, 0, 0, &afx::callMouse<&ThisClass::OnRButtonDown>},
 #define ON_WM_RBUTTONUP() AFX_MSGMAP_ENTRY{WM_RBUTTONUP, 0, 0, 0, &afx::callMouse<&ThisClass::OnRButtonUp>},
 #define ON_WM_MOUSEMOVE() AFX_MSGMAP_ENTRY{WM_MOUSEMOVE, 0, 0, 0, &afx::callMouse<&ThisClass::OnMouseMove>},
-
-#include "platform/framework/message_thunks.h" // the templates that the entries name

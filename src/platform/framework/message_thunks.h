@@ -1,13 +1,32 @@
 #pragma once
 
-#include "platform/framework/message_map.h"
 #include "platform/windows/functions.h"
 #include "platform/windows/geometry.h"
 
 #include <type_traits>
 
+class CCmdTarget;
 class CScrollBar;
 struct DRAWITEMSTRUCT;
+
+/// WM_NOTIFY on its way through the maps.
+struct AFX_NOTIFY {
+    LRESULT* pResult = nullptr;
+    NMHDR* pNMHDR = nullptr;
+};
+
+/// What a handler may ask of the message it is run for.
+struct AFX_MESSAGE {
+    UINT message = WM_NULL;
+    UINT nID = 0;
+    WPARAM wParam = 0;
+    LPARAM lParam = 0;
+    const AFX_NOTIFY* notify = nullptr;
+};
+
+/// Calls one member function with the arguments its message carries. FALSE in `handled` passes the message
+/// on.
+using AFX_THUNK = LRESULT (*)(CCmdTarget& target, const AFX_MESSAGE& message, BOOL& handled);
 
 /// How message maps call member functions: one small function per handler, made by the compiler, that takes
 /// the arguments out of the message. A handler of the wrong shape does not compile.
