@@ -1,0 +1,1 @@
+vesk_test(test_texture_preview SOURCES texture_preview_test.cpp LIBRARIES vesk_terrain qxmemory)
