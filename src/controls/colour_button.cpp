@@ -35,13 +35,14 @@ qxCColour CColourButton::getColour() const {
 }
 
 void CColourButton::DrawItem(LPDRAWITEMSTRUCT lpDrawItemStruct) {
-    CDC* const dc = CDC::FromHandle(lpDrawItemStruct->hDC);
-    CBrush brush(m_colour);
-    CGdiObject* const oldPen = dc->SelectStockObject(BLACK_PEN);
-    CBrush* const oldBrush = dc->SelectObject(&brush);
-    dc->Rectangle(&lpDrawItemStruct->rcItem);
-    dc->SelectObject(oldBrush);
-    dc->SelectObject(static_cast<CPen*>(oldPen));
+    const HDC dc = lpDrawItemStruct->hDC;
+    const RECT& rect = lpDrawItemStruct->rcItem;
+    const CBrush brush(m_colour);
+    const HGDIOBJ oldPen = ::SelectObject(dc, ::GetStockObject(BLACK_PEN));
+    const HGDIOBJ oldBrush = ::SelectObject(dc, brush.GetSafeHandle());
+    ::Rectangle(dc, rect.left, rect.top, rect.right, rect.bottom);
+    ::SelectObject(dc, oldPen);
+    ::SelectObject(dc, oldBrush);
 }
 
 void CColourButton::OnDoubleClicked() {
@@ -53,8 +54,8 @@ void CColourButton::OnDoubleClicked() {
     repaintAndNotify();
 }
 
-// The press does not reach the button's own processing: it would capture the mouse, and the release would come
-// here instead of to the swatch under the pointer.
+// The press does not reach the button's own processing: it would capture the mouse, and the release would
+// come here instead of to the swatch under the pointer.
 void CColourButton::OnLButtonDown(UINT /*nFlags*/, CPoint /*point*/) {
     g_colourDrag = {this, getColour()};
 }

@@ -3,8 +3,8 @@
 #include "engine/qx_colour.h"
 #include "platform/framework.h"
 
-/// Tells the parent of a swatch that its colour was changed by the user: wParam 0, lParam the swatch's control
-/// id.
+/// Tells the parent of a swatch that its colour was changed by the user: wParam 0, lParam the swatch's
+/// control id.
 inline constexpr UINT UM_COLOURCHANGED = 2025;
 
 /// A colour field of the panels. A double-click opens the colour dialog; a press on one swatch and a release

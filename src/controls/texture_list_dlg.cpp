@@ -1,0 +1,234 @@
+#include "controls/texture_list_dlg.h"
+
+#include "engine/qx_scene.h"
+#include "engine/qx_texture.h"
+#include "host/module_state.h"
+#include "resources/resource_ids.h"
+
+#include <algorithm>
+#include <array>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace {
+
+constexpr int KEEP_TOGGLE = 1;
+constexpr int NAME_LENGTH_MAX = 12;
+constexpr DWORD FILE_NAMES_SIZE = 2000;
+
+/// A caption and the engine's value behind it.
+struct Choice {
+    const char* caption;
+    int value;
+};
+
+constexpr std::array<Choice, 8> FORMATS = {{
+    {"Auto", qxPixelFormatAuto},
+    {"Pal", qxPixelFormatPalette},
+    {"Pal+Alpha", qxPixelFormatPaletteAlpha},
+    {"Grey", qxPixelFormatGrey},
+    {"Grey+Alpha", qxPixelFormatGreyAlpha},
+    {"RGB 565", qxPixelFormatRgb565},
+    {"RGBA 1555", qxPixelFormatRgba1555},
+    {"RGBA 4444", qxPixelFormatRgba4444},
+}};
+
+constexpr std::array<Choice, 10> SIZES = {{
+    {"Empty", qxTextureSizeEmpty},
+    {"1x1", qxTextureSize1},
+    {"2x2", qxTextureSize2},
+    {"4x4", qxTextureSize4},
+    {"8x8", qxTextureSize8},
+    {"16x16", qxTextureSize16},
+    {"32x32", qxTextureSize32},
+    {"64x64", qxTextureSize64},
+    {"128x128", qxTextureSize128},
+    {"256x256", qxTextureSize256},
+}};
+
+template <std::size_t COUNT> void fill(CComboBox& box, const std::array<Choice, COUNT>& choices) {
+    for (const Choice& choice : choices) {
+        box.SetItemData(box.AddString(choice.caption), static_cast<DWORD_PTR>(choice.value));
+    }
+}
+
+/// Select the entry with this value, or none when there is no such entry.
+void selectValue(CComboBox& box, int value) {
+    int found = CB_ERR;
+    for (int i = 0; i < box.GetCount() && found == CB_ERR; ++i) {
+        if (box.GetItemData(i) == static_cast<DWORD_PTR>(value)) {
+            found = i;
+        }
+    }
+    box.SetCurSel(found);
+}
+
+/// The engine's value of the chosen entry, as type T; nothing when no entry is chosen.
+template <class T, class Apply> void applyChoice(const CComboBox& box, Apply apply) {
+    const int index = box.GetCurSel();
+    if (index != CB_ERR) {
+        apply(static_cast<T>(box.GetItemData(index)));
+    }
+}
+
+/// What follows the last separator, of this platform or of the one the scenes come from.
+std::string_view withoutDirectory(std::string_view path) {
+    return path.substr(path.find_last_of("/\\") + 1);
+}
+
+/// Characters of a UTF-8 text, not bytes: the limit is one of what the user sees.
+int countCharacters(std::string_view text) {
+    return static_cast<int>(
+        std::ranges::count_if(text, [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; }));
+}
+
+/// The files that the user picks, none after "Cancel".
+std::vector<CString> askForFiles() {
+    std::array<char, FILE_NAMES_SIZE> names{};
+    const CString preset = g_strTextureDir + "\\*.tga";
+    std::copy_n(preset.GetString(), std::min(preset.GetLength(), static_cast<int>(FILE_NAMES_SIZE) - 1),
+                names.begin());
+    CFileDialog dialog(TRUE, "tga", preset, OFN_ALLOWMULTISELECT | OFN_HIDEREADONLY | OFN_OVERWRITEPROMPT,
+                       "TGA Files (*.tga)|*.tga|All Files (*.*)|*.*||", CWnd::FromHandle(g_hHostWnd));
+    dialog.m_ofn.lpstrFile = names.data();
+    dialog.m_ofn.nMaxFile = FILE_NAMES_SIZE;
+    std::vector<CString> files;
+    if (dialog.DoModal() == IDOK) {
+        for (POSITION position = dialog.GetStartPosition(); position != nullptr;) {
+            files.push_back(dialog.GetNextPathName(position));
+        }
+    }
+    return files;
+}
+
+} // namespace
+
+BEGIN_MESSAGE_MAP(CTextureListDlg, CEditorDialog)
+ON_BN_CLICKED(IDC_IMPORT_TEXTURE, &CTextureListDlg::onImport)
+ON_LBN_SELCHANGE(IDC_TEXTURES, &CTextureListDlg::onTextureChanged)
+ON_LBN_DBLCLK(IDC_TEXTURES, &CTextureListDlg::onTextureDoubleClicked)
+ON_CBN_SELCHANGE(IDC_TEXTURE_FORMAT, &CTextureListDlg::onFormatChanged)
+ON_CBN_SELCHANGE(IDC_TEXTURE_SIZE, &CTextureListDlg::onSizeChanged)
+END_MESSAGE_MAP()
+
+CTextureListDlg::CTextureListDlg(qxCScene* scene, qxCTexture* current, CWnd* parent)
+    : CEditorDialog(IDD_TEXTURE_LIST, parent, 0, 0, "Advanced >>", "Advanced <<", KEEP_TOGGLE)
+    , m_pSelected(current)
+    , m_pScene(scene) {}
+
+void CTextureListDlg::abandon() {
+    m_pScene = nullptr;
+    m_pSelected = nullptr;
+    EndDialog(IDCANCEL);
+}
+
+void CTextureListDlg::DoDataExchange(CDataExchange* pDX) {
+    CEditorDialog::DoDataExchange(pDX);
+    DDX_Control(pDX, IDC_TEXTURE_SIZE, m_sizes);
+    DDX_Control(pDX, IDC_TEXTURE_FORMAT, m_formats);
+    DDX_Control(pDX, IDC_TEXTURE_IMAGE, m_preview);
+    DDX_Control(pDX, IDC_TEXTURES, m_textures);
+}
+
+BOOL CTextureListDlg::OnInitDialog() {
+    CEditorDialog::OnInitDialog();
+    if (m_pScene == nullptr) {
+        EndDialog(IDCANCEL);
+        return TRUE;
+    }
+    fill(m_formats, FORMATS);
+    fill(m_sizes, SIZES);
+    refreshList();
+    UpdateData(FALSE);
+    return TRUE;
+}
+
+void CTextureListDlg::refreshList() {
+    m_textures.ResetContent();
+    m_textures.SetItemData(m_textures.AddString(NO_TEXTURE_CAPTION), 0);
+    m_textures.SetCurSel(0);
+    for (int i = 0; i < m_pScene->getNumTextures(); ++i) {
+        qxCTexture* const texture = m_pScene->getTexture(i);
+        const int entry = m_textures.AddString(texture->name.getString());
+        m_textures.SetItemData(entry, reinterpret_cast<DWORD_PTR>(texture));
+        if (texture == m_pSelected) {
+            m_textures.SetCurSel(entry);
+        }
+    }
+    showSelection();
+}
+
+void CTextureListDlg::showSelection() {
+    const bool isTexture = m_pSelected != nullptr;
+    if (isTexture) {
+        m_previewImage.load(m_pSelected->getFilename(), false);
+        selectValue(m_formats, m_pSelected->getPixelFormat());
+        selectValue(m_sizes, m_pSelected->getSize());
+    }
+    m_preview.setImage(isTexture ? &m_previewImage : nullptr, 1, 1);
+    m_formats.EnableWindow(isTexture ? TRUE : FALSE);
+    m_sizes.EnableWindow(isTexture ? TRUE : FALSE);
+    m_preview.Invalidate(FALSE);
+    UpdateData(FALSE);
+}
+
+/// False when the scene was taken away or nothing is selected.
+bool CTextureListDlg::takeSelection() {
+    const int entry = m_textures.GetCurSel();
+    if (m_pScene == nullptr || entry == LB_ERR) {
+        return false;
+    }
+    m_pSelected = reinterpret_cast<qxCTexture*>(m_textures.GetItemData(entry));
+    return true;
+}
+
+void CTextureListDlg::onTextureChanged() {
+    UpdateData(TRUE);
+    if (takeSelection()) {
+        showSelection();
+    }
+}
+
+void CTextureListDlg::onTextureDoubleClicked() {
+    if (takeSelection()) {
+        EndDialog(IDOK);
+    }
+}
+
+void CTextureListDlg::onFormatChanged() {
+    if (m_pSelected != nullptr) {
+        applyChoice<qxImagePixelFormat>(
+            m_formats, [this](qxImagePixelFormat format) { m_pSelected->setPixelFormat(format); });
+    }
+}
+
+void CTextureListDlg::onSizeChanged() {
+    if (m_pSelected != nullptr) {
+        applyChoice<qxTextureSize>(m_sizes, [this](qxTextureSize size) { m_pSelected->setSize(size); });
+    }
+}
+
+void CTextureListDlg::onImport() {
+    for (const CString& file : askForFiles()) {
+        importFile(file);
+    }
+}
+
+void CTextureListDlg::importFile(const CString& path) {
+    const std::string fileName(withoutDirectory(path.GetString()));
+    const std::string name = fileName.substr(0, fileName.find('.'));
+    if (countCharacters(name) > NAME_LENGTH_MAX) {
+        AfxMessageBox("Name greater than 12 characters (f***ing artists!) ", MB_OK);
+        return;
+    }
+    if (m_pScene == nullptr) {
+        return; // taken away while a message or the file dialog stood open
+    }
+    m_pSelected = m_pScene->createTexture();
+    m_pSelected->setFilename(fileName.c_str());
+    m_pSelected->name.setString(name.c_str());
+    m_pScene->addTexture(m_pSelected);
+    refreshList();
+    UpdateData(FALSE);
+}
