@@ -1,0 +1,68 @@
+#pragma once
+
+#include "host/random_session_driver.h"
+#include "host/random_session_reference.h"
+
+#include "engine/qx_texture.h"
+
+#include <array>
+#include <cstdint>
+#include <deque>
+#include <random>
+#include <string>
+
+/// A long session of random work on the map editor and on the reference side by side: strokes of every tool,
+/// settings in and far out of range, selections, undo, tabs, closing and reopening on two maps, calls out of
+/// order. One seed gives one session.
+class CRandomSession {
+public:
+    CRandomSession(CSessionDriver& driver, std::uint64_t seed);
+
+    /// Do `count` operations and compare everything after each. False at the first difference, which is
+    /// reported with the operations before it.
+    bool run(std::int64_t count);
+
+    /// Take back whatever the history holds, and compare.
+    bool undoAll();
+
+    /// Largest number of records that the history held.
+    std::size_t getPeakHistory() const { return m_nPeakHistory; }
+
+private:
+    void operate();
+    void operateClosed();
+    void operateOpen();
+    void stroke();
+    void strayCall();
+    void changePanel();
+    void changeTool();
+    void close();
+    void open();
+    void paintDefinitions();
+
+    bool compare();
+    bool comparePanel();
+    bool compareDetails();
+    bool isEqual(const char* what, std::int64_t actual, std::int64_t expected);
+    bool report(const std::string& what);
+
+    int pick(int low, int high);
+    bool chance(int percent);
+    int coordinate(int near);
+    int wild();
+    void note(const std::string& operation);
+
+    CSessionDriver& m_driver;
+    std::mt19937_64 m_random;
+    std::array<CMemoryMap, 2> m_actualMaps;
+    std::array<CMemoryMap, 2> m_expectedMaps;
+    CReferenceEditor m_reference;
+    std::size_t m_nMap = 0;
+    qxCTexture m_detailTexture;
+    int m_nX = 0; // where the pointer is
+    int m_nZ = 0;
+    std::int64_t m_nDone = 0;
+    std::uint64_t m_nSeed;
+    std::size_t m_nPeakHistory = 0;
+    std::deque<std::string> m_log; // the last operations
+};

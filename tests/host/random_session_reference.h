@@ -1,0 +1,125 @@
+#pragma once
+
+#include "engine/memory/memory_map.h"
+#include "engine/qx_random.h"
+
+#include <cstdint>
+#include <deque>
+#include <functional>
+#include <set>
+#include <utility>
+#include <vector>
+
+/// The map editor written down as plainly as can be, for comparison: whole-map copies, membership tests over
+/// every point of the grid, no shortcuts. Works on maps of its own, so that after every operation they can be
+/// compared value by value with those of the editor under test. Not for big maps.
+class CReferenceEditor {
+public:
+    static constexpr int HISTORY_CAPACITY = 100'000;
+
+    void open(CMemoryMap* newMap);
+    void closeByUser();
+    void destroy();
+    void destroySettings();
+    void changeTab();
+
+    void startEditing(int px, int pz, int edge, int corner);
+    void updateEditing(int px, int pz, int amount);
+    void stopEditing();
+    void hover(int px, int pz, int edge, int corner);
+    void selectAll();
+    void deselect();
+    void undo();
+
+    struct Panel {
+        bool isDetailsTab = false;
+        int tool = -1;
+        int otherTool = 0;
+        int brush = -1;
+        int strength = 0;
+        int height = 0;
+        float gradient = 0.0F;
+        bool hideCursor = false;
+        qxCTexture* detailTexture = nullptr;
+        qxCMapDetailRecord* detail = nullptr;
+        int x = 0;
+        int z = 0;
+        int edge = 0;
+        int corner = 0;
+        int lastX = -1;
+        int lastZ = -1;
+        bool first = true;
+        bool selected = false;
+        int x0 = 0;
+        int z0 = 0;
+        int x1 = 0;
+        int z1 = 0;
+    };
+
+    struct Record {
+        bool start;
+        int x;
+        int z;
+        int height;
+        qxCColour colour;
+        int blend;
+    };
+
+    CMemoryMap* map = nullptr;
+    qxCColour tint{255, 255, 255, 255};
+    bool isOpen = false;
+    bool isEditing = false;
+    Panel panel;
+    std::deque<Record> history;
+
+private:
+    using Point = std::pair<std::int64_t, std::int64_t>;
+    enum class Worker { NONE, RAISE_AREA, RAISE_BRUSH, MAGNET };
+
+    void updateTerrain(std::int64_t x, std::int64_t z, int amount);
+    void updateDetails(int px, int pz, int amount);
+    void raise(int amount);
+    void magnet(int amount);
+    void flatten();
+    void setHeights();
+    void smooth();
+    void roughen();
+    void tintPoints();
+    void paintPoints();
+    void dragDetail(int px, int pz, int amount);
+    void addDetail(qxCMapDetailRecord* created);
+    void cursor(std::int64_t x, std::int64_t z, int edge, int corner, bool duringStroke);
+
+    std::vector<Point> gridPoints() const;
+    std::vector<Point> pointsOf(std::int64_t x0, std::int64_t z0, std::int64_t x1, std::int64_t z1) const;
+    std::set<Point> brushPoints() const;
+    std::int64_t blockSize() const;
+    void recordArea(std::int64_t x0, std::int64_t z0, std::int64_t x1, std::int64_t z1);
+    int heightAt(std::int64_t x, std::int64_t z) const;
+    void writeHeight(const Point& point, std::int64_t height, bool direct);
+    void copyHeights();
+    int copiedHeight(const Point& point) const;
+    void outline(std::int64_t x0, std::int64_t z0, std::int64_t x1, std::int64_t z1, bool on);
+    void dropSelection();
+
+    struct {
+        bool valid = false;
+        const CMemoryMap* map = nullptr;
+        int tool = 0;
+        int brush = 0;
+        int strength = 0;
+        int height = 0;
+    } m_saved;
+    qxCRandom m_roughen;
+    std::vector<int> m_copy; // the whole map's heights at the first update
+    Worker m_worker = Worker::NONE;
+    std::vector<Point> m_workPoints;
+    Point m_workOrigin;
+    std::int64_t m_nWorkSize = 0;
+    struct {
+        qxCMapDetailRecord* record = nullptr;
+        qxCVector3d p0, p1, p2;
+        int x = 0;
+        int z = 0;
+    } m_dragged;
+};
