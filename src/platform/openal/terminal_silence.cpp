@@ -1,0 +1,33 @@
+#include "platform/openal/terminal_silence.h"
+
+#include <cstdlib>
+
+#include <dlfcn.h>
+
+namespace {
+
+void ignoreMessage(const char*, int, const char*, int, const char*, void*) {}
+
+/// ALSA's function that sets the calling thread's own message handler, or null where ALSA is not installed.
+/// Looked up, not linked: OpenAL Soft loads the library itself when it wants it.
+void* findAlsaHandlerSetter() {
+    static void* const library = dlopen("libasound.so.2", RTLD_LAZY | RTLD_LOCAL);
+    return library != nullptr ? dlsym(library, "snd_lib_error_set_local") : nullptr;
+}
+
+} // namespace
+
+TerminalSilence::TerminalSilence() {
+    // OpenAL Soft reads its log level once, at its first call, and has no other way to set it.
+    setenv("ALSOFT_LOGLEVEL", "0", 0);
+    m_setHandler = reinterpret_cast<SetHandler>(findAlsaHandlerSetter());
+    if (m_setHandler != nullptr) {
+        m_previous = m_setHandler(ignoreMessage);
+    }
+}
+
+TerminalSilence::~TerminalSilence() {
+    if (m_setHandler != nullptr) {
+        m_setHandler(m_previous);
+    }
+}
