@@ -34,8 +34,10 @@ public:
     /// Outside the image: ignored.
     void setPixel(int x, int y, const qxCColour& colour);
 
-    /// All pixels, element y * width + x; valid until the image is loaded, sized or destroyed.
+    /// All pixels to read or write, element y * width + x; valid until the image is loaded, sized or
+    /// destroyed.
     std::span<const qxCColour> getPixels() const { return m_pixels; }
+    std::span<qxCColour> getPixels() { return m_pixels; }
 
 private:
     std::size_t indexOf(int x, int y) const;

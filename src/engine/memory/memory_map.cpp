@@ -1,8 +1,8 @@
 #include "engine/memory/memory_map.h"
 
+#include "engine/memory/map/terrain_types.h"
+#include "engine/memory/map/water_fill.h"
 #include "engine/memory/memory_scene.h"
-#include "engine/memory/terrain_types.h"
-#include "engine/memory/water_fill.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "engine/memory/detail_list.h"
 #include "engine/memory/grid_region.h"
-#include "engine/memory/point_layer.h"
-#include "engine/memory/surface_pattern.h"
+#include "engine/memory/map/detail_list.h"
+#include "engine/memory/map/point_layer.h"
+#include "engine/memory/map/surface_pattern.h"
 #include "engine/qx_map.h"
 
 #include <array>

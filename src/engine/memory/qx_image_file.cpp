@@ -1,7 +1,7 @@
 #include "engine/qx_image_file.h"
 
 #include "engine/memory/engine_directories.h"
-#include "engine/memory/image_decoder.h"
+#include "engine/memory/image/image_decoder.h"
 
 #include <filesystem>
 #include <fstream>

@@ -1,4 +1,4 @@
-#include "engine/memory/tga_decoder.h"
+#include "engine/memory/image/tga_decoder.h"
 
 #include "engine/qx_image_file.h"
 

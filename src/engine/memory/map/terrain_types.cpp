@@ -1,4 +1,4 @@
-#include "engine/memory/terrain_types.h"
+#include "engine/memory/map/terrain_types.h"
 
 #include <algorithm>
 #include <array>

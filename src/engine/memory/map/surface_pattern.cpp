@@ -1,4 +1,4 @@
-#include "engine/memory/surface_pattern.h"
+#include "engine/memory/map/surface_pattern.h"
 
 #include "engine/qx_random.h"
 

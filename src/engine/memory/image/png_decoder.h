@@ -1,6 +1,6 @@
 #pragma once
 
-#include "engine/memory/image_decoder.h"
+#include "engine/memory/image/image_decoder.h"
 
 /// True when the bytes begin with the PNG signature and a complete IHDR chunk.
 bool isPng(std::span<const std::uint8_t> bytes);

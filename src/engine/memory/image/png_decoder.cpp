@@ -1,4 +1,4 @@
-#include "engine/memory/png_decoder.h"
+#include "engine/memory/image/png_decoder.h"
 
 #include "engine/qx_image_file.h"
 

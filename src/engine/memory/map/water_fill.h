@@ -1,7 +1,7 @@
 #pragma once
 
 #include "engine/memory/grid_region.h"
-#include "engine/memory/point_layer.h"
+#include "engine/memory/map/point_layer.h"
 
 #include <cstdint>
 

@@ -1,4 +1,4 @@
-#include "engine/memory/water_fill.h"
+#include "engine/memory/map/water_fill.h"
 
 #include <vector>
 

@@ -1,4 +1,4 @@
-#include "engine/memory/detail_list.h"
+#include "engine/memory/map/detail_list.h"
 
 #include <algorithm>
 #include <cmath>

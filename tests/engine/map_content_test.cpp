@@ -1,0 +1,209 @@
+#include "engine/memory/memory_map.h"
+#include "engine/memory/memory_scene.h"
+#include "engine/qx_texture.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstring>
+#include <limits>
+#include <numeric>
+
+namespace {
+
+constexpr float INFINITE = std::numeric_limits<float>::infinity();
+
+class MapContent : public testing::Test {
+protected:
+    qxCMapDetailRecord* addQuad(float x, float z, float size = 1.0F) {
+        return m_map.addDetail(qxDetailTypeQuad, nullptr, {x, 0, z}, {x + size, 0, z}, {x, 0, z + size},
+                               1.0F);
+    }
+
+    CMemoryScene m_scene;
+    CMemoryMap m_map{16, &m_scene};
+};
+
+TEST_F(MapContent, DefinitionsKeepTheirAddressAndOrderWhenOthersGo) {
+    qxCMapMultiTexture* first = m_map.addMultiTexture();
+    qxCMapMultiTexture* second = m_map.addMultiTexture();
+    qxCMapMultiTexture* third = m_map.addMultiTexture();
+    EXPECT_EQ(m_map.getMultiTexture(1), second);
+    m_map.removeMultiTexture(1);
+    EXPECT_EQ(m_map.getNumMultiTextures(), 2);
+    EXPECT_EQ(m_map.getMultiTexture(0), first);
+    EXPECT_EQ(m_map.getMultiTexture(1), third);
+    for (const int index : {-1, 2, 1000}) {
+        EXPECT_EQ(m_map.getMultiTexture(index), nullptr);
+        m_map.removeMultiTexture(index);
+    }
+    EXPECT_EQ(m_map.getNumMultiTextures(), 2);
+}
+
+TEST_F(MapContent, TheCurrentDefinitionAlwaysExists) {
+    struct {
+        int current, removed, after;
+    } const cases[] = {{0, 0, 0}, {0, 2, 0}, {1, 0, 0}, {1, 1, 1}, {2, 0, 1}, {2, 2, 1}};
+    for (const auto& c : cases) {
+        CMemoryMap map(4, nullptr);
+        for (int i = 0; i < 3; ++i)
+            map.addMultiTexture();
+        map.setCurrentMultiTexture(c.current);
+        map.setCurrentMultiTexture(3);
+        map.setCurrentMultiTexture(-1);
+        ASSERT_EQ(map.getCurrentMultiTexture(), c.current);
+        map.removeMultiTexture(c.removed);
+        EXPECT_EQ(map.getCurrentMultiTexture(), c.after) << c.current << " with " << c.removed << " removed";
+    }
+    m_map.removeMultiTexture(0);
+    EXPECT_EQ(m_map.getCurrentMultiTexture(), 0);
+}
+
+TEST_F(MapContent, BaseTexturesAndTilingCountAsChangesOfTheTextures) {
+    qxCTexture* grass = m_scene.createTexture();
+    std::uint64_t count = m_map.getChangeCount(EMapChange::textures);
+    const auto grew = [&] {
+        const std::uint64_t before = count;
+        count = m_map.getChangeCount(EMapChange::textures);
+        return count > before;
+    };
+    m_map.setTexture(qxMapLayerRough, grass);
+    EXPECT_TRUE(grew());
+    m_map.setTexture(qxMapLayerRough, grass);
+    m_map.setTexture(static_cast<qxMapLayerType>(3), grass);
+    EXPECT_FALSE(grew());
+    EXPECT_EQ(m_map.getTexture(qxMapLayerRough), grass);
+    EXPECT_EQ(m_map.getTexture(qxMapLayerSmooth), nullptr);
+    EXPECT_EQ(m_map.getTexture(static_cast<qxMapLayerType>(3)), nullptr);
+    m_map.invalidate();
+    EXPECT_TRUE(grew());
+    m_map.setTextureTiling(0);
+    EXPECT_TRUE(grew());
+    EXPECT_EQ(m_map.getTextureTiling(), 1);
+    m_map.setTextureTiling(257);
+    EXPECT_EQ(m_map.getTextureTiling(), 256);
+    m_map.setTexture(qxMapLayerRough, nullptr);
+    EXPECT_EQ(m_map.getTexture(qxMapLayerRough), nullptr);
+}
+
+TEST_F(MapContent, FlagsAreIndependentBits) {
+    const auto other = static_cast<qxMapFlag>(4);
+    m_map.setFlag(qxMapFlagChecker);
+    m_map.setFlag(other);
+    m_map.clearFlag(qxMapFlagChecker);
+    EXPECT_FALSE(m_map.hasFlag(qxMapFlagChecker));
+    EXPECT_TRUE(m_map.hasFlag(other));
+}
+
+TEST_F(MapContent, TerrainTypesAreComplete) {
+    ASSERT_GT(m_map.getNumTerrainDefs(), 0);
+    EXPECT_EQ(m_map.getTerrainDef(-1), nullptr);
+    EXPECT_EQ(m_map.getTerrainDef(m_map.getNumTerrainDefs()), nullptr);
+    for (int i = 0; i < m_map.getNumTerrainDefs(); ++i) {
+        const _qxMapTerrainDef& type = *m_map.getTerrainDef(i);
+        EXPECT_GT(std::strlen(type.name), 0U);
+        EXPECT_EQ(type.weighting, std::accumulate(std::begin(type.filter), std::end(type.filter), 0.0F))
+            << type.name;
+        for (std::size_t k = 0; k < 25; ++k)
+            EXPECT_EQ(type.filter[k], type.filter[k % 5 * 5 + k / 5]) << type.name << ", element " << k;
+    }
+}
+
+TEST_F(MapContent, ADetailIsFoundInTheCellsItsFootprintCovers) {
+    qxCMapDetailRecord* quad = addQuad(3, 4);
+    qxCMapDetailRecord* point =
+        m_map.addDetail(qxDetailTypePoint, nullptr, {8.5F, 0, 9.5F}, 0.5F, 0.25F, 2.0F);
+    ASSERT_NE(quad, nullptr);
+    ASSERT_NE(point, nullptr);
+    struct {
+        float x, z;
+        const qxCMapDetailRecord* found;
+    } const cases[] = {{3, 4, quad},    {3.9F, 4.9F, quad}, {2, 4, nullptr},        {4, 4, nullptr},
+                       {3, 3, nullptr}, {3, 5, nullptr},    {8, 9, point},          {9, 9, nullptr},
+                       {8, 8, nullptr}, {-1, -1, nullptr},  {INFINITE, 4, nullptr}, {NAN, NAN, nullptr}};
+    for (const auto& c : cases)
+        EXPECT_EQ(m_map.findDetail(c.x, c.z), c.found) << c.x << ", " << c.z;
+    EXPECT_EQ(point->point0, qxCVector3d(8, 0.25F, 9));
+    EXPECT_EQ(point->point1, qxCVector3d(9, 0.25F, 9));
+    EXPECT_EQ(point->point2, qxCVector3d(8, 0.25F, 10));
+    EXPECT_EQ(point->scalar, 2.0F);
+}
+
+TEST_F(MapContent, FootprintsMayLieAnyWay) {
+    qxCMapDetailRecord* detail = addQuad(0, 0);
+    struct {
+        const char* what;
+        qxCVector3d p0, p1, p2;
+        float inX, inZ, outX, outZ;
+    } const cases[] = {
+        {"mirrored", {8, 0, 4}, {4, 0, 4}, {8, 0, 8}, 4, 7, 8, 7},
+        {"turned by 45 degrees", {6, 0, 2}, {10, 0, 6}, {2, 0, 6}, 5, 8, 3, 3},
+        {"sheared", {2, 0, 2}, {6, 0, 2}, {8, 0, 6}, 10, 5, 2, 5},
+        {"tiny", {7.49F, 0, 7.49F}, {7.51F, 0, 7.49F}, {7.49F, 0, 7.51F}, 7, 7, 8, 7},
+        {"tiny, off the middle", {7.1F, 0, 7.1F}, {7.2F, 0, 7.1F}, {7.1F, 0, 7.2F}, 7, 7, 6, 7},
+        {"flat", {5, 0, 5}, {5, 0, 5}, {5, 0, 5}, 5, 5, 4, 5},
+    };
+    for (const auto& c : cases) {
+        detail->point0 = c.p0;
+        detail->point1 = c.p1;
+        detail->point2 = c.p2;
+        EXPECT_EQ(m_map.findDetail(c.inX, c.inZ), detail) << c.what;
+        EXPECT_EQ(m_map.findDetail(c.outX, c.outZ), nullptr) << c.what;
+    }
+}
+
+TEST_F(MapContent, OfSeveralDetailsTheNearestAndThenTheNewestIsFound) {
+    qxCMapDetailRecord* meadow = addQuad(0, 0, 16);
+    qxCMapDetailRecord* rock = addQuad(3, 3);
+    EXPECT_EQ(m_map.findDetail(3, 3), rock);
+    EXPECT_EQ(m_map.findDetail(12, 3), meadow);
+    qxCMapDetailRecord* moss = addQuad(3, 3);
+    EXPECT_EQ(m_map.findDetail(3, 3), moss);
+    m_map.removeDetail(moss);
+    EXPECT_EQ(m_map.findDetail(3, 3), rock);
+    const std::uint64_t count = m_map.getChangeCount(EMapChange::details);
+    qxCMapDetailRecord stranger;
+    m_map.removeDetail(&stranger);
+    m_map.removeDetail(nullptr);
+    EXPECT_EQ(m_map.getDetails().size(), 2);
+    EXPECT_EQ(m_map.getChangeCount(EMapChange::details), count);
+}
+
+TEST_F(MapContent, DetailsWithoutASensibleFootprintAreRefused) {
+    EXPECT_EQ(addQuad(INFINITE, 0), nullptr);
+    EXPECT_EQ(addQuad(0, NAN), nullptr);
+    for (const float halfSize : {0.0F, -1.0F, INFINITE, NAN})
+        EXPECT_EQ(m_map.addDetail(qxDetailTypePoint, nullptr, {1, 0, 1}, halfSize, 0.0F, 1.0F), nullptr);
+    EXPECT_EQ(m_map.getDetails().size(), 0);
+    EXPECT_EQ(m_map.getChangeCount(EMapChange::details), 0U);
+}
+
+TEST_F(MapContent, EditCursorsAreKeptAsGivenUntilCleared) {
+    m_map.addEditCursor(20, -4, 15);
+    m_map.addEditCursor(1, 2, 0);
+    m_map.addEditCursor(1, 2, 16);
+    m_map.addEditCursor(1, 2, -1);
+    ASSERT_EQ(m_map.getEditCursors().size(), 2U);
+    EXPECT_EQ(m_map.getEditCursors()[0].x, 20);
+    EXPECT_EQ(m_map.getEditCursors()[0].z, -4);
+    EXPECT_EQ(m_map.getEditCursors()[0].kind, 15);
+    m_map.clearEditCursors();
+    EXPECT_TRUE(m_map.getEditCursors().empty());
+}
+
+TEST_F(MapContent, ASceneListsOnlyItsOwnTexturesEachOnce) {
+    qxCTexture* first = m_scene.createTexture();
+    qxCTexture* second = m_scene.createTexture();
+    EXPECT_EQ(m_scene.getNumTextures(), 0);
+    qxCTexture stranger;
+    for (qxCTexture* texture : {second, static_cast<qxCTexture*>(nullptr), &stranger, first, second})
+        m_scene.addTexture(texture);
+    ASSERT_EQ(m_scene.getNumTextures(), 2);
+    EXPECT_EQ(m_scene.getTexture(0), second);
+    EXPECT_EQ(m_scene.getTexture(1), first);
+    EXPECT_EQ(m_scene.getTexture(2), nullptr);
+    EXPECT_EQ(m_scene.getTexture(-1), nullptr);
+    EXPECT_EQ(m_map.getScene(), &m_scene);
+}
+
+} // namespace

@@ -1,0 +1,212 @@
+#include "engine/memory/memory_map.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <climits>
+#include <cmath>
+#include <random>
+
+namespace {
+
+constexpr int GRID = 8;
+constexpr qxCColour RED(255, 0, 0, 255);
+
+class MapPoints : public testing::Test {
+protected:
+    CMemoryMap m_map{GRID, nullptr};
+};
+
+struct OutsideCase {
+    int x, z;
+    int nearestX, nearestZ;
+};
+
+constexpr std::array OUTSIDE = {
+    OutsideCase{-1, 3, 0, 3},
+    OutsideCase{GRID + 1, 3, GRID, 3},
+    OutsideCase{3, -1, 3, 0},
+    OutsideCase{3, GRID + 1, 3, GRID},
+    OutsideCase{-7, GRID + 9, 0, GRID},
+    OutsideCase{INT_MIN, INT_MAX, 0, GRID},
+    OutsideCase{INT_MAX, INT_MIN, GRID, 0},
+};
+
+// Every attribute of every point, to tell whether anything at all was written.
+struct Snapshot {
+    std::vector<int> heights, blends, water;
+    std::vector<qxCColour> colours, markers;
+
+    explicit Snapshot(const CMemoryMap& map)
+        : heights(map.getHeights().begin(), map.getHeights().end())
+        , blends(map.getBlends().begin(), map.getBlends().end())
+        , water(map.getWaterFlags().begin(), map.getWaterFlags().end())
+        , colours(map.getColours().begin(), map.getColours().end())
+        , markers(map.getMarkers().begin(), map.getMarkers().end()) {}
+    bool operator==(const Snapshot&) const = default;
+};
+
+TEST_F(MapPoints, WritesOutsideTheGridAreIgnoredAndReadsGiveTheNearestEdgePoint) {
+    for (int z = 0; z <= GRID; ++z) {
+        for (int x = 0; x <= GRID; ++x) {
+            m_map.setPointHeight(x, z, 100 * z + x, true);
+            m_map.setPointColour(0, x, z, qxCColour(x, z, 7, 9));
+            m_map.setPointBlend(1, x, z, 1000 * z + x);
+            m_map.setPointWater(x, z, true);
+        }
+    }
+    m_map.addMultiTexture();
+    const Snapshot before(m_map);
+    for (const OutsideCase& c : OUTSIDE) {
+        SCOPED_TRACE(testing::Message() << c.x << ", " << c.z);
+        m_map.setPointHeight(c.x, c.z, 5000, true);
+        m_map.setPointColour(0, c.x, c.z, RED);
+        m_map.setPointBlend(1, c.x, c.z, 4321);
+        m_map.setMarkerPixel(qxMapMarkerStroke, c.x, c.z, RED);
+        m_map.setPointWater(c.x, c.z, false);
+        m_map.paintMultiTexture(c.x, c.z, 1.0F);
+        m_map.addWater(c.x, c.z);
+        m_map.removeWater(c.x, c.z);
+        EXPECT_EQ(Snapshot(m_map), before);
+
+        const int height = 100 * c.nearestZ + c.nearestX;
+        const qxCColour colour(c.nearestX, c.nearestZ, 7, 9);
+        EXPECT_EQ(m_map.getPointHeight(c.x, c.z), height);
+        EXPECT_EQ(m_map.getPointHeightQ(c.x, c.z), height);
+        EXPECT_EQ(m_map.getPointColour(0, c.x, c.z), colour);
+        EXPECT_EQ(m_map.getPointColourQ(0, c.x, c.z), colour);
+        EXPECT_EQ(m_map.getPointBlendQ(1, c.x, c.z), 1000 * c.nearestZ + c.nearestX);
+        EXPECT_FALSE(m_map.getPointWater(c.x, c.z));
+        EXPECT_TRUE(std::isfinite(m_map.getGradient(c.x, c.z)));
+    }
+}
+
+TEST_F(MapPoints, TheLastPointOfTheGridIsValid) {
+    m_map.setPointHeight(GRID, GRID, 77, true);
+    m_map.setPointColour(0, GRID, GRID, RED);
+    m_map.setPointBlend(1, GRID, GRID, 78);
+    EXPECT_EQ(m_map.getHeights().back(), 77);
+    EXPECT_EQ(m_map.getColours().back(), RED);
+    EXPECT_EQ(m_map.getBlends().back(), 78);
+}
+
+TEST_F(MapPoints, HeightsAndBlendsAreHeldToSixteenBits) {
+    struct {
+        int written, stored;
+    } const cases[] = {{-1, 0},        {INT_MIN, 0},   {0, 0},          {1023, 1023},
+                       {65535, 65535}, {65536, 65535}, {INT_MAX, 65535}};
+    for (const auto& c : cases) {
+        m_map.setPointHeight(2, 3, c.written, false);
+        m_map.setPointBlend(1, 2, 3, c.written);
+        EXPECT_EQ(m_map.getPointHeight(2, 3), c.stored) << c.written;
+        EXPECT_EQ(m_map.getPointBlendQ(1, 2, 3), c.stored) << c.written;
+    }
+}
+
+TEST_F(MapPoints, OtherLayersReadAsZeroAndIgnoreWrites) {
+    const Snapshot before(m_map);
+    for (const int layer : {-1, 1, 2})
+        m_map.setPointColour(layer, 1, 1, RED);
+    for (const int layer : {-1, 0, 2})
+        m_map.setPointBlend(layer, 1, 1, 9);
+    m_map.setMarkerPixel(static_cast<qxMapMarkerType>(1), 1, 1, RED);
+    EXPECT_EQ(Snapshot(m_map), before);
+    EXPECT_EQ(m_map.getPointColour(1, 1, 1), qxCColour());
+    EXPECT_EQ(m_map.getPointColourQ(1, 1, 1), qxCColour());
+    EXPECT_EQ(m_map.getPointBlendQ(0, 1, 1), 0);
+}
+
+TEST_F(MapPoints, WhatTheStoredReadsGaveRestoresThePointAfterAnyChange) {
+    constexpr unsigned SEED = 20261122;
+    std::mt19937 random(SEED);
+    const auto upTo = [&random](int max) { return std::uniform_int_distribution<>(0, max)(random); };
+    qxCMapMultiTexture& definition = *m_map.addMultiTexture();
+    definition.tint1 = qxCColour(10, 200, 30, 255);
+    definition.blend = 0.6F;
+    definition.variation = 0.3F;
+    for (int step = 0; step < 2000; ++step) {
+        const int x = upTo(GRID);
+        const int z = upTo(GRID);
+        const Snapshot before(m_map);
+        const int height = m_map.getPointHeightQ(x, z);
+        const qxCColour colour = m_map.getPointColourQ(0, x, z);
+        const int blend = m_map.getPointBlendQ(1, x, z);
+        m_map.setPointHeight(x, z, upTo(80000) - 5000, true);
+        m_map.setPointColour(0, x, z, qxCColour(upTo(255), upTo(255), upTo(255), upTo(255)));
+        m_map.paintMultiTexture(x, z, static_cast<float>(upTo(20)) * 0.05F);
+        if (step % 4 == 0)
+            continue;
+        m_map.setPointHeight(x, z, height, false);
+        m_map.setPointColour(0, x, z, colour);
+        m_map.setPointBlend(1, x, z, blend);
+        ASSERT_EQ(Snapshot(m_map), before) << "step " << step << ", seed " << SEED;
+    }
+}
+
+TEST_F(MapPoints, GradientOfAPlaneIsItsSlopeEverywhere) {
+    m_map.heightScale = 0.25F;
+    for (int z = 0; z <= GRID; ++z) {
+        for (int x = 0; x <= GRID; ++x)
+            m_map.setPointHeight(x, z, 500 + 12 * x - 16 * z, true);
+    }
+    // 3 and 4 world units a cell along the axes: steepest descent 5.
+    const float expected = std::atan(5.0F) * 180.0F / std::acos(-1.0F);
+    for (int z = 0; z <= GRID; ++z) {
+        for (int x = 0; x <= GRID; ++x)
+            ASSERT_NEAR(m_map.getGradient(x, z), expected, 1e-3F) << x << ", " << z;
+    }
+}
+
+TEST_F(MapPoints, GradientLooksAtBothSidesOfAPoint) {
+    m_map.setPointHeight(4, 4, 1, true);
+    EXPECT_FLOAT_EQ(m_map.getGradient(4, 4), 0.0F);
+    EXPECT_NEAR(m_map.getGradient(3, 4), std::atan(0.5F) * 180.0F / std::acos(-1.0F), 1e-3F);
+    EXPECT_FLOAT_EQ(m_map.getGradient(3, 3), 0.0F);
+    m_map.setPointHeight(0, 0, 1, true);
+    EXPECT_NEAR(m_map.getGradient(1, 0), std::atan(0.5F) * 180.0F / std::acos(-1.0F), 1e-3F);
+    EXPECT_NEAR(m_map.getGradient(0, 0), std::atan(std::sqrt(2.0F)) * 180.0F / std::acos(-1.0F), 1e-3F);
+}
+
+TEST_F(MapPoints, DirtyRectanglesCoverJustWhatChangedAndAreTakenOnce) {
+    m_map.setPointHeight(2, 5, 10, true);
+    m_map.setPointHeight(6, 1, 10, false);
+    m_map.setPointHeight(-1, -1, 10, true);
+    m_map.setPointColour(0, 3, 3, RED);
+    m_map.setPointWater(4, 2, true);
+    m_map.setPointBlend(1, 1, 2, 5);
+    EXPECT_EQ(m_map.takeDirtyHeights(), (CGridRect{2, 1, 6, 5}));
+    EXPECT_EQ(m_map.takeDirtySurface(), (CGridRect{1, 2, 4, 3}));
+    EXPECT_TRUE(m_map.takeDirtyHeights().isEmpty());
+    EXPECT_TRUE(m_map.takeDirtySurface().isEmpty());
+    EXPECT_TRUE(m_map.takeDirtyMarkers().isEmpty());
+    EXPECT_EQ(m_map.getChangeCount(EMapChange::heights), 2U);
+    EXPECT_EQ(m_map.getChangeCount(EMapChange::surface), 3U);
+
+    m_map.setPointHeight(2, 5, 10, true);
+    m_map.setPointColour(0, 3, 3, RED);
+    EXPECT_TRUE(m_map.takeDirtyHeights().isEmpty()) << "the same value again is no change";
+    EXPECT_TRUE(m_map.takeDirtySurface().isEmpty());
+    EXPECT_EQ(m_map.getChangeCount(EMapChange::heights), 2U);
+}
+
+TEST_F(MapPoints, MarkerChangesAreHeldBackWhileTheLayerIsLocked) {
+    m_map.unlockMarkerLayer();
+    m_map.lockMarkerLayer();
+    m_map.lockMarkerLayer();
+    m_map.setMarkerPixel(qxMapMarkerStroke, 1, 2, RED);
+    m_map.unlockMarkerLayer();
+    EXPECT_TRUE(m_map.takeDirtyMarkers().isEmpty());
+    m_map.unlockMarkerLayer();
+    EXPECT_EQ(m_map.takeDirtyMarkers(), (CGridRect{1, 2, 1, 2}));
+    EXPECT_EQ(m_map.getMarkers()[2 * (GRID + 1) + 1], RED);
+}
+
+TEST(MapGrid, AGridHasAtLeastOneCell) {
+    for (const int gridDim : {0, -3, INT_MIN}) {
+        const CMemoryMap map(gridDim, nullptr);
+        EXPECT_EQ(map.getGridDim(), 1);
+        EXPECT_EQ(map.getHeights().size(), 4U);
+    }
+}
+
+} // namespace
