@@ -27,6 +27,11 @@ template <typename T> bool haveSameBytes(std::span<const T> a, std::span<const T
     return a.size() == b.size() && std::memcmp(a.data(), b.data(), a.size_bytes()) == 0;
 }
 
+/// Index of the first point at which two maps' layers differ.
+template <typename T> std::int64_t firstDifference(std::span<const T> a, std::span<const T> b) {
+    return std::ranges::mismatch(a, b).in1 - a.begin();
+}
+
 bool isSame(float a, float b) {
     return a == b || (std::isnan(a) && std::isnan(b));
 }
@@ -46,8 +51,11 @@ int indexOf(const CMemoryMap& map, const qxCMapDetailRecord* detail) {
 
 } // namespace
 
-CRandomSession::CRandomSession(CSessionDriver& driver, std::uint64_t seed)
+CRandomSession::CRandomSession(CSessionDriver& driver, CReferenceEditor& reference, std::uint64_t seed,
+                               int closings)
     : m_driver(driver)
+    , m_reference(reference)
+    , m_nClosings(closings)
     , m_random(seed)
     , m_actualMaps{{{32, nullptr}, {13, nullptr}}}
     , m_expectedMaps{{{32, nullptr}, {13, nullptr}}}
@@ -79,6 +87,13 @@ bool CRandomSession::run(std::int64_t count) {
         }
     }
     return true;
+}
+
+CRandomSession::~CRandomSession() {
+    m_driver.destroy();
+    m_reference.destroy();
+    m_driver.destroySettings();
+    m_reference.destroySettings();
 }
 
 bool CRandomSession::undoAll() {
@@ -161,6 +176,10 @@ void CRandomSession::operateClosed() {
 }
 
 void CRandomSession::operateOpen() {
+    if (pick(1, 10'000) <= m_nClosings) {
+        close();
+        return;
+    }
     const int kind = pick(1, 1000);
     if (kind <= 500) {
         stroke();
@@ -184,15 +203,13 @@ void CRandomSession::operateOpen() {
         note("tab");
         m_driver.changeTab();
         m_reference.changeTab();
-    } else if (kind <= 998 && chance(30)) {
-        close();
     } else {
         open(); // a second time: ignored
     }
 }
 
 void CRandomSession::open() {
-    if (!m_driver.isOpen() && chance(2)) {
+    if (!m_driver.isOpen() && chance(10)) {
         m_nMap = 1 - m_nMap;
     }
     note(text("open map", m_nMap));
@@ -250,14 +267,14 @@ void CRandomSession::strayCall() {
         note("stop");
         m_driver.stop();
         m_reference.stopEditing();
-    } else if (chance(2)) {
-        note("destroy settings");
-        m_driver.destroySettings();
-        m_reference.destroySettings();
-    } else if (chance(5)) {
+    } else if (pick(1, 1000) <= m_nClosings) {
         note("destroy");
         m_driver.destroy();
         m_reference.destroy();
+    } else if (pick(1, 1000) <= m_nClosings) {
+        note("destroy settings");
+        m_driver.destroySettings();
+        m_reference.destroySettings();
     }
 }
 
@@ -328,7 +345,10 @@ bool CRandomSession::compare() {
         return a.x == b.x && a.z == b.z && a.kind == b.kind;
     };
     if (!haveSameBytes(actual.getHeights(), expected.getHeights())) {
-        return report("heights");
+        const auto point = firstDifference(actual.getHeights(), expected.getHeights());
+        const auto i = static_cast<std::size_t>(point);
+        return report(text("heights: at point", point, actual.getHeights()[i], "instead of",
+                           expected.getHeights()[i], "strength", m_reference.panel.strength));
     }
     if (!haveSameBytes(actual.getColours(), expected.getColours())) {
         return report("colours");

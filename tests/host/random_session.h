@@ -16,7 +16,12 @@
 /// order. One seed gives one session.
 class CRandomSession {
 public:
-    CRandomSession(CSessionDriver& driver, std::uint64_t seed);
+    /// `closings`: how often the editor is closed, in 10,000 operations. Few of them let the history fill up.
+    /// What the module remembers goes on from session to session: so does the reference.
+    CRandomSession(CSessionDriver& driver, CReferenceEditor& reference, std::uint64_t seed, int closings);
+    ~CRandomSession();
+    CRandomSession(const CRandomSession&) = delete;
+    CRandomSession& operator=(const CRandomSession&) = delete;
 
     /// Do `count` operations and compare everything after each. False at the first difference, which is
     /// reported with the operations before it.
@@ -53,10 +58,11 @@ private:
     void note(const std::string& operation);
 
     CSessionDriver& m_driver;
+    CReferenceEditor& m_reference;
+    int m_nClosings;
     std::mt19937_64 m_random;
     std::array<CMemoryMap, 2> m_actualMaps;
     std::array<CMemoryMap, 2> m_expectedMaps;
-    CReferenceEditor m_reference;
     std::size_t m_nMap = 0;
     qxCTexture m_detailTexture;
     int m_nX = 0; // where the pointer is

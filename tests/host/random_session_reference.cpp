@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <utility>
 
 namespace {
 
@@ -540,6 +541,7 @@ void CReferenceEditor::smooth() {
         return;
     }
     recordArea(x, z, x + 1, z + 1);
+    const std::vector<int> kept = std::exchange(m_copy, {}); // a raise may be under way
     copyHeights();
     const auto clamped = [this](std::int64_t c) {
         return std::min<std::int64_t>(std::max<std::int64_t>(c, 0), map->getGridDim());
@@ -554,6 +556,7 @@ void CReferenceEditor::smooth() {
         const std::int64_t h = copiedHeight(corner);
         writeHeight(corner, h + ((sum / 9 - h) * panel.strength) / 10, false);
     }
+    m_copy = kept;
 }
 
 void CReferenceEditor::roughen() {

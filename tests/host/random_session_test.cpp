@@ -100,10 +100,17 @@ std::uint64_t setting(const char* name, std::uint64_t standard) {
 TEST(RandomSession, EditorAndReferenceStayAlike) {
     const std::uint64_t seed = setting("VESK_SESSION_SEED", 1);
     const std::uint64_t operations = setting("VESK_SESSION_OPS", 60'000);
-    std::cout << "random session: " << operations << " operations, seed " << seed << std::endl;
+    std::cout << "random sessions: " << operations << " operations, seed " << seed << std::endl;
     CCoreDriver driver;
-    CRandomSession session(driver, seed);
-    ASSERT_TRUE(session.run(static_cast<std::int64_t>(operations)));
-    std::cout << "most records in the history: " << session.getPeakHistory() << std::endl;
-    EXPECT_TRUE(session.undoAll());
+    CReferenceEditor reference;
+    struct {
+        int share;
+        int closings;
+    } const phases[] = {{1, 300}, {7, 2}};
+    for (const auto& [share, closings] : phases) {
+        CRandomSession session(driver, reference, seed, closings);
+        ASSERT_TRUE(session.run(static_cast<std::int64_t>(operations) * share / 8));
+        std::cout << "most records in the history: " << session.getPeakHistory() << std::endl;
+        ASSERT_TRUE(session.undoAll());
+    }
 }
