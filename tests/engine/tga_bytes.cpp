@@ -1,12 +1,17 @@
 #include "engine/tga_bytes.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace {
 
 void putWord(Bytes& bytes, int word) {
     bytes.push_back(static_cast<std::uint8_t>(word & 0xFF));
     bytes.push_back(static_cast<std::uint8_t>(word >> 8 & 0xFF));
+}
+
+void append(Bytes& bytes, const Bytes& more) {
+    std::ranges::copy(more, std::back_inserter(bytes));
 }
 
 Bytes colourBytes(const qxCColour& c, int bits) {
@@ -69,7 +74,7 @@ void putPacked(Bytes& bytes, const std::vector<Bytes>& pixels) {
         const std::size_t count = end - i;
         bytes.push_back(static_cast<std::uint8_t>((run > 1 ? 0x80U : 0U) | (count - 1)));
         for (std::size_t k = i; k < (run > 1 ? i + 1 : end); ++k)
-            bytes.insert(bytes.end(), pixels[k].begin(), pixels[k].end());
+            append(bytes, pixels[k]);
         i = end;
     }
 }
@@ -115,11 +120,9 @@ Bytes makeTga(const TgaLayout& layout, const TestPicture& picture) {
     bytes[7] = static_cast<std::uint8_t>(layout.mapBits);
     bytes[17] = static_cast<std::uint8_t>(layout.alphaBits | (layout.fromRight ? 0x10 : 0) |
                                           (layout.fromTop ? 0x20 : 0));
-    bytes.insert(bytes.end(), static_cast<std::size_t>(layout.idLength), 0xEE);
-    for (const qxCColour& colour : map) {
-        const Bytes entry = colourBytes(colour, layout.mapBits);
-        bytes.insert(bytes.end(), entry.begin(), entry.end());
-    }
+    append(bytes, Bytes(static_cast<std::size_t>(layout.idLength), 0xEE));
+    for (const qxCColour& colour : map)
+        append(bytes, colourBytes(colour, layout.mapBits));
     std::vector<Bytes> pixels;
     for (const qxCColour& pixel : inFileOrder(layout, picture.pixels))
         pixels.push_back(pixelBytes(layout, map, pixel));
@@ -127,7 +130,7 @@ Bytes makeTga(const TgaLayout& layout, const TestPicture& picture) {
         putPacked(bytes, pixels);
     } else {
         for (const Bytes& pixel : pixels)
-            bytes.insert(bytes.end(), pixel.begin(), pixel.end());
+            append(bytes, pixel);
     }
     return bytes;
 }

@@ -12,6 +12,14 @@ struct CGridRect {
     int z1 = std::numeric_limits<int>::min();
 
     bool isEmpty() const { return x1 < x0; }
+
+    void grow(int x, int z) {
+        x0 = std::min(x0, x);
+        z0 = std::min(z0, z);
+        x1 = std::max(x1, x);
+        z1 = std::max(z1, z);
+    }
+
     friend bool operator==(const CGridRect&, const CGridRect&) = default;
 };
 
@@ -21,10 +29,9 @@ class CGridRegion {
 public:
     void add(int x, int z) {
         ++m_nChanges;
-        m_rect.x0 = std::min(m_rect.x0, x);
-        m_rect.z0 = std::min(m_rect.z0, z);
-        m_rect.x1 = std::max(m_rect.x1, x);
-        m_rect.z1 = std::max(m_rect.z1, z);
+        // Nearly every write falls into what is dirty already.
+        if (x < m_rect.x0 || x > m_rect.x1 || z < m_rect.z0 || z > m_rect.z1) [[unlikely]]
+            m_rect.grow(x, z);
     }
 
     /// The smallest rectangle around the changes since the last call; it is empty afterwards.

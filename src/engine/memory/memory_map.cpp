@@ -38,7 +38,9 @@ template <class T> void setPoint(CPointLayer<T>& layer, CGridRegion& changes, in
 // Rounded towards the target, so that painting on reaches it instead of stalling short of it.
 int movedTowards(int from, int to, float weight) {
     const float step = static_cast<float>(to - from) * weight;
-    return from + static_cast<int>(step > 0.0F ? std::ceil(step) : std::floor(step));
+    const auto whole = static_cast<int>(step);
+    const float rest = step - static_cast<float>(whole);
+    return from + whole + (rest > 0.0F ? 1 : 0) - (rest < 0.0F ? 1 : 0);
 }
 
 } // namespace
@@ -128,7 +130,7 @@ void CMemoryMap::paintMultiTexture(int x, int z, float weight) {
     const CSurfacePattern::Sample target =
         m_pattern.sample(definition, CSurfacePattern::texelAt(x, m_nGridDim, m_nTiling),
                          CSurfacePattern::texelAt(z, m_nGridDim, m_nTiling));
-    const int blend = static_cast<int>(std::lround(target.blend * MAX_BLEND));
+    const int blend = static_cast<int>(target.blend * MAX_BLEND + 0.5F);
     setPointBlend(BLEND_LAYER, x, z, movedTowards(m_blends.at(x, z), blend, held));
     setPointColour(COLOUR_LAYER, x, z, interpolate(m_colours.at(x, z), target.tint, held));
 }

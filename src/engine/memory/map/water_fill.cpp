@@ -7,26 +7,38 @@ namespace {
 constexpr std::uint8_t WATER = 1;
 constexpr std::uint8_t VISITED = 2;
 
-struct GridPoint {
-    int x;
+// Points x0 to x1 of row z, both ends included.
+struct Run {
     int z;
+    int x0;
+    int x1;
 };
 
-// Every point that is joined to the start and that `enter` lets in. `enter` must refuse a point it let in
-// before.
-template <class Enter> std::vector<GridPoint> collectJoined(GridPoint start, Enter enter) {
-    std::vector<GridPoint> area;
-    const auto visit = [&](int x, int z) {
-        if (enter(x, z))
-            area.push_back({x, z});
+// The area of open points that are joined side by side to the start, as runs. `close(x, z)` must make a point
+// count as no longer open.
+template <class IsOpen, class Close> std::vector<Run> takeJoined(int x, int z, IsOpen isOpen, Close close) {
+    std::vector<Run> area;
+    const auto takeRunThrough = [&](int middle, int row) {
+        Run run = {row, middle, middle};
+        while (isOpen(run.x0 - 1, row))
+            --run.x0;
+        while (isOpen(run.x1 + 1, row))
+            ++run.x1;
+        for (int at = run.x0; at <= run.x1; ++at)
+            close(at, row);
+        area.push_back(run);
+        return run.x1;
     };
-    visit(start.x, start.z);
+    if (isOpen(x, z))
+        takeRunThrough(x, z);
     for (std::size_t i = 0; i < area.size(); ++i) {
-        const auto [x, z] = area[i];
-        visit(x - 1, z);
-        visit(x + 1, z);
-        visit(x, z - 1);
-        visit(x, z + 1);
+        const Run run = area[i];
+        for (const int row : {run.z - 1, run.z + 1}) {
+            for (int at = run.x0; at <= run.x1; ++at) {
+                if (isOpen(at, row))
+                    at = takeRunThrough(at, row);
+            }
+        }
     }
     return area;
 }
@@ -36,25 +48,23 @@ template <class Enter> std::vector<GridPoint> collectJoined(GridPoint start, Ent
 void floodWater(const CPointLayer<std::uint16_t>& heights, CPointLayer<std::uint8_t>& water, int x, int z,
                 int level, CGridRegion& changes) {
     // The walk goes through water that stands already: low ground behind it may have been dug since.
-    const auto area = collectJoined({x, z}, [&](int px, int pz) {
-        if (!heights.contains(px, pz) || heights.at(px, pz) > level || (water.at(px, pz) & VISITED) != 0)
-            return false;
-        water.at(px, pz) |= VISITED;
-        return true;
-    });
-    for (const auto [px, pz] : area) {
-        if ((water.at(px, pz) & WATER) == 0)
-            changes.add(px, pz);
-        water.at(px, pz) = WATER;
+    const auto isOpen = [&](int px, int pz) {
+        return heights.contains(px, pz) && heights.at(px, pz) <= level && (water.at(px, pz) & VISITED) == 0;
+    };
+    const auto visit = [&](int px, int pz) { water.at(px, pz) |= VISITED; };
+    for (const Run& run : takeJoined(x, z, isOpen, visit)) {
+        for (int px = run.x0; px <= run.x1; ++px) {
+            if ((water.at(px, run.z) & WATER) == 0)
+                changes.add(px, run.z);
+            water.at(px, run.z) = WATER;
+        }
     }
 }
 
 void drainWater(CPointLayer<std::uint8_t>& water, int x, int z, CGridRegion& changes) {
-    collectJoined({x, z}, [&](int px, int pz) {
-        if (!water.contains(px, pz) || water.at(px, pz) == 0)
-            return false;
+    const auto isOpen = [&](int px, int pz) { return water.contains(px, pz) && water.at(px, pz) != 0; };
+    takeJoined(x, z, isOpen, [&](int px, int pz) {
         water.at(px, pz) = 0;
         changes.add(px, pz);
-        return true;
     });
 }
