@@ -10,7 +10,18 @@ constexpr std::uint16_t extendedVersion = 1;
 constexpr std::uint16_t extendedSignature = 0xFFFF;
 constexpr std::uint32_t styleHasFont = 0x40;
 constexpr int firstClassAtom = 0x80;
-constexpr std::array classOfAtom = {"Button", "Edit", "Static", "ListBox", "ScrollBar", "ComboBox"};
+/// The first six have an atom each, from firstClassAtom on.
+constexpr std::array registeredClasses = {"Button",
+                                          "Edit",
+                                          "Static",
+                                          "ListBox",
+                                          "ScrollBar",
+                                          "ComboBox",
+                                          "msctls_updown32",
+                                          "msctls_trackbar32",
+                                          "msctls_progress32",
+                                          "SysTabControl32"};
+constexpr std::size_t classAtoms = 6;
 
 DialogRect readRect(ByteReader& reader) {
     DialogRect rect;
@@ -21,7 +32,7 @@ DialogRect readRect(ByteReader& reader) {
     return rect;
 }
 
-/// Class names are told apart without regard to case, so that "BUTTON" is the predefined class too.
+/// Class names are told apart without regard to case, and resource compilers change it.
 bool equalsIgnoringCase(const std::string& a, const char* b) {
     const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };
     for (const char c : a) {
@@ -35,15 +46,15 @@ bool equalsIgnoringCase(const std::string& a, const char* b) {
 /// The class name, or an empty text for an atom that stands for none.
 std::string classNameOf(const ResourceName& name) {
     if (name.ordinal < 0) {
-        for (const char* predefined : classOfAtom) {
-            if (equalsIgnoringCase(name.text, predefined)) {
-                return predefined;
+        for (const char* registered : registeredClasses) {
+            if (equalsIgnoringCase(name.text, registered)) {
+                return registered;
             }
         }
         return name.text;
     }
     const auto index = static_cast<std::size_t>(name.ordinal - firstClassAtom);
-    return name.ordinal >= firstClassAtom && index < classOfAtom.size() ? classOfAtom[index] : "";
+    return name.ordinal >= firstClassAtom && index < classAtoms ? registeredClasses[index] : "";
 }
 
 std::optional<DialogItem> readItem(ByteReader& reader) {

@@ -21,8 +21,8 @@ struct DialogItem {
     DialogRect rect;
     std::uint32_t style = 0;
     std::uint32_t exStyle = 0;
-    /// Class name as registered: the six predefined classes read "Button", "Edit", "Static", "ListBox",
-    /// "ScrollBar" and "ComboBox", whether the file has them as a name or as a number.
+    /// Class name as registered, whatever case the file has it in. The six predefined classes read "Button",
+    /// "Edit", "Static", "ListBox", "ScrollBar" and "ComboBox", though the file has them as numbers.
     std::string windowClass;
     std::string text;         ///< UTF-8, with the & of its mnemonic
     int resourceOrdinal = -1; ///< the icon or bitmap that stands in place of a text, -1 for none

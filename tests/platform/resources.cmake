@@ -1,0 +1,3 @@
+vesk_test(platform_resources_test
+    SOURCES resources_test.cpp dialog_layout_test.cpp
+    LIBRARIES vesk_resources)
