@@ -95,10 +95,12 @@ TEST(PreviewPicture, NoPixelsNoPicture) {
 }
 
 TEST(PreviewPicture, NegativeRepeatsStayInsideTheImage) {
-    const qxCImageFile image = makeNoise(5, 5);
-    std::vector<std::uint32_t> picture(100, UNTOUCHED);
-    EXPECT_TRUE(composePreview(picture, 10, 10, image, -3, -1));
-    EXPECT_EQ(std::ranges::count(picture, UNTOUCHED), 0);
+    qxCImageFile white;
+    white.setSize(5, 5, qxImageFileFormatColourAlpha);
+    std::ranges::fill(white.getPixels(), qxCColour(255, 255, 255, 255));
+    std::vector<std::uint32_t> picture(100);
+    EXPECT_TRUE(composePreview(picture, 10, 10, white, -3, -1));
+    EXPECT_EQ(picture, std::vector<std::uint32_t>(100, 0x00FFFFFF));
 }
 
 } // namespace
