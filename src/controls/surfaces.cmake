@@ -5,3 +5,4 @@ target_sources(vesk_controls PRIVATE
     ${CMAKE_CURRENT_LIST_DIR}/preview_picture.cpp
     ${CMAKE_CURRENT_LIST_DIR}/texture_list_dlg.cpp
     ${CMAKE_CURRENT_LIST_DIR}/texture_picker_button.cpp)
+target_link_libraries(vesk_controls PUBLIC vesk_module_state)
