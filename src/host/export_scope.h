@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/framework.h"
+#include "platform/framework/module_state.h"
 
 /// Runs the body of an export in the library's own module state, so that dialog templates and icons are found
 /// in the library, and gives the caller's back on every way out. A host may be written in another language or

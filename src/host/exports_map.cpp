@@ -1,11 +1,20 @@
 #include "host/export_scope.h"
 #include "host/module_state.h"
 #include "host/veskutil.h"
+#include "platform/framework/win_app.h"
 #include "terrain/map_editor_dlg.h"
 #include "terrain/map_editor_settings.h"
 #include "terrain/map_undo_list.h"
 
 #include <memory>
+
+namespace {
+
+/// The library's application object: made when the library is loaded, gone when the process ends. It stands
+/// beside the exports so that whatever links them has it.
+CWinApp theApp;
+
+} // namespace
 
 void vuCreateEditor(HWND host, qxCMap* map, CString textureDir, vuMessageCallback onMessage, bool fullEditing,
                     vuIntCallback intCallback) {

@@ -1,13 +1,26 @@
 #include "host/export_scope.h"
 #include "host/module_state.h"
 #include "host/veskutil.h"
+#include "sound/sound_manager.h"
 
 void vuCreateMovieEditor(HWND /*host*/, qxCMovie* /*movie*/, bool /*showClose*/) {
-    // The library has no movie panel to show: the editor stays closed, and says so.
+    runExport([] {
+        if (g_bMovieEditorActive) {
+            return;
+        }
+        // Without a device the editor is silent; that is no reason not to open.
+        g_soundManager.create();
+        // This library has no panel to show a movie in. The editor stays closed and says so, rather than let
+        // the host wait for the end of an editor that nobody sees.
+    });
 }
 
 void vuDestroyMovieEditor() {
     runExport([] {
+        if (!g_bMovieEditorActive) {
+            return;
+        }
+        g_soundManager.release();
         g_pMovieEditorDlg = nullptr;
         g_bMovieEditorActive = false;
     });
@@ -17,6 +30,14 @@ bool vuIsMovieEditorActive() {
     return g_bMovieEditorActive;
 }
 
-void vuMovieCameraAltered(qxCCamera* /*camera*/, bool /*finished*/) {}
+void vuMovieCameraAltered(qxCCamera* /*camera*/, bool /*finished*/) {
+    // Only an open movie panel takes camera moves.
+}
 
-void vuSoundUpdate() {}
+void vuSoundUpdate() {
+    runExport([] {
+        if (g_bMovieEditorActive) {
+            g_soundManager.update();
+        }
+    });
+}

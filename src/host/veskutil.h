@@ -44,7 +44,8 @@ VU_API bool vuIsEditingInProgress();
 VU_API void vuDestroySettings();
 
 /// Open the movie editor on `movie`. Ignored when one is open; the sound device starts even when `movie` is
-/// null. `showClose` shows the panel's own Close button.
+/// null. `showClose` shows the panel's own Close button. This version of the library has no movie panel: the
+/// call starts the sound device and opens nothing, and vuIsMovieEditorActive stays false.
 VU_API void vuCreateMovieEditor(HWND host, qxCMovie* movie, bool showClose);
 VU_API void vuDestroyMovieEditor();
 VU_API bool vuIsMovieEditorActive();

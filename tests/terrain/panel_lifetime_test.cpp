@@ -1,0 +1,154 @@
+#include "terrain/panel_fixture.h"
+
+#include "host/module_state.h"
+#include "host/veskutil.h"
+#include "resources/resource_ids.h"
+#include "terrain/map_editor_dlg.h"
+#include "terrain/map_undo_list.h"
+
+#include <QApplication>
+#include <QTest>
+
+#include <functional>
+#include <memory>
+
+TEST_F(PanelTest, CloseRemembersTheSettingsForTheSameMap) {
+    open();
+    click(IDC_TOOL_SET_HEIGHT);
+    click(IDC_BRUSH_2X2);
+    press(IDC_STRENGTH, Qt::Key_Right);
+    type(IDC_HEIGHT, "512");
+    stroke(3, 3);
+    const int records = g_mapUndoList.getCount();
+    EXPECT_GT(records, 0);
+    click(IDC_CLOSE);
+    EXPECT_FALSE(vuIsEditorActive());
+    EXPECT_EQ(panel(), nullptr);
+
+    open();
+    EXPECT_TRUE(isChecked(IDC_TOOL_SET_HEIGHT));
+    EXPECT_TRUE(isChecked(IDC_BRUSH_2X2));
+    EXPECT_TRUE(isEnabled(IDC_BRUSH_2X2));
+    EXPECT_EQ(sliderPosition(), 2);
+    EXPECT_EQ(text(IDC_STRENGTH_TEXT), "2");
+    EXPECT_EQ(text(IDC_HEIGHT), "512");
+    EXPECT_EQ(g_mapUndoList.getCount(), records);
+
+    // The host's way to close keeps the history, and the settings of the last "Close".
+    click(IDC_TOOL_TINT);
+    reopen();
+    EXPECT_TRUE(isChecked(IDC_TOOL_SET_HEIGHT));
+    EXPECT_EQ(g_mapUndoList.getCount(), records);
+    vuDestroyEditor();
+
+    CMemoryMap other(16, &m_scene);
+    open(other);
+    EXPECT_TRUE(isChecked(IDC_TOOL_SELECT));
+    EXPECT_TRUE(isChecked(IDC_BRUSH_CELL));
+    EXPECT_EQ(text(IDC_HEIGHT), "0");
+    EXPECT_EQ(text(IDC_STRENGTH_TEXT), "2") << "strength is not tied to a map";
+    EXPECT_TRUE(g_mapUndoList.isEmpty());
+    vuDestroyEditor();
+}
+
+TEST_F(PanelTest, ARequestToCloseTheWindowEndsTheEditorAsCloseDoes) {
+    open();
+    click(IDC_TOOL_MAGNET);
+    panel()->close();
+    EXPECT_FALSE(vuIsEditorActive());
+    EXPECT_EQ(panel(), nullptr);
+    stroke(1, 1, -5);
+    open();
+    EXPECT_TRUE(isChecked(IDC_TOOL_MAGNET));
+}
+
+TEST_F(PanelTest, StaysOpenUnderEscapeAndEnter) {
+    open();
+    for (const int id : {IDC_HEIGHT, IDC_STRENGTH, IDC_TOOL_TABS, IDC_HIDE_CURSOR}) {
+        SCOPED_TRACE(id);
+        press(id, Qt::Key_Escape);
+        press(id, Qt::Key_Return);
+        ASSERT_TRUE(vuIsEditorActive());
+        ASSERT_NE(panel(), nullptr);
+        ASSERT_TRUE(panel()->isVisible());
+    }
+    press(IDC_CLOSE, Qt::Key_Space);
+    EXPECT_FALSE(vuIsEditorActive());
+    EXPECT_EQ(panel(), nullptr);
+}
+
+TEST_F(PanelTest, MayBeClosedByAnyoneInTheMiddleOfAStroke) {
+    const std::function<void()> ways[] = {[] { click(IDC_CLOSE); }, [] { panel()->close(); },
+                                          [] { vuDestroyEditor(); }};
+    for (const auto& way : ways) {
+        open();
+        click(IDC_TOOL_MAGNET);
+        vuStartEditing(10, 10, 0, 0);
+        vuUpdateEditing(10, 10, 0, 0, 0, -20);
+        way();
+        vuUpdateEditing(11, 11, 0, 0, 0, -30);
+        vuStopEditing();
+        EXPECT_FALSE(vuIsEditorActive());
+        EXPECT_EQ(panel(), nullptr);
+        EXPECT_TRUE(vuIsEditingInProgress()) << "until a stroke of a later editor stops";
+        open();
+        vuStopEditing();
+        EXPECT_FALSE(vuIsEditingInProgress());
+        vuDestroyEditor();
+    }
+}
+
+TEST_F(PanelTest, AHostMayCloseTheEditorAndFreeTheMapUnderAMessageBox) {
+    auto doomed = std::make_unique<CMemoryMap>(8, &m_scene);
+    open(*doomed);
+    type(IDC_HEIGHT, "9999");
+    const auto leaveField = [] { QTest::keyClick(control(IDC_HEIGHT), Qt::Key_Tab); };
+    const QString message = messageDuring(leaveField, [&] {
+        vuDestroyEditor();
+        EXPECT_EQ(panel(), nullptr);
+        vuDestroySettings();
+        doomed.reset();
+        open();
+    });
+    EXPECT_FALSE(message.isEmpty());
+    ASSERT_TRUE(vuIsEditorActive()) << "the new one";
+    ASSERT_NE(panel(), nullptr);
+    EXPECT_EQ(text(IDC_HEIGHT), "0");
+}
+
+TEST_F(PanelTest, GoesDownWithTheHostsWindow) {
+    open();
+    vuDestroyEditor();
+    {
+        QWidget host;
+        host.show();
+        vuCreateEditor(reinterpret_cast<HWND>(host.winId()), &m_map, "", nullptr, true, nullptr);
+        ASSERT_NE(panel(), nullptr);
+    }
+    EXPECT_FALSE(vuIsEditorActive());
+    EXPECT_EQ(panel(), nullptr);
+    stroke(4, 4);
+    vuDestroyEditor();
+    open();
+    EXPECT_TRUE(vuIsEditorActive());
+}
+
+TEST_F(PanelTest, OpensAndClosesAThousandTimesEachWay) {
+    struct Way {
+        const char* name;
+        std::function<void()> close;
+    };
+    const Way ways[] = {{"Close", [] { click(IDC_CLOSE); }},
+                        {"window close", [] { panel()->close(); }},
+                        {"vuDestroyEditor", [] { vuDestroyEditor(); }}};
+    for (const Way& way : ways) {
+        SCOPED_TRACE(way.name);
+        for (int opening = 0; opening < 1000; ++opening) {
+            vuCreateEditor(nullptr, &m_map, "textures", nullptr, true, nullptr);
+            ASSERT_NE(panel(), nullptr);
+            way.close();
+            ASSERT_FALSE(vuIsEditorActive());
+            ASSERT_EQ(panel(), nullptr);
+        }
+    }
+}
