@@ -211,11 +211,7 @@ TEST(DamagedResources, AreRefusedWhenCutShort) {
         expectEveryPrefixRefused(icon, [](const Bytes& b) { return readIconImage(b).has_value(); });
     }
     // The icon group stands last: without its end the file has no icon, whichever byte is missing.
-    Bytes file = sampleFile();
-    file.resize(file.size() / 4 * 4);
-    const std::size_t padding = 4 - iconGroup(std::array<std::array<std::uint32_t, 3>, 1>{}).size() % 4;
-    file.resize(file.size() - padding % 4);
-    expectEveryPrefixRefused(file, [](const Bytes& b) { return findIcon(b, 2004).has_value(); });
+    expectEveryPrefixRefused(sampleFile(), [](const Bytes& b) { return findIcon(b, 2004).has_value(); });
 }
 
 TEST(DamagedResources, NeverLeadOutsideTheFile) {

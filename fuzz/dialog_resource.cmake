@@ -1,0 +1,4 @@
+add_executable(fuzz_dialog_resource dialog_resource.cpp)
+vesk_warnings(fuzz_dialog_resource)
+target_link_libraries(fuzz_dialog_resource PRIVATE vesk_resources)
+target_link_options(fuzz_dialog_resource PRIVATE -fsanitize=fuzzer)
