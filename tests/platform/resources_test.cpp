@@ -160,6 +160,9 @@ TEST(IconReader, RefusesImpossibleShapes) {
     EXPECT_TRUE(refused({2, 2, 32, 0xFFFFFFFF}));
     EXPECT_TRUE(refused({256, 256, 8, 0}));
     EXPECT_FALSE(refused({2, 2, 4, 0}));
+    Bytes oddHeight = indexedIcon(4);
+    oddHeight[8] = std::byte{5}; // two rows and a half
+    EXPECT_FALSE(readIconImage(oddHeight));
     Bytes beyondPalette = indexedIcon(4);
     beyondPalette[48] = std::byte{0x20}; // colour 2 of 2
     EXPECT_FALSE(readIconImage(beyondPalette));
@@ -184,6 +187,14 @@ TEST(ResourceFile, TakesTheImageNearestInSizeThenDeepest) {
     EXPECT_EQ(chosen(32), 5);
     EXPECT_EQ(chosen(36), 4) << "between 24 and 48 the larger, at its greater depth";
     EXPECT_FALSE(findIcon(file.bytes(), 8));
+}
+
+TEST(ResourceFile, RefusesAHeaderThatMisstatesItsSize) {
+    for (const int size : {28, 36}) {
+        Bytes file = sampleFile();
+        file[4] = static_cast<std::byte>(size);
+        EXPECT_FALSE(findDialog(file, 212)) << size;
+    }
 }
 
 TEST(ResourceFile, PassesOverNamedEntries) {
