@@ -1,0 +1,169 @@
+#include "terrain/support/test_panel.h"
+
+#include "terrain/edit_cursor.h"
+#include "terrain/map_selection.h"
+
+#include <algorithm>
+#include <array>
+#include <tuple>
+
+namespace {
+
+using Cursors = std::vector<std::tuple<int, int, int>>;
+
+class EditCursor : public TerrainTest {
+protected:
+    /// The cursors of a pointer over cell (8, 8), relative to it.
+    Cursors cursors(int tool, int brush, int edge, int corner, bool duringStroke = false) {
+        panel.m_nTool = tool;
+        panel.m_nBrushSize = brush;
+        updateCursor(panel, 8, 8, edge, corner, duringStroke);
+        Cursors found;
+        for (const CEditCursor& cursor : map.getEditCursors()) {
+            found.emplace_back(cursor.x - 8, cursor.z - 8, cursor.kind);
+        }
+        return found;
+    }
+};
+
+} // namespace
+
+TEST_F(EditCursor, ShowsWhatTheBrushTouches) {
+    const std::array<int, 4> corners{5, 6, 8, 7};
+    for (int corner = 0; corner < 4; ++corner) {
+        EXPECT_EQ(cursors(TOOL_RAISE, 0, 0, corner),
+                  (Cursors{{0, 0, corners[static_cast<std::size_t>(corner)]}}));
+    }
+    const std::array<int, 6> edges{2, 3, 4, 1, 9, 10};
+    for (int edge = 0; edge < 6; ++edge) {
+        EXPECT_EQ(cursors(TOOL_RAISE, 1, edge, 0), (Cursors{{0, 0, edges[static_cast<std::size_t>(edge)]}}));
+    }
+    EXPECT_EQ(cursors(TOOL_RAISE, 2, 0, 0), (Cursors{{0, 0, 0}}));
+    EXPECT_EQ(cursors(TOOL_RAISE, 3, 0, 0), (Cursors{{0, 0, 13}, {1, 0, 14}, {0, 1, 12}, {1, 1, 11}}));
+    EXPECT_EQ(cursors(TOOL_RAISE, 4, 0, 0), (Cursors{{0, 0, 0}, {1, 0, 0}, {0, 1, 0}, {1, 1, 0}}));
+    EXPECT_EQ(cursors(TOOL_RAISE, 5, 0, 0), (Cursors{{1, 0, 0},
+                                                     {2, 0, 0},
+                                                     {0, 1, 0},
+                                                     {1, 1, 0},
+                                                     {2, 1, 0},
+                                                     {3, 1, 0},
+                                                     {0, 2, 0},
+                                                     {1, 2, 0},
+                                                     {2, 2, 0},
+                                                     {3, 2, 0},
+                                                     {1, 3, 0},
+                                                     {2, 3, 0}}));
+    for (const auto& [brush, edge, corner] :
+         {std::tuple{0, 0, 4}, {0, 0, -1}, {1, 6, 0}, {-1, 0, 0}, {6, 0, 0}}) {
+        EXPECT_EQ(cursors(TOOL_RAISE, brush, edge, corner), Cursors{});
+    }
+}
+
+TEST_F(EditCursor, SomeToolsHaveAShapeOfTheirOwn) {
+    for (const int tool : {0, 6, 7, 8, 10, 11}) {
+        EXPECT_EQ(cursors(tool, 5, 0, 0), (Cursors{{0, 0, 0}})) << tool;
+    }
+    EXPECT_EQ(cursors(TOOL_GET_HEIGHT, 5, 0, 2), (Cursors{{0, 0, 8}}));
+    for (const int tool : {-1, 1, 2, 3, 5, 9, 12, 13}) {
+        EXPECT_EQ(cursors(tool, 5, 0, 0).size(), 12U) << tool;
+    }
+}
+
+TEST_F(EditCursor, HidesOnlyDuringAStroke) {
+    panel.m_bHideCursor = 1;
+    EXPECT_EQ(cursors(TOOL_RAISE, 2, 0, 0, true), Cursors{});
+    EXPECT_EQ(cursors(TOOL_RAISE, 2, 0, 0, false).size(), 1U);
+    panel.m_bHideCursor = 0;
+    EXPECT_EQ(cursors(TOOL_RAISE, 2, 0, 0, true).size(), 1U);
+}
+
+TEST_F(EditCursor, HighlightsTheDetailUnderThePointer) {
+    qxCMapDetailRecord* const detail =
+        map.addDetail(qxDetailTypeQuad, nullptr, {8, 0, 8}, {9, 0, 8}, {8, 0, 9}, 1.0F);
+    panel.isDetails = true;
+    EXPECT_EQ(cursors(DETAIL_MOVE, 2, 0, 0), (Cursors{{0, 0, 15}}));
+    EXPECT_EQ(panel.m_pCurrentDetail, detail);
+    EXPECT_EQ(detail->highlighted, 1);
+    cursors(DETAIL_MOVE, 2, 0, 0, true);
+    EXPECT_EQ(detail->highlighted, 0);
+    cursors(DETAIL_MOVE, 2, 0, 0);
+    updateCursor(panel, 2, 2, 0, 0, false);
+    EXPECT_EQ(panel.m_pCurrentDetail, nullptr);
+    EXPECT_EQ(detail->highlighted, 0);
+    EXPECT_EQ(cursors(DETAIL_TOOL_COUNT, 4, 0, 0).size(),
+              1U); // no detail tool: as on the other tab, here Drain
+}
+
+using Marks = TerrainTest;
+
+TEST_F(Marks, OutlineARectangleInAnyCornerOrder) {
+    const Points outline{{3, 4}, {4, 4}, {5, 4}, {3, 5}, {5, 5}, {3, 6}, {4, 6}, {5, 6}};
+    drawMarkRect(map, 5, 4, 3, 6, true);
+    EXPECT_EQ(marked(), outline);
+    drawMarkRect(map, 4, 5, 4, 5, true);
+    drawMarkRect(map, 3, 6, 5, 4, false);
+    EXPECT_EQ(marked(), (Points{{4, 5}}));
+}
+
+TEST_F(Marks, FollowTheStrokeAndGoWithIt) {
+    useTool(TOOL_FLATTEN);
+    start(3, 3);
+    EXPECT_EQ(marked(), (Points{{3, 3}}));
+    update(5, 6);
+    EXPECT_EQ(marked(), (Points{{5, 6}}));
+    stop();
+    EXPECT_EQ(marked(), Points{});
+    EXPECT_TRUE(map.getEditCursors().empty());
+}
+
+TEST_F(Marks, TheRubberBandBecomesTheOutlineOfTheSelection) {
+    useTool(TOOL_SELECT);
+    start(10, 10);
+    update(3, 3);
+    update(5, 12);
+    stop();
+    const MapSelection& selection = panel.m_selection;
+    EXPECT_EQ(std::tuple(selection.x0, selection.z0, selection.x1, selection.z1), std::tuple(5, 10, 10, 12));
+    EXPECT_EQ(std::tuple(selection.width, selection.height, selection.exists), std::tuple(6, 3, true));
+    EXPECT_EQ(marked().size(), 14U); // 6 x 3 without the inner 4 x 1
+    start(1, 1);                     // a new one begins: the old one goes
+    EXPECT_EQ(marked(), Points{});
+}
+
+TEST_F(Marks, SelectAllAndDeselectTakeTheirOutlinesAlong) {
+    select(2, 2, 4, 4);
+    selectAll(panel);
+    EXPECT_EQ(std::tuple(panel.m_selection.x1, panel.m_selection.z1, panel.m_selection.width),
+              std::tuple(15, 15, 16));
+    EXPECT_EQ(marked().size(), 60U);
+    deselect(panel);
+    EXPECT_EQ(marked(), Points{});
+    EXPECT_FALSE(panel.m_selection.exists);
+    EXPECT_EQ(std::tuple(panel.m_selection.x0, panel.m_selection.x1), std::tuple(0, 15));
+}
+
+TEST_F(Marks, MagnetKeepsTheSelectionAndLeavesItsPoint) {
+    select(2, 2, 4, 4);
+    useTool(TOOL_MAGNET);
+    start(10, 10);
+    stop();
+    EXPECT_TRUE(panel.m_selection.exists);
+    EXPECT_TRUE(std::ranges::count(marked(), std::pair(10, 10)) == 1);
+    useTool(TOOL_SMOOTH);
+    start(12, 12);
+    EXPECT_FALSE(panel.m_selection.exists);
+    stop();
+    EXPECT_EQ(marked(), (Points{{10, 10}}));
+}
+
+TEST_F(Marks, TheDetailsTabDrawsNone) {
+    select(2, 2, 4, 4);
+    const Points outline = marked();
+    panel.isDetails = true;
+    useTool(DETAIL_MOVE);
+    start(9, 9);
+    update(10, 10);
+    stop();
+    EXPECT_EQ(marked(), outline);
+    EXPECT_TRUE(panel.m_selection.exists);
+}

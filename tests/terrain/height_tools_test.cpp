@@ -1,0 +1,244 @@
+#include "terrain/support/test_panel.h"
+
+#include "terrain/map_selection.h"
+
+#include <array>
+
+namespace {
+
+struct FootprintCase {
+    int brush;
+    int edge;
+    int corner;
+    std::vector<std::pair<int, int>> touched; ///< relative to the picked point, row by row
+    int recorded;                             ///< points
+};
+
+} // namespace
+
+using RaiseFootprint = TerrainTest;
+
+TEST_F(RaiseFootprint, FollowsBrushEdgeAndCorner) {
+    const std::vector<FootprintCase> cases{
+        {0, 0, 0, {{0, 0}}, 4},
+        {0, 0, 1, {{1, 0}}, 4},
+        {0, 0, 2, {{1, 1}}, 4},
+        {0, 0, 3, {{0, 1}}, 4},
+        {1, 0, 0, {{0, 0}, {1, 0}}, 4},
+        {1, 1, 0, {{1, 0}, {1, 1}}, 4},
+        {1, 2, 0, {{0, 1}, {1, 1}}, 4},
+        {1, 3, 0, {{0, 0}, {0, 1}}, 4},
+        {1, 4, 0, {{0, 0}, {1, 1}}, 4},
+        {1, 5, 0, {{1, 0}, {0, 1}}, 4},
+        {2, 0, 0, {{0, 0}, {1, 0}, {0, 1}, {1, 1}}, 4},
+        {3, 0, 0, {{1, 0}, {0, 1}, {1, 1}, {2, 1}, {1, 2}}, 9},
+        {4, 0, 0, {{0, 0}, {1, 0}, {2, 0}, {0, 1}, {1, 1}, {2, 1}, {0, 2}, {1, 2}, {2, 2}}, 9},
+        {5,
+         0,
+         0,
+         {{1, 0}, {2, 0}, {3, 0}, {0, 1}, {1, 1}, {2, 1}, {3, 1}, {4, 1}, {0, 2}, {1, 2}, {2, 2},
+          {3, 2}, {4, 2}, {0, 3}, {1, 3}, {2, 3}, {3, 3}, {4, 3}, {1, 4}, {2, 4}, {3, 4}},
+         25},
+        {0, 0, 4, {}, 0}, // what does not exist changes nothing, the history included
+        {1, 6, 0, {}, 0},
+        {1, -1, 0, {}, 0},
+        {6, 0, 0, {}, 0},
+        {-1, 0, 0, {}, 0},
+    };
+    useTool(TOOL_RAISE);
+    for (const FootprintCase& c : cases) {
+        SCOPED_TRACE(testing::Message()
+                     << "brush " << c.brush << " edge " << c.edge << " corner " << c.corner);
+        panel.m_nBrushSize = c.brush;
+        start(10, 10, c.edge, c.corner);
+        update(3, 3, -7); // the pointer moves on, the work stays where it began
+        stop();
+        Points expected;
+        for (const auto& [dx, dz] : c.touched) {
+            expected.emplace_back(10 + dx, 10 + dz);
+            EXPECT_EQ(height(10 + dx, 10 + dz), LEVEL + 7);
+        }
+        EXPECT_EQ(changedHeights(), expected);
+        EXPECT_EQ(g_mapUndoList.getCount(), c.recorded);
+        undo(panel);
+        EXPECT_EQ(changedHeights(), Points{});
+    }
+}
+
+using HeightTools = TerrainTest;
+
+TEST_F(HeightTools, RaiseReplacesTheUpdateBefore) {
+    useTool(TOOL_RAISE);
+    start(4, 4);
+    update(4, 4, -5);
+    update(9, 9, -3);
+    EXPECT_EQ(height(4, 4), LEVEL + 3);
+    EXPECT_EQ(changedHeights().size(), 4U);
+    EXPECT_EQ(g_mapUndoList.getCount(), 4);
+}
+
+TEST_F(HeightTools, RaiseLiftsAllCornersOfTheSelectedCells) {
+    map.setPointHeight(3, 4, 50, false);
+    select(3, 4, 4, 5);
+    useTool(TOOL_RAISE);
+    start(0, 0);
+    update(1, 0, -10);
+    EXPECT_EQ(changedHeights(),
+              (Points{{3, 4}, {4, 4}, {5, 4}, {3, 5}, {4, 5}, {5, 5}, {3, 6}, {4, 6}, {5, 6}}));
+    EXPECT_EQ(height(3, 4), 60);
+    EXPECT_TRUE(panel.m_selection.exists);
+    stop();
+    EXPECT_FALSE(panel.m_selection.exists);
+    undo(panel);
+    EXPECT_EQ(changedHeights(), (Points{{3, 4}}));
+}
+
+TEST_F(HeightTools, ASettingChangedInMidStrokeReachesNoPointThatWasNotRecorded) {
+    useTool(TOOL_RAISE);
+    start(8, 8);
+    panel.m_nBrushSize = 5;
+    update(8, 8, -9);
+    stop();
+    EXPECT_EQ(changedHeights(), (Points{{9, 8}, {8, 9}, {9, 9}}));
+    undo(panel);
+    EXPECT_EQ(changedHeights(), Points{});
+
+    panel.m_nStrength = 1;
+    useTool(TOOL_MAGNET);
+    start(8, 8);
+    panel.m_nStrength = 10;
+    update(8, 8, -10);
+    stop();
+    EXPECT_EQ(changedHeights(), (Points{{8, 8}, {9, 8}, {8, 9}, {9, 9}}));
+    undo(panel);
+    EXPECT_EQ(changedHeights(), Points{});
+
+    useTool(TOOL_TINT); // its stroke takes no heights
+    start(8, 8);
+    useTool(TOOL_MAGNET);
+    update(8, 8, -10);
+    useTool(TOOL_RAISE);
+    update(8, 8, -10);
+    EXPECT_EQ(changedHeights(), Points{});
+}
+
+TEST_F(HeightTools, FlattenTakesTheTruncatedMean) {
+    for (const auto& [x, z] : {std::pair{6, 5}, {5, 6}, {6, 6}}) {
+        map.setPointHeight(x, z, 11, false);
+    }
+    map.setPointHeight(5, 5, 10, false);
+    useTool(TOOL_FLATTEN);
+    start(5, 5);
+    for (const auto& [x, z] : {std::pair{5, 5}, {6, 5}, {5, 6}, {6, 6}}) {
+        EXPECT_EQ(height(x, z), 10);
+    }
+}
+
+TEST_F(HeightTools, SetHeightKnowsTheCellAndTheFourByFourBlock) {
+    panel.m_nHeight = 300;
+    useTool(TOOL_SET_HEIGHT);
+    const std::array<std::size_t, 6> touched{0, 0, 4, 0, 16, 0};
+    for (std::size_t brush = 0; brush < touched.size(); ++brush) {
+        SCOPED_TRACE(brush);
+        panel.m_nBrushSize = static_cast<int>(brush);
+        start(5, 7);
+        stop();
+        EXPECT_EQ(changedHeights().size(), touched[brush]);
+        EXPECT_EQ(static_cast<std::size_t>(g_mapUndoList.getCount()), touched[brush]);
+        if (brush == 4) {
+            EXPECT_EQ(changedHeights().front(), std::pair(4, 6));
+            EXPECT_EQ(changedHeights().back(), std::pair(7, 9));
+        }
+        undo(panel);
+    }
+}
+
+TEST_F(HeightTools, GetHeightReadsTheCornerAndShowsIt) {
+    map.setPointHeight(3, 2, 1, false);
+    map.setPointHeight(3, 3, 2, false);
+    map.setPointHeight(2, 3, 3, false);
+    useTool(TOOL_GET_HEIGHT);
+    const std::array<int, 4> expected{LEVEL, 1, 2, 3};
+    for (int corner = 0; corner < 4; ++corner) {
+        start(2, 2, 0, corner);
+        EXPECT_EQ(panel.m_nHeight, expected[static_cast<std::size_t>(corner)]);
+    }
+    start(2, 2, 0, 4);
+    EXPECT_EQ(panel.m_nHeight, 3);
+    EXPECT_EQ(panel.shown, 5);
+    EXPECT_TRUE(g_mapUndoList.isEmpty());
+}
+
+TEST_F(HeightTools, GetGradientReadsAndShowsIt) {
+    map.setPointHeight(5, 5, 900, false);
+    useTool(TOOL_GET_GRADIENT);
+    start(4, 5);
+    EXPECT_EQ(panel.m_fGradient, map.getGradient(4, 5));
+    EXPECT_GT(panel.m_fGradient, 0.0F);
+    EXPECT_EQ(panel.shown, 1);
+}
+
+TEST_F(HeightTools, SmoothMovesByTenthsTowardsTheMean) {
+    for (const auto& [strength, expected] : {std::pair{10, 10}, {1, 82}, {5, 50}}) {
+        for (const auto& [x, z] : pointsWhere([](int, int) { return true; })) {
+            map.setPointHeight(x, z, x == 6 && z == 6 ? 90 : 0, false);
+        }
+        panel.m_nStrength = strength;
+        useTool(TOOL_SMOOTH);
+        start(6, 6);
+        EXPECT_EQ(height(6, 6), expected);
+        EXPECT_EQ(height(7, 7), strength); // its mean holds the spike too
+        const int once = height(6, 6);
+        update(6, 6); // the pointer rests
+        EXPECT_EQ(height(6, 6), once);
+        update(7, 6);
+        update(6, 6);
+        EXPECT_NE(height(6, 6), once);
+        stop();
+    }
+}
+
+TEST_F(HeightTools, SmoothRepeatsTheBorderBeyondTheEdge) {
+    map.setPointHeight(0, 0, 0, false);
+    useTool(TOOL_SMOOTH);
+    start(0, 0);
+    EXPECT_EQ(height(0, 0), 5 * LEVEL / 9); // four of the nine around it are the corner itself
+    EXPECT_EQ(g_mapUndoList.getCount(), 4);
+}
+
+TEST_F(HeightTools, MagnetRaisesABumpWithinItsRadius) {
+    panel.m_nStrength = 1;
+    useTool(TOOL_MAGNET);
+    start(8, 8);
+    EXPECT_EQ(g_mapUndoList.getCount(), 16);
+    update(2, 2, -10);
+    EXPECT_EQ(changedHeights(), (Points{{8, 8}, {9, 8}, {8, 9}, {9, 9}}));
+    EXPECT_EQ(height(8, 8), LEVEL + 5);
+    update(2, 2, 10);
+    EXPECT_EQ(height(9, 9), LEVEL - 5);
+    EXPECT_EQ(g_mapUndoList.getCount(), 16);
+
+    panel.m_nStrength = 10;
+    start(8, 8);
+    update(8, 8, -100);
+    EXPECT_EQ(height(8, 8), LEVEL - 5 + 98); // (1 + cos(pi * 0.7071 / 10.5)) / 2 = 0.9889
+}
+
+TEST_F(HeightTools, RoughenStaysWithinItsStrength) {
+    panel.m_nStrength = 1; // only the very ends of the range reach a whole unit
+    useTool(TOOL_ROUGHEN);
+    start(5, 5);
+    EXPECT_EQ(changedHeights(), Points{});
+    panel.m_nStrength = 10;
+    bool moved = false;
+    for (int i = 0; i < 40; ++i) {
+        const int before = height(5, 5);
+        update(5, 5);
+        EXPECT_LE(std::abs(height(5, 5) - before), 10);
+        moved = moved || height(5, 5) != before;
+    }
+    EXPECT_TRUE(moved);
+    EXPECT_LE(changedHeights().size(), 4U);
+    undo(panel);
+    EXPECT_EQ(changedHeights(), Points{});
+}

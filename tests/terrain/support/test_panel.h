@@ -1,0 +1,84 @@
+#pragma once
+
+#include "engine/memory/memory_map.h"
+#include "terrain/map_editor_model.h"
+#include "terrain/map_recording.h"
+#include "terrain/map_undo_list.h"
+#include "terrain/stroke_engine.h"
+
+#include <gtest/gtest.h>
+
+#include <utility>
+#include <vector>
+
+/// A panel without a window.
+class CTestPanel : public CMapEditorModel {
+public:
+    bool isDetails = false;
+    int shown = 0; ///< how often the members were shown
+    qxCColour tint{255, 255, 255, 255};
+
+    bool isDetailsTab() const override { return isDetails; }
+    void showMembers() override { ++shown; }
+    qxCColour getToolTint() const override { return tint; }
+};
+
+/// A map of 16 x 16 cells, all heights 100, with a panel on it and an empty history.
+class TerrainTest : public testing::Test {
+protected:
+    using Points = std::vector<std::pair<int, int>>;
+
+    TerrainTest() {
+        g_mapUndoList.clear();
+        panel.m_pMap = &map;
+        panel.m_nStrength = 10;
+        panel.m_nBrushSize = 2;
+        for (int z = 0; z <= map.getGridDim(); ++z) {
+            for (int x = 0; x <= map.getGridDim(); ++x) {
+                map.setPointHeight(x, z, LEVEL, false);
+            }
+        }
+    }
+    ~TerrainTest() override { g_mapUndoList.clear(); }
+
+    void useTool(int tool) { panel.m_nTool = tool; }
+    void start(int x, int z, int edge = 0, int corner = 0) { strokeStart(panel, x, z, edge, corner); }
+    void update(int x, int z, int amount = 0) { strokeUpdate(panel, x, z, amount); }
+    void stop() { strokeEnd(panel); }
+    void select(int x0, int z0, int x1, int z1) {
+        useTool(TOOL_SELECT);
+        start(x0, z0);
+        update(x1, z1);
+        stop();
+    }
+
+    int height(int x, int z) const { return map.getPointHeight(x, z); }
+    bool isMarked(int x, int z) const {
+        return map.getMarkers()[static_cast<std::size_t>(z * (map.getGridDim() + 1) + x)] ==
+               qxCColour(255, 255, 255, 32);
+    }
+
+    /// The points for which `test(x, z)` holds, row by row.
+    template <typename Test> Points pointsWhere(const Test& test) const {
+        Points points;
+        for (int z = 0; z <= map.getGridDim(); ++z) {
+            for (int x = 0; x <= map.getGridDim(); ++x) {
+                if (test(x, z)) {
+                    points.emplace_back(x, z);
+                }
+            }
+        }
+        return points;
+    }
+    Points changedHeights() const {
+        return pointsWhere([this](int x, int z) { return height(x, z) != LEVEL; });
+    }
+    Points marked() const {
+        return pointsWhere([this](int x, int z) { return isMarked(x, z); });
+    }
+
+    static constexpr int LEVEL = 100;
+
+    CMemoryMap map{16, nullptr};
+    CTestPanel panel;
+};
