@@ -1,0 +1,69 @@
+#pragma once
+
+#include "sandbox/app/map_document.h"
+#include "sandbox/app/recent_files.h"
+#include "sandbox/view/map_view.h"
+
+#include <QMainWindow>
+
+class QAction;
+class QComboBox;
+class QLabel;
+class QMenu;
+class QSpinBox;
+
+/// The sandbox's window: the 3D view, and all that opens, saves and closes the map and its editor.
+class CMainWindow : public QMainWindow {
+    Q_OBJECT
+
+public:
+    CMainWindow();
+    ~CMainWindow() override;
+
+    /// Open a heightmap in place of the map that is open, without asking. Returns what to tell on failure.
+    QString openMap(const QString& path);
+    /// Save the heights there. Returns what to tell on failure.
+    QString saveMap(const QString& path);
+
+    CMapView& view() { return *m_pView; }
+    CMapDocument& document() { return m_document; }
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void makeFileMenu();
+    void makeEditorMenu();
+    void makeViewMenu();
+    void makeHelpMenu();
+    void makeToolBar();
+    void makeStatusBar();
+    void connectView();
+
+    void chooseMap();
+    void openAsked(const QString& path);
+    bool save();
+    bool saveAs();
+    bool mayDropMap();
+    void fillRecentMenu(QMenu& menu);
+    void toggleEditor(bool open);
+    void openEditor();
+    void closeEditor();
+    /// Follow what changed behind the menus' back: the panel was closed, the map was edited.
+    void followState();
+    void showTitle();
+    void showPlace(const std::optional<CTerrainHit>& hit);
+    void showControls();
+    void adoptMap();
+    void tell(const QString& failure);
+
+    CMapDocument m_document;
+    CRecentFiles m_recentFiles;
+    CMapView* m_pView;
+    QAction* m_pEditorAction = nullptr;
+    QAction* m_pFlyAction = nullptr;
+    QSpinBox* m_pWaterLevel = nullptr;
+    QComboBox* m_pUnitsPerPixel = nullptr;
+    QLabel* m_pPlace = nullptr;
+    QLabel* m_pPace = nullptr;
+};

@@ -1,0 +1,165 @@
+#include "sandbox/app/main_window.h"
+
+#include <QAction>
+#include <QActionGroup>
+#include <QComboBox>
+#include <QFileInfo>
+#include <QLabel>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QSpinBox>
+#include <QStatusBar>
+#include <QStyle>
+#include <QToolBar>
+
+namespace {
+
+constexpr const char* CONTROLS = R"(
+<h3>Camera</h3>
+<table cellpadding="3">
+<tr><td><b>Right drag</b></td><td>look around (fly) or turn the map (orbit)</td></tr>
+<tr><td><b>W A S D</b></td><td>fly; <b>E</b> or <b>Space</b> up, <b>Q</b> or <b>C</b> down, <b>Shift</b> faster</td></tr>
+<tr><td><b>Wheel</b></td><td>nearer or farther; with the right button held: flying speed</td></tr>
+<tr><td><b>Middle drag</b>, <b>Alt + left drag</b></td><td>turn about the middle of the view</td></tr>
+<tr><td><b>F</b>, <b>Home</b></td><td>fly or orbit; back to the first view</td></tr>
+</table>
+<h3>Editing</h3>
+<table cellpadding="3">
+<tr><td><b>M</b></td><td>open or close the map editor</td></tr>
+<tr><td><b>Left drag</b></td><td>a stroke with the tool chosen on the panel; with Raise and Magnet, drag up to
+raise and down to lower</td></tr>
+<tr><td><b>Undo</b> on the panel</td><td>takes back the newest stroke</td></tr>
+</table>
+)";
+
+} // namespace
+
+void CMainWindow::makeFileMenu() {
+    QMenu* menu = menuBar()->addMenu(tr("&File"));
+    QAction* open = menu->addAction(style()->standardIcon(QStyle::SP_DialogOpenButton),
+                                    tr("&Open Heightmap..."), this, &CMainWindow::chooseMap);
+    open->setShortcut(QKeySequence::Open);
+    open->setObjectName("open");
+    QMenu* recent = menu->addMenu(tr("Open &Recent"));
+    connect(recent, &QMenu::aboutToShow, this, [this, recent] { fillRecentMenu(*recent); });
+    menu->addSeparator();
+    QAction* saveAction = menu->addAction(style()->standardIcon(QStyle::SP_DialogSaveButton), tr("&Save"),
+                                          this, &CMainWindow::save);
+    saveAction->setShortcut(QKeySequence::Save);
+    saveAction->setObjectName("save");
+    QAction* saveAsAction = menu->addAction(tr("Save Heightmap &As..."), this, &CMainWindow::saveAs);
+    saveAsAction->setShortcut(QKeySequence("Ctrl+Shift+S"));
+    menu->addSeparator();
+    menu->addAction(tr("&Quit"), QKeySequence("Ctrl+Q"), this, &CMainWindow::close);
+}
+
+void CMainWindow::fillRecentMenu(QMenu& menu) {
+    menu.clear();
+    for (const QString& path : m_recentFiles.paths()) {
+        QAction* action = menu.addAction(QFileInfo(path).fileName(), this, [this, path] { openAsked(path); });
+        action->setToolTip(path);
+        action->setEnabled(QFileInfo::exists(path));
+    }
+    menu.setToolTipsVisible(true);
+    if (menu.isEmpty()) {
+        menu.addAction(tr("(none)"))->setEnabled(false);
+    }
+}
+
+void CMainWindow::makeEditorMenu() {
+    QMenu* menu = menuBar()->addMenu(tr("&Editors"));
+    m_pEditorAction =
+        menu->addAction(style()->standardIcon(QStyle::SP_FileDialogDetailedView), tr("&Map Editor"));
+    m_pEditorAction->setObjectName("map-editor");
+    m_pEditorAction->setCheckable(true);
+    m_pEditorAction->setShortcut(Qt::Key_M);
+    connect(m_pEditorAction, &QAction::triggered, this, &CMainWindow::toggleEditor);
+}
+
+void CMainWindow::makeViewMenu() {
+    QMenu* menu = menuBar()->addMenu(tr("&View"));
+    m_pFlyAction = menu->addAction(tr("&Fly"));
+    m_pFlyAction->setObjectName("fly");
+    m_pFlyAction->setToolTip(tr("Right drag looks around; without it, right drag turns the map"));
+    m_pFlyAction->setCheckable(true);
+    m_pFlyAction->setChecked(true);
+    m_pFlyAction->setShortcut(Qt::Key_F);
+    connect(m_pFlyAction, &QAction::toggled, this, [this](bool fly) {
+        m_pView->setCameraMode(fly ? CMapView::ECameraMode::fly : CMapView::ECameraMode::orbit);
+        statusBar()->showMessage(fly ? tr("Right drag looks around") : tr("Right drag turns the map"), 3000);
+    });
+    QAction* reset = menu->addAction(tr("&Reset Camera"), Qt::Key_Home, m_pView, &CMapView::resetCamera);
+    reset->setObjectName("reset-camera");
+    menu->addSeparator();
+    const auto addOption = [&](const QString& text, const char* name, bool CViewOptions::*option) {
+        QAction* action = menu->addAction(text);
+        action->setObjectName(name);
+        action->setCheckable(true);
+        action->setChecked(m_pView->options().*option);
+        connect(action, &QAction::toggled, this, [this, option](bool on) {
+            CViewOptions options = m_pView->options();
+            options.*option = on;
+            m_pView->setOptions(options);
+        });
+    };
+    addOption(tr("&Grid"), "grid", &CViewOptions::grid);
+    addOption(tr("&Wireframe"), "wireframe", &CViewOptions::wireframe);
+}
+
+void CMainWindow::makeHelpMenu() {
+    QMenu* menu = menuBar()->addMenu(tr("&Help"));
+    menu->addAction(tr("&Controls"), Qt::Key_F1, this, &CMainWindow::showControls);
+}
+
+void CMainWindow::showControls() {
+    QMessageBox box(QMessageBox::NoIcon, tr("Controls"), tr(CONTROLS), QMessageBox::Close, this);
+    box.exec();
+}
+
+void CMainWindow::makeToolBar() {
+    QToolBar* bar = addToolBar(tr("Main"));
+    bar->setObjectName("main-tools");
+    bar->setMovable(false);
+    bar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    bar->addAction(findChild<QAction*>("open"));
+    bar->addAction(findChild<QAction*>("save"));
+    bar->addSeparator();
+    bar->addAction(m_pEditorAction);
+    bar->addSeparator();
+    bar->addAction(m_pFlyAction);
+    bar->addAction(findChild<QAction*>("reset-camera"));
+    bar->addSeparator();
+    bar->addWidget(new QLabel(tr(" Water level ")));
+    m_pWaterLevel = new QSpinBox;
+    m_pWaterLevel->setObjectName("water-level");
+    m_pWaterLevel->setRange(0, CMemoryMap::MAX_HEIGHT);
+    m_pWaterLevel->setToolTip(tr("Height of standing water; the Flood tool fills up to it"));
+    m_pWaterLevel->setFocusPolicy(Qt::ClickFocus);
+    connect(m_pWaterLevel, &QSpinBox::valueChanged, this, [this](int level) {
+        m_document.setWaterLevel(level);
+        m_pView->update();
+    });
+    bar->addWidget(m_pWaterLevel);
+    bar->addWidget(new QLabel(tr("  Drag ")));
+    m_pUnitsPerPixel = new QComboBox;
+    m_pUnitsPerPixel->setObjectName("units-per-pixel");
+    m_pUnitsPerPixel->setToolTip(tr("Height units that one pixel of an upward drag raises"));
+    m_pUnitsPerPixel->setFocusPolicy(Qt::ClickFocus);
+    for (const int units : {1, 4, 16, 64, 256}) {
+        m_pUnitsPerPixel->addItem(tr("x %1").arg(units), units);
+    }
+    connect(m_pUnitsPerPixel, &QComboBox::currentIndexChanged, this,
+            [this] { m_pView->setUnitsPerPixel(m_pUnitsPerPixel->currentData().toInt()); });
+    bar->addWidget(m_pUnitsPerPixel);
+}
+
+void CMainWindow::makeStatusBar() {
+    m_pPlace = new QLabel;
+    m_pPlace->setObjectName("place");
+    m_pPace = new QLabel;
+    m_pPace->setMinimumWidth(m_pPace->fontMetrics().horizontalAdvance("0000 fps"));
+    m_pPace->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    statusBar()->addPermanentWidget(m_pPlace);
+    statusBar()->addPermanentWidget(m_pPace);
+    statusBar()->showMessage(tr("F1 shows the controls"));
+}

@@ -1,0 +1,9 @@
+#pragma once
+
+#include <array>
+
+/// A half-line in world units; the direction need not have unit length.
+struct CRay {
+    std::array<double, 3> origin{};
+    std::array<double, 3> direction{};
+};

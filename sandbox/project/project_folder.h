@@ -1,0 +1,40 @@
+#pragma once
+
+#include "sandbox/core/heightmap_png.h"
+#include "sandbox/project/project_settings.h"
+
+#include <QJsonObject>
+#include <QString>
+#include <cstdint>
+#include <vector>
+
+/// A map project: a folder with a project file, its layers and a folder of textures.
+
+inline constexpr const char* PROJECT_FILE_NAME = "project.json";
+inline constexpr const char* PROJECT_TEXTURE_FOLDER = "textures";
+
+/// A whole project in plain values. The layers have `edge` points a side, rows from the north.
+struct CProject {
+    CProjectSettings settings;
+    QJsonObject original; ///< the project file as it was read, empty for a new project
+    int edge = 0;
+    std::vector<std::uint16_t> heights;
+    std::vector<std::uint16_t> blends;
+    std::vector<qxCColour> colours;
+    std::vector<std::uint8_t> water; ///< 1 for water, 0 for none
+};
+
+/// Why a project could not be read or written: the file that is at fault and a clause without a full stop.
+struct CProjectFault {
+    QString path;
+    QString reason; ///< empty when nothing went wrong
+};
+
+/// Read the project in `folder`, which may also be the path of its project file. `project` is changed only
+/// when everything is good.
+CProjectFault readProject(const QString& folder, CProject& project);
+
+/// Write the project to `folder`, which is made if needed. Layers go into new files and the project file is
+/// replaced last, so that at any moment the folder holds one whole project; what it no longer refers to of an
+/// earlier save is removed then. The new layer names are stored in `project`.
+CProjectFault writeProject(const QString& folder, CProject& project);

@@ -1,0 +1,247 @@
+#include "sandbox/project/project_json.h"
+
+#include "sandbox/project/json_reader.h"
+
+#include <QJsonDocument>
+#include <array>
+#include <charconv>
+#include <cstring>
+#include <limits>
+#include <utility>
+
+namespace {
+
+constexpr const char* FORMAT_NAME = "vesk-map-project";
+constexpr std::array<const char*, 3> BASE_TEXTURE_KEYS = {"smooth", "rough", "water"};
+constexpr int LONGEST_NAME = 255;
+constexpr int MOST_TEXTURES = 10000;
+constexpr int MOST_DEFINITIONS = 10000;
+constexpr int MOST_TERRAIN_TYPES = 1000;
+constexpr int MOST_DETAILS = 1000000;
+constexpr int HIGHEST_TILING = 256;
+constexpr double LARGEST_NUMBER = 1e9;
+constexpr double SMALLEST_SCALE = 1e-9;
+constexpr int FILTER_SIZE = _qxMapTerrainDef::FILTER_EDGE * _qxMapTerrainDef::FILTER_EDGE;
+
+void readLayers(CJsonReader reader, CProjectLayers& layers) {
+    layers.heights = reader.readFileName("heights");
+    layers.blends = reader.readFileName("blends");
+    layers.colours = reader.readFileName("colours");
+    layers.water = reader.readFileName("water");
+}
+
+void readTextures(CJsonReader& reader, std::vector<CProjectTexture>& textures) {
+    const QJsonArray list = reader.readList("textures", MOST_TEXTURES);
+    for (int i = 0; i < list.size() && !reader.failed(); ++i) {
+        CJsonReader entry = reader.entry("textures", list, i);
+        CProjectTexture texture;
+        texture.name = entry.readText("name", LONGEST_NAME);
+        texture.file = entry.readFileName("file");
+        texture.size =
+            static_cast<qxTextureSize>(entry.readInt("size", qxTextureSizeEmpty, qxTextureSize256));
+        texture.format = static_cast<qxImagePixelFormat>(
+            entry.readInt("format", qxPixelFormatAuto, qxPixelFormatRgba4444));
+        textures.push_back(std::move(texture));
+    }
+}
+
+void readDefinitions(CJsonReader& reader, std::vector<qxCMapMultiTexture>& definitions) {
+    const QJsonArray list = reader.readList("definitions", MOST_DEFINITIONS);
+    for (int i = 0; i < list.size() && !reader.failed(); ++i) {
+        CJsonReader entry = reader.entry("definitions", list, i);
+        qxCMapMultiTexture definition;
+        definition.tint1 = entry.readColour("tint1");
+        definition.tint2 = entry.readColour("tint2");
+        definition.blend = entry.readFloat("blend", 0.0, 1.0);
+        definition.variation = entry.readFloat("variation", 0.0, 1.0);
+        definitions.push_back(definition);
+    }
+}
+
+void readTerrainTypes(CJsonReader& reader, std::vector<_qxMapTerrainDef>& types) {
+    const QJsonArray list = reader.readList("terrainTypes", MOST_TERRAIN_TYPES);
+    for (int i = 0; i < list.size() && !reader.failed(); ++i) {
+        CJsonReader entry = reader.entry("terrainTypes", list, i);
+        _qxMapTerrainDef type;
+        const QByteArray name = entry.readText("name", sizeof type.name - 1).toUtf8();
+        std::memcpy(type.name, name.constData(), static_cast<std::size_t>(name.size()));
+        type.preserveFlatAreas = entry.readBool("preserveFlatAreas");
+        type.noise = entry.readFloat("noise", -LARGEST_NUMBER, LARGEST_NUMBER);
+        type.effectOnNeighbours = entry.readFloat("effectOnNeighbours", -LARGEST_NUMBER, LARGEST_NUMBER);
+        entry.readFloats("filter", type.filter, FILTER_SIZE, LARGEST_NUMBER);
+        type.weighting = entry.readFloat("weighting", -LARGEST_NUMBER, LARGEST_NUMBER);
+        types.push_back(type);
+    }
+}
+
+void readDetails(CJsonReader& reader, int textureCount, std::vector<CProjectDetail>& details) {
+    const QJsonArray list = reader.readList("details", MOST_DETAILS);
+    for (int i = 0; i < list.size() && !reader.failed(); ++i) {
+        CJsonReader entry = reader.entry("details", list, i);
+        CProjectDetail detail;
+        detail.texture = entry.readInt("texture", CProjectSettings::NO_TEXTURE, textureCount - 1);
+        detail.type = entry.readBool("point") ? qxDetailTypePoint : qxDetailTypeQuad;
+        detail.points = {entry.readVector("point0", LARGEST_NUMBER),
+                         entry.readVector("point1", LARGEST_NUMBER),
+                         entry.readVector("point2", LARGEST_NUMBER)};
+        detail.scalar = entry.readFloat("scalar", -LARGEST_NUMBER, LARGEST_NUMBER);
+        details.push_back(detail);
+    }
+}
+
+void readSettings(CJsonReader& reader, CProjectSettings& settings) {
+    readLayers(reader.readObject("layers"), settings.layers);
+    settings.waterLevel = reader.readFloat("waterLevel", -LARGEST_NUMBER, LARGEST_NUMBER);
+    settings.heightScale = reader.readFloat("heightScale", SMALLEST_SCALE, LARGEST_NUMBER);
+    settings.tiling = reader.readInt("tiling", 1, HIGHEST_TILING);
+    settings.ambient = reader.readColour("ambient");
+    settings.diffuse = reader.readColour("diffuse");
+    settings.fog = reader.readBool("fog");
+    settings.checker = reader.readBool("checker");
+    readTextures(reader, settings.textures);
+    const int textureCount = static_cast<int>(settings.textures.size());
+    CJsonReader base = reader.readObject("baseTextures");
+    for (std::size_t layer = 0; layer < BASE_TEXTURE_KEYS.size(); ++layer) {
+        settings.baseTextures[layer] =
+            base.readInt(BASE_TEXTURE_KEYS[layer], CProjectSettings::NO_TEXTURE, textureCount - 1);
+    }
+    readDefinitions(reader, settings.definitions);
+    settings.currentDefinition = reader.readInt("currentDefinition", 0, MOST_DEFINITIONS);
+    readTerrainTypes(reader, settings.terrainTypes);
+    readDetails(reader, textureCount, settings.details);
+}
+
+QString colourText(const qxCColour& colour) {
+    const uint value = uint{colour.a} << 24U | uint{colour.r} << 16U | uint{colour.g} << 8U | colour.b;
+    return QString("#%1").arg(value, 8, 16, QLatin1Char('0')).toUpper();
+}
+
+/// The double whose text is the shortest that reads back as the same float: 0.3 and not 0.30000001192092896.
+double shortest(float value) {
+    std::array<char, 32> text{};
+    std::to_chars(text.data(), text.data() + text.size(), value);
+    return QByteArray(text.data()).toDouble();
+}
+
+template <class List, class Write> QJsonArray listOf(const List& list, Write write) {
+    QJsonArray array;
+    for (const auto& entry : list) {
+        array.append(write(entry));
+    }
+    return array;
+}
+
+QJsonArray vectorText(const qxCVector3d& vector) {
+    return {shortest(vector.x), shortest(vector.y), shortest(vector.z)};
+}
+
+QJsonObject textureText(const CProjectTexture& texture) {
+    return {
+        {"name", texture.name}, {"file", texture.file}, {"size", texture.size}, {"format", texture.format}};
+}
+
+QJsonObject definitionText(const qxCMapMultiTexture& definition) {
+    return {{"tint1", colourText(definition.tint1)},
+            {"tint2", colourText(definition.tint2)},
+            {"blend", shortest(definition.blend)},
+            {"variation", shortest(definition.variation)}};
+}
+
+QJsonObject terrainTypeText(const _qxMapTerrainDef& type) {
+    return {
+        {"name", QString::fromUtf8(type.name, static_cast<qsizetype>(strnlen(type.name, sizeof type.name)))},
+        {"preserveFlatAreas", type.preserveFlatAreas},
+        {"noise", shortest(type.noise)},
+        {"effectOnNeighbours", shortest(type.effectOnNeighbours)},
+        {"filter", listOf(type.filter, shortest)},
+        {"weighting", shortest(type.weighting)}};
+}
+
+QJsonObject detailText(const CProjectDetail& detail) {
+    return {{"texture", detail.texture},
+            {"point", detail.type == qxDetailTypePoint},
+            {"point0", vectorText(detail.points[0])},
+            {"point1", vectorText(detail.points[1])},
+            {"point2", vectorText(detail.points[2])},
+            {"scalar", shortest(detail.scalar)}};
+}
+
+QJsonObject settingsText(const CProjectSettings& settings) {
+    QJsonObject base;
+    for (std::size_t layer = 0; layer < BASE_TEXTURE_KEYS.size(); ++layer) {
+        base.insert(BASE_TEXTURE_KEYS[layer], settings.baseTextures[layer]);
+    }
+    return {{"format", FORMAT_NAME},
+            {"version", PROJECT_FORMAT_VERSION},
+            {"layers", QJsonObject{{"heights", settings.layers.heights},
+                                   {"blends", settings.layers.blends},
+                                   {"colours", settings.layers.colours},
+                                   {"water", settings.layers.water}}},
+            {"waterLevel", shortest(settings.waterLevel)},
+            {"heightScale", shortest(settings.heightScale)},
+            {"tiling", settings.tiling},
+            {"ambient", colourText(settings.ambient)},
+            {"diffuse", colourText(settings.diffuse)},
+            {"fog", settings.fog},
+            {"checker", settings.checker},
+            {"textures", listOf(settings.textures, textureText)},
+            {"baseTextures", base},
+            {"definitions", listOf(settings.definitions, definitionText)},
+            {"currentDefinition", settings.currentDefinition},
+            {"terrainTypes", listOf(settings.terrainTypes, terrainTypeText)},
+            {"details", listOf(settings.details, detailText)}};
+}
+
+/// `now`, with what only `before` holds.
+QJsonValue keepUnknown(const QJsonValue& now, const QJsonValue& before) {
+    if (now.isObject() && before.isObject()) {
+        QJsonObject merged = before.toObject();
+        const QJsonObject known = now.toObject();
+        for (auto entry = known.begin(); entry != known.end(); ++entry) {
+            merged.insert(entry.key(), keepUnknown(entry.value(), before[entry.key()]));
+        }
+        return merged;
+    }
+    if (now.isArray() && before.isArray() && now.toArray().size() == before.toArray().size()) {
+        QJsonArray merged;
+        for (qsizetype i = 0; i < now.toArray().size(); ++i) {
+            merged.append(keepUnknown(now[i], before[i]));
+        }
+        return merged;
+    }
+    return now;
+}
+
+} // namespace
+
+CProjectJsonReading parseProjectJson(const QByteArray& text) {
+    CProjectJsonReading reading;
+    QJsonParseError parseError;
+    const QJsonDocument document = QJsonDocument::fromJson(text, &parseError);
+    if (parseError.error != QJsonParseError::NoError) {
+        reading.error =
+            QString("it is damaged: %1 at byte %2").arg(parseError.errorString()).arg(parseError.offset);
+        return reading;
+    }
+    reading.original = document.object();
+    CJsonReader reader(reading.original, QString(), reading.error);
+    if (reading.original["format"].toString() != QLatin1String(FORMAT_NAME)) {
+        reading.error = "it is not a map project";
+        return reading;
+    }
+    const int version = reader.readInt("version", 1, std::numeric_limits<int>::max());
+    if (version > PROJECT_FORMAT_VERSION) {
+        reading.error =
+            QString("it was written by a newer version of this program (format %1, known up to %2)")
+                .arg(version)
+                .arg(PROJECT_FORMAT_VERSION);
+        return reading;
+    }
+    readSettings(reader, reading.settings);
+    return reading;
+}
+
+QByteArray writeProjectJson(const CProjectSettings& settings, const QJsonObject& original) {
+    const QJsonValue merged = keepUnknown(settingsText(settings), original);
+    return QJsonDocument(merged.toObject()).toJson(QJsonDocument::Indented);
+}

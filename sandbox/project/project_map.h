@@ -1,0 +1,22 @@
+#pragma once
+
+#include "engine/memory/memory_map.h"
+#include "engine/memory/memory_scene.h"
+#include "sandbox/project/project_folder.h"
+
+#include <memory>
+
+/// The map and scene as plain values, with the texture images found in the engine's directories left where
+/// they are. `original` of the result is empty.
+CProject captureProject(CMemoryMap& map, const CMemoryScene& scene);
+
+/// A scene with the project's textures, and nothing else yet.
+std::unique_ptr<CMemoryScene> buildScene(const CProject& project);
+
+/// The project's map in `scene`, which buildScene made for the same project and which outlives the map.
+std::unique_ptr<CMemoryMap> buildMap(const CProject& project, CMemoryScene& scene);
+
+/// Copy the images of the project's textures from the engine's directories into `folder`'s texture folder,
+/// where they are not there yet. An image that cannot be found is no fault: the texture was without one
+/// before.
+CProjectFault copyTextures(const CProject& project, const QString& folder);

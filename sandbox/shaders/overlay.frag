@@ -1,0 +1,6 @@
+in vec4 vColour;
+out vec4 oColour;
+
+void main() {
+    oColour = vColour;
+}

@@ -1,0 +1,277 @@
+#include "sandbox/view/map_view.h"
+
+#include "engine/memory/memory_scene.h"
+#include "sandbox/view/gl_functions.h"
+
+#include <QMouseEvent>
+#include <QOpenGLContext>
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace {
+
+constexpr double TURN_PER_PIXEL = 0.0055; // radians
+constexpr double ZOOM_PER_STEP = 0.85;
+constexpr double SPEED_PER_STEP = 1.25;
+constexpr double FIRST_SPEED = 0.15;     // of the map's width a second
+constexpr double EYE_CLEARANCE = 1.0;    // world units above the ground
+constexpr double LONGEST_PAUSE = 0.1;    // seconds of flight that one picture may cover
+constexpr double LONGEST_INTERVAL = 0.5; // seconds between pictures of one movement
+constexpr double WHEEL_STEP = 120.0;     // eighths of a degree
+
+bool isRound(const QMouseEvent& event) {
+    return event.button() == Qt::MiddleButton ||
+           (event.button() == Qt::LeftButton && event.modifiers().testFlag(Qt::AltModifier));
+}
+
+} // namespace
+
+CMapView::CMapView(QWidget* parent) : QOpenGLWidget(parent) {
+    setMouseTracking(true);
+    setFocusPolicy(Qt::StrongFocus);
+    setMinimumSize(320, 240);
+    setObjectName("map-view");
+    setAccessibleName(tr("3D view of the map"));
+}
+
+CMapView::~CMapView() {
+    releaseGl();
+}
+
+void CMapView::releaseGl() {
+    if (context() == nullptr) {
+        return;
+    }
+    makeCurrent();
+    m_renderer.destroy();
+    doneCurrent();
+}
+
+void CMapView::setMap(CMemoryMap* map) {
+    m_strokes.release();
+    m_pMap = map;
+    if (context() != nullptr) {
+        makeCurrent();
+        m_renderer.setMap(map);
+        doneCurrent();
+    } else {
+        m_renderer.setMap(map);
+    }
+    resetCamera();
+}
+
+void CMapView::resetCamera() {
+    if (m_pMap == nullptr) {
+        return;
+    }
+    const double width = m_pMap->getGridDim();
+    m_camera.frameMap(width, groundHeight(heightFieldOf(*m_pMap), width / 2.0, width / 2.0));
+    m_speed = std::max(width * FIRST_SPEED, 1.0);
+    update();
+}
+
+void CMapView::setOptions(const CViewOptions& options) {
+    m_options = options;
+    update();
+}
+
+void CMapView::lookFrom(const CViewCamera::Vector& eye, const CViewCamera::Vector& target) {
+    m_camera.lookFrom(eye, target);
+    settleCamera();
+}
+
+void CMapView::initializeGL() {
+    if (glFunctions() == nullptr) {
+        qFatal("the view needs OpenGL 3.3");
+    }
+    m_renderer.create();
+}
+
+void CMapView::paintGL() {
+    measurePace();
+    flyOn();
+    m_nDrawnState = mapState();
+    m_renderer.draw(m_camera, size() * devicePixelRatio(), devicePixelRatio(), m_options,
+                    m_strokes.isStroking());
+    if (m_flyKeys.isMoving()) {
+        update();
+    }
+}
+
+void CMapView::measurePace() {
+    const double seconds =
+        m_sinceDrawn.isValid() ? static_cast<double>(m_sinceDrawn.nsecsElapsed()) * 1e-9 : 0.0;
+    m_sinceDrawn.start();
+    if (seconds > 0.0 && seconds < LONGEST_INTERVAL) { // a longer one was rest, not work
+        emit paceMeasured(1.0 / seconds);
+    }
+}
+
+void CMapView::flyOn() {
+    if (!m_flyKeys.isMoving()) {
+        return;
+    }
+    const double seconds =
+        m_sinceFlown.isValid() ? static_cast<double>(m_sinceFlown.nsecsElapsed()) * 1e-9 : 0.0;
+    m_sinceFlown.start();
+    m_flyKeys.advance(m_camera, std::min(seconds, LONGEST_PAUSE), m_speed);
+    settleCamera();
+}
+
+void CMapView::settleCamera() {
+    if (m_pMap != nullptr) {
+        const CViewCamera::Vector& eye = m_camera.eye();
+        m_camera.keepAbove(groundHeight(heightFieldOf(*m_pMap), eye[0], eye[2]) + EYE_CLEARANCE);
+    }
+    update();
+}
+
+std::uint64_t CMapView::mapState() const {
+    if (m_pMap == nullptr) {
+        return 0;
+    }
+    // Each count only ever grows, so the sum changes whenever one of them does.
+    std::uint64_t state = 0;
+    for (const EMapChange kind :
+         {EMapChange::heights, EMapChange::surface, EMapChange::markers, EMapChange::details,
+          EMapChange::textures, EMapChange::material, EMapChange::editCursors}) {
+        state += m_pMap->getChangeCount(kind);
+    }
+    const qxCScene* scene = m_pMap->getScene();
+    const bool foggy = scene != nullptr && scene->getFogMode() == qxFogModeOn;
+    return state * 2 + (foggy ? 1 : 0);
+}
+
+void CMapView::noticeChanges() {
+    const bool better = m_renderer.wantsAnotherPicture() && !m_strokes.isStroking();
+    if (better || mapState() != m_nDrawnState) {
+        update();
+    }
+}
+
+double CMapView::aspect() const {
+    return static_cast<double>(width()) / std::max(height(), 1);
+}
+
+std::optional<CTerrainHit> CMapView::pick(QPointF position) const {
+    if (m_pMap == nullptr) {
+        return std::nullopt;
+    }
+    const double viewX = position.x() / std::max(width(), 1) * 2.0 - 1.0;
+    const double viewY = 1.0 - position.y() / std::max(height(), 1) * 2.0;
+    return pickTerrain(heightFieldOf(*m_pMap), m_camera.ray(viewX, viewY, aspect()));
+}
+
+std::optional<QPointF> CMapView::project(const QVector3D& place) const {
+    const QVector4D clip = m_camera.viewProjection(aspect()) * QVector4D(place, 1.0F);
+    if (clip.w() <= 0.0F) {
+        return std::nullopt;
+    }
+    return QPointF((clip.x() / clip.w() + 1.0F) * 0.5F * static_cast<float>(width()),
+                   (1.0F - clip.y() / clip.w()) * 0.5F * static_cast<float>(height()));
+}
+
+CMapView::EDrag CMapView::dragFor(const QMouseEvent& event) const {
+    if (isRound(event)) {
+        return EDrag::orbit;
+    }
+    if (event.button() == Qt::RightButton) {
+        return m_cameraMode == ECameraMode::fly ? EDrag::look : EDrag::orbit;
+    }
+    return event.button() == Qt::LeftButton ? EDrag::stroke : EDrag::none;
+}
+
+void CMapView::mousePressEvent(QMouseEvent* event) {
+    if (m_drag != EDrag::none || m_pMap == nullptr) {
+        return; // one drag at a time; other buttons wait
+    }
+    m_lastPosition = event->position();
+    m_drag = dragFor(*event);
+    if (m_drag == EDrag::stroke && !toolkitCalls().isEditorActive()) {
+        m_drag = EDrag::orbit;
+    }
+    if (m_drag == EDrag::stroke) {
+        const auto hit = pick(event->position());
+        if (!m_strokes.press(hit, static_cast<int>(event->position().y()))) {
+            m_drag = EDrag::none;
+        }
+    } else if (m_drag == EDrag::orbit) {
+        if (const auto centre = pickTerrain(heightFieldOf(*m_pMap), m_camera.ray(0.0, 0.0, aspect()))) {
+            m_camera.setPivotDistance(centre->distance);
+        }
+    }
+    noticeChanges();
+}
+
+void CMapView::mouseMoveEvent(QMouseEvent* event) {
+    const auto hit = pick(event->position());
+    if (m_drag == EDrag::none || m_drag == EDrag::stroke) {
+        m_strokes.move(hit, static_cast<int>(event->position().y()));
+    } else {
+        turnCamera(event->position() - m_lastPosition);
+    }
+    m_lastPosition = event->position();
+    emit pointerMoved(hit);
+    noticeChanges();
+}
+
+void CMapView::turnCamera(QPointF way) {
+    if (m_drag == EDrag::look) {
+        m_camera.look(way.x() * TURN_PER_PIXEL, -way.y() * TURN_PER_PIXEL);
+    } else {
+        m_camera.orbit(way.x() * TURN_PER_PIXEL, -way.y() * TURN_PER_PIXEL);
+    }
+    settleCamera();
+}
+
+void CMapView::mouseReleaseEvent(QMouseEvent* event) {
+    const bool endsStroke = m_drag == EDrag::stroke && event->button() == Qt::LeftButton;
+    if (m_drag == EDrag::stroke && !endsStroke) {
+        return;
+    }
+    if (endsStroke) {
+        m_strokes.release();
+    }
+    m_drag = EDrag::none;
+    noticeChanges();
+}
+
+void CMapView::wheelEvent(QWheelEvent* event) {
+    const double steps = event->angleDelta().y() / WHEEL_STEP;
+    if (m_drag == EDrag::look) {
+        m_speed = std::clamp(m_speed * std::pow(SPEED_PER_STEP, steps), 1.0, m_camera.farDistance());
+    } else if (m_drag != EDrag::stroke) {
+        m_camera.approach(std::pow(ZOOM_PER_STEP, steps));
+        settleCamera();
+    }
+    event->accept();
+}
+
+void CMapView::keyPressEvent(QKeyEvent* event) {
+    const bool others = event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+    if (others || !m_flyKeys.press(event->key())) {
+        QOpenGLWidget::keyPressEvent(event);
+        return;
+    }
+    if (!event->isAutoRepeat()) {
+        m_sinceFlown.start();
+        update();
+    }
+}
+
+void CMapView::keyReleaseEvent(QKeyEvent* event) {
+    if (event->isAutoRepeat() || !m_flyKeys.release(event->key())) {
+        QOpenGLWidget::keyReleaseEvent(event);
+    }
+}
+
+void CMapView::focusOutEvent(QFocusEvent* event) {
+    m_flyKeys.clear(); // their release will not be seen any more
+    QOpenGLWidget::focusOutEvent(event);
+}
+
+void CMapView::leaveEvent(QEvent* event) {
+    emit pointerMoved(std::nullopt);
+    QOpenGLWidget::leaveEvent(event);
+}

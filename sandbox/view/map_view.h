@@ -1,0 +1,83 @@
+#pragma once
+
+#include "sandbox/view/fly_keys.h"
+#include "sandbox/view/stroke_controller.h"
+#include "sandbox/view/terrain_renderer.h"
+
+#include <QElapsedTimer>
+#include <QOpenGLWidget>
+
+/// The 3D view of the map: draws it, moves the camera, and hands strokes and the hovering pointer to the map
+/// editor while it is open. Draws only when something changed.
+class CMapView : public QOpenGLWidget {
+    Q_OBJECT
+
+public:
+    enum class ECameraMode { fly, orbit };
+
+    explicit CMapView(QWidget* parent = nullptr);
+    ~CMapView() override;
+
+    /// Show this map, or none, from the first camera position. The map must outlive its stay here.
+    void setMap(CMemoryMap* map);
+    /// Draw again if the map changed since it was last drawn. To be called when the application is idle.
+    void noticeChanges();
+    void resetCamera();
+    void setCameraMode(ECameraMode mode) { m_cameraMode = mode; }
+    ECameraMode cameraMode() const { return m_cameraMode; }
+    void setOptions(const CViewOptions& options);
+    const CViewOptions& options() const { return m_options; }
+    void setUnitsPerPixel(int units) { m_strokes.setUnitsPerPixel(units); }
+    const CViewCamera& camera() const { return m_camera; }
+    /// Stand there and look so. World units.
+    void lookFrom(const CViewCamera::Vector& eye, const CViewCamera::Vector& target);
+    /// What lies under a place of the view, in logical pixels.
+    std::optional<CTerrainHit> pick(QPointF position) const;
+    /// Where a point of the world is drawn, in logical pixels; also off the view. Nothing for a point behind.
+    std::optional<QPointF> project(const QVector3D& place) const;
+    int triangleCount() const { return m_renderer.triangleCount(); }
+
+signals:
+    /// The pointer is over this place now, or over no ground.
+    void pointerMoved(const std::optional<CTerrainHit>& hit);
+    /// Pictures a second while the view moves, measured from one picture to the next.
+    void paceMeasured(double picturesPerSecond);
+
+protected:
+    void initializeGL() override;
+    void paintGL() override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+
+private:
+    enum class EDrag { none, stroke, look, orbit };
+
+    EDrag dragFor(const QMouseEvent& event) const;
+    void turnCamera(QPointF way);
+    void flyOn();
+    void measurePace();
+    void settleCamera();
+    double aspect() const;
+    std::uint64_t mapState() const;
+    void releaseGl();
+
+    CMemoryMap* m_pMap = nullptr;
+    CTerrainRenderer m_renderer;
+    CViewCamera m_camera;
+    CViewOptions m_options;
+    CStrokeController m_strokes{toolkitCalls()};
+    CFlyKeys m_flyKeys;
+    ECameraMode m_cameraMode = ECameraMode::fly;
+    EDrag m_drag = EDrag::none;
+    QPointF m_lastPosition;
+    double m_speed = 1.0; // world units a second
+    QElapsedTimer m_sinceFlown;
+    QElapsedTimer m_sinceDrawn;
+    std::uint64_t m_nDrawnState = 0;
+};

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "engine/memory/memory_map.h"
+#include "sandbox/core/height_field.h"
+
+#include <QOpenGLTexture>
+
+/// The points of one map as textures of one texel a point: heights, normals, colours, blends, water and
+/// markers. Only what changed is sent again. Lives as long as the renderer's context; needs it current.
+class CPointTextures {
+public:
+    /// Make the textures for a map and send all of it.
+    void create(CMemoryMap& map);
+    /// Send what changed since the last call. Returns the points whose height changed, for whoever derives
+    /// more from the heights.
+    CGridRect update(CMemoryMap& map);
+    /// Make the smaller images anew that distant ground is drawn from, when points changed since the last
+    /// call. Costs time in proportion to the whole map.
+    void refreshMipmaps();
+    bool hasStaleMipmaps() const { return m_bStaleMipmaps; }
+    void destroy();
+
+    enum class EUnit { heights, normals, colours, blends, water, markers, count };
+    /// Bind each texture to the unit of its number.
+    void bind();
+
+private:
+    using Texture = std::unique_ptr<QOpenGLTexture>;
+
+    Texture& at(EUnit unit) { return m_textures[static_cast<std::size_t>(unit)]; }
+    void sendHeights(const CMemoryMap& map, const CGridRect& points);
+    void sendSurface(const CMemoryMap& map, const CGridRect& points);
+    void sendMarkers(const CMemoryMap& map, const CGridRect& points);
+
+    std::array<Texture, static_cast<std::size_t>(EUnit::count)> m_textures;
+    bool m_bStaleMipmaps = false;
+};
+
+/// The heights of a map for picking and drawing.
+CHeightField heightFieldOf(const CMemoryMap& map);

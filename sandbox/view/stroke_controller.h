@@ -1,0 +1,37 @@
+#pragma once
+
+#include "sandbox/core/terrain_picker.h"
+#include "sandbox/view/editor_calls.h"
+
+#include <optional>
+
+/// Turns what the left button does over the terrain into strokes of the map editor. Knows no window: it is
+/// told where on the ground the pointer is and at what height of the screen.
+class CStrokeController {
+public:
+    explicit CStrokeController(const CEditorCalls& calls) : m_calls(calls) {}
+
+    /// Begin a stroke at a place on the ground, the pointer at `screenY` pixels from the top. False, with
+    /// nothing done, when no editor is open or the pointer is off the ground.
+    bool press(const std::optional<CTerrainHit>& hit, int screenY);
+    /// The pointer moved. In a stroke: an update with the drag so far, up negative, because that is what
+    /// raises. A pointer that has left the ground keeps the last cell, so that a hill can be drawn up into
+    /// the sky. Without a stroke: the cursor is moved, and stays where it was while the pointer is off the
+    /// ground.
+    void move(const std::optional<CTerrainHit>& hit, int screenY);
+    /// End the stroke, if there is one.
+    void release();
+    /// Height units of drag for one pixel, 1 or more.
+    void setUnitsPerPixel(int units) { m_nUnitsPerPixel = units; }
+
+    /// True from a press to its release, unless the panel was closed in between.
+    bool isStroking();
+
+private:
+    const CEditorCalls& m_calls;
+    bool m_bStroking = false;
+    int m_nStartY = 0;
+    int m_nUnitsPerPixel = 1;
+    int m_nCellX = 0;
+    int m_nCellZ = 0;
+};

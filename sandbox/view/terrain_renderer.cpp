@@ -1,0 +1,185 @@
+#include "sandbox/view/terrain_renderer.h"
+
+#include "engine/memory/memory_scene.h"
+#include "sandbox/view/base_texture.h"
+#include "sandbox/view/gl_functions.h"
+#include "sandbox/view/shader_program.h"
+
+#include <algorithm>
+
+namespace {
+
+const QVector3D SUN = QVector3D(-0.62F, 0.60F, 0.02F).normalized();
+constexpr double LEVEL_TOLERANCE = 0.75; // pixels that a coarser level may stray
+constexpr float FOG_DISTANCE = 0.85F;    // of the map's width
+constexpr float BASE_DEPTH = 0.03F;      // of the map's width, from the lowest ground to the underside
+constexpr int FIRST_BASE_UNIT = static_cast<int>(CPointTextures::EUnit::count);
+
+QVector3D toVector(const qxCColour& colour) {
+    constexpr float FULL = 255.0F;
+    return QVector3D(colour.r, colour.g, colour.b) / FULL;
+}
+
+int unitOf(CPointTextures::EUnit unit) {
+    return static_cast<int>(unit);
+}
+
+} // namespace
+
+void CTerrainRenderer::create() {
+    m_noArrays.create();
+    m_sky = makeProgram("sky");
+    m_ground = makeProgram("terrain");
+    m_water = makeProgram("water");
+    m_mesh.create();
+    m_overlay.create();
+    using EUnit = CPointTextures::EUnit;
+    m_ground->bind();
+    m_ground->setUniformValue("uHeights", unitOf(EUnit::heights));
+    m_ground->setUniformValue("uNormals", unitOf(EUnit::normals));
+    m_ground->setUniformValue("uColours", unitOf(EUnit::colours));
+    m_ground->setUniformValue("uBlends", unitOf(EUnit::blends));
+    m_ground->setUniformValue("uMarkers", unitOf(EUnit::markers));
+    m_ground->setUniformValue("uSmooth", FIRST_BASE_UNIT);
+    m_ground->setUniformValue("uRough", FIRST_BASE_UNIT + 1);
+    m_water->bind();
+    m_water->setUniformValue("uHeights", unitOf(EUnit::heights));
+    m_water->setUniformValue("uWater", unitOf(EUnit::water));
+    m_water->setUniformValue("uWaterTexture", FIRST_BASE_UNIT + 2);
+    if (m_pMap != nullptr) {
+        setMap(m_pMap);
+    }
+}
+
+void CTerrainRenderer::destroy() {
+    m_points.destroy();
+    m_mesh.destroy();
+    m_overlay.destroy();
+    m_baseTextures = {};
+    m_noArrays.destroy();
+    m_sky.reset();
+    m_ground.reset();
+    m_water.reset();
+}
+
+void CTerrainRenderer::setMap(CMemoryMap* map) {
+    m_pMap = map;
+    m_points.destroy();
+    m_baseTextures = {};
+    if (map != nullptr && m_ground != nullptr) {
+        m_points.create(*map);
+        m_chunks.rebuild(heightFieldOf(*map));
+        refreshBaseTextures();
+    }
+}
+
+void CTerrainRenderer::draw(const CViewCamera& camera, QSize viewPixels, double pixelRatio,
+                            const CViewOptions& options, bool hurried) {
+    const double aspect = static_cast<double>(viewPixels.width()) / std::max(viewPixels.height(), 1);
+    const QMatrix4x4 worldToClip = camera.viewProjection(aspect);
+    m_eye = QVector3D(static_cast<float>(camera.eye()[0]), static_cast<float>(camera.eye()[1]),
+                      static_cast<float>(camera.eye()[2]));
+    QOpenGLFunctions_3_3_Core* gl = glFunctions();
+    gl->glDisable(GL_BLEND);
+    gl->glDisable(GL_CULL_FACE);
+    gl->glEnable(GL_DEPTH_TEST);
+    gl->glDepthMask(GL_TRUE);
+    gl->glDepthFunc(GL_LEQUAL);
+    gl->glClear(GL_DEPTH_BUFFER_BIT | GL_COLOR_BUFFER_BIT);
+    drawSky(worldToClip);
+    if (m_pMap == nullptr) {
+        return;
+    }
+    takeChanges(hurried);
+    m_points.bind();
+    for (std::size_t i = 0; i < m_baseTextures.size(); ++i) {
+        if (m_baseTextures[i] != nullptr) {
+            m_baseTextures[i]->bind(static_cast<unsigned>(FIRST_BASE_UNIT) + static_cast<unsigned>(i));
+        }
+    }
+    drawGround(camera, viewPixels, options);
+    drawWater(worldToClip);
+    m_overlay.draw(heightFieldOf(*m_pMap), m_pMap->getEditCursors(), worldToClip, viewPixels, pixelRatio);
+}
+
+void CTerrainRenderer::takeChanges(bool hurried) {
+    m_chunks.update(heightFieldOf(*m_pMap), m_points.update(*m_pMap));
+    constexpr int SMALL_MAP = 513; // its smaller images are made in no time
+    if (!hurried || m_pMap->getGridDim() < SMALL_MAP) {
+        m_points.refreshMipmaps();
+    }
+    if (m_nTextureChanges != m_pMap->getChangeCount(EMapChange::textures)) {
+        refreshBaseTextures();
+    }
+}
+
+void CTerrainRenderer::refreshBaseTextures() {
+    m_nTextureChanges = m_pMap->getChangeCount(EMapChange::textures);
+    for (const qxMapLayerType layer : {qxMapLayerSmooth, qxMapLayerRough, qxMapLayerWater}) {
+        m_baseTextures[static_cast<std::size_t>(layer)] = loadBaseTexture(m_pMap->getTexture(layer));
+    }
+}
+
+void CTerrainRenderer::setSceneUniforms(QOpenGLShaderProgram& program) const {
+    program.setUniformValue("uEye", m_eye);
+    program.setUniformValue("uSunDirection", SUN);
+    const qxCScene* scene = m_pMap != nullptr ? m_pMap->getScene() : nullptr;
+    const bool foggy = scene != nullptr && scene->getFogMode() == qxFogModeOn;
+    program.setUniformValue("uFogDistance",
+                            foggy ? static_cast<float>(m_pMap->getGridDim()) * FOG_DISTANCE : 0.0F);
+}
+
+void CTerrainRenderer::drawSky(const QMatrix4x4& worldToClip) {
+    QOpenGLFunctions_3_3_Core* gl = glFunctions();
+    gl->glDepthMask(GL_FALSE);
+    m_sky->bind();
+    setSceneUniforms(*m_sky);
+    m_sky->setUniformValue("uClipToWorld", worldToClip.inverted());
+    const QOpenGLVertexArrayObject::Binder bound(&m_noArrays);
+    gl->glDrawArrays(GL_TRIANGLES, 0, 3);
+    gl->glDepthMask(GL_TRUE);
+}
+
+void CTerrainRenderer::drawGround(const CViewCamera& camera, QSize viewPixels, const CViewOptions& options) {
+    const double aspect = static_cast<double>(viewPixels.width()) / std::max(viewPixels.height(), 1);
+    const std::array<int, 2> heights = m_chunks.heightRange();
+    const float low = static_cast<float>(heights[0]) * m_pMap->heightScale;
+    const float high = static_cast<float>(heights[1]) * m_pMap->heightScale;
+    const auto width = static_cast<float>(m_pMap->getGridDim());
+    m_ground->bind();
+    setSceneUniforms(*m_ground);
+    m_ground->setUniformValue("uWorldToClip", camera.viewProjection(aspect));
+    m_ground->setUniformValue("uGridDim", m_pMap->getGridDim());
+    m_ground->setUniformValue("uHeightScale", m_pMap->heightScale);
+    m_ground->setUniformValue("uBase", low - std::max(width * BASE_DEPTH, 1.0F));
+    m_ground->setUniformValue("uHeightRange", QVector2D(low, high));
+    m_ground->setUniformValue("uTiling", static_cast<float>(m_pMap->getTextureTiling()));
+    m_ground->setUniformValue("uAmbient", toVector(m_pMap->getAmbient()));
+    m_ground->setUniformValue("uDiffuse", toVector(m_pMap->getDiffuse()));
+    m_ground->setUniformValue("uChecker", m_pMap->hasFlag(qxMapFlagChecker));
+    m_ground->setUniformValue("uGrid", options.grid);
+    glFunctions()->glUniform2i(m_ground->uniformLocation("uHasTexture"), m_baseTextures[0] != nullptr,
+                               m_baseTextures[1] != nullptr);
+    if (options.wireframe) {
+        glFunctions()->glPolygonMode(GL_FRONT_AND_BACK, GL_LINE);
+    }
+    m_mesh.draw(m_chunks.select(camera, aspect, viewPixels.height(), LEVEL_TOLERANCE));
+    glFunctions()->glPolygonMode(GL_FRONT_AND_BACK, GL_FILL);
+}
+
+void CTerrainRenderer::drawWater(const QMatrix4x4& worldToClip) {
+    QOpenGLFunctions_3_3_Core* gl = glFunctions();
+    gl->glEnable(GL_BLEND);
+    gl->glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
+    m_water->bind();
+    setSceneUniforms(*m_water);
+    m_water->setUniformValue("uWorldToClip", worldToClip);
+    m_water->setUniformValue("uGridDim", m_pMap->getGridDim());
+    m_water->setUniformValue("uHeightScale", m_pMap->heightScale);
+    m_water->setUniformValue("uWaterLevel", m_pMap->waterLevel);
+    m_water->setUniformValue("uTiling", static_cast<float>(m_pMap->getTextureTiling()));
+    m_water->setUniformValue("uHasWaterTexture", m_baseTextures[2] != nullptr);
+    const QOpenGLVertexArrayObject::Binder bound(&m_noArrays);
+    gl->glDrawArrays(GL_TRIANGLE_STRIP, 0, 4);
+    gl->glDisable(GL_BLEND);
+}
