@@ -6,7 +6,7 @@
 #include <functional>
 
 /// A map whose reads of the tiling, the first thing a panel asks of its map, can be watched or made to fail.
-class CForwardingMap final : public qxCMap {
+class CForwardingMap : public qxCMap {
 public:
     std::function<void()> onReadTiling = [] {};
     std::function<void()> onReadDim = [] {};
