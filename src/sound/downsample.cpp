@@ -12,40 +12,40 @@ constexpr float ALMOST_ONE = 0.99999988F;
 
 constexpr std::uint64_t BLOCK_SAMPLES = 512;
 
-/// One block: local arrays of a fixed size, which the compiler can prove apart and work on in vectors.
-///
-/// A sum of `Factor` samples has at most 21 bits and the scale 24, so in double neither product nor sum is
-/// ever rounded, and the result depends on the integer sum alone. The scale lies so little below 1 / Factor
-/// that it changes the truncated quotient only of a sum that Factor divides: that comes out one step nearer
-/// to zero, as if the sum had been one smaller to begin with.
-template <unsigned Factor, unsigned Channels>
-void reduceBlock(const std::int16_t* in, std::int16_t* out, std::uint64_t frames) {
-    for (std::uint64_t frame = 0; frame < frames; ++frame) {
+/// The factors that are worked on in blocks. Over all sums that as many samples can have, the float product
+/// below truncates to what the sum of the double terms does; for other factors that is not known.
+constexpr unsigned LARGEST_BLOCK_FACTOR = 16;
+
+/// A double holds every term and every sum of up to 16 terms exactly (16 and 4 bits by the 24 of the scale),
+/// so the result depends on the sum of the integers alone. Local arrays of a fixed size are what a compiler
+/// can tell apart and work on in vectors.
+template <unsigned Factor, unsigned Channels> void reduceBlock(const std::int16_t* in, std::int16_t* out) {
+    constexpr float SCALE = ALMOST_ONE / static_cast<float>(Factor);
+    std::array<int, BLOCK_SAMPLES> sums;
+    for (unsigned frame = 0; frame < BLOCK_SAMPLES / Channels; ++frame) {
         for (unsigned channel = 0; channel < Channels; ++channel) {
             int sum = 0;
             for (unsigned term = 0; term < Factor; ++term) {
                 sum += in[(frame * Factor + term) * Channels + channel];
             }
-            const int sign = static_cast<int>(sum > 0) - static_cast<int>(sum < 0);
-            out[frame * Channels + channel] =
-                static_cast<std::int16_t>((sum - sign) / static_cast<int>(Factor));
+            sums[frame * Channels + channel] = sum;
         }
+    }
+    for (unsigned i = 0; i < BLOCK_SAMPLES; ++i) {
+        out[i] = static_cast<std::int16_t>(static_cast<int>(static_cast<float>(sums[i]) * SCALE));
     }
 }
 
 template <unsigned Factor, unsigned Channels> void reduceInBlocks(BYTE* samples, std::uint64_t outFrames) {
     constexpr std::uint64_t BLOCK_FRAMES = BLOCK_SAMPLES / Channels;
     constexpr std::uint64_t FRAME_BYTES = Channels * sizeof(std::int16_t);
-    std::array<std::int16_t, BLOCK_SAMPLES * Factor> in;
+    static_assert(Factor <= LARGEST_BLOCK_FACTOR);
+    std::array<std::int16_t, BLOCK_SAMPLES * Factor> in{}; // a last block that is not full works on zeroes
     std::array<std::int16_t, BLOCK_SAMPLES> out;
     for (std::uint64_t done = 0; done < outFrames;) {
         const std::uint64_t frames = std::min(BLOCK_FRAMES, outFrames - done);
         std::memcpy(in.data(), samples + done * Factor * FRAME_BYTES, frames * Factor * FRAME_BYTES);
-        if (frames == BLOCK_FRAMES) {
-            reduceBlock<Factor, Channels>(in.data(), out.data(), BLOCK_FRAMES);
-        } else {
-            reduceBlock<Factor, Channels>(in.data(), out.data(), frames);
-        }
+        reduceBlock<Factor, Channels>(in.data(), out.data());
         std::memcpy(samples + done * FRAME_BYTES, out.data(), frames * FRAME_BYTES);
         done += frames;
     }

@@ -46,7 +46,7 @@ TEST(Downsample, EqualsTheReferenceOnNoise) {
     std::cout << compared << " samples compared, factors 1 to 16\n";
 }
 
-/// Frames of equal samples and one odd one out bring forth every sum there is.
+/// The result depends on the sum of the samples alone; these frames bring forth every sum there is.
 TEST(Downsample, EqualsTheReferenceOnEverySum) {
     for (const unsigned factor : {1U, 2U, 3U, 4U, 8U}) {
         std::vector<std::int16_t> in;
