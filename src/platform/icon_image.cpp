@@ -56,31 +56,39 @@ bool readPalette(ByteReader& reader, IconParts& parts, std::uint32_t coloursUsed
     return true;
 }
 
-std::optional<IconParts> readParts(std::span<const std::byte> data) {
-    ByteReader reader(data);
+/// Shape and depth; nothing for a form of bitmap that is not supported.
+std::optional<IconParts> readHeader(ByteReader& reader) {
     const std::uint32_t size = reader.readU32();
     const std::int32_t width = reader.readI32();
     const std::int32_t doubleHeight = reader.readI32(); // colours and mask
     reader.readU16();                                   // planes
-    IconParts parts;
-    parts.bitsPerPixel = reader.readU16();
+    const std::size_t bitsPerPixel = reader.readU16();
     const std::uint32_t compression = reader.readU32();
     reader.skip(12); // image size, resolution
-    const std::uint32_t coloursUsed = reader.readU32();
-    reader.readU32(); // important colours
-    if (size != headerSize || compression != 0 || !isSupportedDepth(parts.bitsPerPixel) || width < 1 ||
-        width > largestSide || doubleHeight < 2 || doubleHeight > 2 * largestSide || doubleHeight % 2 != 0) {
+    const bool sizeFits = width >= 1 && width <= largestSide && doubleHeight >= 2 &&
+                          doubleHeight <= 2 * largestSide && doubleHeight % 2 == 0;
+    if (size != headerSize || compression != 0 || !isSupportedDepth(bitsPerPixel) || !sizeFits) {
         return std::nullopt;
     }
+    IconParts parts;
     parts.width = static_cast<std::size_t>(width);
     parts.height = static_cast<std::size_t>(doubleHeight / 2);
-    if (!readPalette(reader, parts, coloursUsed)) {
+    parts.bitsPerPixel = bitsPerPixel;
+    parts.colourStride = strideOf(parts.width, bitsPerPixel);
+    parts.maskStride = strideOf(parts.width, 1);
+    return parts;
+}
+
+std::optional<IconParts> readParts(std::span<const std::byte> data) {
+    ByteReader reader(data);
+    auto parts = readHeader(reader);
+    const std::uint32_t coloursUsed = reader.readU32();
+    reader.readU32(); // important colours
+    if (!parts || !readPalette(reader, *parts, coloursUsed)) {
         return std::nullopt;
     }
-    parts.colourStride = strideOf(parts.width, parts.bitsPerPixel);
-    parts.maskStride = strideOf(parts.width, 1);
-    parts.colours = reader.readBytes(parts.colourStride * parts.height);
-    parts.mask = reader.readBytes(parts.maskStride * parts.height);
+    parts->colours = reader.readBytes(parts->colourStride * parts->height);
+    parts->mask = reader.readBytes(parts->maskStride * parts->height);
     if (reader.failed()) {
         return std::nullopt;
     }
