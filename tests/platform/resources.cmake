@@ -1,3 +1,3 @@
-vesk_test(platform_resources_test
+vesk_test(test_platform_resources
     SOURCES resources_test.cpp dialog_layout_test.cpp
     LIBRARIES vesk_resources)
