@@ -13,6 +13,14 @@ namespace {
 
 constexpr std::int64_t DEFLATE_MAX_RATIO = 1032; // RFC 1951: 258 bytes from two bits at best
 
+/// Whether the file ends with the chunk that ends a PNG. Qt shows what it can of a picture that is cut short.
+bool endsWhole(const QString& path) {
+    static const QByteArray end("\0\0\0\0IEND\xAE\x42\x60\x82", 12);
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) && file.size() > end.size() &&
+           file.seek(file.size() - end.size()) && file.readAll() == end;
+}
+
 std::size_t rowBytes(int edge) {
     return static_cast<std::size_t>(edge) * sizeof(qxCColour);
 }
@@ -20,6 +28,9 @@ std::size_t rowBytes(int edge) {
 } // namespace
 
 QString readColourLayer(const QString& path, int edge, std::vector<qxCColour>& colours) {
+    if (QFileInfo::exists(path) && !endsWhole(path)) {
+        return "the file ends early";
+    }
     QImageReader reader(path, "png");
     const QSize size = reader.size();
     if (!size.isValid()) {

@@ -42,7 +42,7 @@ void captureRecords(CMemoryMap& map, const CMemoryScene& scene, CProjectSettings
         settings.terrainTypes.push_back(*map.getTerrainDef(i));
     }
     for (int i = 0; i < map.getDetails().size(); ++i) {
-        const qxCMapDetailRecord& detail = map.getDetails().DETAIL_AT(i);
+        const qxCMapDetailRecord& detail = map.getDetails()[i];
         settings.details.push_back({indexOf(scene, detail.texture),
                                     detail.type,
                                     {detail.point0, detail.point1, detail.point2},

@@ -1,0 +1,280 @@
+#include "sandbox/project/project_map.h"
+
+#include "engine/memory/engine_directories.h"
+#include "sandbox/project/project_json.h"
+
+#include <QDir>
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+#include <functional>
+
+namespace {
+
+void writeFile(const QString& path, const QByteArray& bytes) {
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly)) << path.toStdString();
+    file.write(bytes);
+}
+
+QByteArray readFile(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+class Project : public testing::Test {
+protected:
+    Project() {
+        map.waterLevel = 3.7F;
+        map.heightScale = 0.05F;
+        map.setTextureTiling(17);
+        map.setAmbient({10, 20, 30, 40});
+        map.setDiffuse({200, 190, 180, 170});
+        map.setFlag(qxMapFlagChecker);
+        scene.setFogMode(qxFogModeOn);
+        qxCTexture* grass = addTexture("Grass", "grass.tga", qxTextureSize64, qxPixelFormatRgb565);
+        qxCTexture* tree = addTexture("B\xc3\xa4ume", "tree.v2.tga", qxTextureSizeEmpty, qxPixelFormat8);
+        map.setTexture(qxMapLayerSmooth, grass);
+        map.setTexture(qxMapLayerWater, tree);
+        *map.addMultiTexture() = {{1, 2, 3, 4}, {250, 251, 252, 253}, 0.3F, 0.1F};
+        *map.addMultiTexture() = {{9, 8, 7, 6}, {5, 4, 3, 2}, 1.0F, 0.0F};
+        map.setCurrentMultiTexture(1);
+        map.getTerrainDef(0)->filter[7] = -0.1F;
+        map.getTerrainDef(0)->preserveFlatAreas = true;
+        map.addDetail(qxDetailTypeQuad, grass, {1, 0, 2}, {2, 0, 2}, {1, 0, 3}, 0.1F);
+        map.addDetail(qxDetailTypePoint, nullptr, {3.3F, 0, 2}, {4, 1, 2}, {3, 0, 5}, 2.0F);
+        for (int z = 0; z <= DIM; ++z) {
+            for (int x = 0; x <= DIM; ++x) {
+                map.setPointHeight(x, z, (x * 977 + z * 3331) % 65536, false);
+                map.setPointColour(0, x, z, {x * 30, z * 30, x * z, 255 - x});
+                map.setPointBlend(1, x, z, (x * 5003 + z * 17) % 65536);
+                map.setPointWater(x, z, (x + z) % 3 == 0);
+            }
+        }
+    }
+
+    qxCTexture* addTexture(const char* name, const char* file, qxTextureSize size,
+                           qxImagePixelFormat format) {
+        qxCTexture* texture = scene.createTexture();
+        texture->name.setString(name);
+        texture->setFilename(file);
+        texture->setSize(size);
+        texture->setPixelFormat(format);
+        scene.addTexture(texture);
+        return texture;
+    }
+
+    QString folder() const { return scratch.filePath("my map"); }
+    QString projectFile() const { return QDir(folder()).filePath(PROJECT_FILE_NAME); }
+
+    void save(CProject& project) {
+        const CProjectFault fault = writeProject(folder(), project);
+        ASSERT_TRUE(fault.reason.isEmpty()) << fault.path.toStdString() << ": " << fault.reason.toStdString();
+    }
+
+    static constexpr int DIM = 8;
+    QTemporaryDir scratch;
+    CMemoryScene scene;
+    CMemoryMap map{DIM, &scene};
+};
+
+/// Everything that a project keeps, as text, layers included.
+QByteArray contents(CMemoryMap& map, const CMemoryScene& scene) {
+    const CProject project = captureProject(map, scene);
+    QByteArray bytes = writeProjectJson(project.settings, {});
+    const auto append = [&bytes](const auto& values) {
+        bytes.append(reinterpret_cast<const char*>(values.data()),
+                     static_cast<qsizetype>(values.size() * sizeof values[0]));
+    };
+    append(project.heights);
+    append(project.blends);
+    append(project.colours);
+    append(project.water);
+    return bytes;
+}
+
+TEST_F(Project, EverythingSurvivesSavingAndOpening) {
+    CProject project = captureProject(map, scene);
+    save(project);
+    for (const QString& path : {folder(), projectFile()}) {
+        CProject opened;
+        ASSERT_EQ(readProject(path, opened).reason.toStdString(), "");
+        const auto newScene = buildScene(opened);
+        const auto newMap = buildMap(opened, *newScene);
+        EXPECT_EQ(contents(*newMap, *newScene), contents(map, scene));
+    }
+}
+
+TEST_F(Project, NumbersAreWrittenAsPeopleWriteThem) {
+    const QByteArray text = writeProjectJson(captureProject(map, scene).settings, {});
+    EXPECT_TRUE(text.contains("\"blend\": 0.3,")) << text.toStdString();
+    EXPECT_TRUE(text.contains("\"tint1\": \"#04010203\"")) << text.toStdString();
+}
+
+TEST_F(Project, UnknownKeysAreKept) {
+    CProject project = captureProject(map, scene);
+    save(project);
+    QJsonObject json = QJsonDocument::fromJson(readFile(projectFile())).object();
+    json["author"] = "Ada";
+    QJsonObject layers = json["layers"].toObject();
+    layers["snow"] = "snow.png";
+    json["layers"] = layers;
+    QJsonArray definitions = json["definitions"].toArray();
+    QJsonObject first = definitions[0].toObject();
+    first["comment"] = "meadow";
+    definitions[0] = first;
+    json["definitions"] = definitions;
+    writeFile(projectFile(), QJsonDocument(json).toJson());
+
+    ASSERT_EQ(readProject(folder(), project).reason.toStdString(), "");
+    project.settings.tiling = 99;
+    save(project);
+    const QJsonObject saved = QJsonDocument::fromJson(readFile(projectFile())).object();
+    EXPECT_EQ(saved["author"].toString(), "Ada");
+    EXPECT_EQ(saved["layers"].toObject()["snow"].toString(), "snow.png");
+    EXPECT_EQ(saved["definitions"][0]["comment"].toString(), "meadow");
+    EXPECT_EQ(saved["tiling"].toInt(), 99);
+}
+
+TEST_F(Project, ASaveReplacesItsOwnLayersAndNothingElse) {
+    CProject project = captureProject(map, scene);
+    save(project);
+    writeFile(QDir(folder()).filePath("notes.png"), "mine");
+    save(project);
+    const QStringList files = QDir(folder()).entryList(QDir::Files, QDir::Name);
+    EXPECT_EQ(files.join(' ').toStdString(),
+              "blends.2.png colours.2.png heights.2.png notes.png project.json water.2.png");
+}
+
+TEST_F(Project, AFailedSaveLeavesTheOldProject) {
+    CProject project = captureProject(map, scene);
+    save(project);
+    const QByteArray before = readFile(projectFile());
+    // A folder in the place of the next layer's temporary name cannot stop a save, but one in the place of
+    // the project file can.
+    CProject second = project;
+    QFile::remove(projectFile());
+    QDir().mkpath(projectFile());
+    const CProjectFault fault = writeProject(folder(), second);
+    EXPECT_EQ(fault.path, projectFile());
+    EXPECT_FALSE(fault.reason.isEmpty());
+    QDir().rmdir(projectFile());
+    writeFile(projectFile(), before);
+    CProject opened;
+    EXPECT_EQ(readProject(folder(), opened).reason.toStdString(), "");
+    EXPECT_EQ(opened.heights, project.heights);
+    EXPECT_EQ(QDir(folder()).entryList(QDir::Files).size(), 5) << "the layers of the failed save were left";
+}
+
+struct Damage {
+    const char* name;
+    std::function<void(QJsonObject&)> change;
+    const char* reason;
+};
+
+TEST_F(Project, BadProjectFilesAreRefusedByName) {
+    const Damage damages[] = {
+        {"newer", [](QJsonObject& o) { o["version"] = 2; },
+         "it was written by a newer version of this program (format 2, known up to 1)"},
+        {"foreign", [](QJsonObject& o) { o["format"] = "tilemap"; }, "it is not a map project"},
+        {"missing", [](QJsonObject& o) { o.remove("tiling"); }, "\"tiling\" is missing"},
+        {"kind", [](QJsonObject& o) { o["fog"] = "yes"; }, "\"fog\" is not true or false"},
+        {"range", [](QJsonObject& o) { o["tiling"] = 257; },
+         "\"tiling\" is not a whole number from 1 to 256"},
+        {"fraction", [](QJsonObject& o) { o["tiling"] = 1.5; },
+         "\"tiling\" is not a whole number from 1 to 256"},
+        {"colour", [](QJsonObject& o) { o["ambient"] = "#12345"; },
+         "\"ambient\" is not a colour of the form #AARRGGBB"},
+        {"escape",
+         [](QJsonObject& o) {
+             o["layers"] = QJsonObject{{"heights", "../secret.png"}};
+         },
+         "\"layers.heights\" is not a plain file name"},
+        {"texture",
+         [](QJsonObject& o) {
+             o["baseTextures"] = QJsonObject{{"smooth", 2}};
+         },
+         "\"baseTextures.smooth\" is not a whole number from -1 to 1"},
+        {"entry", [](QJsonObject& o) { o["definitions"] = QJsonArray{7}; },
+         "\"definitions[0]\" is not an object"},
+        {"filter",
+         [](QJsonObject& o) {
+             QJsonArray types = o["terrainTypes"].toArray();
+             QJsonObject type = types[0].toObject();
+             type["filter"] = QJsonArray{1, 2, 3};
+             types[0] = type;
+             o["terrainTypes"] = types;
+         },
+         "\"terrainTypes[0].filter\" does not have 25 numbers"},
+    };
+    CProject project = captureProject(map, scene);
+    save(project);
+    const QJsonObject good = QJsonDocument::fromJson(readFile(projectFile())).object();
+    for (const Damage& damage : damages) {
+        QJsonObject json = good;
+        damage.change(json);
+        writeFile(projectFile(), QJsonDocument(json).toJson());
+        CProject untouched;
+        const CProjectFault fault = readProject(folder(), untouched);
+        EXPECT_EQ(fault.reason.toStdString(), damage.reason) << damage.name;
+        EXPECT_EQ(fault.path, projectFile()) << damage.name;
+        EXPECT_EQ(untouched.edge, 0) << damage.name;
+    }
+}
+
+TEST_F(Project, CutAtEveryByteNothingIsHalfLoaded) {
+    CProject project = captureProject(map, scene);
+    save(project);
+    for (const QString& name : QDir(folder()).entryList(QDir::Files)) {
+        const QString path = QDir(folder()).filePath(name);
+        const QByteArray whole = readFile(path);
+        const qsizetype end = name == PROJECT_FILE_NAME ? whole.size() - 3 : whole.size();
+        for (qsizetype length = 0; length < end; length += name == PROJECT_FILE_NAME ? 7 : 1) {
+            writeFile(path, whole.left(length));
+            CProject untouched;
+            const CProjectFault fault = readProject(folder(), untouched);
+            ASSERT_FALSE(fault.reason.isEmpty()) << name.toStdString() << " at " << length;
+            ASSERT_EQ(fault.path, path);
+            ASSERT_EQ(untouched.edge, 0);
+        }
+        writeFile(path, whole);
+    }
+}
+
+TEST_F(Project, LayersMustFitEachOther) {
+    CProject project = captureProject(map, scene);
+    save(project);
+    CMemoryMap smaller(DIM / 2, &scene);
+    CProject other = captureProject(smaller, scene);
+    const QString otherFolder = scratch.filePath("other");
+    ASSERT_EQ(writeProject(otherFolder, other).reason.toStdString(), "");
+    for (const QString& name : {project.settings.layers.blends, project.settings.layers.colours}) {
+        const QString path = QDir(folder()).filePath(name);
+        const QByteArray good = readFile(path);
+        writeFile(path, readFile(QDir(otherFolder).filePath(name)));
+        CProject untouched;
+        const CProjectFault fault = readProject(folder(), untouched);
+        EXPECT_EQ(fault.path, path);
+        EXPECT_EQ(fault.reason.toStdString(), "the picture is 5 x 5, which does not fit the map");
+        writeFile(path, good);
+    }
+}
+
+TEST_F(Project, TexturesComeAlong) {
+    const QString images = scratch.filePath("images");
+    QDir().mkpath(images);
+    writeFile(QDir(images).filePath("GRASS.TGA"), "an image");
+    CEngineDirectories::setDirectories({images.toStdString()});
+    const CProject project = captureProject(map, scene);
+    EXPECT_EQ(copyTextures(project, folder()).reason.toStdString(), "");
+    EXPECT_EQ(readFile(folder() + "/textures/grass.tga"), "an image");
+    writeFile(folder() + "/textures/grass.tga", "changed by hand");
+    EXPECT_EQ(copyTextures(project, folder()).reason.toStdString(), "");
+    EXPECT_EQ(readFile(folder() + "/textures/grass.tga"), "changed by hand") << "an image there stays";
+    CEngineDirectories::setDirectories({});
+}
+
+} // namespace
