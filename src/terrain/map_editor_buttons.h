@@ -4,30 +4,32 @@
 
 #include <array>
 
-/// One of the fifteen tool buttons. Index in the table = tool index.
+/// One of the fifteen tool buttons. Index in the table = tool index. Its caption in the template names the
+/// tool of the Terrain tab; as the buttons show icons, the captions are what their tool tips say.
 struct ToolButton {
     int controlId;
-    int terrainIcon;               ///< 0: no tool on the Terrain tab
-    int detailsIcon;               ///< 0: no tool on the Details tab
-    bool detailsNeedsFull = false; ///< on the Details tab only with full editing
+    int terrainIcon;                      ///< 0: no tool on the Terrain tab
+    int detailsIcon = 0;                  ///< 0: no tool on the Details tab
+    const char* detailsCaption = nullptr; ///< null: the template's
+    bool detailsNeedsFull = false;        ///< on the Details tab only with full editing
 };
 
 inline constexpr std::array<ToolButton, 15> TOOL_BUTTONS = {{
-    {IDC_TOOL_SELECT, IDI_TOOL_SELECT, IDI_DETAIL_ADD_QUAD},
-    {IDC_TOOL_RAISE, IDI_TOOL_RAISE, IDI_DETAIL_DELETE},
-    {IDC_TOOL_FLATTEN, IDI_TOOL_FLATTEN, IDI_DETAIL_MOVE},
-    {IDC_TOOL_SET_HEIGHT, IDI_TOOL_SET_HEIGHT, IDI_DETAIL_ROTATE},
-    {IDC_TOOL_GET_HEIGHT, IDI_TOOL_GET_HEIGHT, IDI_DETAIL_SCALE},
-    {IDC_TOOL_TINT, IDI_TOOL_TINT, IDI_DETAIL_ADD_POINT, true},
-    {IDC_TOOL_SMOOTH, IDI_TOOL_SMOOTH, IDI_DETAIL_DUPLICATE},
-    {IDC_TOOL_FLOOD, IDI_TOOL_FLOOD, IDI_DETAIL_FLIP},
-    {IDC_TOOL_DRAIN, IDI_TOOL_DRAIN, 0},
-    {IDC_TOOL_PAINT, IDI_TOOL_PAINT, 0},
-    {IDC_TOOL_GET_GRADIENT, IDI_TOOL_GET_GRADIENT, 0},
-    {IDC_TOOL_MAGNET, IDI_TOOL_MAGNET, 0},
-    {IDC_TOOL_ROUGHEN, IDI_TOOL_ROUGHEN, 0},
-    {IDC_TOOL_UNUSED_13, 0, 0},
-    {IDC_TOOL_UNUSED_14, 0, 0},
+    {IDC_TOOL_SELECT, IDI_TOOL_SELECT, IDI_DETAIL_ADD_QUAD, "Add Quad Detail"},
+    {IDC_TOOL_RAISE, IDI_TOOL_RAISE, IDI_DETAIL_DELETE, "Delete Detail"},
+    {IDC_TOOL_FLATTEN, IDI_TOOL_FLATTEN, IDI_DETAIL_MOVE, "Move Detail"},
+    {IDC_TOOL_SET_HEIGHT, IDI_TOOL_SET_HEIGHT, IDI_DETAIL_ROTATE, "Rotate Detail"},
+    {IDC_TOOL_GET_HEIGHT, IDI_TOOL_GET_HEIGHT, IDI_DETAIL_SCALE, "Scale Detail"},
+    {IDC_TOOL_TINT, IDI_TOOL_TINT, IDI_DETAIL_ADD_POINT, "Add Point Detail", true},
+    {IDC_TOOL_SMOOTH, IDI_TOOL_SMOOTH, IDI_DETAIL_DUPLICATE, "Duplicate Detail"},
+    {IDC_TOOL_FLOOD, IDI_TOOL_FLOOD, IDI_DETAIL_FLIP, "Flip Detail"},
+    {IDC_TOOL_DRAIN, IDI_TOOL_DRAIN},
+    {IDC_TOOL_PAINT, IDI_TOOL_PAINT},
+    {IDC_TOOL_GET_GRADIENT, IDI_TOOL_GET_GRADIENT},
+    {IDC_TOOL_MAGNET, IDI_TOOL_MAGNET},
+    {IDC_TOOL_ROUGHEN, IDI_TOOL_ROUGHEN},
+    {IDC_TOOL_UNUSED_13, 0},
+    {IDC_TOOL_UNUSED_14, 0},
 }};
 
 struct IconButton {

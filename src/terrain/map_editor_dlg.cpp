@@ -115,13 +115,7 @@ bool CMapEditorDlg::readControls() {
     if (m_pMap == nullptr) {
         return false;
     }
-    // The message box of a refusal takes the focus, which must not ask about the same value again.
-    if (m_bReading) {
-        return true;
-    }
-    m_bReading = true;
     const bool accepted = UpdateData(TRUE) != FALSE;
-    m_bReading = false;
     if (m_pMap == nullptr) {
         return false;
     }

@@ -1,7 +1,10 @@
 #pragma once
 
 #include "controls/editor_dialog.h"
+#include "terrain/map_editor_buttons.h"
 #include "terrain/map_editor_model.h"
+
+#include <array>
 
 /// The map editor panel: shows the model's settings in the controls of its template, runs the commands of its
 /// buttons and passes the host's strokes on to the model's tools. Lives on the heap; once its window is open
@@ -64,6 +67,7 @@ private:
     void initIcons();
     void initTabs();
     void initToggles();
+    void readTerrainCaptions();
     void refreshToolButtons();
     void refreshStrengthAndBrushes();
     void refreshUndoIndicators();
@@ -76,6 +80,8 @@ private:
     CProgressCtrl m_undoFill;
 
     const bool m_bFullEditing;
+    std::array<CString, TOOL_BUTTONS.size()>
+        m_terrainCaptions; ///< of the tool buttons, as the template has them
     CString m_strStrength;
     int m_nTextureNumber = 0; ///< index of the texture definition shown
     float m_fBlend = 0.0F;
@@ -86,6 +92,5 @@ private:
 
     bool m_bOwnsItself = false;   ///< the end of the window is the end of the object
     bool m_bFreeWhenIdle = false; ///< to be freed when the outermost message has been handled
-    bool m_bReading = false;
-    int m_nDispatchDepth = 0; ///< messages being handled, one inside the other
+    int m_nDispatchDepth = 0;     ///< messages being handled, one inside the other
 };

@@ -19,6 +19,7 @@ BOOL CMapEditorDlg::OnInitDialog() {
     initCloseButton();
     initIcons();
     initTabs();
+    readTerrainCaptions();
     refreshToolButtons();
     m_strengthSlider.SetRange(LOWEST_STRENGTH, HIGHEST_STRENGTH);
     m_nTiling = m_pMap->getTextureTiling();
@@ -58,11 +59,21 @@ void CMapEditorDlg::initToggles() {
     m_bFog = scene != nullptr && scene->getFogMode() == qxFogModeOn ? 1 : 0;
 }
 
+void CMapEditorDlg::readTerrainCaptions() {
+    for (std::size_t tool = 0; tool < TOOL_BUTTONS.size(); ++tool) {
+        GetDlgItemText(TOOL_BUTTONS[tool].controlId, m_terrainCaptions[tool]);
+    }
+}
+
 void CMapEditorDlg::refreshToolButtons() {
     const bool details = isDetailsTab();
-    for (const ToolButton& button : TOOL_BUTTONS) {
+    for (std::size_t tool = 0; tool < TOOL_BUTTONS.size(); ++tool) {
+        const ToolButton& button = TOOL_BUTTONS[tool];
         const int icon = details ? button.detailsIcon : button.terrainIcon;
         const bool needsFull = !details || button.detailsNeedsFull;
+        const bool renamed = details && button.detailsCaption != nullptr;
+        SetDlgItemText(button.controlId,
+                       renamed ? button.detailsCaption : m_terrainCaptions[tool].GetString());
         setButtonIcon(button.controlId, icon);
         GetDlgItem(button.controlId)
             ->EnableWindow(icon != 0 && (m_bFullEditing || !needsFull) ? TRUE : FALSE);

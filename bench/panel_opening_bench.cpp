@@ -1,0 +1,247 @@
+// Opening the map editor panel: its window is made, shown and destroyed again; against the same dialog
+// written straight in Qt, with the same widgets in the same places, each with its text, icon and one
+// connection.
+#include "bench/ratio.h"
+#include "engine/memory/memory_map.h"
+#include "engine/memory/memory_scene.h"
+#include "host/veskutil.h"
+
+#include <QAbstractButton>
+#include <QAbstractSpinBox>
+#include <QApplication>
+#include <QCheckBox>
+#include <QDialog>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPaintEvent>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QSlider>
+#include <QTabBar>
+#include <benchmark/benchmark.h>
+
+#include <memory>
+#include <vector>
+
+namespace {
+
+constexpr int ROUNDS = 301;
+constexpr double GOAL = 1.20;
+
+QWidget* openPanel() {
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        if (window->objectName() == "dialog-212") {
+            return window;
+        }
+    }
+    return nullptr;
+}
+
+/// A field that paints itself, as an owner-drawn button does.
+class Field : public QAbstractButton {
+public:
+    using QAbstractButton::QAbstractButton;
+
+protected:
+    void paintEvent(QPaintEvent*) override {}
+};
+
+/// What a widget of the panel is and shows.
+struct Look {
+    explicit Look(const QWidget& widget)
+        : kind(widget.metaObject()->className())
+        , name(widget.objectName())
+        , geometry(widget.geometry())
+        , toolTip(widget.toolTip())
+        , focusPolicy(widget.focusPolicy())
+        , enabled(widget.isEnabled())
+        , hidden(widget.isHidden()) {
+        if (const auto* const button = qobject_cast<const QAbstractButton*>(&widget)) {
+            text = button->text();
+            icon = button->icon();
+            iconSize = button->iconSize();
+            checkable = button->isCheckable();
+            checked = button->isChecked();
+        } else if (const auto* const edit = qobject_cast<const QLineEdit*>(&widget)) {
+            text = edit->text();
+        } else if (const auto* const label = qobject_cast<const QLabel*>(&widget)) {
+            text = label->text();
+        } else if (const auto* const group = qobject_cast<const QGroupBox*>(&widget)) {
+            text = group->title();
+        }
+    }
+
+    QByteArray kind;
+    QString name;
+    QRect geometry;
+    QString text;
+    QString toolTip;
+    QIcon icon;
+    QSize iconSize;
+    Qt::FocusPolicy focusPolicy;
+    bool checkable = false;
+    bool checked = false;
+    bool enabled;
+    bool hidden;
+};
+
+QAbstractButton* makeButton(const Look& look, QWidget* parent) {
+    QAbstractButton* button = nullptr;
+    if (look.kind == "QPushButton") {
+        auto* const push = new QPushButton(look.text, parent);
+        push->setAutoDefault(false);
+        button = push;
+    } else if (look.kind == "QCheckBox") {
+        button = new QCheckBox(look.text, parent);
+    } else {
+        button = new Field(parent);
+    }
+    button->setCheckable(look.checkable);
+    button->setChecked(look.checked);
+    if (!look.icon.isNull()) {
+        button->setIcon(look.icon);
+        button->setIconSize(look.iconSize);
+    }
+    QObject::connect(button, &QAbstractButton::clicked, parent, [parent] { parent->update(); });
+    return button;
+}
+
+QWidget* makeWidget(const Look& look, QWidget* parent) {
+    if (look.kind == "QLabel") {
+        return new QLabel(look.text, parent);
+    }
+    if (look.kind == "QGroupBox") {
+        return new QGroupBox(look.text, parent);
+    }
+    if (look.kind == "QLineEdit") {
+        auto* const edit = new QLineEdit(look.text, parent);
+        QObject::connect(edit, &QLineEdit::editingFinished, parent, [parent] { parent->update(); });
+        return edit;
+    }
+    if (look.kind == "QSlider") {
+        auto* const slider = new QSlider(Qt::Horizontal, parent);
+        slider->setRange(1, 10);
+        QObject::connect(slider, &QSlider::valueChanged, parent, [parent] { parent->update(); });
+        return slider;
+    }
+    if (look.kind == "QTabBar") {
+        auto* const tabs = new QTabBar(parent);
+        tabs->addTab("Terrain");
+        tabs->addTab("Details");
+        QObject::connect(tabs, &QTabBar::currentChanged, parent, [parent] { parent->update(); });
+        return tabs;
+    }
+    if (look.kind == "QProgressBar") {
+        return new QProgressBar(parent);
+    }
+    if (look.kind == "QAbstractSpinBox") {
+        auto* const arrows = new QAbstractSpinBox(parent);
+        arrows->setFrame(false);
+        return arrows;
+    }
+    return makeButton(look, parent);
+}
+
+class StraightDialog {
+public:
+    explicit StraightDialog(const QWidget& panel)
+        : m_flags(panel.windowFlags()), m_geometry(panel.geometry()), m_font(panel.font()) {
+        for (const QWidget* child : panel.findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
+            m_looks.emplace_back(*child);
+        }
+    }
+
+    std::unique_ptr<QDialog> open() const {
+        auto dialog = std::make_unique<QDialog>(nullptr, m_flags);
+        dialog->setWindowTitle("Map Editor");
+        dialog->setFont(m_font);
+        dialog->setGeometry(m_geometry);
+        for (const Look& look : m_looks) {
+            QWidget* const widget = makeWidget(look, dialog.get());
+            widget->setObjectName(look.name);
+            widget->setGeometry(look.geometry);
+            widget->setFocusPolicy(look.focusPolicy);
+            widget->setEnabled(look.enabled);
+            widget->setToolTip(look.toolTip);
+            if (look.hidden) {
+                widget->hide();
+            }
+        }
+        dialog->show();
+        return dialog;
+    }
+
+    std::size_t widgetCount() const { return m_looks.size(); }
+
+private:
+    Qt::WindowFlags m_flags;
+    QRect m_geometry;
+    QFont m_font;
+    std::vector<Look> m_looks;
+};
+
+class Openings {
+public:
+    Openings() {
+        open();
+        m_straight = std::make_unique<StraightDialog>(*openPanel());
+        vuDestroyEditor();
+    }
+    ~Openings() { vuDestroySettings(); }
+
+    void panel() {
+        open();
+        vuDestroyEditor();
+    }
+    void straight() { m_straight->open(); }
+    void panelPainted() {
+        open();
+        QApplication::processEvents();
+        vuDestroyEditor();
+    }
+    void straightPainted() {
+        const auto dialog = m_straight->open();
+        QApplication::processEvents();
+    }
+    std::size_t widgetCount() const { return m_straight->widgetCount(); }
+
+private:
+    void open() { vuCreateEditor(nullptr, &m_map, "", nullptr, true, nullptr); }
+
+    CMemoryScene m_scene;
+    CMemoryMap m_map{64, &m_scene};
+    std::unique_ptr<StraightDialog> m_straight;
+};
+
+} // namespace
+
+int main(int argc, char** argv) {
+    if (qEnvironmentVariableIsEmpty("DISPLAY")) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
+    const QApplication application(argc, argv);
+    Openings openings;
+    benchmark::RegisterBenchmark("panel opening", [&](benchmark::State& state) {
+        for (auto _ : state) {
+            openings.panel();
+        }
+    })->UseRealTime();
+    benchmark::RegisterBenchmark("straight Qt", [&](benchmark::State& state) {
+        for (auto _ : state) {
+            openings.straight();
+        }
+    })->UseRealTime();
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+
+    const auto medians =
+        bench::medianSeconds({[&] { openings.panel(); }, [&] { openings.straight(); },
+                              [&] { openings.panelPainted(); }, [&] { openings.straightPainted(); }},
+                             ROUNDS);
+    std::printf("widgets in each dialog: %zu\n", openings.widgetCount());
+    bench::printRatio("panel opening / straight Qt", medians[0], medians[1], GOAL);
+    bench::printRatio("panel opening and first painting / straight Qt", medians[2], medians[3], GOAL);
+    return 0;
+}
