@@ -37,6 +37,7 @@ bool CMapEditorDlg::createWindow(CWnd* host) {
 
 void CMapEditorDlg::destroy() {
     m_pMap = nullptr;
+    abandonDialogs();
     if (m_nDispatchDepth == 0) {
         delete this;
         return;
@@ -61,6 +62,7 @@ void CMapEditorDlg::PostNcDestroy() {
     if (m_pMap != nullptr) {
         // The window went down with the host's: the exports must not reach for it any more.
         m_pMap = nullptr;
+        abandonDialogs();
         g_bEditorActive = false;
     }
     m_bOwnsItself = false;
@@ -107,10 +109,6 @@ void CMapEditorDlg::showMembers() {
     UpdateData(FALSE);
 }
 
-qxCColour CMapEditorDlg::getToolTint() const {
-    return {255, 255, 255, 255};
-}
-
 bool CMapEditorDlg::readControls() {
     if (m_pMap == nullptr) {
         return false;
@@ -129,6 +127,7 @@ void CMapEditorDlg::DoDataExchange(CDataExchange* pDX) {
     CEditorDialog::DoDataExchange(pDX);
     DDX_Control(pDX, IDC_TOOL_TABS, m_tabs);
     DDX_Control(pDX, IDC_TILING_SPIN, m_tilingSpin);
+    exchangeSurfaceControls(pDX);
     DDX_Control(pDX, IDC_UNDO_FILL, m_undoFill);
     DDX_Control(pDX, IDC_STRENGTH, m_strengthSlider);
     DDX_Radio(pDX, IDC_TOOL_SELECT, m_nTool);

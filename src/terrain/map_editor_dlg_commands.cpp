@@ -41,6 +41,20 @@ ON_BN_CLICKED(IDC_DESELECT, &CMapEditorDlg::onDeselect)
 ON_BN_CLICKED(IDC_UNDO, &CMapEditorDlg::onUndo)
 ON_BN_CLICKED(IDC_CLOSE, &CMapEditorDlg::onCloseButton)
 ON_WM_CLOSE()
+ON_BN_CLICKED(IDC_PREVIOUS_TEXTURE, &CMapEditorDlg::onPreviousDefinition)
+ON_BN_CLICKED(IDC_NEXT_TEXTURE, &CMapEditorDlg::onNextDefinition)
+ON_BN_CLICKED(IDC_INSERT_DEFINITION, &CMapEditorDlg::onInsertDefinition)
+ON_BN_CLICKED(IDC_DELETE_DEFINITION, &CMapEditorDlg::onDeleteDefinition)
+ON_BN_CLICKED(IDC_DUPLICATE_DEFINITION, &CMapEditorDlg::onDuplicateDefinition)
+ON_EN_KILLFOCUS(IDC_BLEND, &CMapEditorDlg::onBlendKillFocus)
+ON_EN_KILLFOCUS(IDC_VARIATION, &CMapEditorDlg::onVariationKillFocus)
+ON_EN_KILLFOCUS(IDC_TILING, &CMapEditorDlg::onTilingKillFocus)
+ON_NOTIFY(UDN_DELTAPOS, IDC_BLEND_SPIN, &CMapEditorDlg::onBlendSpin)
+ON_NOTIFY(UDN_DELTAPOS, IDC_VARIATION_SPIN, &CMapEditorDlg::onVariationSpin)
+ON_NOTIFY(UDN_DELTAPOS, IDC_TILING_SPIN, &CMapEditorDlg::onTilingSpin)
+ON_MESSAGE(UM_COLOURCHANGED, &CMapEditorDlg::onColourChanged)
+ON_MESSAGE(UM_TEXTURECHANGED, &CMapEditorDlg::onTextureChanged)
+ON_BN_CLICKED(IDC_TERRAIN_TYPES, &CMapEditorDlg::onTerrainTypes)
 END_MESSAGE_MAP()
 
 namespace {
@@ -89,6 +103,7 @@ void CMapEditorDlg::onTabChanged(NMHDR* /*pNMHDR*/, LRESULT* pResult) {
     }
     refreshToolButtons();
     std::swap(m_nTool, m_nOtherTabTool);
+    showPreview();
     showMembers();
 }
 

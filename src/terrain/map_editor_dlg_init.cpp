@@ -25,7 +25,7 @@ BOOL CMapEditorDlg::OnInitDialog() {
     m_nTiling = m_pMap->getTextureTiling();
     restoreSettings(*this);
     refreshStrengthAndBrushes();
-    m_nTextureNumber = m_pMap->getCurrentMultiTexture();
+    initSurfaceControls();
     initToggles();
     showMembers();
     return TRUE;
