@@ -1,17 +1,34 @@
 #include "sandbox/app/main_window.h"
+#include "sandbox/tour/hands.h"
+#include "sandbox/tour/tour.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QScreen>
 #include <QSurfaceFormat>
+#include <QTimer>
+#include <QWindow>
 #include <cstdio>
 
 namespace {
+
+constexpr QSize FIRST_SIZE(1280, 840);
 
 /// "1280x840" as a size; invalid when it is not one.
 QSize parseSize(const QString& text) {
     const QStringList parts = text.split('x');
     const QSize size = parts.size() == 2 ? QSize(parts[0].toInt(), parts[1].toInt()) : QSize();
     return size.width() > 0 && size.height() > 0 ? size : QSize();
+}
+
+int runTour(CMainWindow& window, const QString& folder) {
+    window.move(0, 0);
+    window.activateWindow();
+    if (!waitUntil([&] { return window.isActiveWindow() && window.windowHandle()->isExposed(); })) {
+        std::fprintf(stderr, "the window does not come up\n");
+        return 1;
+    }
+    return playTour(window, folder);
 }
 
 void askForOpenGl() {
@@ -36,18 +53,23 @@ int main(int argc, char** argv) {
     parser.addPositionalArgument("map", "Heightmap to open: a grey PNG of 8 or 16 bits.", "[map.png]");
     const QCommandLineOption sizeOption("size", "Size of the window in pixels.", "WxH");
     parser.addOption(sizeOption);
+    const QCommandLineOption tourOption(
+        "tour",
+        "Play a written session with mouse and keyboard, write a picture of each step there, and quit.",
+        "folder");
+    parser.addOption(tourOption);
     parser.process(application);
 
-    CMainWindow window;
-    const QSize size = parseSize(parser.value(sizeOption));
-    if (parser.isSet(sizeOption) && !size.isValid()) {
+    const QSize size = parser.isSet(sizeOption)   ? parseSize(parser.value(sizeOption))
+                       : parser.isSet(tourOption) ? QApplication::primaryScreen()->size()
+                                                  : FIRST_SIZE;
+    if (!size.isValid()) {
         std::fprintf(stderr, "--size: '%s' is not a size such as 1280x840\n",
                      qPrintable(parser.value(sizeOption)));
         return 2;
     }
-    if (size.isValid()) {
-        window.resize(size);
-    }
+    CMainWindow window;
+    window.resize(size);
     if (!parser.positionalArguments().isEmpty()) {
         const QString failure = window.openMap(parser.positionalArguments().first());
         if (!failure.isEmpty()) {
@@ -56,5 +78,9 @@ int main(int argc, char** argv) {
         }
     }
     window.show();
+    if (parser.isSet(tourOption)) {
+        QTimer::singleShot(0, &window,
+                           [&] { QApplication::exit(runTour(window, parser.value(tourOption))); });
+    }
     return QApplication::exec();
 }

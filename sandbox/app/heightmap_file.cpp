@@ -46,9 +46,21 @@ QString writeHeightmapFile(const QString& path, const CHeightmap& map) {
         return "there is not enough memory";
     }
     QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly)) {
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) {
         return reasonOf(file);
     }
-    file.write(reinterpret_cast<const char*>(encoded->data()), static_cast<qint64>(encoded->size()));
+    const auto* bytes = reinterpret_cast<const char*>(encoded->data());
+    auto left = static_cast<qint64>(encoded->size());
+    while (left > 0) {
+        // A disk that fills up takes a part of the bytes without an error; only the next write fails.
+        const qint64 written = file.write(bytes, left);
+        if (written <= 0) {
+            const QString reason = reasonOf(file);
+            file.cancelWriting();
+            return reason;
+        }
+        bytes += written;
+        left -= written;
+    }
     return file.commit() ? QString() : reasonOf(file);
 }

@@ -35,7 +35,6 @@ CMainWindow::CMainWindow() : m_pView(new CMapView(this)) {
     makeStatusBar();
     connectView();
     adoptMap();
-    resize(1280, 840);
     // The panel's own buttons change the map and close the panel without a word to the host, so the state is
     // followed whenever the application falls idle.
     connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this,

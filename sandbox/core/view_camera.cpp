@@ -42,10 +42,10 @@ bool CFrustum::mayContain(const Vector& low, const Vector& high) const {
 }
 
 void CViewCamera::frameMap(double mapWidth, double groundHeight) {
-    const Vector middle{mapWidth / 2.0, groundHeight, mapWidth * 0.515};
+    const Vector middle{mapWidth / 2.0, groundHeight, mapWidth * 0.53};
     m_yaw = 0.0;
     m_pitch = FIRST_PITCH;
-    m_pivotDistance = std::max(mapWidth * 1.10, NEAREST_PIVOT);
+    m_pivotDistance = std::max(mapWidth * 1.15, NEAREST_PIVOT);
     m_eye = plus(middle, forward(), -m_pivotDistance);
     m_far = std::max(mapWidth * 6.0, 100.0);
 }

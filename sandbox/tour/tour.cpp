@@ -1,0 +1,32 @@
+#include "sandbox/tour/tour.h"
+
+#include <QDir>
+#include <cstdio>
+
+namespace {
+
+void takeStep(CTourStage& stage, const CTourStep& step, int number, const QDir& folder) {
+    step.act(stage);
+    const QString name = QString("%1-%2.png").arg(number, 2, 10, QChar('0')).arg(step.name);
+    require(stage.takePicture().save(folder.filePath(name)), "cannot write " + folder.filePath(name));
+}
+
+} // namespace
+
+int playTour(CMainWindow& window, const QString& folder) {
+    if (!QDir().mkpath(folder)) {
+        std::fprintf(stderr, "cannot make the folder %s\n", qPrintable(folder));
+        return 1;
+    }
+    CTourStage stage(window);
+    int number = 0;
+    for (const CTourStep& step : tourSteps()) {
+        try {
+            takeStep(stage, step, ++number, QDir(folder));
+        } catch (const CTourFailure& failure) {
+            std::fprintf(stderr, "tour step %d, %s: %s\n", number, step.name, failure.what());
+            return 1;
+        }
+    }
+    return 0;
+}

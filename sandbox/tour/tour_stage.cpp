@@ -1,0 +1,94 @@
+#include "sandbox/tour/tour_stage.h"
+
+#include <QApplication>
+#include <QPainter>
+#include <QPolygonF>
+#include <QScreen>
+#include <algorithm>
+
+namespace {
+
+constexpr int MAP_EDITOR = 212;
+constexpr int PANEL_MARGIN = 24;
+
+/// The window system's pointer is not part of a picture of the screen.
+void drawPointer(QImage& picture, QPointF tip) {
+    QPainter painter(&picture);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.translate(tip);
+    painter.setPen(QPen(Qt::black, 1.2));
+    painter.setBrush(Qt::white);
+    painter.drawPolygon(
+        QPolygonF({{0, 0}, {0, 17}, {4, 13.2}, {6.8, 19.5}, {9.4, 18.4}, {6.7, 12.3}, {12, 12}}));
+}
+
+} // namespace
+
+void require(bool condition, const QString& reason) {
+    if (!condition) {
+        throw CTourFailure(reason);
+    }
+}
+
+QWidget* CTourStage::dialog(int templateId) const {
+    const QString name = QString("dialog-%1").arg(templateId);
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    const auto found = std::ranges::find_if(
+        windows, [&](const QWidget* widget) { return widget->objectName() == name && widget->isVisible(); });
+    return found != windows.end() ? *found : nullptr;
+}
+
+QWidget& CTourStage::control(int id) {
+    QWidget* panel = dialog(MAP_EDITOR);
+    require(panel != nullptr, "the map editor is not open");
+    auto* widget = panel->findChild<QWidget*>(QString::number(id));
+    require(widget != nullptr, QString("the map editor has no control %1").arg(id));
+    return *widget;
+}
+
+QPointF CTourStage::placeOf(double x, double z) {
+    const double height = groundHeight(heightFieldOf(map()), x, z);
+    const auto place =
+        view().project(QVector3D(static_cast<float>(x), static_cast<float>(height), static_cast<float>(z)));
+    require(place.has_value() && QRectF(view().rect()).contains(*place),
+            QString("the point %1, %2 is out of sight").arg(x).arg(z));
+    return *place;
+}
+
+std::uint64_t CTourStage::heightsHash() {
+    constexpr std::uint64_t OFFSET = 14695981039346656037ULL; // FNV-1a
+    constexpr std::uint64_t PRIME = 1099511628211ULL;
+    std::uint64_t hash = OFFSET;
+    for (const std::uint16_t height : map().getHeights()) {
+        hash = (hash ^ height) * PRIME;
+    }
+    return hash;
+}
+
+int CTourStage::markedPoints() {
+    return static_cast<int>(
+        std::ranges::count_if(map().getMarkers(), [](const qxCColour& colour) { return colour.a != 0; }));
+}
+
+int CTourStage::waterPoints() {
+    return static_cast<int>(std::ranges::count(map().getWaterFlags(), 1));
+}
+
+QImage CTourStage::takePicture() {
+    // Whatever is still to be drawn is drawn before the picture is taken.
+    view().repaint();
+    QApplication::processEvents();
+    QScreen& screen = *m_window.screen();
+    const QRect frame = m_window.geometry();
+    QImage picture = screen.grabWindow(0, frame.x(), frame.y(), frame.width(), frame.height()).toImage();
+    require(!picture.isNull(), "the screen cannot be seen");
+    drawPointer(picture, m_hands.screenPlace() - frame.topLeft());
+    return picture;
+}
+
+void CTourStage::movePanelAside() {
+    QWidget* panel = dialog(MAP_EDITOR);
+    require(panel != nullptr, "the map editor is not open");
+    const QRect frame = view().rect().translated(view().mapToGlobal(QPoint()));
+    panel->move(frame.right() - panel->width() - PANEL_MARGIN, frame.top() + PANEL_MARGIN);
+}

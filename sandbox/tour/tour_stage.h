@@ -1,0 +1,51 @@
+#pragma once
+
+#include "sandbox/app/main_window.h"
+#include "sandbox/tour/hands.h"
+
+#include <QImage>
+#include <stdexcept>
+
+/// Why a step of the tour did not do what it should.
+class CTourFailure : public std::runtime_error {
+public:
+    explicit CTourFailure(const QString& reason) : std::runtime_error(reason.toStdString()) {}
+};
+
+/// Throws CTourFailure with the reason unless the condition holds.
+void require(bool condition, const QString& reason);
+
+/// What the steps of a tour work with: the window, the hands, the panel's controls by their ids, and a camera
+/// for pictures of the screen. Lives for one tour.
+class CTourStage {
+public:
+    explicit CTourStage(CMainWindow& window) : m_window(window) {}
+
+    CMainWindow& window() { return m_window; }
+    CMapView& view() { return m_window.view(); }
+    CMemoryMap& map() { return m_window.document().map(); }
+    CHands& hands() { return m_hands; }
+
+    /// Window of the dialog made from this template, or null when it is not open.
+    QWidget* dialog(int templateId) const;
+    /// A control of the map editor panel; fails the step when the panel or the control is not there.
+    QWidget& control(int id);
+    void clickControl(int id) { m_hands.click(control(id)); }
+    /// Where a point of the map is seen in the view.
+    QPointF placeOf(double x, double z);
+    /// Where the middle of a cell is seen.
+    QPointF placeOfCell(int x, int z) { return placeOf(x + 0.5, z + 0.5); }
+    /// Fold of all heights into one number.
+    std::uint64_t heightsHash();
+    int markedPoints();
+    int waterPoints();
+
+    /// The screen as it is now, the window and the panel over it, with the pointer drawn in.
+    QImage takePicture();
+    /// Give the panel a place beside the window's middle, as a person would who wants to see the ground.
+    void movePanelAside();
+
+private:
+    CMainWindow& m_window;
+    CHands m_hands;
+};
