@@ -4,6 +4,9 @@
 
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QOffscreenSurface>
+#include <QOpenGLContext>
+#include <QOpenGLFunctions>
 #include <QScreen>
 #include <QSurfaceFormat>
 #include <QTimer>
@@ -31,20 +34,36 @@ int runTour(CMainWindow& window, const QString& folder) {
     return playTour(window, folder);
 }
 
+/// True when the processor draws in place of a graphics card, as under a virtual display.
+bool isDrawnInSoftware() {
+    QOffscreenSurface surface;
+    surface.create();
+    QOpenGLContext context;
+    if (!context.create() || !context.makeCurrent(&surface)) {
+        return true;
+    }
+    const auto* text = reinterpret_cast<const char*>(context.functions()->glGetString(GL_RENDERER));
+    const QString renderer = QString::fromLatin1(text);
+    return renderer.contains("llvmpipe") || renderer.contains("softpipe");
+}
+
 void askForOpenGl() {
     QSurfaceFormat format;
     format.setVersion(3, 3);
     format.setProfile(QSurfaceFormat::CoreProfile);
     format.setDepthBufferSize(24);
-    format.setSamples(4);
     QSurfaceFormat::setDefaultFormat(format);
+    if (!isDrawnInSoftware()) {
+        format.setSamples(4); // smooth edges are worth it where they cost nothing
+        QSurfaceFormat::setDefaultFormat(format);
+    }
 }
 
 } // namespace
 
 int main(int argc, char** argv) {
-    askForOpenGl();
     QApplication application(argc, argv);
+    askForOpenGl();
     QApplication::setApplicationName("vesksandbox");
     QApplication::setOrganizationName("veskutil");
     QCommandLineParser parser;

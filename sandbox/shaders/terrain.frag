@@ -123,7 +123,7 @@ void main() {
     float facing = dot(normal, uSunDirection);
     float wrapped = facing * 0.5 + 0.5;
     float sun = mix(max(facing, 0.0), wrapped * wrapped, 0.35);
-    vec3 skyLight = uAmbient * (0.66 + 0.34 * normal.y) * vec3(0.94, 0.99, 1.08);
+    vec3 skyLight = uAmbient * (0.84 + 0.34 * normal.y) * vec3(0.94, 0.99, 1.08);
     vec3 lit = ground * (skyLight + uDiffuse * sun * vec3(1.05, 1.0, 0.92));
     if (uGrid) {
         lit *= 1.0 - 0.20 * gridLine(vPlace.xz, 1.0, 5.0);
