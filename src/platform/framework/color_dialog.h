@@ -11,6 +11,7 @@ inline constexpr DWORD CC_ANYCOLOR = 0x100;
 /// The platform's colour dialog.
 class CColorDialog {
 public:
+    /// The flags are for dialogs that have less to offer: this one always shows everything.
     explicit CColorDialog(COLORREF clrInit = 0, DWORD dwFlags = 0, CWnd* pParentWnd = nullptr);
     /// IDOK or IDCANCEL.
     INT_PTR DoModal();
@@ -19,6 +20,5 @@ public:
 
 private:
     COLORREF m_colour;
-    DWORD m_flags;
     HWND m_parent;
 };

@@ -15,8 +15,8 @@ public:
 class CCmdTarget : public CObject {
 public:
     /// Looks the command or notification up in the maps of this object, the most derived class first, and
-    /// runs its handler. nCode: the notification in its low word, its message in the high word where it is
-    /// not WM_COMMAND. pExtra: an AFX_NOTIFY for WM_NOTIFY. FALSE when nobody took it.
+    /// runs its handler. nCode: the notification code; pExtra: the AFX_NOTIFY of a WM_NOTIFY, null for
+    /// WM_COMMAND. FALSE when nobody took it.
     virtual BOOL OnCmdMsg(UINT nID, int nCode, void* pExtra, void* pHandlerInfo);
 
 protected:

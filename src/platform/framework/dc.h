@@ -22,7 +22,8 @@ public:
     BOOL CreateCompatibleDC(CDC* pDC);
     BOOL DeleteDC();
 
-    // Each makes the object current and returns the former one.
+    // Each makes the object current and returns the former one of its kind, which is to be selected again
+    // before the next object of that kind but one.
     CPen* SelectObject(CPen* pen);
     CBrush* SelectObject(CBrush* brush);
     CBitmap* SelectObject(CBitmap* bitmap);
@@ -48,12 +49,10 @@ public:
     }
 
 private:
-    CGdiObject* former(CGdiObject& standIn, HGDIOBJ object);
-
+    bool m_owned = false;
     CPen m_formerPen;
     CBrush m_formerBrush;
     CBitmap m_formerBitmap;
-    CGdiObject m_formerStock;
 };
 
 /// Paints a window that handles WM_PAINT.

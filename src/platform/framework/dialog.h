@@ -40,6 +40,7 @@ protected:
     virtual void OnOK();
     /// The default Cancel, also of Escape and the close box: ends with IDCANCEL.
     virtual void OnCancel();
+    LRESULT DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
 
     DECLARE_MESSAGE_MAP()
 
@@ -50,5 +51,4 @@ private:
     UINT m_nIDTemplate = 0;
     CWnd* m_pParentWnd = nullptr;
     std::unique_ptr<DialogTemplate> m_pLayout; ///< of InitModalIndirect
-    bool m_bModal = false;
 };

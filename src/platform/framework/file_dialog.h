@@ -13,10 +13,9 @@ inline constexpr DWORD OFN_ALLOWMULTISELECT = 0x00000200;
 
 /// The fields of the framework's open-file record that callers may set before DoModal.
 struct OPENFILENAME {
-    LPSTR lpstrFile = nullptr; ///< the caller's buffer for the names, or null
-    DWORD nMaxFile = 0;        ///< its size in bytes
-    LPCSTR lpstrInitialDir = nullptr;
-    LPCSTR lpstrTitle = nullptr;
+    LPSTR lpstrFile = nullptr; ///< a name to preset in place of the one given before, or null. Only read: the
+                               ///< names chosen are not bound to the size of a buffer
+    DWORD nMaxFile = 0;
     DWORD Flags = 0;
 };
 
@@ -40,8 +39,6 @@ public:
     CString GetNextPathName(POSITION& position) const;
 
 private:
-    void fillCallersBuffer() const;
-
     bool m_open;
     CString m_extension;
     CString m_fileName;

@@ -1,8 +1,22 @@
 #pragma once
 
-/// The resources and windows that the framework works on: those of one loaded library.
-class AFX_MODULE_STATE;
+#include <cstddef>
+#include <span>
+
+class CWinApp;
+
+/// What the framework works on for one loaded library: its application object and its resources.
+class AFX_MODULE_STATE {
+public:
+    CWinApp* m_pCurrentWinApp = nullptr;
+
+    /// The library's compiled resource file.
+    std::span<const std::byte> resources() const;
+};
+
+/// The state of the library that this code is part of.
 AFX_MODULE_STATE* AfxGetStaticModuleState();
+/// The state switched to; the library's own when nobody switched.
 AFX_MODULE_STATE* AfxGetModuleState();
 
 /// Switches to a module state for the length of a block and back at its end, however it is left.

@@ -65,7 +65,6 @@ public:
     CWnd* SetFocus() { return FromHandle(::SetFocus(m_hWnd)); }
     static CWnd* GetActiveWindow() { return FromHandle(::GetActiveWindow()); }
     CWnd* SetActiveWindow() { return FromHandle(::SetActiveWindow(m_hWnd)); }
-    static CWnd* GetDesktopWindow() { return FromHandle(::GetDesktopWindow()); }
     static CWnd* GetCapture() { return FromHandle(::GetCapture()); }
     CWnd* SetCapture() { return FromHandle(::SetCapture(m_hWnd)); }
 

@@ -12,6 +12,7 @@ inline constexpr UINT BM_SETCHECK = 0x00F1;
 inline constexpr UINT BM_CLICK = 0x00F5;
 inline constexpr UINT BM_GETIMAGE = 0x00F6;
 inline constexpr UINT BM_SETIMAGE = 0x00F7;
+inline constexpr WPARAM IMAGE_ICON = 1;
 
 inline constexpr UINT CB_ADDSTRING = 0x0143;
 inline constexpr UINT CB_DELETESTRING = 0x0144;

@@ -4,6 +4,7 @@
 #include "platform/windows_types.h"
 
 struct DialogTemplate;
+class CScrollBar;
 class CWnd;
 
 // What the framework asks of the window system. A back end defines these functions; nothing else of it is
@@ -59,7 +60,6 @@ HWND GetDlgItem(HWND dialog, int id);
 HWND GetParent(HWND window);
 /// Children come in the order of the template.
 HWND GetWindow(HWND window, UINT relation);
-HWND GetDesktopWindow();
 HWND GetActiveWindow();
 HWND SetActiveWindow(HWND window);
 
@@ -82,16 +82,11 @@ HWND SetFocus(HWND window);
 HWND GetCapture();
 HWND SetCapture(HWND window);
 BOOL ReleaseCapture();
+/// Whether the key (VK_SHIFT, VK_CONTROL) is held during the message being handled.
+BOOL IsKeyHeld(WPARAM key);
 
-/// The next or previous control with a tab stop that is shown and enabled, round and round.
-HWND GetNextDlgTabItem(HWND dialog, HWND control, BOOL previous);
-/// The next or previous member of the control's group, as WS_GROUP marks them out.
-HWND GetNextDlgGroupItem(HWND dialog, HWND control, BOOL previous);
-/// Runs what a dialog does with a key: Tab, Enter, Escape and the arrows. Non-zero when the key was used up.
-BOOL IsDialogMessage(HWND dialog, MSG* message);
-
-/// Makes a hidden dialog with its controls for owner object `dialog`; WM_INITDIALOG is left to the caller.
-HWND CreateDialogWindow(CWnd* dialog, const DialogTemplate& layout, HWND parent);
+/// Makes a hidden dialog with its controls, owned by the parent's window; null when it cannot be made.
+HWND CreateDialogWindow(const DialogTemplate& layout, HWND parent);
 /// Shows the dialog and runs messages until EndDialogWindow or the window's end; the dialog's result, or
 /// `broken` when the window ended without one.
 INT_PTR RunDialogWindow(HWND dialog, INT_PTR broken);
@@ -108,9 +103,14 @@ struct WNDCLASS {
     LPCSTR lpszClassName = nullptr;
 };
 
+BOOL RegisterClass(const WNDCLASS* windowClass);
+
+/// An icon of the library, kept until unload; null when there is none of that id.
+HICON LoadIcon(HINSTANCE library, UINT id);
+
 /// Makes a child control of a predefined or a registered class.
-HWND CreateControlWindow(CWnd* control, DWORD exStyle, LPCSTR className, LPCSTR text, DWORD style,
-                         const RECT& rect, HWND parent, int id);
+HWND CreateControlWindow(DWORD exStyle, LPCSTR className, LPCSTR text, DWORD style, const RECT& rect,
+                         HWND parent, int id);
 
 /// The object that receives the window's messages. Passing null leaves them to the window's own kind.
 void SetWindowObject(HWND window, CWnd* object);
@@ -118,3 +118,5 @@ void SetWindowObject(HWND window, CWnd* object);
 CWnd* GetWindowObject(HWND window);
 /// The attached object, or a stand-in of the control's class that lives as long as the window.
 CWnd* GetOrMakeWindowObject(HWND window);
+/// A scroll bar object for the window of a scroll message, which may be a trackbar; null for null.
+CScrollBar* GetScrollBarObject(HWND window);

@@ -17,6 +17,7 @@ inline constexpr UINT WM_ERASEBKGND = 0x0014;
 inline constexpr UINT WM_DRAWITEM = 0x002B;
 inline constexpr UINT WM_NOTIFY = 0x004E;
 inline constexpr UINT WM_NCDESTROY = 0x0082;
+inline constexpr UINT WM_GETDLGCODE = 0x0087;
 inline constexpr UINT WM_KEYDOWN = 0x0100;
 inline constexpr UINT WM_KEYUP = 0x0101;
 inline constexpr UINT WM_INITDIALOG = 0x0110;
@@ -34,6 +35,16 @@ inline constexpr UINT WM_USER = 0x0400;
 /// Added to a message that a parent hands back to the control it came from.
 inline constexpr UINT WM_REFLECT_BASE = 0xBC00;
 
+/// Answers of WM_GETDLGCODE, a sum of bits.
+inline constexpr LRESULT DLGC_WANTARROWS = 0x0001;
+inline constexpr LRESULT DLGC_DEFPUSHBUTTON = 0x0010;
+inline constexpr LRESULT DLGC_UNDEFPUSHBUTTON = 0x0020;
+inline constexpr LRESULT DLGC_RADIOBUTTON = 0x0040;
+inline constexpr LRESULT DLGC_STATIC = 0x0100;
+inline constexpr LRESULT DLGC_BUTTON = 0x2000;
+
+/// High word of a DM_GETDEFID answer that names a default button.
+inline constexpr WORD DC_HASDEFID = 0x534B;
 inline constexpr UINT DM_GETDEFID = WM_USER + 0;
 inline constexpr UINT DM_REPOSITION = WM_USER + 2;
 
@@ -44,6 +55,8 @@ inline constexpr UINT MK_CONTROL = 0x0008;
 
 inline constexpr WPARAM VK_TAB = 0x09;
 inline constexpr WPARAM VK_RETURN = 0x0D;
+inline constexpr WPARAM VK_SHIFT = 0x10;
+inline constexpr WPARAM VK_CONTROL = 0x11;
 inline constexpr WPARAM VK_ESCAPE = 0x1B;
 inline constexpr WPARAM VK_SPACE = 0x20;
 inline constexpr WPARAM VK_LEFT = 0x25;

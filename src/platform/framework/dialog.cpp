@@ -1,0 +1,127 @@
+#include "platform/framework/dialog.h"
+
+#include "platform/dialog_template.h"
+#include "platform/framework/module_state.h"
+#include "platform/resources.h"
+#include "platform/windows/dialog_manager.h"
+
+#include <optional>
+
+BEGIN_MESSAGE_MAP(CDialog, CWnd)
+ON_COMMAND(IDOK, &CDialog::OnOK)
+ON_COMMAND(IDCANCEL, &CDialog::OnCancel)
+END_MESSAGE_MAP()
+
+CDialog::CDialog() = default;
+
+CDialog::CDialog(UINT nIDTemplate, CWnd* pParentWnd) : m_nIDTemplate(nIDTemplate), m_pParentWnd(pParentWnd) {}
+
+CDialog::~CDialog() {
+    CWnd::DestroyWindow();
+}
+
+BOOL CDialog::Create(UINT nIDTemplate, CWnd* pParentWnd) {
+    const auto layout = findDialog(AfxGetModuleState()->resources(), static_cast<int>(nIDTemplate));
+    return layout.has_value() ? CreateIndirect(*layout, pParentWnd) : FALSE;
+}
+
+BOOL CDialog::CreateIndirect(const DialogTemplate& layout, CWnd* pParentWnd) {
+    if (!createWindow(layout, pParentWnd)) {
+        return FALSE;
+    }
+    if ((layout.style & WS_VISIBLE) != 0) {
+        ShowWindow(SW_SHOWNORMAL);
+    }
+    return TRUE;
+}
+
+BOOL CDialog::InitModalIndirect(const DialogTemplate& layout, CWnd* pParentWnd) {
+    m_pLayout = std::make_unique<DialogTemplate>(layout);
+    m_pParentWnd = pParentWnd;
+    return TRUE;
+}
+
+/// TRUE when the window stands after its initialisation, which may have ended it.
+bool CDialog::createWindow(const DialogTemplate& layout, CWnd* parent) {
+    if (m_hWnd != nullptr) {
+        return false;
+    }
+    const HWND made = ::CreateDialogWindow(layout, parent != nullptr ? parent->m_hWnd : nullptr);
+    if (SubclassWindow(made) == FALSE) {
+        return false;
+    }
+    const BOOL wantsFocus = OnInitDialog();
+    if (::IsWindow(made) == FALSE) {
+        return false; // ended, perhaps with this object
+    }
+    if (wantsFocus != FALSE) {
+        setInitialFocus();
+    }
+    return true;
+}
+
+void CDialog::setInitialFocus() {
+    const HWND first = ::GetNextDlgTabItem(m_hWnd, nullptr, FALSE);
+    if (first != nullptr) {
+        ::SetFocus(first);
+        ::SendMessage(first, EM_SETSEL, 0, -1);
+    }
+}
+
+INT_PTR CDialog::DoModal() {
+    const auto layout = m_pLayout != nullptr
+                            ? std::optional(*m_pLayout)
+                            : findDialog(AfxGetModuleState()->resources(), static_cast<int>(m_nIDTemplate));
+    if (!layout.has_value()) {
+        return -1;
+    }
+    const HWND active = ::GetActiveWindow();
+    if (!createWindow(*layout, m_pParentWnd != nullptr ? m_pParentWnd : FromHandle(active))) {
+        return m_hWnd != nullptr ? -1 : IDCANCEL;
+    }
+    const INT_PTR result = ::RunDialogWindow(m_hWnd, IDCANCEL);
+    DestroyWindow();
+    return result;
+}
+
+void CDialog::EndDialog(int nResult) {
+    ::EndDialogWindow(m_hWnd, nResult);
+}
+
+void CDialog::NextDlgCtrl() const {
+    ::SetFocus(::GetNextDlgTabItem(m_hWnd, ::GetFocus(), FALSE));
+}
+
+void CDialog::PrevDlgCtrl() const {
+    ::SetFocus(::GetNextDlgTabItem(m_hWnd, ::GetFocus(), TRUE));
+}
+
+void CDialog::GotoDlgCtrl(CWnd* control) {
+    control->SetFocus();
+}
+
+BOOL CDialog::OnInitDialog() {
+    if (UpdateData(FALSE) == FALSE) {
+        EndDialog(-1);
+        return FALSE;
+    }
+    return TRUE;
+}
+
+void CDialog::OnOK() {
+    if (UpdateData(TRUE) != FALSE) {
+        EndDialog(IDOK);
+    }
+}
+
+void CDialog::OnCancel() {
+    EndDialog(IDCANCEL);
+}
+
+BOOL CDialog::PreTranslateMessage(MSG* pMsg) {
+    return CWnd::PreTranslateMessage(pMsg) != FALSE ? TRUE : ::IsDialogMessage(m_hWnd, pMsg);
+}
+
+LRESULT CDialog::DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
+    return ::DefDlgProc(m_hWnd, message, wParam, lParam);
+}

@@ -1,0 +1,14 @@
+#include "platform/framework/list_box.h"
+
+#include <string>
+
+void CListBox::GetText(int index, CString& text) const {
+    const LRESULT length = SendMessage(LB_GETTEXTLEN, wide(index));
+    if (length < 0) {
+        text.Empty();
+        return;
+    }
+    std::string buffer(static_cast<std::size_t>(length) + 1, '\0');
+    SendMessage(LB_GETTEXT, wide(index), reinterpret_cast<LPARAM>(buffer.data()));
+    text = buffer.c_str();
+}

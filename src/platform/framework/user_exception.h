@@ -1,0 +1,4 @@
+#pragma once
+
+/// Ends an operation that the user has already been told about.
+class CUserException {};

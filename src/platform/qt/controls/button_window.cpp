@@ -1,0 +1,148 @@
+#include "platform/qt/controls/button_window.h"
+
+#include "platform/framework/button.h"
+#include "platform/qt/icons.h"
+#include "platform/windows/control_messages.h"
+
+#include <QCheckBox>
+#include <QPushButton>
+#include <QRadioButton>
+
+#include <algorithm>
+
+namespace qtbackend {
+
+namespace {
+
+bool isPush(DWORD style) {
+    const DWORD type = style & BS_TYPEMASK;
+    return type == BS_PUSHBUTTON || type == BS_DEFPUSHBUTTON;
+}
+
+QAbstractButton& makeWidget(DWORD style, QWidget* parent) {
+    const DWORD type = style & BS_TYPEMASK;
+    if (isPush(style) || (style & BS_PUSHLIKE) != 0) {
+        auto* const button = new QPushButton(parent);
+        button->setAutoDefault(false);
+        button->setDefault(type == BS_DEFPUSHBUTTON);
+        button->setCheckable(!isPush(style));
+        return *button;
+    }
+    if (type == BS_RADIOBUTTON || type == BS_AUTORADIOBUTTON) {
+        auto* const button = new QRadioButton(parent);
+        button->setAutoExclusive(false); // the group is what the template says, and none may be checked
+        return *button;
+    }
+    return *new QCheckBox(parent);
+}
+
+} // namespace
+
+ButtonWindow::ButtonWindow(Window& parent, const ControlTraits& traits)
+    : Window(&makeWidget(traits.window.style, parent.widget()), &parent, traits.window)
+    , m_button(static_cast<QAbstractButton&>(*widget())) {
+    m_button.setFocusPolicy(Qt::StrongFocus);
+    m_button.installEventFilter(this);
+    QObject::connect(&m_button, &QAbstractButton::clicked, this, [this] { onClicked(); });
+    setText(traits.text);
+}
+
+LRESULT ButtonWindow::process(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+    case BM_GETCHECK:
+        return m_button.isChecked() ? 1 : 0;
+    case BM_SETCHECK:
+        setCheck(wParam != 0);
+        return 0;
+    case BM_CLICK:
+        m_button.click();
+        return 0;
+    case BM_GETIMAGE:
+        return reinterpret_cast<LRESULT>(m_icon);
+    case BM_SETIMAGE: {
+        const HICON former = m_icon;
+        setIcon(reinterpret_cast<HICON>(lParam));
+        return reinterpret_cast<LRESULT>(former);
+    }
+    default:
+        return Window::process(message, wParam, lParam);
+    }
+}
+
+LRESULT ButtonWindow::dialogCode() const {
+    if (isRadio()) {
+        return DLGC_BUTTON | DLGC_RADIOBUTTON;
+    }
+    if (!isPush(style())) {
+        return DLGC_BUTTON;
+    }
+    return DLGC_BUTTON | (type() == BS_DEFPUSHBUTTON ? DLGC_DEFPUSHBUTTON : DLGC_UNDEFPUSHBUTTON);
+}
+
+std::unique_ptr<CWnd> ButtonWindow::makeStandIn() const {
+    return std::make_unique<CButton>();
+}
+
+void ButtonWindow::setCheck(bool checked) {
+    if (m_button.isChecked() != checked) {
+        m_button.setChecked(checked);
+    }
+}
+
+void ButtonWindow::setIcon(HICON icon) {
+    if (m_icon != icon) {
+        m_icon = icon;
+        showFace();
+    }
+}
+
+void ButtonWindow::setText(const QString& text) {
+    m_text = text;
+    showFace();
+}
+
+/// A button made for icons stays empty while it has none. Its caption is for tool tip and accessibility then.
+void ButtonWindow::showFace() {
+    const bool iconic = m_icon != nullptr || (style() & BS_ICON) != 0;
+    m_button.setText(iconic ? QString() : m_text);
+    if (!iconic) {
+        return;
+    }
+    QString plain = m_text;
+    plain.remove(QLatin1Char('&'));
+    m_button.setToolTip(plain);
+    m_button.setAccessibleName(plain);
+    m_button.setIcon(m_icon != nullptr ? iconOf(m_icon) : QIcon());
+    const int room = std::min(m_button.width(), m_button.height()) - 2;
+    m_button.setIconSize(iconSizeFor(room));
+}
+
+void ButtonWindow::onClicked() {
+    if (isEnding()) {
+        return;
+    }
+    if (isRadio()) {
+        m_button.setChecked(true); // a second click would have taken the check away
+        uncheckGroup();
+    }
+    notify(BN_CLICKED);
+}
+
+void ButtonWindow::uncheckGroup() {
+    const auto& siblings = parentWindow()->children();
+    const auto own = std::find(siblings.begin(), siblings.end(), this);
+    const auto startsGroup = [](const Window* window) { return (window->style() & WS_GROUP) != 0; };
+    auto first = own;
+    while (first != siblings.begin() && !startsGroup(*first)) {
+        --first;
+    }
+    const auto end = std::find_if(own + 1, siblings.end(), startsGroup);
+    std::for_each(first, end, [this](Window* member) {
+        auto* const button = dynamic_cast<ButtonWindow*>(member);
+        if (button != nullptr && button != this && button->isRadio()) {
+            button->setCheck(false);
+        }
+    });
+}
+
+} // namespace qtbackend

@@ -1,0 +1,126 @@
+#include "platform/qt/controls/combo_box_window.h"
+
+#include "platform/framework/combo_box.h"
+#include "platform/qt/controls/text_items.h"
+#include "platform/windows/control_messages.h"
+
+#include <QLineEdit>
+
+namespace qtbackend {
+
+ComboBoxWindow::ComboBoxWindow(Window& parent, const ControlTraits& traits)
+    : Window(new QComboBox(parent.widget()), &parent, traits.window)
+    , m_combo(static_cast<QComboBox&>(*widget())) {
+    m_combo.setFocusPolicy(Qt::StrongFocus);
+    m_combo.installEventFilter(this);
+    if ((style() & CBS_DROPDOWNLIST) == CBS_DROPDOWN) {
+        m_combo.setEditable(true);
+        m_combo.setInsertPolicy(QComboBox::NoInsert);
+        m_combo.setCompleter(nullptr);
+        watch(m_combo.lineEdit());
+    }
+    // Sent for what the user chooses, not for what the program selects.
+    QObject::connect(&m_combo, &QComboBox::activated, this, [this] { notify(CBN_SELCHANGE); });
+}
+
+std::unique_ptr<CWnd> ComboBoxWindow::makeStandIn() const {
+    return std::make_unique<CComboBox>();
+}
+
+void ComboBoxWindow::setText(const QString& text) {
+    if (m_combo.isEditable()) {
+        m_combo.setEditText(text);
+    }
+}
+
+void ComboBoxWindow::setGeometry(const QRect& rect) {
+    const int closed = m_combo.sizeHint().height();
+    m_combo.setGeometry(QRect(rect.topLeft(), QSize(rect.width(), std::min(closed, rect.height()))));
+}
+
+/// A wheel turned on the way past changes nothing; the focus says which control is meant.
+bool ComboBoxWindow::onEvent(QObject*, QEvent* event) {
+    if (event->type() == QEvent::Wheel && !m_combo.hasFocus()) {
+        event->ignore();
+        return true;
+    }
+    return false;
+}
+
+LRESULT ComboBoxWindow::process(UINT message, WPARAM wParam, LPARAM lParam) {
+    const int index = static_cast<int>(wParam);
+    switch (message) {
+    case CB_ADDSTRING:
+        return insert(-1, toText(lParam));
+    case CB_INSERTSTRING:
+        return insert(index < 0 ? m_combo.count() : index, toText(lParam));
+    case CB_GETCOUNT:
+        return m_combo.count();
+    case CB_GETCURSEL:
+        return m_combo.currentIndex();
+    case CB_SETCURSEL:
+        return select(index);
+    case CB_RESETCONTENT:
+        m_combo.clear();
+        return 0;
+    case CB_DELETESTRING:
+    case CB_GETLBTEXT:
+    case CB_GETLBTEXTLEN:
+    case CB_GETITEMDATA:
+    case CB_SETITEMDATA:
+        return processItem(message, index, lParam);
+    default:
+        return Window::process(message, wParam, lParam);
+    }
+}
+
+LRESULT ComboBoxWindow::processItem(UINT message, int index, LPARAM lParam) {
+    if (index < 0 || index >= m_combo.count()) {
+        return CB_ERR;
+    }
+    switch (message) {
+    case CB_DELETESTRING: {
+        const int selected = m_combo.currentIndex();
+        m_combo.removeItem(index);
+        select(selected == index ? -1 : selected > index ? selected - 1 : selected);
+        return m_combo.count();
+    }
+    case CB_GETLBTEXT:
+        return copyItemText(m_combo.itemText(index), lParam);
+    case CB_GETLBTEXTLEN:
+        return m_combo.itemText(index).toUtf8().size();
+    case CB_SETITEMDATA:
+        m_combo.setItemData(index, QVariant::fromValue<qlonglong>(lParam));
+        return 0;
+    default:
+        return static_cast<LRESULT>(m_combo.itemData(index).toLongLong());
+    }
+}
+
+/// An index of -1 adds: at its place in a sorted list, else at the end. Adding selects nothing.
+LRESULT ComboBoxWindow::insert(int index, const QString& text) {
+    if (index > m_combo.count()) {
+        return CB_ERR;
+    }
+    if (index < 0) {
+        index = (style() & CBS_SORT) != 0
+                    ? sortedPlace(text, m_combo.count(), [this](int item) { return m_combo.itemText(item); })
+                    : m_combo.count();
+    }
+    const bool nothingSelected = m_combo.currentIndex() < 0;
+    m_combo.insertItem(index, text, QVariant::fromValue<qlonglong>(0));
+    if (nothingSelected) {
+        m_combo.setCurrentIndex(-1);
+    }
+    return index;
+}
+
+LRESULT ComboBoxWindow::select(int index) {
+    const int wanted = index < m_combo.count() ? index : -1;
+    if (m_combo.currentIndex() != wanted) {
+        m_combo.setCurrentIndex(wanted);
+    }
+    return wanted;
+}
+
+} // namespace qtbackend

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "platform/qt/controls/control_factory.h"
+
+class QPainter;
+
+namespace qtbackend {
+
+/// A window of a class that the program registered: its object paints it and hears its mouse.
+class CustomWindow : public Window {
+public:
+    CustomWindow(Window& parent, const ControlTraits& traits);
+
+    bool capturesMouse() const override { return false; }
+    QRect clientRect() const override;
+
+    void paint();
+};
+
+} // namespace qtbackend

@@ -1,0 +1,94 @@
+#include "platform/qt/controls/edit_window.h"
+
+#include "platform/framework/edit.h"
+#include "platform/qt/controls/up_down_window.h"
+#include "platform/qt/mouse_router.h"
+#include "platform/qt/window_registry.h"
+#include "platform/windows/control_messages.h"
+
+#include <QFocusEvent>
+#include <QKeyEvent>
+
+namespace qtbackend {
+
+EditWindow::EditWindow(Window& parent, const ControlTraits& traits)
+    : Window(new QLineEdit(traits.text, parent.widget()), &parent, traits.window)
+    , m_edit(static_cast<QLineEdit&>(*widget())) {
+    m_edit.installEventFilter(this);
+    m_edit.setReadOnly((style() & ES_READONLY) != 0);
+    if ((style() & (ES_CENTER | ES_RIGHT)) != 0) {
+        m_edit.setAlignment((style() & ES_RIGHT) != 0 ? Qt::AlignRight : Qt::AlignHCenter);
+    }
+}
+
+void EditWindow::setArrowKeysTarget(UpDownWindow* upDown) {
+    m_arrowKeysTarget = upDown;
+}
+
+LRESULT EditWindow::process(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+    case EM_SETSEL:
+        select(static_cast<int>(wParam), static_cast<int>(lParam));
+        return 0;
+    case EM_SETREADONLY:
+        m_edit.setReadOnly(wParam != 0);
+        return 1;
+    default:
+        return Window::process(message, wParam, lParam);
+    }
+}
+
+void EditWindow::setText(const QString& text) {
+    m_edit.setText(text);
+    m_edit.setCursorPosition(0); // a text longer than the field shows its beginning
+}
+
+void EditWindow::select(int start, int end) {
+    if (start < 0) {
+        m_edit.deselect();
+        return;
+    }
+    const int length = static_cast<int>(m_edit.text().size());
+    m_edit.setSelection(start, (end < 0 ? length : end) - start);
+}
+
+std::unique_ptr<CWnd> EditWindow::makeStandIn() const {
+    return std::make_unique<CEdit>();
+}
+
+bool EditWindow::onEvent(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::FocusOut) {
+        watched->event(event);
+        onFocusLost(event);
+        return true;
+    }
+    if (event->type() == QEvent::FocusIn &&
+        static_cast<QFocusEvent*>(event)->reason() != Qt::PopupFocusReason) {
+        watched->event(event);
+        notify(EN_SETFOCUS);
+        return true;
+    }
+    if (event->type() == QEvent::KeyPress && m_arrowKeysTarget != nullptr) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if (key == Qt::Key_Up || key == Qt::Key_Down) {
+            static_cast<UpDownWindow*>(m_arrowKeysTarget.data())->step(key == Qt::Key_Up);
+            return true;
+        }
+    }
+    return false;
+}
+
+/// The widget has handled the event: a handler that fails may give it the focus and select its text again.
+void EditWindow::onFocusLost(QEvent* event) {
+    const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+    if (reason == Qt::PopupFocusReason) {
+        return; // its own context menu, or a drop-down list: neither takes the focus
+    }
+    const int runsBefore = modalRuns();
+    notify(EN_KILLFOCUS);
+    if (reason == Qt::MouseFocusReason && modalRuns() != runsBefore) {
+        discardNextPress();
+    }
+}
+
+} // namespace qtbackend

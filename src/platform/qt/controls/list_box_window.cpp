@@ -1,0 +1,176 @@
+#include "platform/qt/controls/list_box_window.h"
+
+#include "platform/framework/list_box.h"
+#include "platform/framework/message_state.h"
+#include "platform/qt/controls/text_items.h"
+#include "platform/windows/control_messages.h"
+
+namespace qtbackend {
+
+ListBoxWindow::ListBoxWindow(Window& parent, const ControlTraits& traits)
+    : Window(new QListWidget(parent.widget()), &parent, traits.window)
+    , m_list(static_cast<QListWidget&>(*widget())) {
+    m_list.installEventFilter(this);
+    watch(m_list.viewport());
+    m_list.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    if ((style() & LBS_EXTENDEDSEL) != 0) {
+        m_list.setSelectionMode(QAbstractItemView::ExtendedSelection);
+    } else if ((style() & LBS_MULTIPLESEL) != 0) {
+        m_list.setSelectionMode(QAbstractItemView::MultiSelection);
+    }
+    if ((style() & LBS_NOTIFY) != 0) {
+        QObject::connect(&m_list, &QListWidget::itemSelectionChanged, this, [this] {
+            if (!m_fromProgram) {
+                notify(LBN_SELCHANGE);
+            }
+        });
+        QObject::connect(&m_list, &QListWidget::itemDoubleClicked, this, [this] { notify(LBN_DBLCLK); });
+    }
+}
+
+std::unique_ptr<CWnd> ListBoxWindow::makeStandIn() const {
+    return std::make_unique<CListBox>();
+}
+
+LRESULT ListBoxWindow::process(UINT message, WPARAM wParam, LPARAM lParam) {
+    const StateScope fromProgram(m_fromProgram, true);
+    const int index = static_cast<int>(wParam);
+    switch (message) {
+    case LB_ADDSTRING:
+        return insert(-1, toText(lParam));
+    case LB_INSERTSTRING:
+        return insert(index < 0 ? m_list.count() : index, toText(lParam));
+    case LB_RESETCONTENT:
+        m_list.clear();
+        return 0;
+    case LB_GETCOUNT:
+        return m_list.count();
+    case LB_GETCURSEL:
+        return isMultiple() || !m_list.selectedItems().isEmpty() ? m_list.currentRow() : LB_ERR;
+    case LB_SETCURSEL:
+        return select(index);
+    case LB_FINDSTRING:
+        return findPrefix(index, toText(lParam));
+    case LB_GETSELCOUNT:
+        return isMultiple() ? m_list.selectedItems().size() : LB_ERR;
+    case LB_GETSELITEMS:
+        return copySelected(index, reinterpret_cast<int*>(lParam));
+    case LB_SETSEL:
+        return setSelected(static_cast<int>(lParam), wParam != 0);
+    case LB_GETCARETINDEX:
+        return m_list.currentRow();
+    case LB_SETCARETINDEX:
+        moveCaret(index);
+        return 0;
+    case LB_DELETESTRING:
+    case LB_GETSEL:
+    case LB_GETTEXT:
+    case LB_GETTEXTLEN:
+    case LB_GETITEMDATA:
+    case LB_SETITEMDATA:
+        return processItem(message, index, lParam);
+    default:
+        return Window::process(message, wParam, lParam);
+    }
+}
+
+LRESULT ListBoxWindow::processItem(UINT message, int index, LPARAM lParam) {
+    QListWidgetItem* const item = m_list.item(index);
+    if (item == nullptr) {
+        return LB_ERR;
+    }
+    switch (message) {
+    case LB_DELETESTRING:
+        return remove(index);
+    case LB_GETSEL:
+        return item->isSelected() ? 1 : 0;
+    case LB_GETTEXT:
+        return copyItemText(item->text(), lParam);
+    case LB_GETTEXTLEN:
+        return item->text().toUtf8().size();
+    case LB_SETITEMDATA:
+        item->setData(Qt::UserRole, QVariant::fromValue<qlonglong>(lParam));
+        return 0;
+    default:
+        return static_cast<LRESULT>(item->data(Qt::UserRole).toLongLong());
+    }
+}
+
+/// An index of -1 adds: at its place in a sorted list, else at the end.
+LRESULT ListBoxWindow::insert(int index, const QString& text) {
+    if (index > m_list.count()) {
+        return LB_ERR;
+    }
+    if (index < 0) {
+        index =
+            (style() & LBS_SORT) != 0
+                ? sortedPlace(text, m_list.count(), [this](int item) { return m_list.item(item)->text(); })
+                : m_list.count();
+    }
+    m_list.insertItem(index, text);
+    return index;
+}
+
+LRESULT ListBoxWindow::remove(int index) {
+    const bool wasSelected = m_list.item(index)->isSelected();
+    delete m_list.takeItem(index);
+    if (wasSelected && !isMultiple()) {
+        m_list.clearSelection(); // Qt would select a neighbour
+    }
+    return m_list.count();
+}
+
+LRESULT ListBoxWindow::select(int index) {
+    if (isMultiple() || index >= m_list.count()) {
+        return LB_ERR;
+    }
+    if (index < 0) {
+        m_list.clearSelection();
+        return LB_ERR;
+    }
+    m_list.setCurrentRow(index, QItemSelectionModel::ClearAndSelect);
+    return index;
+}
+
+LRESULT ListBoxWindow::setSelected(int index, bool selected) {
+    if (!isMultiple() || index >= m_list.count()) {
+        return LB_ERR;
+    }
+    if (index < 0) {
+        selected ? m_list.selectAll() : m_list.clearSelection();
+        return 0;
+    }
+    m_list.item(index)->setSelected(selected);
+    moveCaret(index);
+    return 0;
+}
+
+void ListBoxWindow::moveCaret(int index) {
+    m_list.setCurrentRow(index, QItemSelectionModel::NoUpdate);
+}
+
+LRESULT ListBoxWindow::findPrefix(int startAfter, const QString& prefix) const {
+    const int count = m_list.count();
+    for (int step = 1; step <= count; ++step) {
+        const int index = (startAfter + step) % count;
+        if (m_list.item(index)->text().startsWith(prefix, Qt::CaseInsensitive)) {
+            return index;
+        }
+    }
+    return LB_ERR;
+}
+
+LRESULT ListBoxWindow::copySelected(int room, int* indices) const {
+    if (!isMultiple()) {
+        return LB_ERR;
+    }
+    int copied = 0;
+    for (int index = 0; index < m_list.count() && copied < room; ++index) {
+        if (m_list.item(index)->isSelected()) {
+            indices[copied++] = index;
+        }
+    }
+    return copied;
+}
+
+} // namespace qtbackend

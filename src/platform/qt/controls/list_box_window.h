@@ -1,0 +1,35 @@
+#pragma once
+
+#include "platform/qt/controls/control_factory.h"
+
+#include <QListWidget>
+
+namespace qtbackend {
+
+/// A list of texts, for one or several selected.
+class ListBoxWindow : public Window {
+public:
+    ListBoxWindow(Window& parent, const ControlTraits& traits);
+
+    LRESULT process(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+protected:
+    LRESULT dialogCode() const override { return DLGC_WANTARROWS; }
+    std::unique_ptr<CWnd> makeStandIn() const override;
+
+private:
+    bool isMultiple() const { return (style() & (LBS_MULTIPLESEL | LBS_EXTENDEDSEL)) != 0; }
+    LRESULT processItem(UINT message, int index, LPARAM lParam);
+    LRESULT insert(int index, const QString& text);
+    LRESULT select(int index);
+    LRESULT setSelected(int index, bool selected);
+    LRESULT remove(int index);
+    LRESULT findPrefix(int startAfter, const QString& prefix) const;
+    LRESULT copySelected(int room, int* indices) const;
+    void moveCaret(int index);
+
+    QListWidget& m_list;
+    bool m_fromProgram = false; ///< changes of the selection are not reported
+};
+
+} // namespace qtbackend

@@ -1,0 +1,95 @@
+#include "platform/qt/controls/owner_draw_window.h"
+
+#include "platform/framework/button.h"
+#include "platform/qt/device_context.h"
+#include "platform/windows/control_messages.h"
+
+#include <QAbstractButton>
+#include <QPaintEvent>
+#include <QPainter>
+
+#include <utility>
+
+namespace qtbackend {
+
+namespace {
+
+/// Asks its window for its picture. What the object leaves unpainted keeps what was there.
+class OwnerDrawButton : public QAbstractButton {
+public:
+    explicit OwnerDrawButton(QWidget* parent) : QAbstractButton(parent) {
+        setAttribute(Qt::WA_OpaquePaintEvent);
+    }
+    void setWindow(OwnerDrawWindow* window) { m_window = window; }
+
+protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        if (!std::exchange(m_painted, true)) {
+            painter.fillRect(rect(), palette().window());
+        }
+        if (m_window != nullptr) {
+            m_window->paint(painter);
+        }
+    }
+
+private:
+    QPointer<OwnerDrawWindow> m_window;
+    bool m_painted = false;
+};
+
+} // namespace
+
+OwnerDrawWindow::OwnerDrawWindow(Window& parent, const ControlTraits& traits)
+    : Window(new OwnerDrawButton(parent.widget()), &parent, traits.window) {
+    auto& button = static_cast<OwnerDrawButton&>(*widget());
+    button.setWindow(this);
+    button.installEventFilter(this);
+    // A click gives the focus in the default processing of the press, which the object may leave out.
+    button.setFocusPolicy((style() & WS_TABSTOP) != 0 ? Qt::TabFocus : Qt::NoFocus);
+    QObject::connect(&button, &QAbstractButton::clicked, this, [this] { notify(BN_CLICKED); });
+    OwnerDrawWindow::setText(traits.text);
+}
+
+void OwnerDrawWindow::setText(const QString& text) {
+    m_text = text;
+    widget()->setToolTip(text);
+    widget()->setAccessibleName(text);
+}
+
+LRESULT OwnerDrawWindow::process(UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_LBUTTONDBLCLK) {
+        notify(BN_DOUBLECLICKED);
+        return 0;
+    }
+    if (message == WM_LBUTTONDOWN) {
+        widget()->setFocus(Qt::MouseFocusReason);
+    }
+    return Window::process(message, wParam, lParam);
+}
+
+std::unique_ptr<CWnd> OwnerDrawWindow::makeStandIn() const {
+    return std::make_unique<CButton>();
+}
+
+UINT OwnerDrawWindow::itemState() const {
+    const auto& button = static_cast<const QAbstractButton&>(*widget());
+    return (button.isDown() ? ODS_SELECTED : 0) | (button.isEnabled() ? 0 : ODS_DISABLED) |
+           (button.hasFocus() ? ODS_FOCUS : 0);
+}
+
+void OwnerDrawWindow::paint(QPainter& painter) {
+    if (isEnding() || parentWindow() == nullptr) {
+        return;
+    }
+    HDC__ context(painter);
+    DRAWITEMSTRUCT item;
+    item.CtlID = static_cast<UINT>(id());
+    item.itemState = itemState();
+    item.hwndItem = handle();
+    item.hDC = &context;
+    item.rcItem = {0, 0, widget()->width(), widget()->height()};
+    ::SendMessage(parentWindow()->handle(), WM_DRAWITEM, item.CtlID, reinterpret_cast<LPARAM>(&item));
+}
+
+} // namespace qtbackend

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "platform/qt/controls/control_factory.h"
+
+class QPainter;
+
+namespace qtbackend {
+
+/// A button that its object paints.
+class OwnerDrawWindow : public Window {
+public:
+    OwnerDrawWindow(Window& parent, const ControlTraits& traits);
+
+    LRESULT process(UINT message, WPARAM wParam, LPARAM lParam) override;
+    QString text() const override { return m_text; }
+    void setText(const QString& text) override;
+
+    void paint(QPainter& painter);
+
+protected:
+    LRESULT dialogCode() const override { return DLGC_BUTTON | DLGC_UNDEFPUSHBUTTON; }
+    std::unique_ptr<CWnd> makeStandIn() const override;
+
+private:
+    UINT itemState() const;
+
+    QString m_text;
+};
+
+} // namespace qtbackend

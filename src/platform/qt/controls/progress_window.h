@@ -1,0 +1,20 @@
+#pragma once
+
+#include "platform/qt/controls/control_factory.h"
+
+namespace qtbackend {
+
+/// A bar that fills up.
+class ProgressWindow : public Window {
+public:
+    ProgressWindow(Window& parent, const ControlTraits& traits);
+
+    LRESULT process(UINT message, WPARAM wParam, LPARAM lParam) override;
+    bool capturesMouse() const override { return false; }
+
+protected:
+    LRESULT dialogCode() const override { return DLGC_STATIC; }
+    std::unique_ptr<CWnd> makeStandIn() const override;
+};
+
+} // namespace qtbackend

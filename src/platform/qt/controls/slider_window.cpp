@@ -1,0 +1,159 @@
+#include "platform/qt/controls/slider_window.h"
+
+#include "platform/framework/message_state.h"
+#include "platform/framework/scroll_bar.h"
+#include "platform/framework/slider_ctrl.h"
+#include "platform/windows/control_messages.h"
+
+#include <QScrollBar>
+#include <QSlider>
+
+#include <algorithm>
+#include <utility>
+
+namespace qtbackend {
+
+namespace {
+
+int codeOf(int action) {
+    switch (action) {
+    case QAbstractSlider::SliderSingleStepAdd:
+        return SB_LINERIGHT;
+    case QAbstractSlider::SliderSingleStepSub:
+        return SB_LINELEFT;
+    case QAbstractSlider::SliderPageStepAdd:
+        return SB_PAGERIGHT;
+    case QAbstractSlider::SliderPageStepSub:
+        return SB_PAGELEFT;
+    case QAbstractSlider::SliderToMinimum:
+        return SB_LEFT;
+    case QAbstractSlider::SliderToMaximum:
+        return SB_RIGHT;
+    default:
+        return SB_THUMBTRACK;
+    }
+}
+
+} // namespace
+
+AbstractSliderWindow::AbstractSliderWindow(QAbstractSlider* slider, Window& parent,
+                                           const ControlTraits& traits)
+    : Window(slider, &parent, traits.window), m_slider(*slider) {
+    m_slider.setFocusPolicy((style() & WS_TABSTOP) != 0 ? Qt::StrongFocus : Qt::ClickFocus);
+    m_slider.installEventFilter(this);
+    QObject::connect(&m_slider, &QAbstractSlider::actionTriggered, this,
+                     [this](int action) { m_code = codeOf(action); });
+    QObject::connect(&m_slider, &QAbstractSlider::valueChanged, this, [this] {
+        if (!m_fromProgram) {
+            onMoved(std::exchange(m_code, SB_THUMBTRACK));
+        }
+    });
+    QObject::connect(&m_slider, &QAbstractSlider::sliderReleased, this, [this] {
+        notifyScroll(m_slider.orientation(), SB_THUMBPOSITION, m_slider.value());
+        notifyScroll(m_slider.orientation(), SB_ENDSCROLL, 0);
+    });
+}
+
+/// A wheel turned on the way past changes nothing.
+bool AbstractSliderWindow::onEvent(QObject*, QEvent* event) {
+    if (event->type() == QEvent::Wheel && !m_slider.hasFocus()) {
+        event->ignore();
+        return true;
+    }
+    return false;
+}
+
+void AbstractSliderWindow::onMoved(int code) {
+    notifyScroll(m_slider.orientation(), code, code == SB_THUMBTRACK ? m_slider.value() : 0);
+}
+
+LRESULT AbstractSliderWindow::setPosition(int position) {
+    const StateScope fromProgram(m_fromProgram, true);
+    const int former = m_slider.value();
+    if (former != position) {
+        m_slider.setValue(position);
+    }
+    return former;
+}
+
+/// A page is a fifth of the range, as the system has it.
+void AbstractSliderWindow::setRange(int lower, int upper) {
+    const StateScope fromProgram(m_fromProgram, true);
+    m_slider.setRange(lower, upper);
+    m_slider.setPageStep(std::max(1, (upper - lower) / 5));
+}
+
+SliderWindow::SliderWindow(Window& parent, const ControlTraits& traits)
+    : AbstractSliderWindow(
+          new QSlider((traits.window.style & TBS_VERT) != 0 ? Qt::Vertical : Qt::Horizontal, parent.widget()),
+          parent, traits) {
+    setRange(0, 100);
+}
+
+LRESULT SliderWindow::process(UINT message, WPARAM wParam, LPARAM lParam) {
+    const int value = static_cast<int>(lParam);
+    switch (message) {
+    case TBM_GETPOS:
+        return slider().value();
+    case TBM_GETRANGEMIN:
+        return slider().minimum();
+    case TBM_GETRANGEMAX:
+        return slider().maximum();
+    case TBM_SETPOS:
+        setPosition(value);
+        return 0;
+    case TBM_SETRANGEMIN:
+        setRange(value, slider().maximum());
+        return 0;
+    case TBM_SETRANGEMAX:
+        setRange(slider().minimum(), value);
+        return 0;
+    default:
+        return Window::process(message, wParam, lParam);
+    }
+}
+
+std::unique_ptr<CWnd> SliderWindow::makeStandIn() const {
+    return std::make_unique<CSliderCtrl>();
+}
+
+ScrollBarWindow::ScrollBarWindow(Window& parent, const ControlTraits& traits)
+    : AbstractSliderWindow(
+          new QScrollBar((traits.window.style & SBS_VERT) != 0 ? Qt::Vertical : Qt::Horizontal,
+                         parent.widget()),
+          parent, traits) {
+    setRange(0, 100);
+}
+
+LRESULT ScrollBarWindow::process(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+    case SBM_GETPOS:
+        return m_position;
+    case SBM_SETPOS: {
+        const int former = m_position;
+        m_position = std::clamp(static_cast<int>(wParam), slider().minimum(), slider().maximum());
+        setPosition(m_position);
+        return former;
+    }
+    case SBM_SETRANGE:
+        setRange(static_cast<int>(wParam), static_cast<int>(lParam));
+        m_position = std::clamp(m_position, slider().minimum(), slider().maximum());
+        return 0;
+    default:
+        return Window::process(message, wParam, lParam);
+    }
+}
+
+/// The thumb follows the mouse while it is dragged; otherwise it stands where the parent has put it.
+void ScrollBarWindow::onMoved(int code) {
+    AbstractSliderWindow::onMoved(code);
+    if (!isEnding() && !slider().isSliderDown()) {
+        setPosition(m_position);
+    }
+}
+
+std::unique_ptr<CWnd> ScrollBarWindow::makeStandIn() const {
+    return std::make_unique<CScrollBar>();
+}
+
+} // namespace qtbackend

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "platform/qt/controls/control_factory.h"
+
+#include <QAbstractSlider>
+
+namespace qtbackend {
+
+/// What trackbars and scroll bars have in common: the user's moves arrive at the parent as scroll messages.
+class AbstractSliderWindow : public Window {
+public:
+    AbstractSliderWindow(QAbstractSlider* slider, Window& parent, const ControlTraits& traits);
+
+protected:
+    QAbstractSlider& slider() const { return m_slider; }
+    LRESULT setPosition(int position);
+    void setRange(int lower, int upper);
+    LRESULT dialogCode() const override { return DLGC_WANTARROWS; }
+    bool onEvent(QObject* watched, QEvent* event) override;
+    /// The user has moved it: the code tells how.
+    virtual void onMoved(int code);
+
+private:
+    QAbstractSlider& m_slider;
+    int m_code = SB_THUMBTRACK; ///< of the move under way
+    bool m_fromProgram = false; ///< changes of the position are not reported
+};
+
+/// A trackbar.
+class SliderWindow : public AbstractSliderWindow {
+public:
+    SliderWindow(Window& parent, const ControlTraits& traits);
+
+    LRESULT process(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+protected:
+    std::unique_ptr<CWnd> makeStandIn() const override;
+};
+
+/// A scroll bar that stands alone. It shows what its parent tells it, also after the user has moved it.
+class ScrollBarWindow : public AbstractSliderWindow {
+public:
+    ScrollBarWindow(Window& parent, const ControlTraits& traits);
+
+    LRESULT process(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+protected:
+    std::unique_ptr<CWnd> makeStandIn() const override;
+    void onMoved(int code) override;
+
+private:
+    int m_position = 0; ///< as the parent set it
+};
+
+} // namespace qtbackend

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "platform/qt/controls/control_factory.h"
+
+namespace qtbackend {
+
+/// A text, frame or rectangle. Lets the mouse through and lies below the controls it surrounds.
+class StaticWindow : public Window {
+public:
+    StaticWindow(Window& parent, const ControlTraits& traits);
+
+    QString text() const override { return m_text; }
+    void setText(const QString& text) override;
+    bool capturesMouse() const override { return false; }
+
+protected:
+    LRESULT dialogCode() const override { return DLGC_STATIC; }
+    std::unique_ptr<CWnd> makeStandIn() const override;
+
+private:
+    QString m_text;
+};
+
+/// A titled frame around other controls.
+class GroupBoxWindow : public Window {
+public:
+    GroupBoxWindow(Window& parent, const ControlTraits& traits);
+
+    QString text() const override;
+    void setText(const QString& text) override;
+    bool capturesMouse() const override { return false; }
+
+protected:
+    LRESULT dialogCode() const override { return DLGC_STATIC; }
+};
+
+} // namespace qtbackend

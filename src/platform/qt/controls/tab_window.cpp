@@ -1,0 +1,97 @@
+#include "platform/qt/controls/tab_window.h"
+
+#include "platform/framework/message_state.h"
+#include "platform/framework/tab_ctrl.h"
+#include "platform/qt/controls/text_items.h"
+#include "platform/windows/control_messages.h"
+
+#include <QStyleOptionTabWidgetFrame>
+#include <QStylePainter>
+
+namespace qtbackend {
+
+namespace {
+
+/// Tabs with the frame of their page below.
+class TabsOverPage : public QTabBar {
+public:
+    explicit TabsOverPage(QWidget* parent) : QTabBar(parent) {
+        setDrawBase(false);
+        setExpanding(false);
+    }
+
+protected:
+    void paintEvent(QPaintEvent* event) override {
+        const int tabHeight = count() > 0 ? tabRect(0).height() : 0;
+        QStyleOptionTabWidgetFrame frame;
+        frame.initFrom(this);
+        frame.lineWidth = style()->pixelMetric(QStyle::PM_DefaultFrameWidth, nullptr, this);
+        frame.tabBarSize = QSize(width(), tabHeight);
+        frame.rect = rect().adjusted(0, tabHeight - style()->pixelMetric(QStyle::PM_TabBarBaseOverlap), 0, 0);
+        {
+            QStylePainter painter(this);
+            painter.drawPrimitive(QStyle::PE_FrameTabWidget, frame);
+        }
+        QTabBar::paintEvent(event);
+    }
+};
+
+} // namespace
+
+TabWindow::TabWindow(Window& parent, const ControlTraits& traits)
+    : Window(new TabsOverPage(parent.widget()), &parent, traits.window)
+    , m_tabs(static_cast<QTabBar&>(*widget())) {
+    m_tabs.lower();
+    m_tabs.installEventFilter(this);
+    QObject::connect(&m_tabs, &QTabBar::currentChanged, this, [this] { onChanged(); });
+}
+
+std::unique_ptr<CWnd> TabWindow::makeStandIn() const {
+    return std::make_unique<CTabCtrl>();
+}
+
+void TabWindow::onChanged() {
+    if (!m_fromProgram) {
+        NMHDR header;
+        notify(header, TCN_SELCHANGE);
+    }
+}
+
+/// A wheel turned over the tabs on the way past changes nothing.
+bool TabWindow::onEvent(QObject*, QEvent* event) {
+    if (event->type() == QEvent::Wheel && !m_tabs.hasFocus()) {
+        event->ignore();
+        return true;
+    }
+    return false;
+}
+
+LRESULT TabWindow::process(UINT message, WPARAM wParam, LPARAM lParam) {
+    const StateScope fromProgram(m_fromProgram, true);
+    switch (message) {
+    case TCM_INSERTITEM:
+        return insert(static_cast<int>(wParam), toText(lParam));
+    case TCM_GETITEMCOUNT:
+        return m_tabs.count();
+    case TCM_GETCURSEL:
+        return m_tabs.currentIndex();
+    case TCM_SETCURSEL:
+        return select(static_cast<int>(wParam));
+    default:
+        return Window::process(message, wParam, lParam);
+    }
+}
+
+LRESULT TabWindow::insert(int index, const QString& text) {
+    return m_tabs.insertTab(index, text);
+}
+
+LRESULT TabWindow::select(int index) {
+    const int former = m_tabs.currentIndex();
+    if (index >= 0 && index < m_tabs.count()) {
+        m_tabs.setCurrentIndex(index);
+    }
+    return former;
+}
+
+} // namespace qtbackend

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "platform/windows_types.h"
+
+#include <QString>
+
+#include <cstring>
+
+namespace qtbackend {
+
+inline QString toText(LPARAM text) {
+    return QString::fromUtf8(reinterpret_cast<const char*>(text));
+}
+
+/// Copies an item's text with its terminating zero to where the message's buffer is; its length in bytes.
+inline LRESULT copyItemText(const QString& text, LPARAM buffer) {
+    const QByteArray bytes = text.toUtf8();
+    std::memcpy(reinterpret_cast<char*>(buffer), bytes.constData(),
+                static_cast<std::size_t>(bytes.size()) + 1);
+    return bytes.size();
+}
+
+/// Where a text belongs among `count` sorted ones: behind those that are not greater, letter case aside.
+template <class TextAt> int sortedPlace(const QString& text, int count, TextAt textAt) {
+    int place = 0;
+    while (place < count && QString::compare(textAt(place), text, Qt::CaseInsensitive) <= 0) {
+        ++place;
+    }
+    return place;
+}
+
+} // namespace qtbackend

@@ -1,0 +1,159 @@
+#include "platform/qt/controls/up_down_window.h"
+
+#include "platform/framework/spin_button_ctrl.h"
+#include "platform/qt/controls/edit_window.h"
+#include "platform/qt/window_registry.h"
+#include "platform/windows/control_messages.h"
+
+#include <QAbstractSpinBox>
+#include <QFocusEvent>
+#include <QLineEdit>
+
+#include <algorithm>
+#include <utility>
+
+namespace qtbackend {
+
+namespace {
+
+/// The arrows of a spin box without its text.
+class ArrowPair : public QAbstractSpinBox {
+public:
+    explicit ArrowPair(QWidget* parent) : QAbstractSpinBox(parent) {
+        setFrame(false);
+        setFocusPolicy(Qt::NoFocus);
+        lineEdit()->hide();
+    }
+    void setWindow(UpDownWindow* window) { m_window = window; }
+    void stepBy(int steps) override {
+        const int runsBefore = modalRuns();
+        if (m_window != nullptr) {
+            m_window->step(steps > 0);
+        }
+        if (modalRuns() != runsBefore) {
+            release();
+        }
+    }
+
+protected:
+    StepEnabled stepEnabled() const override { return StepUpEnabled | StepDownEnabled; }
+
+private:
+    /// A dialog took the release of the button: without one the arrow would step on for ever.
+    void release() {
+        QFocusEvent lost(QEvent::FocusOut, Qt::OtherFocusReason);
+        focusOutEvent(&lost);
+    }
+
+    QPointer<UpDownWindow> m_window;
+};
+
+} // namespace
+
+UpDownWindow::UpDownWindow(Window& parent, const ControlTraits& traits)
+    : Window(new ArrowPair(parent.widget()), &parent, traits.window) {
+    static_cast<ArrowPair&>(*widget()).setWindow(this);
+    widget()->installEventFilter(this);
+}
+
+void UpDownWindow::onCreated() {
+    if ((style() & UDS_AUTOBUDDY) != 0) {
+        setBuddy(::GetWindow(handle(), GW_HWNDPREV));
+    }
+}
+
+std::unique_ptr<CWnd> UpDownWindow::makeStandIn() const {
+    return std::make_unique<CSpinButtonCtrl>();
+}
+
+Window* UpDownWindow::buddy() const {
+    return WindowRegistry::instance().find(m_buddy);
+}
+
+HWND UpDownWindow::setBuddy(HWND window) {
+    const HWND former = std::exchange(m_buddy, window);
+    if ((style() & UDS_ARROWKEYS) != 0) {
+        if (auto* const edit = dynamic_cast<EditWindow*>(buddy())) {
+            edit->setArrowKeysTarget(this);
+        }
+    }
+    standBesideBuddy();
+    return former;
+}
+
+/// Takes its place out of the buddy's where the style says so.
+void UpDownWindow::standBesideBuddy() {
+    const bool right = (style() & UDS_ALIGNRIGHT) != 0;
+    if (buddy() == nullptr || (!right && (style() & UDS_ALIGNLEFT) == 0)) {
+        return;
+    }
+    QRect whole = buddy()->widget()->geometry();
+    QRect own(whole.topLeft(), QSize(widget()->width(), whole.height()));
+    if (right) {
+        own.moveRight(whole.right());
+        whole.setRight(own.left() - 1);
+    } else {
+        whole.setLeft(own.right() + 1);
+    }
+    setGeometry(own);
+    buddy()->setGeometry(whole);
+}
+
+LRESULT UpDownWindow::process(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+    case UDM_SETBUDDY:
+        return reinterpret_cast<LRESULT>(setBuddy(reinterpret_cast<HWND>(wParam)));
+    case UDM_GETBUDDY:
+        return reinterpret_cast<LRESULT>(m_buddy);
+    case UDM_SETRANGE32:
+        m_lower = static_cast<int>(wParam);
+        m_upper = static_cast<int>(lParam);
+        return 0;
+    case UDM_SETPOS32:
+        return setPosition(static_cast<int>(lParam));
+    case UDM_GETPOS32:
+        return m_position;
+    default:
+        return Window::process(message, wParam, lParam);
+    }
+}
+
+int UpDownWindow::setPosition(int position) {
+    const auto [low, high] = std::minmax(m_lower, m_upper);
+    const int former = std::exchange(m_position, std::clamp(position, low, high));
+    if ((style() & UDS_SETBUDDYINT) != 0 && buddy() != nullptr) {
+        buddy()->setText(QString::number(m_position));
+    }
+    return former;
+}
+
+void UpDownWindow::step(bool up) {
+    if (isEnding() || !widget()->isEnabled()) {
+        return;
+    }
+    const QPointer<UpDownWindow> alive = this;
+    NMUPDOWN record;
+    record.iPos = m_position;
+    record.iDelta = up == (m_upper >= m_lower) ? 1 : -1;
+    const LRESULT veto = notify(record.hdr, UDN_DELTAPOS);
+    if (alive == nullptr || isEnding() || veto != 0) {
+        return;
+    }
+    const auto [low, high] = std::minmax(m_lower, m_upper);
+    const int next = std::clamp(m_position + record.iDelta, low, high);
+    if (next != m_position) {
+        setPosition(next);
+    }
+}
+
+/// A press first gives the buddy the focus, so that what was typed elsewhere is taken over before the step.
+bool UpDownWindow::onEvent(QObject*, QEvent* event) {
+    if (event->type() != QEvent::MouseButtonPress || buddy() == nullptr || !widget()->isEnabled()) {
+        return false;
+    }
+    const int runsBefore = modalRuns();
+    buddy()->widget()->setFocus(Qt::OtherFocusReason);
+    return isEnding() || modalRuns() != runsBefore;
+}
+
+} // namespace qtbackend

@@ -1,0 +1,90 @@
+#include "platform/dialog_template.h"
+#include "platform/qt/application.h"
+#include "platform/qt/controls/control_factory.h"
+#include "platform/qt/dialog_window.h"
+#include "platform/qt/foreign_window.h"
+#include "platform/qt/window_registry.h"
+
+#include <utility>
+
+using qtbackend::DialogWidget;
+using qtbackend::DialogWindow;
+using qtbackend::ForeignWindow;
+using qtbackend::Window;
+using qtbackend::WindowRegistry;
+
+namespace {
+
+Qt::WindowFlags flagsOf(const DialogTemplate& layout) {
+    Qt::WindowFlags flags = Qt::Dialog | Qt::CustomizeWindowHint;
+    if ((layout.style & WS_CAPTION) == WS_CAPTION) {
+        flags |= Qt::WindowTitleHint;
+    }
+    if ((layout.style & WS_SYSMENU) != 0) {
+        flags |= Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint;
+    }
+    return flags;
+}
+
+std::unique_ptr<DialogWidget> makeWidget(const DialogTemplate& layout, const Window* owner) {
+    // The owner may be a child of the host's main window: a dialog stands over the whole of it.
+    QWidget* const ownerWidget = owner != nullptr ? owner->widget() : nullptr;
+    auto widget = std::make_unique<DialogWidget>(ownerWidget != nullptr ? ownerWidget->window() : nullptr,
+                                                 flagsOf(layout));
+    widget->setObjectName(QStringLiteral("dialog-%1").arg(layout.id));
+    widget->setWindowTitle(QString::fromStdString(layout.caption));
+    widget->setFont(qtbackend::dialogFont(QString::fromStdString(layout.fontFace), layout.fontPointSize));
+    return widget;
+}
+
+/// False when the template names a class that nobody registered.
+bool addControls(DialogWindow& dialog, const DialogTemplate& layout) {
+    for (const DialogItem& item : layout.items) {
+        const qtbackend::ControlTraits traits{{item.id, item.style, item.windowClass},
+                                              item.exStyle,
+                                              QString::fromStdString(item.text),
+                                              dialog.mapDialogRect(item.rect)};
+        if (qtbackend::makeControl(dialog, traits) == nullptr) {
+            return false;
+        }
+    }
+    return true;
+}
+
+DialogWindow* findDialogWindow(HWND dialog) {
+    return dynamic_cast<DialogWindow*>(WindowRegistry::instance().find(dialog));
+}
+
+} // namespace
+
+HWND CreateDialogWindow(const DialogTemplate& layout, HWND parent) {
+    if (!qtbackend::ensureApplication()) {
+        return nullptr;
+    }
+    WindowRegistry& registry = WindowRegistry::instance();
+    Window* const owner = registry.findOrAdopt(parent);
+    auto made = std::make_unique<DialogWindow>(makeWidget(layout, owner), owner,
+                                               qtbackend::WindowTraits{layout.id, layout.style, "#32770"});
+    DialogWindow& dialog = registry.add(std::move(made));
+    static_cast<DialogWidget*>(dialog.widget())->setWindow(dialog.handle());
+    dialog.widget()->setFixedSize(dialog.mapDialogRect(layout.rect).size());
+    if (auto* const foreign = dynamic_cast<ForeignWindow*>(owner)) {
+        foreign->adopt(*dialog.widget());
+    }
+    if (!addControls(dialog, layout)) {
+        DestroyWindow(dialog.handle());
+        return nullptr;
+    }
+    return dialog.handle();
+}
+
+INT_PTR RunDialogWindow(HWND dialog, INT_PTR broken) {
+    DialogWindow* const found = findDialogWindow(dialog);
+    return found != nullptr ? found->run(broken) : broken;
+}
+
+void EndDialogWindow(HWND dialog, INT_PTR result) {
+    if (DialogWindow* const found = findDialogWindow(dialog)) {
+        found->end(result);
+    }
+}

@@ -1,0 +1,135 @@
+#include "platform/qt/dialog_window.h"
+
+#include "platform/dialog_template.h"
+#include "platform/framework/dialog.h"
+#include "platform/qt/window_registry.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QFontMetricsF>
+#include <QKeyEvent>
+
+#include <algorithm>
+#include <cmath>
+
+namespace qtbackend {
+
+namespace {
+
+/// The average width of the Latin letters, as the windowing system takes it for its dialog units.
+int averageLetterWidth(const QFont& font) {
+    const QString letters = QStringLiteral("ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz");
+    const double width = QFontMetricsF(font).horizontalAdvance(letters) / static_cast<double>(letters.size());
+    return std::max(1, static_cast<int>(std::lround(width)));
+}
+
+/// value * numerator / denominator, rounded to the nearest.
+int scaled(int value, int numerator, int denominator) {
+    return static_cast<int>(std::floor((value * numerator) / static_cast<double>(denominator) + 0.5));
+}
+
+} // namespace
+
+DialogWidget::DialogWidget(QWidget* owner, Qt::WindowFlags flags) : QDialog(owner, flags) {
+    setAttribute(Qt::WA_QuitOnClose, false);
+}
+
+// Qt deletes a dialog with its owner. Its object hears of that while the controls still stand.
+DialogWidget::~DialogWidget() {
+    endWindow(m_window);
+}
+
+void DialogWidget::closeEvent(QCloseEvent* event) {
+    const HWND window = m_window;
+    ::SendMessage(window, WM_CLOSE, 0, 0);
+    // A host that closes all windows to quit is held up only by a dialog that stays.
+    event->setAccepted(::IsWindow(window) == FALSE);
+}
+
+void DialogWidget::keyPressEvent(QKeyEvent* event) {
+    event->ignore();
+}
+
+DialogWindow::DialogWindow(std::unique_ptr<DialogWidget> widget, Window* owner, WindowTraits traits)
+    : Window(widget.get(), owner, std::move(traits))
+    , m_baseX(averageLetterWidth(widget->font()))
+    , m_baseY(QFontMetrics(widget->font()).height()) {
+    widget.release()->installEventFilter(this); // destroyed with the window
+}
+
+QString DialogWindow::text() const {
+    return widget() != nullptr ? widget()->windowTitle() : QString();
+}
+
+void DialogWindow::setText(const QString& text) {
+    widget()->setWindowTitle(text);
+}
+
+std::unique_ptr<CWnd> DialogWindow::makeStandIn() const {
+    return std::make_unique<CDialog>();
+}
+
+/// Dialogs have no sizing border: the size is fixed at what the program asks for.
+void DialogWindow::setGeometry(const QRect& rect) {
+    if (widget()->size() != rect.size()) {
+        widget()->setFixedSize(rect.size());
+    }
+    if (widget()->geometry().topLeft() != rect.topLeft()) {
+        widget()->setGeometry(rect);
+    }
+}
+
+/// The frame belongs to the window manager and is not counted.
+QRect DialogWindow::screenGeometry() const {
+    return widget() != nullptr ? widget()->geometry() : QRect();
+}
+
+QRect DialogWindow::mapDialogRect(const DialogRect& rect) const {
+    const QPoint topLeft(scaled(rect.x, m_baseX, 4), scaled(rect.y, m_baseY, 8));
+    const QPoint end(scaled(rect.x + rect.width, m_baseX, 4), scaled(rect.y + rect.height, m_baseY, 8));
+    return {topLeft, QSize(end.x() - topLeft.x(), end.y() - topLeft.y())};
+}
+
+INT_PTR DialogWindow::run(INT_PTR broken) {
+    if (m_ended) {
+        return m_result;
+    }
+    const DispatchScope keepsThisObject;
+    const ModalRun counted;
+    const QPointer<QWidget> formerlyActive = QApplication::activeWindow();
+    QEventLoop loop;
+    m_loop = &loop;
+    widget()->setWindowModality(Qt::ApplicationModal);
+    widget()->show();
+    loop.exec(QEventLoop::DialogExec);
+    m_loop = nullptr;
+    if (widget() != nullptr) {
+        widget()->hide();
+    }
+    if (formerlyActive != nullptr && formerlyActive->isVisible()) {
+        formerlyActive->activateWindow();
+    }
+    return m_ended ? m_result : broken;
+}
+
+void DialogWindow::end(INT_PTR result) {
+    m_ended = true;
+    m_result = result;
+    widget()->hide();
+    leaveLoop();
+}
+
+void DialogWindow::leaveLoop() {
+    if (m_loop != nullptr) {
+        m_loop->quit();
+    }
+}
+
+LRESULT DialogWindow::process(UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_NCDESTROY) {
+        leaveLoop();
+    }
+    return Window::process(message, wParam, lParam);
+}
+
+} // namespace qtbackend

@@ -1,0 +1,49 @@
+#include "platform/qt/foreign_window.h"
+
+#include "platform/qt/window_registry.h"
+
+#include <QGuiApplication>
+
+namespace qtbackend {
+
+namespace {
+
+QWidget* widgetOf(HWND handle) {
+    return QWidget::find(static_cast<WId>(reinterpret_cast<std::uintptr_t>(handle)));
+}
+
+/// Of Qt's window systems on this platform only X11 lets a process see windows of others.
+bool seesForeignWindows() {
+    return QGuiApplication::platformName() == QLatin1String("xcb");
+}
+
+} // namespace
+
+ForeignWindow::ForeignWindow(HWND handle) : Window(widgetOf(handle), nullptr, {}) {
+    setHandle(handle);
+    if (widget() != nullptr) {
+        // Native ids are given again: the host's next window must not meet this stand-in.
+        QObject::connect(widget(), &QObject::destroyed, this,
+                         [this] { WindowRegistry::instance().retire(*this); });
+    }
+}
+
+QWindow* ForeignWindow::native() const {
+    if (m_native == nullptr && widget() == nullptr && seesForeignWindows()) {
+        const auto id = reinterpret_cast<std::uintptr_t>(handle());
+        m_native.reset(QWindow::fromWinId(static_cast<WId>(id)));
+    }
+    return m_native.get();
+}
+
+void ForeignWindow::adopt(QWidget& dialog) {
+    if (native() != nullptr && dialog.windowHandle() != nullptr) {
+        dialog.windowHandle()->setTransientParent(native());
+    }
+}
+
+QRect ForeignWindow::screenGeometry() const {
+    return native() != nullptr ? native()->geometry() : Window::screenGeometry();
+}
+
+} // namespace qtbackend

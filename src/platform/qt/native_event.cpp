@@ -1,0 +1,39 @@
+#include "platform/qt/native_event.h"
+
+#include <utility>
+
+namespace qtbackend {
+
+namespace {
+
+NativeEvent* g_current = nullptr;
+
+} // namespace
+
+NativeEvent::NativeEvent(Window& window, UINT message, QObject* target, QEvent* event)
+    : m_window(window)
+    , m_message(message)
+    , m_target(target)
+    , m_event(event)
+    , m_outer(std::exchange(g_current, this)) {}
+
+NativeEvent::~NativeEvent() {
+    g_current = m_outer;
+}
+
+bool NativeEvent::pass(const Window& window, UINT message) {
+    NativeEvent* const current = g_current;
+    if (current == nullptr || &current->m_window != &window || current->m_message != message ||
+        current->m_passed) {
+        return false;
+    }
+    current->m_passed = true;
+    current->m_target->event(current->m_event);
+    return true;
+}
+
+const QEvent* NativeEvent::current() {
+    return g_current != nullptr ? g_current->m_event : nullptr;
+}
+
+} // namespace qtbackend

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "platform/qt/window.h"
+
+#include <QEvent>
+
+namespace qtbackend {
+
+/// The Qt event that a message was made from, while its handlers run. The default processing of the message
+/// hands the event to the widget, once.
+class NativeEvent {
+public:
+    NativeEvent(Window& window, UINT message, QObject* target, QEvent* event);
+    ~NativeEvent();
+    NativeEvent(const NativeEvent&) = delete;
+    NativeEvent& operator=(const NativeEvent&) = delete;
+
+    bool wasPassed() const { return m_passed; }
+    /// Hands the event of this message to its widget when one is on its way.
+    static bool pass(const Window& window, UINT message);
+    /// The innermost event on its way, or null.
+    static const QEvent* current();
+
+private:
+    Window& m_window;
+    UINT m_message;
+    QObject* m_target;
+    QEvent* m_event;
+    bool m_passed = false;
+    NativeEvent* m_outer;
+};
+
+} // namespace qtbackend

@@ -1,0 +1,106 @@
+#pragma once
+
+#include "platform/windows/control_messages.h"
+#include "platform/windows/functions.h"
+#include "platform/windows/styles.h"
+
+#include <QEvent>
+#include <QObject>
+#include <QPointer>
+#include <QWidget>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+class CScrollBar;
+
+namespace qtbackend {
+
+/// What every kind of window is made from.
+struct WindowTraits {
+    int id = 0;
+    DWORD style = 0;
+    std::string className;
+};
+
+/// One window of the system and the Qt widget that shows it: answers the messages of its kind, and turns the
+/// widget's events into messages. The registry owns it from its creation to the window's end; the widget
+/// belongs to its parent widget, or for a top-level window to this object.
+class Window : public QObject {
+public:
+    Window(QWidget* widget, Window* parent, WindowTraits traits);
+    ~Window() override;
+
+    HWND handle() const { return m_handle; }
+    void setHandle(HWND handle) { m_handle = handle; }
+    /// Null once Qt has deleted the widget.
+    QWidget* widget() const { return m_widget; }
+    /// Names the widget even when Qt has deleted it.
+    const QObject* widgetKey() const { return m_widgetKey; }
+    /// The parent of a control, the owner of a dialog, or null.
+    Window* parentWindow() const { return m_parent; }
+    void forgetParent() { m_parent = nullptr; }
+    int id() const { return m_traits.id; }
+    DWORD style() const { return m_traits.style; }
+    const std::string& className() const { return m_traits.className; }
+    /// Controls in the order of their creation.
+    std::vector<Window*>& children() { return m_children; }
+    Window* child(int id) const;
+
+    CWnd* object() const { return m_object; }
+    void setObject(CWnd* object);
+    /// A stand-in object of the control's class for a window that has none.
+    CWnd* standIn();
+    CScrollBar* scrollBarStandIn();
+
+    bool isEnding() const { return m_ending; }
+    /// Nothing that happens to the widgets of the window and its controls is reported to handlers any more.
+    void markEnding();
+    /// Whether somebody else made the window.
+    virtual bool isForeign() const { return false; }
+
+    /// Called once the window is among its parent's controls and has its place.
+    virtual void onCreated() {}
+    /// The default processing of a message.
+    virtual LRESULT process(UINT message, WPARAM wParam, LPARAM lParam);
+    virtual QString text() const { return {}; }
+    virtual void setText(const QString&) {}
+    /// Whether an unhandled press keeps the mouse until its release, as buttons do.
+    virtual bool capturesMouse() const { return true; }
+    /// Sets position and size in the parent's pixels, or on the screen.
+    virtual void setGeometry(const QRect& rect);
+    virtual QRect screenGeometry() const;
+    /// Where the window's own picture stands in the widget.
+    virtual QRect clientRect() const;
+
+    /// Tells the parent of something the user did.
+    void notify(int code);
+    LRESULT notify(NMHDR& header, UINT code);
+    /// Tells the parent of a scroll step.
+    void notifyScroll(Qt::Orientation orientation, int code, int position);
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+protected:
+    virtual LRESULT dialogCode() const { return 0; }
+    virtual std::unique_ptr<CWnd> makeStandIn() const;
+    /// Events of the kind's own interest. True when the event was used up.
+    virtual bool onEvent(QObject* watched, QEvent* event);
+    /// Also hears the events of a part of the widget.
+    void watch(QWidget* part) { part->installEventFilter(this); }
+
+private:
+    HWND m_handle = nullptr;
+    QPointer<QWidget> m_widget;
+    const QObject* m_widgetKey;
+    Window* m_parent;
+    WindowTraits m_traits;
+    std::vector<Window*> m_children;
+    CWnd* m_object = nullptr;
+    std::unique_ptr<CWnd> m_standIn;
+    std::unique_ptr<CScrollBar> m_scrollBarStandIn;
+    bool m_ending = false;
+};
+
+} // namespace qtbackend

@@ -1,0 +1,311 @@
+#include "platform/windows/functions.h"
+
+#include "platform/framework/scroll_bar.h"
+#include "platform/qt/native_event.h"
+#include "platform/qt/window_registry.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QScreen>
+
+#include <algorithm>
+#include <cstring>
+
+using qtbackend::Window;
+using qtbackend::WindowRegistry;
+
+namespace {
+
+Window* find(HWND window) {
+    return WindowRegistry::instance().find(window);
+}
+
+QWidget* widgetOf(HWND window) {
+    const Window* const found = find(window);
+    return found != nullptr ? found->widget() : nullptr;
+}
+
+HWND handleOf(const QWidget* widget) {
+    const Window* const found = WindowRegistry::instance().find(widget);
+    return found != nullptr ? found->handle() : nullptr;
+}
+
+/// What EnableWindow last said, whatever state the parent is in.
+bool isSwitchedOn(const QWidget& widget) {
+    return !widget.testAttribute(Qt::WA_ForceDisabled);
+}
+
+RECT toRect(const QRect& rect) {
+    return {rect.x(), rect.y(), rect.x() + rect.width(), rect.y() + rect.height()};
+}
+
+int copyText(const QByteArray& text, LPSTR buffer, int size) {
+    if (buffer == nullptr || size <= 0) {
+        return 0;
+    }
+    const auto length = std::min<qsizetype>(text.size(), size - 1);
+    std::memcpy(buffer, text.constData(), static_cast<std::size_t>(length));
+    buffer[length] = '\0';
+    return static_cast<int>(length);
+}
+
+} // namespace
+
+BOOL IsWindow(HWND window) {
+    return find(window) != nullptr ? TRUE : FALSE;
+}
+
+BOOL IsWindowEnabled(HWND window) {
+    const QWidget* const widget = widgetOf(window);
+    return widget != nullptr && isSwitchedOn(*widget) ? TRUE : FALSE;
+}
+
+BOOL IsWindowVisible(HWND window) {
+    const QWidget* const widget = widgetOf(window);
+    if (widget == nullptr) {
+        return FALSE;
+    }
+    // While a dialog initialises it is hidden; its controls count as shown then, as they are about to be.
+    const bool asked = widget->isWindow() ? widget->isVisible() : widget->isVisibleTo(widget->window());
+    return asked ? TRUE : FALSE;
+}
+
+BOOL EnableWindow(HWND window, BOOL enable) {
+    QWidget* const widget = widgetOf(window);
+    if (widget == nullptr) {
+        return FALSE;
+    }
+    const bool wasDisabled = !isSwitchedOn(*widget);
+    if (wasDisabled == (enable != FALSE)) {
+        widget->setEnabled(enable != FALSE);
+    }
+    return wasDisabled ? TRUE : FALSE;
+}
+
+BOOL ShowWindow(HWND window, int command) {
+    QWidget* const widget = widgetOf(window);
+    if (widget == nullptr) {
+        return FALSE;
+    }
+    const bool wasShown = !widget->isHidden();
+    const bool show = command != SW_HIDE;
+    if (wasShown != show) {
+        widget->setVisible(show);
+    }
+    return wasShown ? TRUE : FALSE;
+}
+
+int GetWindowText(HWND window, LPSTR buffer, int size) {
+    const Window* const found = find(window);
+    return copyText(found != nullptr ? found->text().toUtf8() : QByteArray(), buffer, size);
+}
+
+int GetWindowTextLength(HWND window) {
+    const Window* const found = find(window);
+    return found != nullptr ? static_cast<int>(found->text().toUtf8().size()) : 0;
+}
+
+BOOL SetWindowText(HWND window, LPCSTR text) {
+    Window* const found = find(window);
+    if (found == nullptr) {
+        return FALSE;
+    }
+    const QString wanted = QString::fromUtf8(text);
+    if (found->text() != wanted) {
+        found->setText(wanted);
+    }
+    return TRUE;
+}
+
+int GetClassName(HWND window, LPSTR buffer, int size) {
+    const Window* const found = find(window);
+    return found != nullptr ? copyText(QByteArray::fromStdString(found->className()), buffer, size) : 0;
+}
+
+DWORD GetWindowStyle(HWND window) {
+    const Window* const found = find(window);
+    return found != nullptr ? found->style() : 0;
+}
+
+int GetDlgCtrlID(HWND window) {
+    const Window* const found = find(window);
+    return found != nullptr ? found->id() : 0;
+}
+
+HWND GetDlgItem(HWND dialog, int id) {
+    const Window* const found = find(dialog);
+    const Window* const child = found != nullptr ? found->child(id) : nullptr;
+    return child != nullptr ? child->handle() : nullptr;
+}
+
+HWND GetParent(HWND window) {
+    const Window* const found = find(window);
+    const Window* const parent = found != nullptr ? found->parentWindow() : nullptr;
+    return parent != nullptr ? parent->handle() : nullptr;
+}
+
+HWND GetWindow(HWND window, UINT relation) {
+    Window* const found = find(window);
+    if (found == nullptr) {
+        return nullptr;
+    }
+    if (relation == GW_CHILD) {
+        return found->children().empty() ? nullptr : found->children().front()->handle();
+    }
+    Window* const parent = found->parentWindow();
+    if (parent == nullptr || relation == GW_OWNER) {
+        return parent != nullptr ? parent->handle() : nullptr;
+    }
+    const auto& siblings = parent->children();
+    const auto place = std::find(siblings.begin(), siblings.end(), found);
+    if (relation == GW_HWNDPREV) {
+        return place != siblings.end() && place != siblings.begin() ? (*(place - 1))->handle() : nullptr;
+    }
+    return place != siblings.end() && place + 1 != siblings.end() ? (*(place + 1))->handle() : nullptr;
+}
+
+HWND GetActiveWindow() {
+    return handleOf(QApplication::activeWindow());
+}
+
+HWND SetActiveWindow(HWND window) {
+    const HWND former = GetActiveWindow();
+    QWidget* const widget = widgetOf(window);
+    if (widget != nullptr && !widget->isActiveWindow()) {
+        widget->activateWindow();
+    }
+    return former;
+}
+
+BOOL GetWindowRect(HWND window, LPRECT rect) {
+    const Window* const found = find(window);
+    *rect = found != nullptr ? toRect(found->screenGeometry()) : RECT();
+    return found != nullptr ? TRUE : FALSE;
+}
+
+BOOL GetClientRect(HWND window, LPRECT rect) {
+    const Window* const found = find(window);
+    *rect = found != nullptr ? toRect(QRect(QPoint(), found->clientRect().size())) : RECT();
+    return found != nullptr ? TRUE : FALSE;
+}
+
+BOOL ScreenToClient(HWND window, LPPOINT point) {
+    POINT origin;
+    const BOOL known = ClientToScreen(window, &origin);
+    *point = {point->x - origin.x, point->y - origin.y};
+    return known;
+}
+
+BOOL ClientToScreen(HWND window, LPPOINT point) {
+    const Window* const found = find(window);
+    if (found == nullptr) {
+        return FALSE;
+    }
+    const QPoint origin = found->screenGeometry().topLeft() + found->clientRect().topLeft();
+    *point = {point->x + origin.x(), point->y + origin.y()};
+    return TRUE;
+}
+
+BOOL SetWindowPos(HWND window, HWND, int x, int y, int width, int height, UINT flags) {
+    Window* const found = find(window);
+    if (found == nullptr || found->widget() == nullptr) {
+        return FALSE;
+    }
+    QRect rect = found->widget()->geometry();
+    if ((flags & SWP_NOMOVE) == 0) {
+        rect.moveTo(x, y);
+    }
+    if ((flags & SWP_NOSIZE) == 0) {
+        rect.setSize(QSize(width, height));
+    }
+    found->setGeometry(rect);
+    if ((flags & (SWP_SHOWWINDOW | SWP_HIDEWINDOW)) != 0) {
+        ShowWindow(window, (flags & SWP_SHOWWINDOW) != 0 ? SW_SHOW : SW_HIDE);
+    }
+    return TRUE;
+}
+
+RECT GetWorkArea(HWND window) {
+    const Window* const found = find(window);
+    const QPoint middle = found != nullptr ? found->screenGeometry().center() : QPoint();
+    const QScreen* screen = QGuiApplication::screenAt(middle);
+    if (screen == nullptr) {
+        screen = QGuiApplication::primaryScreen();
+    }
+    return screen != nullptr ? toRect(screen->availableGeometry()) : RECT();
+}
+
+BOOL InvalidateRect(HWND window, LPCRECT rect, BOOL) {
+    return RedrawWindow(window, rect, RDW_INVALIDATE);
+}
+
+BOOL UpdateWindow(HWND window) {
+    return RedrawWindow(window, nullptr, RDW_UPDATENOW);
+}
+
+BOOL RedrawWindow(HWND window, LPCRECT rect, UINT flags) {
+    QWidget* const widget = widgetOf(window);
+    if (widget == nullptr) {
+        return FALSE;
+    }
+    const QRect part = rect == nullptr
+                           ? widget->rect()
+                           : QRect(QPoint(rect->left, rect->top), QPoint(rect->right - 1, rect->bottom - 1));
+    if ((flags & RDW_UPDATENOW) != 0) {
+        widget->repaint(part);
+    } else if ((flags & RDW_INVALIDATE) != 0) {
+        widget->update(part);
+    }
+    return TRUE;
+}
+
+HWND GetFocus() {
+    return handleOf(QApplication::focusWidget());
+}
+
+HWND SetFocus(HWND window) {
+    const HWND former = GetFocus();
+    QWidget* const widget = widgetOf(window);
+    if (widget != nullptr && widget->isEnabled()) {
+        widget->setFocus(Qt::OtherFocusReason);
+    }
+    return former;
+}
+
+BOOL IsKeyHeld(WPARAM key) {
+    Qt::KeyboardModifiers modifiers = QGuiApplication::keyboardModifiers();
+    const QEvent* const event = qtbackend::NativeEvent::current();
+    if (event != nullptr && event->type() == QEvent::KeyPress) {
+        modifiers = static_cast<const QKeyEvent*>(event)->modifiers();
+    }
+    const Qt::KeyboardModifier wanted = key == VK_SHIFT ? Qt::ShiftModifier : Qt::ControlModifier;
+    return (modifiers & wanted) != 0 ? TRUE : FALSE;
+}
+
+void SetWindowObject(HWND window, CWnd* object) {
+    if (Window* const found = find(window)) {
+        found->setObject(object);
+    }
+}
+
+CWnd* GetWindowObject(HWND window) {
+    const Window* const found = find(window);
+    return found != nullptr ? found->object() : nullptr;
+}
+
+CWnd* GetOrMakeWindowObject(HWND window) {
+    Window* const found = WindowRegistry::instance().findOrAdopt(window);
+    if (found == nullptr) {
+        return nullptr;
+    }
+    return found->object() != nullptr ? found->object() : found->standIn();
+}
+
+CScrollBar* GetScrollBarObject(HWND window) {
+    Window* const found = find(window);
+    if (found == nullptr) {
+        return nullptr;
+    }
+    auto* const scrollBar = dynamic_cast<CScrollBar*>(found->object());
+    return scrollBar != nullptr ? scrollBar : found->scrollBarStandIn();
+}

@@ -1,0 +1,128 @@
+#include "platform/qt/window_registry.h"
+
+#include "platform/qt/foreign_window.h"
+
+#include <QPointer>
+
+namespace qtbackend {
+
+namespace {
+
+constexpr std::uintptr_t controlHandleBit = std::uintptr_t{1} << 62U;
+
+int g_depth = 0;
+int g_modalRuns = 0;
+
+std::vector<QPointer<QObject>>& ended() {
+    static auto& objects = *new std::vector<QPointer<QObject>>;
+    return objects;
+}
+
+} // namespace
+
+WindowRegistry& WindowRegistry::instance() {
+    static auto& registry = *new WindowRegistry;
+    return registry;
+}
+
+void WindowRegistry::enter(std::unique_ptr<Window> window) {
+    QWidget* const widget = window->widget();
+    if (window->handle() == nullptr) {
+        const bool topLevel = widget != nullptr && widget->isWindow();
+        const std::uintptr_t number = topLevel ? widget->winId() : controlHandleBit | ++m_lastChild;
+        window->setHandle(reinterpret_cast<HWND>(number));
+    }
+    if (widget != nullptr) {
+        m_byWidget[window->widgetKey()] = window.get();
+    }
+    const HWND handle = window->handle();
+    m_windows[handle] = std::move(window);
+}
+
+Window* WindowRegistry::find(HWND handle) const {
+    const auto found = m_windows.find(handle);
+    return found != m_windows.end() ? found->second.get() : nullptr;
+}
+
+Window* WindowRegistry::find(const QWidget* widget) const {
+    for (; widget != nullptr; widget = widget->parentWidget()) {
+        const auto found = m_byWidget.find(widget);
+        if (found != m_byWidget.end()) {
+            return found->second;
+        }
+        if (widget->isWindow()) {
+            break;
+        }
+    }
+    return nullptr;
+}
+
+Window* WindowRegistry::findOrAdopt(HWND handle) {
+    if (handle == nullptr || (reinterpret_cast<std::uintptr_t>(handle) & controlHandleBit) != 0) {
+        return find(handle);
+    }
+    Window* const known = find(handle);
+    return known != nullptr ? known : &add(std::make_unique<ForeignWindow>(handle));
+}
+
+std::vector<HWND> WindowRegistry::ownedBy(const Window& owner) const {
+    std::vector<HWND> owned;
+    for (const auto& [handle, window] : m_windows) {
+        if (window->parentWindow() == &owner && window->widget() != nullptr && window->widget()->isWindow()) {
+            owned.push_back(handle);
+        }
+    }
+    return owned;
+}
+
+void WindowRegistry::retire(Window& window) {
+    const auto found = m_windows.find(window.handle());
+    if (found == m_windows.end()) {
+        return;
+    }
+    m_byWidget.erase(window.widgetKey());
+    if (window.parentWindow() != nullptr) {
+        std::erase(window.parentWindow()->children(), &window);
+        window.forgetParent();
+    }
+    deleteWhenIdle(found->second.release());
+    m_windows.erase(found);
+}
+
+DispatchScope::DispatchScope() {
+    ++g_depth;
+}
+
+DispatchScope::~DispatchScope() {
+    if (--g_depth > 0) {
+        return;
+    }
+    for (const QPointer<QObject>& object : ended()) {
+        if (object != nullptr) {
+            object->deleteLater();
+        }
+    }
+    ended().clear();
+}
+
+bool DispatchScope::isActive() {
+    return g_depth > 0;
+}
+
+void deleteWhenIdle(QObject* object) {
+    if (g_depth > 0) {
+        ended().emplace_back(object);
+    } else {
+        delete object;
+    }
+}
+
+int modalRuns() {
+    return g_modalRuns;
+}
+
+ModalRun::ModalRun() {
+    ++g_modalRuns;
+}
+
+} // namespace qtbackend
