@@ -15,7 +15,7 @@ public:
 };
 
 /// A terrain type: the parameters of the engine's smoothing pass.
-struct _qxMapTerrainDef {
+struct _qxMapTerrainDef { // NOLINT(bugprone-reserved-identifier): the engine's name for it
     static constexpr int FILTER_EDGE = 5;
 
     char name[31] = {}; ///< zero-terminated

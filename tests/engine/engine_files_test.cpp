@@ -123,6 +123,8 @@ TEST_F(EngineFiles, SearchListsMatchingNamesOnceSorted) {
         m_first.write(name, "");
     for (const char* name : {"B.WAV", "a.wav", "ab.wav"})
         m_second.write(name, "");
+    m_second.write("Two.mid", "");
+    m_second.write("TWO.mid", "");
     fs::create_directory(m_second.path() / "d.wav");
     struct {
         const char* pattern;
@@ -133,6 +135,7 @@ TEST_F(EngineFiles, SearchListsMatchingNamesOnceSorted) {
         {"A*", {"a.tga", "a.wav", "ab.wav"}},
         {"*a*v*", {"a.wav", "ab.wav", "b.wav", "C.WAV", "wav"}},
         {"wav", {"wav"}},
+        {"t*", {"TWO.mid"}},
         {"*.mp3", {}},
         {"", {}},
     };

@@ -170,8 +170,14 @@ TEST_F(MapContent, OfSeveralDetailsTheNearestAndThenTheNewestIsFound) {
 }
 
 TEST_F(MapContent, DetailsWithoutASensibleFootprintAreRefused) {
-    EXPECT_EQ(addQuad(INFINITE, 0), nullptr);
-    EXPECT_EQ(addQuad(0, NAN), nullptr);
+    const qxCVector3d good(1, 0, 1);
+    for (const qxCVector3d& bad :
+         {qxCVector3d(INFINITE, 0, 0), qxCVector3d(0, NAN, 0), qxCVector3d(0, 0, -INFINITE)}) {
+        EXPECT_EQ(m_map.addDetail(qxDetailTypeQuad, nullptr, bad, good, good, 1.0F), nullptr);
+        EXPECT_EQ(m_map.addDetail(qxDetailTypeQuad, nullptr, good, bad, good, 1.0F), nullptr);
+        EXPECT_EQ(m_map.addDetail(qxDetailTypeQuad, nullptr, good, good, bad, 1.0F), nullptr);
+    }
+    EXPECT_EQ(m_map.addDetail(qxDetailTypeQuad, nullptr, good, good, good, NAN), nullptr);
     for (const float halfSize : {0.0F, -1.0F, INFINITE, NAN})
         EXPECT_EQ(m_map.addDetail(qxDetailTypePoint, nullptr, {1, 0, 1}, halfSize, 0.0F, 1.0F), nullptr);
     EXPECT_EQ(m_map.getDetails().size(), 0);

@@ -104,6 +104,7 @@ TEST_F(MapPoints, HeightsAndBlendsAreHeldToSixteenBits) {
 }
 
 TEST_F(MapPoints, OtherLayersReadAsZeroAndIgnoreWrites) {
+    m_map.setPointBlend(1, 1, 1, 8);
     const Snapshot before(m_map);
     for (const int layer : {-1, 1, 2})
         m_map.setPointColour(layer, 1, 1, RED);

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 #include <limits>
 #include <string>
 #include <vector>
@@ -46,8 +47,8 @@ qxCMapMultiTexture& addMottled(CMemoryMap& map) {
     qxCMapMultiTexture& definition = *map.addMultiTexture();
     definition.tint1 = qxCColour(255, 120, 0, 255);
     definition.tint2 = qxCColour(20, 250, 90, 255);
-    definition.blend = 0.4F;
-    definition.variation = 0.5F;
+    definition.blend = 0.6F;
+    definition.variation = 0.8F;
     return definition;
 }
 
@@ -72,16 +73,24 @@ TEST(Painting, FullWeightPutsThePreviewOnTheGround) {
     }
 }
 
-TEST(Painting, AChangedDefinitionPaintsItsNewValues) {
-    CMemoryMap map(16, nullptr);
+TEST(Painting, AChangeOfAnyValueOfTheDefinitionIsPainted) {
+    const std::function<void(qxCMapMultiTexture&)> changes[] = {
+        [](auto& d) { d.tint1 = qxCColour(1, 2, 3, 255); },
+        [](auto& d) { d.tint2 = qxCColour(4, 5, 6, 255); },
+        [](auto& d) { d.blend = 0.1F; },
+        [](auto& d) { d.variation = 0.1F; },
+    };
+    CMemoryMap map(256, nullptr);
+    map.setTextureTiling(1);
     qxCMapMultiTexture& definition = addMottled(map);
-    map.paintMultiTexture(3, 3, 1.0F);
-    definition.variation = 0.0F;
-    definition.blend = 1.0F;
-    definition.tint1 = definition.tint2 = qxCColour(1, 2, 3, 255);
-    map.paintMultiTexture(3, 3, 1.0F);
-    EXPECT_EQ(map.getPointBlendQ(1, 3, 3), 65535);
-    EXPECT_EQ(map.getPointColour(0, 3, 3), qxCColour(1, 2, 3, 255));
+    map.paintMultiTexture(40, 50, 1.0F);
+    for (const auto& change : changes) {
+        change(definition);
+        map.paintMultiTexture(40, 50, 1.0F);
+        const Preview expected = previewAt(definition, 40, 50);
+        EXPECT_EQ(map.getPointColour(0, 40, 50), expected.tint);
+        EXPECT_NEAR(map.getPointBlendQ(1, 40, 50), expected.blend * 65535.0F, 0.51F);
+    }
 }
 
 TEST(Painting, WeightMovesThePointTowardsTheDefinitionAndArrives) {

@@ -23,7 +23,7 @@ public:
     const std::filesystem::path& path() const { return m_path; }
 
     std::filesystem::path write(std::string_view name, std::string_view content) const {
-        const std::filesystem::path file = m_path / name;
+        std::filesystem::path file = m_path / name;
         std::ofstream(file, std::ios::binary) << content;
         return file;
     }

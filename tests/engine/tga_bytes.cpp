@@ -14,25 +14,30 @@ void append(Bytes& bytes, const Bytes& more) {
     std::ranges::copy(more, std::back_inserter(bytes));
 }
 
-Bytes colourBytes(const qxCColour& c, int bits) {
+// Where no alpha bit is declared, or none exists, its place holds noise.
+Bytes colourBytes(const qxCColour& c, int bits, int alphaBits) {
     if (bits == 24)
         return {c.b, c.g, c.r};
     if (bits == 32)
         return {c.b, c.g, c.r, c.a};
     Bytes bytes;
+    const bool hasAlphaBit = bits == 16 && alphaBits > 0;
     const auto five = [](int channel) { return channel >> 3; };
-    putWord(bytes, five(c.b) | five(c.g) << 5 | five(c.r) << 10 | (c.a != 0 ? 0x8000 : 0));
+    putWord(bytes, five(c.b) | five(c.g) << 5 | five(c.r) << 10 |
+                       ((hasAlphaBit ? c.a != 0 : c.r == 131) ? 0x8000 : 0));
     return bytes;
 }
 
 // The picture's pixels in the order in which the file stores them.
 std::vector<qxCColour> inFileOrder(const TgaLayout& layout, const std::vector<qxCColour>& pixels) {
     std::vector<qxCColour> ordered;
-    for (int row = 0; row < TestPicture::HEIGHT; ++row) {
-        const int y = layout.fromTop ? row : TestPicture::HEIGHT - 1 - row;
-        for (int column = 0; column < TestPicture::WIDTH; ++column) {
-            const int x = layout.fromRight ? TestPicture::WIDTH - 1 - column : column;
-            ordered.push_back(pixels[static_cast<std::size_t>(y * TestPicture::WIDTH + x)]);
+    constexpr std::size_t WIDTH = TestPicture::WIDTH;
+    constexpr std::size_t HEIGHT = TestPicture::HEIGHT;
+    for (std::size_t row = 0; row < HEIGHT; ++row) {
+        const std::size_t y = layout.fromTop ? row : HEIGHT - 1 - row;
+        for (std::size_t column = 0; column < WIDTH; ++column) {
+            const std::size_t x = layout.fromRight ? WIDTH - 1 - column : column;
+            ordered.push_back(pixels[y * WIDTH + x]);
         }
     }
     return ordered;
@@ -49,7 +54,7 @@ std::vector<qxCColour> coloursOf(const std::vector<qxCColour>& pixels) {
 
 Bytes pixelBytes(const TgaLayout& layout, const std::vector<qxCColour>& map, const qxCColour& pixel) {
     if (layout.kind == 2)
-        return colourBytes(pixel, layout.pixelBits);
+        return colourBytes(pixel, layout.pixelBits, layout.alphaBits);
     const int value = layout.kind == 3
                           ? pixel.r | pixel.a << 8
                           : static_cast<int>(std::ranges::find(map, pixel) - map.begin()) + layout.mapFirst;
@@ -122,7 +127,7 @@ Bytes makeTga(const TgaLayout& layout, const TestPicture& picture) {
                                           (layout.fromTop ? 0x20 : 0));
     append(bytes, Bytes(static_cast<std::size_t>(layout.idLength), 0xEE));
     for (const qxCColour& colour : map)
-        append(bytes, colourBytes(colour, layout.mapBits));
+        append(bytes, colourBytes(colour, layout.mapBits, layout.alphaBits));
     std::vector<Bytes> pixels;
     for (const qxCColour& pixel : inFileOrder(layout, picture.pixels))
         pixels.push_back(pixelBytes(layout, map, pixel));

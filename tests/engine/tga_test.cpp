@@ -112,25 +112,29 @@ TEST(Tga, HeadersOfNoPictureAreRefused) {
         const char* what;
         std::size_t offset;
         int value;
-    } const cases[] = {{"map kind", 1, 2},        {"no image", 2, 0},        {"unknown kind", 2, 4},
-                       {"Huffman packed", 2, 32}, {"no width", 12, 0},       {"no height", 14, 0},
-                       {"width 4097", 13, 16},    {"height 4097", 15, 16},   {"12 bits", 16, 12},
-                       {"64 bits", 16, 64},       {"interleaved", 17, 0x40}, {"map without entries", 2, 1}};
+    } const cases[] = {{"map kind", 1, 2},        {"no image", 2, 0},       {"unknown kind", 2, 4},
+                       {"Huffman packed", 2, 32}, {"no width", 12, 0},      {"no height", 14, 0},
+                       {"width 4097", 13, 16},    {"height 4097", 15, 16},  {"12 bits", 16, 12},
+                       {"64 bits", 16, 64},       {"interleaved", 17, 0x40}};
     Bytes good = tgaHeader(2, 1, 1, 24);
-    good.resize(18 + 3 * 4097);
+    good.resize(18 + std::size_t{3} * 4097);
     ASSERT_TRUE(decodeImage(good));
     for (const auto& c : cases) {
         Bytes bad = good;
         bad[c.offset] = static_cast<std::uint8_t>(c.value);
         EXPECT_FALSE(decodeImage(bad)) << c.what;
     }
-}
-
-TEST(Tga, AHeaderAloneDoesNotTakeMemoryForItsPromise) {
-    for (const int kind : {2, 10}) {
-        Bytes file = tgaHeader(kind, 4096, 4096, 32);
-        file.resize(file.size() + 5 * 1000, 0xFF);
-        EXPECT_FALSE(decodeImage(file)) << kind;
+    struct {
+        const char* what;
+        int mapKind, mapLength, mapBits;
+    } const maps[] = {{"no map", 0, 1, 24}, {"map without entries", 1, 0, 24}, {"map of 8 bits", 1, 1, 8}};
+    for (const auto& c : maps) {
+        Bytes bad = tgaHeader(1, 1, 1, 8);
+        bad[1] = static_cast<std::uint8_t>(c.mapKind);
+        bad[5] = static_cast<std::uint8_t>(c.mapLength);
+        bad[7] = static_cast<std::uint8_t>(c.mapBits);
+        bad.resize(100);
+        EXPECT_FALSE(decodeImage(bad)) << c.what;
     }
 }
 

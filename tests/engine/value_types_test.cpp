@@ -107,6 +107,7 @@ TEST(Random, SeedsDecideTheSequenceAndRangesHold) {
     EXPECT_LT(least, -1.9F);
     EXPECT_LE(most, 6.0F);
     EXPECT_GT(most, 5.9F);
+    a.setSeed(345);
     b.setSeed(346);
     EXPECT_NE(a.get(1.0F), b.get(1.0F));
 }

@@ -90,6 +90,7 @@ bool matches(std::string_view text, std::string_view pattern) {
 
 void CEngineDirectories::setDirectories(const std::vector<fs::path>& directories) {
     std::vector<fs::path> absolute;
+    absolute.reserve(directories.size());
     for (const fs::path& directory : directories) {
         std::error_code error;
         const fs::path full = fs::absolute(directory, error);
@@ -128,6 +129,7 @@ std::vector<std::string> CEngineDirectories::findMatching(std::string_view patte
         found.merge(here);
     }
     std::vector<std::string> names;
+    names.reserve(found.size());
     for (const auto& [key, name] : found)
         names.push_back(name);
     return names;

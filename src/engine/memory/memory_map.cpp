@@ -130,7 +130,7 @@ void CMemoryMap::paintMultiTexture(int x, int z, float weight) {
     const CSurfacePattern::Sample target =
         m_pattern.sample(definition, CSurfacePattern::texelAt(x, m_nGridDim, m_nTiling),
                          CSurfacePattern::texelAt(z, m_nGridDim, m_nTiling));
-    const int blend = static_cast<int>(target.blend * MAX_BLEND + 0.5F);
+    const int blend = static_cast<int>(std::lround(target.blend * MAX_BLEND));
     setPointBlend(BLEND_LAYER, x, z, movedTowards(m_blends.at(x, z), blend, held));
     setPointColour(COLOUR_LAYER, x, z, interpolate(m_colours.at(x, z), target.tint, held));
 }

@@ -4,18 +4,33 @@
 #include <array>
 #include <numeric>
 #include <string_view>
+#include <type_traits>
 
 namespace {
 
-constexpr std::size_t FILTER_SIZE = _qxMapTerrainDef::FILTER_EDGE * _qxMapTerrainDef::FILTER_EDGE;
-using Filter = std::array<float, FILTER_SIZE>;
+using Filter = std::array<float, std::extent_v<decltype(_qxMapTerrainDef::filter)>>;
 
 // All are symmetric, so columns and rows read alike.
-constexpr Filter NARROW = {0, 0, 0, 0, 0, 0, 1, 2, 1, 0, 0, 2, 8, 2, 0, 0, 1, 2, 1, 0, 0, 0, 0, 0, 0};
-constexpr Filter BINOMIAL = {1,  4, 6, 4,  1,  4,  16, 24, 16, 4, 6, 24, 36,
-                             24, 6, 4, 16, 24, 16, 4,  1,  4,  6, 4, 1};
-constexpr Filter FLAT = {1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1, 1};
-constexpr Filter CROSS = {0, 0, 1, 0, 0, 0, 0, 2, 0, 0, 1, 2, 4, 2, 1, 0, 0, 2, 0, 0, 0, 0, 1, 0, 0};
+constexpr Filter NARROW = {0, 0, 0, 0, 0, //
+                           0, 1, 2, 1, 0, //
+                           0, 2, 8, 2, 0, //
+                           0, 1, 2, 1, 0, //
+                           0, 0, 0, 0, 0};
+constexpr Filter BINOMIAL = {1, 4,  6,  4,  1, //
+                             4, 16, 24, 16, 4, //
+                             6, 24, 36, 24, 6, //
+                             4, 16, 24, 16, 4, //
+                             1, 4,  6,  4,  1};
+constexpr Filter FLAT = {1, 1, 1, 1, 1, //
+                         1, 1, 1, 1, 1, //
+                         1, 1, 1, 1, 1, //
+                         1, 1, 1, 1, 1, //
+                         1, 1, 1, 1, 1};
+constexpr Filter CROSS = {0, 0, 1, 0, 0, //
+                          0, 0, 2, 0, 0, //
+                          1, 2, 4, 2, 1, //
+                          0, 0, 2, 0, 0, //
+                          0, 0, 1, 0, 0};
 
 _qxMapTerrainDef makeType(std::string_view name, const Filter& filter, float noise, float effectOnNeighbours,
                           bool preserveFlatAreas) {
