@@ -42,7 +42,7 @@ Examination examine(const fs::path& path) {
     std::error_code error;
     const fs::file_status status = fs::status(path, error);
     if (!fs::exists(status)) {
-        return {0.0, error ? error.message() : "no such file"};
+        return {0.0, "no such file"};
     }
     if (!fs::is_regular_file(status) || access(path.c_str(), R_OK) != 0) {
         return {0.0, fs::is_regular_file(status) ? "no permission to read it" : "not a file"};

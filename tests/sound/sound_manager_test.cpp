@@ -122,31 +122,43 @@ Usage usage() {
     return {std::distance(begin(handles), end(handles)), resident};
 }
 
+#ifdef __SANITIZE_ADDRESS__
+constexpr double PAGES_TO_SPARE = 1.0e6; // freed memory is kept aside there; its leak checker looks instead
+#else
+constexpr double PAGES_TO_SPARE = 64.0;
+#endif
+
+/// Twenty sounds on one connection: ten kept by the manager, ten let go at once.
+void playTwenty(CLoopback& loopback) {
+    ASSERT_EQ(g_soundManager.create(), 0);
+    for (int i = 0; i < 10; ++i) {
+        CSound* kept = g_soundManager.loadSound(qxCName("a.wav"), 0);
+        ASSERT_TRUE(kept != nullptr && kept->play(1.0F));
+        qxCFile file;
+        ASSERT_TRUE(file.open("a.wav", qxFileModeRead));
+        CSound sound(file, 0);
+        ASSERT_TRUE(sound.play(1.0F));
+        loopback.hear(8);
+    }
+    g_soundManager.release();
+}
+
 TEST_F(SoundManager, TenThousandRoundsCostNothing) {
-    const auto round = [this] {
-        m_loopback.emplace(RATE);
-        ASSERT_EQ(g_soundManager.create(), 0);
-        for (int i = 0; i < 3; ++i) {
-            CSound* sound = g_soundManager.loadSound(qxCName("a.wav"), 0);
-            ASSERT_TRUE(sound->play(1.0F));
-        }
-        m_loopback->hear(64);
-        g_soundManager.release();
-    };
+    m_loopback.emplace(RATE);
     write("a.wav", tone(44100, 4000));
-    for (int i = 0; i < 500; ++i) {
-        round();
+    for (int i = 0; i < 50; ++i) {
+        playTwenty(*m_loopback);
     }
     const Usage before = usage();
-    for (int i = 0; i < 10'000; ++i) {
-        round();
+    for (int i = 0; i < 10'000 / 20; ++i) {
+        playTwenty(*m_loopback);
     }
     const Usage after = usage();
     EXPECT_EQ(after.handles, before.handles);
-    EXPECT_NEAR(static_cast<double>(after.pages), static_cast<double>(before.pages), 64.0);
+    EXPECT_NEAR(static_cast<double>(after.pages), static_cast<double>(before.pages), PAGES_TO_SPARE);
 }
 
-/// More sounds at once, one after another on one device, than OpenAL Soft gives sources.
+/// OpenAL Soft has a fixed number of sources for a device; more sounds than that follow one another.
 TEST_F(SoundManager, SourcesAreGivenBack) {
     listenAt(RATE);
     write("a.wav", tone(RATE, 400));

@@ -1,0 +1,6 @@
+foreach(target wave_image wave_reader)
+    add_executable(fuzz_${target} ${CMAKE_CURRENT_LIST_DIR}/${target}.cpp)
+    vesk_warnings(fuzz_${target})
+    target_link_libraries(fuzz_${target} PRIVATE vesk_sound)
+    target_link_options(fuzz_${target} PRIVATE -fsanitize=fuzzer)
+endforeach()
