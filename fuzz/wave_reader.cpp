@@ -17,8 +17,8 @@ public:
     MemoryFile() : m_file(memfd_create("wave", 0)), m_path("/proc/self/fd/" + std::to_string(m_file)) {}
 
     const char* write(const std::uint8_t* data, std::size_t size) const {
-        const bool written =
-            ftruncate(m_file, 0) == 0 && pwrite(m_file, data, size, 0) == static_cast<ssize_t>(size);
+        const auto length = static_cast<ssize_t>(size);
+        const bool written = pwrite(m_file, data, size, 0) == length && ftruncate(m_file, length) == 0;
         if (!written) {
             std::abort();
         }
