@@ -5,7 +5,9 @@
 #include "terrain/map_editor_model.h"
 #include "terrain/map_undo_list.h"
 
+#include <algorithm>
 #include <bit>
+#include <cstddef>
 
 namespace {
 
@@ -40,12 +42,18 @@ void recordPoint(CMapEditorModel& model, int x, int z, bool groupStart) {
 void recordBlock(CMapEditorModel& model, std::int64_t x0, std::int64_t z0, std::int64_t x1, std::int64_t z1) {
     const qxCMap& map = *model.m_pMap;
     const GridArea area = areaOnGrid(map, x0, z0, x1, z1);
-    bool groupStart = model.m_stroke.firstUpdate;
-    for (int x = area.x0; x <= area.x1; ++x) {
-        for (int z = area.z0; z <= area.z1; ++z) {
+    // A full history keeps only the newest records. Those of a block that is larger than the history would
+    // drop out again before its end: they are not even read, which is most of the time of a large block.
+    const std::size_t points = area.pointCount();
+    std::size_t skipped = points - std::min<std::size_t>(points, CMapUndoList::CAPACITY);
+    bool groupStart = model.m_stroke.firstUpdate && skipped == 0;
+    const auto rows = static_cast<std::size_t>(area.isEmpty() ? 1 : area.z1 - area.z0 + 1);
+    for (int x = area.x0 + static_cast<int>(skipped / rows); x <= area.x1; ++x) {
+        for (int z = area.z0 + static_cast<int>(skipped % rows); z <= area.z1; ++z) {
             g_mapUndoList.push(readPoint(map, x, z, groupStart));
             groupStart = false;
         }
+        skipped = 0; // only the first column kept is cut
     }
 }
 

@@ -1,5 +1,9 @@
-vesk_test(random_session_test
-    SOURCES random_session_test.cpp random_session.cpp random_session_reference.cpp
-    LIBRARIES vesk_terrain qxmemory
+find_package(Qt6 REQUIRED COMPONENTS Widgets)
+
+# A longer session by hand: VESK_SESSION_OPS=1000000 VESK_SESSION_SEED=7 bin/test_random_session
+vesk_test(test_random_session
+    SOURCES random_session.cpp random_session_compare.cpp random_session_core.cpp random_session_exports.cpp
+            random_session_reference.cpp random_session_reference_tools.cpp random_session_test.cpp
+    LIBRARIES vesk_host Qt6::Widgets
     TIMEOUT 300
-)
+    ENVIRONMENT "QT_QPA_PLATFORM=offscreen")

@@ -1,13 +1,7 @@
 #include "host/random_session.h"
 
-#include "terrain/map_undo_list.h"
-
 #include <algorithm>
-#include <cmath>
-#include <cstring>
-#include <iostream>
 #include <limits>
-#include <sstream>
 
 namespace {
 
@@ -15,39 +9,6 @@ constexpr int INT_LOW = std::numeric_limits<int>::min();
 constexpr int INT_HIGH = std::numeric_limits<int>::max();
 constexpr int MOST_DETAILS = 24;
 constexpr std::size_t LOG_LENGTH = 25;
-
-template <typename... Values> std::string text(const char* name, const Values&... values) {
-    std::ostringstream stream;
-    stream << name;
-    ((stream << ' ' << values), ...);
-    return stream.str();
-}
-
-template <typename T> bool haveSameBytes(std::span<const T> a, std::span<const T> b) {
-    return a.size() == b.size() && std::memcmp(a.data(), b.data(), a.size_bytes()) == 0;
-}
-
-/// Index of the first point at which two maps' layers differ.
-template <typename T> std::int64_t firstDifference(std::span<const T> a, std::span<const T> b) {
-    return std::ranges::mismatch(a, b).in1 - a.begin();
-}
-
-bool isSame(float a, float b) {
-    return a == b || (std::isnan(a) && std::isnan(b));
-}
-
-bool isSame(const qxCVector3d& a, const qxCVector3d& b) {
-    return isSame(a.x, b.x) && isSame(a.y, b.y) && isSame(a.z, b.z);
-}
-
-int indexOf(const CMemoryMap& map, const qxCMapDetailRecord* detail) {
-    for (int i = 0; i < map.getDetails().size(); ++i) {
-        if (&map.getDetails()[i] == detail) {
-            return i;
-        }
-    }
-    return detail == nullptr ? -1 : -2;
-}
 
 } // namespace
 
@@ -79,6 +40,9 @@ void CRandomSession::paintDefinitions() {
 
 bool CRandomSession::run(std::int64_t count) {
     for (std::int64_t i = 0; i < count; ++i) {
+        if (const CMapEditorModel* const model = m_driver.model()) {
+            m_reference.tint = model->getToolTint();
+        }
         operate();
         ++m_nDone;
         m_nPeakHistory = std::max(m_nPeakHistory, m_reference.history.size());
@@ -101,18 +65,13 @@ bool CRandomSession::undoAll() {
         open();
     }
     while (!m_reference.history.empty()) {
-        note("undo");
-        m_driver.clickUndo();
-        m_reference.undo();
+        clickUndo();
         if (!compare()) {
             return false;
         }
     }
     return true;
 }
-
-// --- choosing
-// -----------------------------------------------------------------------------------------------
 
 int CRandomSession::pick(int low, int high) {
     return std::uniform_int_distribution<int>(low, high)(m_random);
@@ -156,9 +115,6 @@ void CRandomSession::note(const std::string& operation) {
     }
 }
 
-// --- operations
-// ---------------------------------------------------------------------------------------------
-
 void CRandomSession::operate() {
     if (m_driver.isOpen()) {
         operateOpen();
@@ -188,9 +144,7 @@ void CRandomSession::operateOpen() {
     } else if (kind <= 860) {
         strayCall();
     } else if (kind <= 960) {
-        note("undo");
-        m_driver.clickUndo();
-        m_reference.undo();
+        clickUndo();
     } else if (kind <= 975) {
         note("select all");
         m_driver.clickSelectAll();
@@ -200,9 +154,7 @@ void CRandomSession::operateOpen() {
         m_driver.clickDeselect();
         m_reference.deselect();
     } else if (kind <= 996) {
-        note("tab");
-        m_driver.changeTab();
-        m_reference.changeTab();
+        clickTab();
     } else {
         open(); // a second time: ignored
     }
@@ -218,9 +170,14 @@ void CRandomSession::open() {
 }
 
 void CRandomSession::close() {
-    if (chance(60)) {
+    const int way = pick(0, 2);
+    if (way == 0) {
         note("close");
-        m_driver.closeByUser();
+        m_driver.clickClose();
+        m_reference.closeByUser();
+    } else if (way == 1) {
+        note("close window");
+        m_driver.closeWindow();
         m_reference.closeByUser();
     } else {
         note("destroy");
@@ -278,139 +235,89 @@ void CRandomSession::strayCall() {
     }
 }
 
-void CRandomSession::changeTool() {
-    const int tool = chance(97) ? pick(0, m_reference.panel.isDetailsTab ? 7 : 12) : pick(-1, 15);
+void CRandomSession::clickUndo() {
+    note("undo");
+    m_driver.clickUndo();
+    if (!m_driver.hasControls() || m_reference.panel.undoEnabled) {
+        m_reference.undo();
+    }
+}
+
+void CRandomSession::clickTab() {
+    note("tab");
+    m_driver.clickTab();
+    if (m_driver.hasControls()) {
+        m_reference.readControls();
+    }
+    m_reference.changeTab();
+}
+
+void CRandomSession::clickTool() {
+    const int lastTool = m_reference.panel.isDetailsTab ? 7 : 12;
+    const int tool = pick(0, chance(97) ? lastTool : 14);
     note(text("tool", tool));
-    m_driver.model()->m_nTool = m_reference.panel.tool = tool;
+    m_driver.clickTool(tool);
+    if (m_driver.hasControls()) {
+        if (tool > lastTool) {
+            return; // its button is disabled
+        }
+        m_reference.readControls();
+    }
+    m_reference.panel.tool = tool;
+    m_reference.refreshBrushes();
+}
+
+void CRandomSession::clickBrush() {
+    const int brush = pick(0, 5);
+    note(text("brush", brush));
+    m_driver.clickBrush(brush);
+    if (m_driver.hasControls()) {
+        if (!m_reference.panel.brushesEnabled) {
+            return;
+        }
+        m_reference.readControls();
+    }
+    m_reference.panel.brush = brush;
 }
 
 void CRandomSession::changePanel() {
     CMapEditorModel& model = *m_driver.model();
     CReferenceEditor::Panel& panel = m_reference.panel;
-    switch (pick(0, 8)) {
+    switch (pick(0, 9)) {
     case 0:
         model.m_nBrushSize = panel.brush = chance(95) ? pick(0, 5) : pick(-1, 7);
-        note(text("brush", panel.brush));
-        return;
+        note(text("set brush", panel.brush));
+        break;
     case 1:
         model.m_nStrength = panel.strength = chance(93) ? pick(1, 10) : chance(50) ? 0 : wild();
-        note(text("strength", panel.strength));
-        return;
+        note(text("set strength", panel.strength));
+        break;
     case 2:
         model.m_nHeight = panel.height = chance(95) ? pick(0, 1023) : wild();
-        note(text("height", panel.height));
-        return;
+        note(text("set height", panel.height));
+        break;
     case 3:
         panel.hideCursor = chance(15);
         model.m_bHideCursor = panel.hideCursor ? 1 : 0;
-        note(text("hide", panel.hideCursor));
-        return;
+        note(text("set hide cursor", panel.hideCursor));
+        break;
     case 4:
         // A map full of details would only make the session slow.
         panel.detailTexture =
             m_reference.map->getDetails().size() < MOST_DETAILS && chance(70) ? &m_detailTexture : nullptr;
         model.m_pDetailTexture = panel.detailTexture;
-        note(text("detail texture", panel.detailTexture != nullptr));
+        note(text("set detail texture", panel.detailTexture != nullptr));
         return;
     case 5:
-        m_reference.tint = {pick(0, 255), pick(0, 255), pick(0, 255), 255};
-        m_driver.setTint(m_reference.tint);
-        note("tint");
+        model.m_nTool = panel.tool = chance(20) ? pick(-1, 15) : pick(0, 12);
+        note(text("set tool", panel.tool));
+        break;
+    case 6:
+        clickBrush();
         return;
     default:
-        return changeTool();
+        clickTool();
+        return;
     }
-}
-
-// --- comparing
-// ----------------------------------------------------------------------------------------------
-
-bool CRandomSession::report(const std::string& what) {
-    std::cerr << "seed " << m_nSeed << ", operation " << m_nDone << ": different " << what
-              << "\nthe last operations:\n";
-    for (const std::string& line : m_log) {
-        std::cerr << "  " << line << '\n';
-    }
-    return false;
-}
-
-bool CRandomSession::isEqual(const char* what, std::int64_t actual, std::int64_t expected) {
-    return actual == expected || report(text(what, actual, "instead of", expected));
-}
-
-bool CRandomSession::compare() {
-    const CMemoryMap& actual = m_actualMaps[m_nMap];
-    const CMemoryMap& expected = m_expectedMaps[m_nMap];
-    const auto sameCursor = [](const CEditCursor& a, const CEditCursor& b) {
-        return a.x == b.x && a.z == b.z && a.kind == b.kind;
-    };
-    if (!haveSameBytes(actual.getHeights(), expected.getHeights())) {
-        const auto point = firstDifference(actual.getHeights(), expected.getHeights());
-        const auto i = static_cast<std::size_t>(point);
-        return report(text("heights: at point", point, actual.getHeights()[i], "instead of",
-                           expected.getHeights()[i], "strength", m_reference.panel.strength));
-    }
-    if (!haveSameBytes(actual.getColours(), expected.getColours())) {
-        return report("colours");
-    }
-    if (!haveSameBytes(actual.getBlends(), expected.getBlends())) {
-        return report("blends");
-    }
-    if (!haveSameBytes(actual.getWaterFlags(), expected.getWaterFlags())) {
-        return report("water");
-    }
-    if (!haveSameBytes(actual.getMarkers(), expected.getMarkers())) {
-        return report("markers");
-    }
-    if (!std::ranges::equal(actual.getEditCursors(), expected.getEditCursors(), sameCursor)) {
-        return report("edit cursors");
-    }
-    return compareDetails() &&
-           isEqual("history", g_mapUndoList.getCount(),
-                   static_cast<std::int64_t>(m_reference.history.size())) &&
-           isEqual("open flag", m_driver.isOpen(), m_reference.isOpen) &&
-           isEqual("editing flag", m_driver.isEditing(), m_reference.isEditing) &&
-           (!m_reference.isOpen || comparePanel());
-}
-
-bool CRandomSession::compareDetails() {
-    const CDetailList& actual = m_actualMaps[m_nMap].getDetails();
-    const CDetailList& expected = m_expectedMaps[m_nMap].getDetails();
-    if (!isEqual("details", actual.size(), expected.size())) {
-        return false;
-    }
-    for (int i = 0; i < actual.size(); ++i) {
-        const qxCMapDetailRecord& a = actual[i];
-        const qxCMapDetailRecord& b = expected[i];
-        if (a.texture != b.texture || a.type != b.type || a.highlighted != b.highlighted ||
-            !isSame(a.scalar, b.scalar) || !isSame(a.point0, b.point0) || !isSame(a.point1, b.point1) ||
-            !isSame(a.point2, b.point2)) {
-            return report(text("detail", i));
-        }
-    }
-    return true;
-}
-
-bool CRandomSession::comparePanel() {
-    const CMapEditorModel& model = *m_driver.model();
-    const CReferenceEditor::Panel& panel = m_reference.panel;
-    const MapSelection& selection = model.m_selection;
-    if (!isSame(model.m_fGradient, panel.gradient)) {
-        return report("gradient");
-    }
-    return isEqual("tab", model.isDetailsTab(), panel.isDetailsTab) &&
-           isEqual("tool", model.m_nTool, panel.tool) &&
-           isEqual("other tool", model.m_nOtherTabTool, panel.otherTool) &&
-           isEqual("brush", model.m_nBrushSize, panel.brush) &&
-           isEqual("strength", model.m_nStrength, panel.strength) &&
-           isEqual("height", model.m_nHeight, panel.height) &&
-           isEqual("current detail", indexOf(m_actualMaps[m_nMap], model.m_pCurrentDetail),
-                   indexOf(m_expectedMaps[m_nMap], panel.detail)) &&
-           isEqual("selection", selection.exists, panel.selected) &&
-           isEqual("selection x0", selection.x0, panel.x0) &&
-           isEqual("selection z0", selection.z0, panel.z0) &&
-           isEqual("selection x1", selection.x1, panel.x1) &&
-           isEqual("selection z1", selection.z1, panel.z1) &&
-           isEqual("stroke x", model.m_stroke.x, panel.x) && isEqual("stroke z", model.m_stroke.z, panel.z) &&
-           isEqual("first update", model.m_stroke.firstUpdate, panel.first);
+    model.showMembers(); // the controls follow as far as they can
 }

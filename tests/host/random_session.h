@@ -9,7 +9,16 @@
 #include <cstdint>
 #include <deque>
 #include <random>
+#include <sstream>
 #include <string>
+
+/// A line of the log.
+template <typename... Values> std::string text(const char* name, const Values&... values) {
+    std::ostringstream stream;
+    stream << name;
+    ((stream << ' ' << values), ...);
+    return stream.str();
+}
 
 /// A long session of random work on the map editor and on the reference side by side: strokes of every tool,
 /// settings in and far out of range, selections, undo, tabs, closing and reopening on two maps, calls out of
@@ -40,7 +49,10 @@ private:
     void stroke();
     void strayCall();
     void changePanel();
-    void changeTool();
+    void clickTool();
+    void clickBrush();
+    void clickTab();
+    void clickUndo();
     void close();
     void open();
     void paintDefinitions();

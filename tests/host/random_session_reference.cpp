@@ -1,29 +1,8 @@
 #include "host/random_session_reference.h"
 
-#include "engine/qx_matrix4d.h"
-
 #include <algorithm>
-#include <cmath>
 #include <limits>
 #include <utility>
-
-namespace {
-
-constexpr std::int64_t INT_LOW = std::numeric_limits<int>::min();
-constexpr std::int64_t INT_HIGH = std::numeric_limits<int>::max();
-
-int held(std::int64_t value) {
-    return static_cast<int>(std::min(std::max(value, INT_LOW), INT_HIGH));
-}
-
-bool isAnyOf(int value, std::initializer_list<int> values) {
-    return std::find(values.begin(), values.end(), value) != values.end();
-}
-
-} // namespace
-
-// --- opening and closing
-// ------------------------------------------------------------------------------------
 
 void CReferenceEditor::open(CMemoryMap* newMap) {
     if (isOpen) {
@@ -45,6 +24,7 @@ void CReferenceEditor::open(CMemoryMap* newMap) {
     panel.tool = m_saved.tool;
     panel.height = m_saved.height;
     m_saved.valid = true;
+    refreshBrushes();
     isOpen = true;
 }
 
@@ -64,13 +44,25 @@ void CReferenceEditor::destroySettings() {
     history.clear();
 }
 
+void CReferenceEditor::readControls() {
+    panel.tool = panel.tool < 0 || panel.tool > 14 ? -1 : panel.tool;
+    panel.brush = panel.brush < 0 || panel.brush > 5 ? -1 : panel.brush;
+    panel.strength = std::min(std::max(panel.strength, 1), 10);
+}
+
+void CReferenceEditor::refreshBrushes() {
+    panel.brushesEnabled = !panel.isDetailsTab && isAnyOf(panel.tool, {1, 2, 3, 5, 9});
+}
+
+void CReferenceEditor::refreshUndo() {
+    panel.undoEnabled = !history.empty();
+    panel.fill = static_cast<int>(history.size() * 100 / HISTORY_CAPACITY);
+}
+
 void CReferenceEditor::changeTab() {
     panel.isDetailsTab = !panel.isDetailsTab;
     std::swap(panel.tool, panel.otherTool);
 }
-
-// --- points
-// -------------------------------------------------------------------------------------------------
 
 std::vector<CReferenceEditor::Point> CReferenceEditor::gridPoints() const {
     std::vector<Point> points;
@@ -156,10 +148,8 @@ void CReferenceEditor::undo() {
             break;
         }
     }
+    refreshUndo();
 }
-
-// --- marks, selection, cursor
-// -------------------------------------------------------------------------------
 
 void CReferenceEditor::outline(std::int64_t x0, std::int64_t z0, std::int64_t x1, std::int64_t z1, bool on) {
     const auto [left, right] = std::minmax(x0, x1);
@@ -251,9 +241,6 @@ void CReferenceEditor::cursor(std::int64_t x, std::int64_t z, int edge, int corn
         }
     }
 }
-
-// --- strokes
-// ------------------------------------------------------------------------------------------------
 
 void CReferenceEditor::startEditing(int px, int pz, int edge, int corner) {
     if (!isOpen) {
@@ -362,330 +349,5 @@ void CReferenceEditor::stopEditing() {
         }
     }
     map->clearEditCursors();
-}
-
-// --- terrain tools
-// ------------------------------------------------------------------------------------------
-
-void CReferenceEditor::updateTerrain(std::int64_t x, std::int64_t z, int amount) {
-    if (panel.tool < 0 || panel.tool > 12) {
-        return;
-    }
-    if (panel.tool != 1 && panel.tool != 11) {
-        panel.x = static_cast<int>(x);
-        panel.z = static_cast<int>(z);
-    }
-    switch (panel.tool) {
-    case 0:
-        panel.x1 = panel.x;
-        panel.z1 = panel.z;
-        break;
-    case 1:
-        raise(amount);
-        break;
-    case 2:
-        flatten();
-        break;
-    case 3:
-        setHeights();
-        break;
-    case 4: {
-        const std::int64_t dx = panel.corner == 1 || panel.corner == 2 ? 1 : 0;
-        const std::int64_t dz = panel.corner == 2 || panel.corner == 3 ? 1 : 0;
-        if (panel.corner >= 0 && panel.corner <= 3) {
-            panel.height = heightAt(x + dx, z + dz);
-        }
-        break;
-    }
-    case 5:
-        tintPoints();
-        break;
-    case 6:
-        smooth();
-        break;
-    case 7:
-        map->addWater(panel.x, panel.z);
-        break;
-    case 8:
-        map->removeWater(panel.x, panel.z);
-        break;
-    case 9:
-        paintPoints();
-        break;
-    case 10:
-        panel.gradient = map->getGradient(panel.x, panel.z);
-        break;
-    case 11:
-        magnet(amount);
-        break;
-    default:
-        roughen();
-        break;
-    }
-}
-
-void CReferenceEditor::copyHeights() {
-    m_copy.clear();
-    for (const auto& [x, z] : gridPoints()) {
-        m_copy.push_back(heightAt(x, z));
-    }
-}
-
-int CReferenceEditor::copiedHeight(const Point& point) const {
-    const std::int64_t side = map->getGridDim() + 1;
-    return m_copy[static_cast<std::size_t>(point.first * side + point.second)];
-}
-
-void CReferenceEditor::raise(int amount) {
-    const std::int64_t x = panel.x;
-    const std::int64_t z = panel.z;
-    if (panel.selected) {
-        if (panel.first) {
-            const std::int64_t right = panel.x1 + std::int64_t{1};
-            const std::int64_t far = panel.z1 + std::int64_t{1};
-            recordArea(panel.x0, panel.z0, right, far);
-            copyHeights();
-            m_worker = Worker::RAISE_AREA;
-            m_workPoints = pointsOf(panel.x0, panel.z0, right, far);
-        }
-        if (m_worker == Worker::RAISE_AREA) {
-            for (const Point& p : m_workPoints) {
-                writeHeight(p, std::int64_t{copiedHeight(p)} - amount, true);
-            }
-        }
-        return;
-    }
-    const std::set<Point> brush = brushPoints();
-    if (panel.first && !brush.empty()) {
-        recordArea(x, z, x + blockSize() - 1, z + blockSize() - 1);
-        copyHeights();
-        m_worker = Worker::RAISE_BRUSH;
-        m_workOrigin = {x, z};
-        m_nWorkSize = blockSize();
-    }
-    if (m_worker != Worker::RAISE_BRUSH) {
-        return;
-    }
-    for (const auto& [bx, bz] : brush) {
-        const std::int64_t dx = bx - x;
-        const std::int64_t dz = bz - z;
-        const Point p(m_workOrigin.first + dx, m_workOrigin.second + dz);
-        const auto inGrid = [this](std::int64_t c) { return c >= 0 && c <= map->getGridDim(); };
-        if (dx < m_nWorkSize && dz < m_nWorkSize && inGrid(p.first) && inGrid(p.second)) {
-            writeHeight(p, std::int64_t{copiedHeight(p)} - amount, true);
-        }
-    }
-}
-
-void CReferenceEditor::magnet(int amount) {
-    if (panel.first) {
-        const std::int64_t x = panel.x;
-        const std::int64_t z = panel.z;
-        const std::int64_t r = panel.strength;
-        recordArea(x - r, z - r, x + r + 1, z + r + 1);
-        copyHeights();
-        m_worker = Worker::MAGNET;
-        m_workPoints = pointsOf(x - r, z - r, x + r + 1, z + r + 1);
-        m_workOrigin = {x, z};
-        m_nWorkSize = r;
-    }
-    if (m_worker != Worker::MAGNET) {
-        return;
-    }
-    for (const Point& p : m_workPoints) {
-        const double dx = static_cast<double>(p.first - m_workOrigin.first) - 0.5;
-        const double dz = static_cast<double>(p.second - m_workOrigin.second) - 0.5;
-        const double f =
-            std::min(1.0, std::sqrt(dx * dx + dz * dz) / (static_cast<double>(m_nWorkSize) + 0.5));
-        const double pi = 3.1415927F;
-        const double w = amount * ((1.0 + std::cos(pi * f)) * 0.5);
-        writeHeight(p, copiedHeight(p) - static_cast<std::int64_t>(w), true);
-    }
-}
-
-void CReferenceEditor::flatten() {
-    const std::int64_t x = panel.x;
-    const std::int64_t z = panel.z;
-    recordArea(x, z, x + 1, z + 1);
-    const int level = (heightAt(x, z) + heightAt(x + 1, z) + heightAt(x, z + 1) + heightAt(x + 1, z + 1)) / 4;
-    for (const Point& p : pointsOf(x, z, x + 1, z + 1)) {
-        writeHeight(p, level, true);
-    }
-}
-
-void CReferenceEditor::setHeights() {
-    std::int64_t x0 = panel.x;
-    std::int64_t z0 = panel.z;
-    std::int64_t x1 = x0 + 1;
-    std::int64_t z1 = z0 + 1;
-    if (panel.selected) {
-        x0 = panel.x0;
-        z0 = panel.z0;
-        x1 = panel.x1 + std::int64_t{1};
-        z1 = panel.z1 + std::int64_t{1};
-    } else if (panel.brush == 4) {
-        --x0, --z0, ++x1, ++z1;
-    } else if (panel.brush != 2) {
-        return;
-    }
-    recordArea(x0, z0, x1, z1);
-    for (const Point& p : pointsOf(x0, z0, x1, z1)) {
-        writeHeight(p, panel.height, true);
-    }
-}
-
-void CReferenceEditor::smooth() {
-    const std::int64_t x = panel.x;
-    const std::int64_t z = panel.z;
-    if (panel.x == panel.lastX && panel.z == panel.lastZ) {
-        return;
-    }
-    recordArea(x, z, x + 1, z + 1);
-    const std::vector<int> kept = std::exchange(m_copy, {}); // a raise may be under way
-    copyHeights();
-    const auto clamped = [this](std::int64_t c) {
-        return std::min<std::int64_t>(std::max<std::int64_t>(c, 0), map->getGridDim());
-    };
-    for (const Point& corner : pointsOf(x, z, x + 1, z + 1)) {
-        int sum = 0;
-        for (int i = -1; i <= 1; ++i) {
-            for (int j = -1; j <= 1; ++j) {
-                sum += copiedHeight({clamped(corner.first + i), clamped(corner.second + j)});
-            }
-        }
-        const std::int64_t h = copiedHeight(corner);
-        writeHeight(corner, h + ((sum / 9 - h) * panel.strength) / 10, false);
-    }
-    m_copy = kept;
-}
-
-void CReferenceEditor::roughen() {
-    const std::int64_t x = panel.x;
-    const std::int64_t z = panel.z;
-    recordArea(x, z, x + 1, z + 1);
-    const float s = static_cast<float>(panel.strength);
-    const Point corners[] = {{x, z}, {x + 1, z}, {x, z + 1}, {x + 1, z + 1}};
-    std::vector<std::int64_t> heights;
-    for (const auto& [cx, cz] : corners) {
-        heights.push_back(heightAt(cx, cz) + static_cast<std::int64_t>(m_roughen.get(-s, s)));
-    }
-    for (std::size_t i = 0; i < heights.size(); ++i) {
-        writeHeight(corners[i], heights[i], true);
-    }
-}
-
-void CReferenceEditor::tintPoints() {
-    const std::int64_t x = panel.x;
-    const std::int64_t z = panel.z;
-    std::vector<Point> points;
-    if (panel.selected) {
-        points = pointsOf(panel.x0, panel.z0, panel.x1 + std::int64_t{1}, panel.z1 + std::int64_t{1});
-        recordArea(panel.x0, panel.z0, panel.x1 + std::int64_t{1}, panel.z1 + std::int64_t{1});
-    } else {
-        const std::set<Point> brush = brushPoints();
-        points.assign(brush.begin(), brush.end());
-        if (brush.size() == 1) {
-            recordArea(points[0].first, points[0].second, points[0].first, points[0].second);
-        } else if (!brush.empty()) {
-            recordArea(x, z, x + blockSize() - 1, z + blockSize() - 1);
-        }
-    }
-    const qxCColour target(tint.r, tint.g, tint.b, 255);
-    const float t = std::min(1.0F, std::max(0.0F, static_cast<float>(panel.strength) * 0.01F));
-    const int water = static_cast<int>(map->waterLevel / map->heightScale);
-    for (const auto& [px, pz] : points) {
-        const int cx = held(px);
-        const int cz = held(pz);
-        if (!map->getPointWater(cx, cz) || map->getPointHeight(cx, cz) > water) {
-            map->setPointColour(0, cx, cz, interpolate(map->getPointColour(0, cx, cz), target, t));
-        }
-    }
-}
-
-void CReferenceEditor::paintPoints() {
-    const std::int64_t x = panel.x;
-    const std::int64_t z = panel.z;
-    const float w = std::min(1.0F, std::max(0.0F, static_cast<float>(panel.strength) * 0.1F));
-    if (panel.selected) {
-        recordArea(panel.x0, panel.z0, panel.x1 + std::int64_t{1}, panel.z1 + std::int64_t{1});
-        for (const auto& [px, pz] :
-             pointsOf(panel.x0, panel.z0, panel.x1 + std::int64_t{1}, panel.z1 + std::int64_t{1})) {
-            map->paintMultiTexture(static_cast<int>(px), static_cast<int>(pz), w);
-        }
-        return;
-    }
-    const std::set<Point> brush = brushPoints();
-    if (brush.size() == 1) {
-        recordArea(brush.begin()->first, brush.begin()->second, brush.begin()->first, brush.begin()->second);
-    } else if (!brush.empty()) {
-        recordArea(x, z, x + blockSize() - 1, z + blockSize() - 1);
-    }
-    for (const auto& [px, pz] : brush) {
-        const std::int64_t fromCentre = std::abs(px - x - 1) + std::abs(pz - z - 1);
-        const bool half = (panel.brush == 3 && fromCentre == 1) || (panel.brush == 4 && fromCentre == 2);
-        map->paintMultiTexture(held(px), held(pz), half ? w * 0.5F : w);
-    }
-}
-
-// --- detail tools
-// -------------------------------------------------------------------------------------------
-
-void CReferenceEditor::updateDetails(int px, int pz, int amount) {
-    if (isAnyOf(panel.tool, {0, 2, 3, 4, 5, 6})) {
-        dragDetail(px, pz, amount);
-        return;
-    }
-    if (!panel.first || panel.detail == nullptr) {
-        return;
-    }
-    if (panel.tool == 1) {
-        map->removeDetail(panel.detail);
-        panel.detail = nullptr;
-        m_dragged.record = nullptr;
-    } else if (panel.tool == 7) {
-        const qxCMapDetailRecord was = *panel.detail;
-        panel.detail->point0 = was.point1;
-        panel.detail->point1 = was.point0;
-        panel.detail->point2 = was.point1 + (was.point2 - was.point0);
-    }
-}
-
-void CReferenceEditor::dragDetail(int px, int pz, int amount) {
-    panel.x = px;
-    panel.z = pz;
-    if (panel.first) {
-        m_dragged.record = panel.detail;
-        if (panel.detail != nullptr) {
-            m_dragged = {
-                panel.detail, panel.detail->point0, panel.detail->point1, panel.detail->point2, px, pz};
-        }
-    }
-    qxCMapDetailRecord* const detail = m_dragged.record;
-    if (detail == nullptr) {
-        return;
-    }
-    qxCMatrix4d change;
-    const qxCVector3d middle = (m_dragged.p1 + m_dragged.p2) * 0.5F;
-    if (panel.tool == 3) {
-        change.rotationY(static_cast<float>(amount));
-    } else if (panel.tool == 4) {
-        const float s = 1.0F - static_cast<float>(amount) * 0.04F;
-        const float atLeast = s < 0.1F ? 0.1F : s;
-        change.scaling({atLeast, atLeast, atLeast});
-    } else {
-        const qxCVector3d offset(static_cast<float>(static_cast<double>(px) - m_dragged.x), 0.0F,
-                                 static_cast<float>(static_cast<double>(pz) - m_dragged.z));
-        detail->point0 = m_dragged.p0 + offset;
-        detail->point1 = m_dragged.p1 + offset;
-        detail->point2 = m_dragged.p2 + offset;
-        return;
-    }
-    qxCMatrix4d there;
-    there.translation(middle);
-    qxCMatrix4d back;
-    back.translation(-middle);
-    const qxCMatrix4d whole = there * (change * back);
-    detail->point0 = whole * m_dragged.p0;
-    detail->point1 = whole * m_dragged.p1;
-    detail->point2 = whole * m_dragged.p2;
+    refreshUndo();
 }

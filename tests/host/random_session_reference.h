@@ -3,12 +3,25 @@
 #include "engine/memory/memory_map.h"
 #include "engine/qx_random.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <deque>
-#include <functional>
+#include <initializer_list>
+#include <limits>
 #include <set>
 #include <utility>
 #include <vector>
+
+/// The int nearest to `value`.
+inline int held(std::int64_t value) {
+    constexpr std::int64_t LOW = std::numeric_limits<int>::min();
+    constexpr std::int64_t HIGH = std::numeric_limits<int>::max();
+    return static_cast<int>(std::min(std::max(value, LOW), HIGH));
+}
+
+inline bool isAnyOf(int value, std::initializer_list<int> values) {
+    return std::find(values.begin(), values.end(), value) != values.end();
+}
 
 /// The map editor written down as plainly as can be, for comparison: whole-map copies, membership tests over
 /// every point of the grid, no shortcuts. Works on maps of its own, so that after every operation they can be
@@ -22,6 +35,9 @@ public:
     void destroy();
     void destroySettings();
     void changeTab();
+    /// The panel reads its controls: what they cannot show becomes what they do show.
+    void readControls();
+    void refreshBrushes();
 
     void startEditing(int px, int pz, int edge, int corner);
     void updateEditing(int px, int pz, int amount);
@@ -40,6 +56,9 @@ public:
         int height = 0;
         float gradient = 0.0F;
         bool hideCursor = false;
+        bool undoEnabled = true; // the button and the bar: as of their last refresh
+        bool brushesEnabled = false;
+        int fill = 0;
         qxCTexture* detailTexture = nullptr;
         qxCMapDetailRecord* detail = nullptr;
         int x = 0;
@@ -97,6 +116,7 @@ private:
     void recordArea(std::int64_t x0, std::int64_t z0, std::int64_t x1, std::int64_t z1);
     int heightAt(std::int64_t x, std::int64_t z) const;
     void writeHeight(const Point& point, std::int64_t height, bool direct);
+    void refreshUndo();
     void copyHeights();
     int copiedHeight(const Point& point) const;
     void outline(std::int64_t x0, std::int64_t z0, std::int64_t x1, std::int64_t z1, bool on);

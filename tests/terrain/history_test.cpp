@@ -93,6 +93,7 @@ TEST_F(History, AStrokeLargerThanTheCapacityIsUndoneAsFarAsItIsKept) {
 TEST_F(History, BelongsToTheMapOfTheRememberedSettings) {
     g_savedSettings = {};
     g_savedSettings.strength = 4;
+    g_savedSettings.height = 77;
     g_mapUndoList.push({});
     restoreSettings(panel); // nothing valid: reset, but the strength stays
     EXPECT_EQ(panel.m_nBrushSize, 2);
