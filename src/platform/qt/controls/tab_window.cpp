@@ -67,7 +67,6 @@ bool TabWindow::onEvent(QObject*, QEvent* event) {
 }
 
 LRESULT TabWindow::process(UINT message, WPARAM wParam, LPARAM lParam) {
-    const StateScope fromProgram(m_fromProgram, true);
     switch (message) {
     case TCM_INSERTITEM:
         return insert(static_cast<int>(wParam), toText(lParam));
@@ -83,10 +82,12 @@ LRESULT TabWindow::process(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 LRESULT TabWindow::insert(int index, const QString& text) {
+    const StateScope fromProgram(m_fromProgram, true);
     return m_tabs.insertTab(index, text);
 }
 
 LRESULT TabWindow::select(int index) {
+    const StateScope fromProgram(m_fromProgram, true);
     const int former = m_tabs.currentIndex();
     if (index >= 0 && index < m_tabs.count()) {
         m_tabs.setCurrentIndex(index);
