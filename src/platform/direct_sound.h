@@ -25,6 +25,7 @@ inline constexpr DWORD DSBCAPS_LOCDEFER = 0x00040000;
 
 inline constexpr DWORD DSBLOCK_ENTIREBUFFER = 2;
 inline constexpr DWORD DSBSTATUS_PLAYING = 1;
+inline constexpr DWORD DSBSTATUS_BUFFERLOST = 2; ///< the device has vanished
 inline constexpr LONG DSBVOLUME_MIN = -10000;
 inline constexpr LONG DSBVOLUME_MAX = 0;
 /// Sizes of a secondary buffer in bytes, and its frames a second.

@@ -27,9 +27,10 @@ void deleteSounds(CGrowArray<CSound*>& sounds) {
 } // namespace
 
 int CSoundManager::create() {
-    if (m_pDevice != nullptr) {
+    if (m_pDevice != nullptr && !isDeviceLost()) {
         return 0;
     }
+    release();
     m_nSampleRate = 22050;
     if (FAILED(CoInitialize(nullptr))) {
         return -1;
@@ -44,6 +45,12 @@ int CSoundManager::create() {
     m_pDevice->SetCooperativeLevel(nullptr, DSSCL_PRIORITY);
     setUpPrimaryBuffer();
     return 0;
+}
+
+bool CSoundManager::isDeviceLost() const {
+    DWORD status = 0;
+    return m_pPrimary != nullptr && SUCCEEDED(m_pPrimary->GetStatus(&status)) &&
+           (status & DSBSTATUS_BUFFERLOST) != 0;
 }
 
 void CSoundManager::setUpPrimaryBuffer() {

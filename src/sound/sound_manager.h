@@ -11,7 +11,7 @@ class qxCName;
 class CSoundManager {
 public:
     /// Connects to the default device: 0, or -1 when there is none. A manager that is connected already keeps
-    /// its connection and its sounds. Shows and prints nothing.
+    /// its connection and its sounds, unless the device has vanished: then it begins anew. Prints nothing.
     int create();
     /// Deletes every sound and closes the device. Pointers to sounds are dead from here on.
     void release();
@@ -33,6 +33,7 @@ public:
     IDirectSound3DListener* listener() const { return m_pListener; }
 
 private:
+    bool isDeviceLost() const;
     void setUpPrimaryBuffer();
 
     int m_nSampleRate = 22050;

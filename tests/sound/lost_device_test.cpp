@@ -64,6 +64,9 @@ TEST_F(LostDevice, SoundGoesQuietAndWorkGoesOn) {
     CSound* late = g_soundManager.loadSound(qxCName("long.wav"), 0);
     ASSERT_NE(late, nullptr);
     EXPECT_FALSE(late->hasBuffer());
+    EXPECT_EQ(g_soundManager.create(), 0) << "begins anew";
+    EXPECT_EQ(g_soundManager.loadedSounds().getCount(), 0);
+    EXPECT_TRUE(g_soundManager.loadSound(qxCName("long.wav"), 0)->play(1.0F));
     g_soundManager.release();
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
 }

@@ -75,7 +75,7 @@ HRESULT CAlPrimaryBuffer::GetStatus(DWORD* status) {
     if (status == nullptr) {
         return DSERR_INVALIDPARAM;
     }
-    *status = m_pDevice->isConnected() ? DSBSTATUS_PLAYING : 0;
+    *status = m_pDevice->isConnected() ? DSBSTATUS_PLAYING : DSBSTATUS_BUFFERLOST;
     return S_OK;
 }
 
