@@ -21,8 +21,14 @@ QWidget* ownerOf(HWND window) {
 bool runDialog(const QPointer<QDialog>& dialog) {
     const DispatchScope handlersStillRun;
     const ModalRun counted;
+    // Not every window manager gives the activation back, and without it the focus stays nowhere.
+    const QPointer<QWidget> formerlyActive = QApplication::activeWindow();
     dialog->setWindowModality(Qt::ApplicationModal);
-    return dialog->exec() != QDialog::Rejected && dialog != nullptr;
+    const bool accepted = dialog->exec() != QDialog::Rejected;
+    if (formerlyActive != nullptr && formerlyActive->isVisible()) {
+        formerlyActive->activateWindow();
+    }
+    return accepted && dialog != nullptr;
 }
 
 namespace {

@@ -64,7 +64,7 @@ bool routePress(Window& window, QObject* watched, QMouseEvent& event) {
     }
     const bool captures = window.capturesMouse();
     const HWND handle = window.handle();
-    if (window.object() == nullptr) {
+    if (!window.hearsMouse()) {
         g_pressed = captures ? handle : nullptr;
         return false;
     }
@@ -109,13 +109,13 @@ bool routeMouse(Window& window, QObject* watched, QMouseEvent& event) {
         g_pressed = nullptr;
     }
     if (receiver == &window) {
-        if (window.object() == nullptr) {
+        if (!window.hearsMouse()) {
             return false;
         }
         send(window, watched, event);
         return true;
     }
-    if (receiver == nullptr || receiver->object() == nullptr || receiver->widget() == nullptr) {
+    if (receiver == nullptr || !receiver->hearsMouse() || receiver->widget() == nullptr) {
         return false;
     }
     event.accept();

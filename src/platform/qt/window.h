@@ -66,6 +66,8 @@ public:
     virtual LRESULT process(UINT message, WPARAM wParam, LPARAM lParam);
     virtual QString text() const { return {}; }
     virtual void setText(const QString&) {}
+    /// Whether the mouse is worth messages: to its object, or to the window's own kind.
+    virtual bool hearsMouse() const { return m_object != nullptr; }
     /// Whether an unhandled press keeps the mouse until its release, as buttons do.
     virtual bool capturesMouse() const { return true; }
     /// Sets position and size in the parent's pixels, or on the screen.

@@ -2,6 +2,7 @@
 
 #include "platform/qt/foreign_window.h"
 
+#include <QCoreApplication>
 #include <QPointer>
 
 namespace qtbackend {
@@ -18,6 +19,16 @@ std::vector<QPointer<QObject>>& ended() {
     return objects;
 }
 
+/// The native id of a window of ours. Asking Qt for it makes every widget of the window's parent native too,
+/// which the host's 3D view would not survive, unless the application is told not to for the moment.
+std::uintptr_t nativeIdOf(const QWidget& window) {
+    const bool before = QCoreApplication::testAttribute(Qt::AA_DontCreateNativeWidgetSiblings);
+    QCoreApplication::setAttribute(Qt::AA_DontCreateNativeWidgetSiblings, true);
+    const std::uintptr_t id = window.winId();
+    QCoreApplication::setAttribute(Qt::AA_DontCreateNativeWidgetSiblings, before);
+    return id;
+}
+
 } // namespace
 
 WindowRegistry& WindowRegistry::instance() {
@@ -29,7 +40,7 @@ void WindowRegistry::enter(std::unique_ptr<Window> window) {
     QWidget* const widget = window->widget();
     if (window->handle() == nullptr) {
         const bool topLevel = widget != nullptr && widget->isWindow();
-        const std::uintptr_t number = topLevel ? widget->winId() : controlHandleBit | ++m_lastChild;
+        const std::uintptr_t number = topLevel ? nativeIdOf(*widget) : controlHandleBit | ++m_lastChild;
         window->setHandle(reinterpret_cast<HWND>(number));
     }
     if (widget != nullptr) {

@@ -14,6 +14,15 @@ namespace qtbackend {
 
 namespace {
 
+/// A check box or radio button that takes clicks on its whole area, not on mark and text alone.
+template <class Button> class WholeAreaButton : public Button {
+public:
+    using Button::Button;
+
+protected:
+    bool hitButton(const QPoint& position) const override { return this->rect().contains(position); }
+};
+
 bool isPush(DWORD style) {
     const DWORD type = style & BS_TYPEMASK;
     return type == BS_PUSHBUTTON || type == BS_DEFPUSHBUTTON;
@@ -29,11 +38,11 @@ QAbstractButton& makeWidget(DWORD style, QWidget* parent) {
         return *button;
     }
     if (type == BS_RADIOBUTTON || type == BS_AUTORADIOBUTTON) {
-        auto* const button = new QRadioButton(parent);
+        auto* const button = new WholeAreaButton<QRadioButton>(parent);
         button->setAutoExclusive(false); // the group is what the template says, and none may be checked
         return *button;
     }
-    return *new QCheckBox(parent);
+    return *new WholeAreaButton<QCheckBox>(parent);
 }
 
 } // namespace

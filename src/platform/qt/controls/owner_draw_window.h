@@ -15,6 +15,8 @@ public:
     QString text() const override { return m_text; }
     void setText(const QString& text) override;
 
+    bool hearsMouse() const override { return true; }
+
     void paint(QPainter& painter);
 
 protected:

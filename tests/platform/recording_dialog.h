@@ -1,0 +1,47 @@
+#pragma once
+
+#include "platform/dialog_template.h"
+#include "platform/framework.h"
+#include "support/ui_driver.h"
+
+#include <functional>
+#include <string>
+#include <vector>
+
+/// A control of a small dialog: its id, class, style beside WS_CHILD | WS_VISIBLE, place and text.
+DialogItem dialogItem(int id, const char* windowClass, DWORD style, DialogRect rect, const char* text = "");
+
+/// A template of 200 by 150 dialog units with the id RecordingDialog::templateId.
+DialogTemplate dialogLayout(std::vector<DialogItem> items, DWORD style = WS_POPUP | WS_VISIBLE | WS_CAPTION);
+
+/// A modeless dialog that writes down what its controls report, as "id what". What it exchanges and what it
+/// does on hearing something is the test's.
+class RecordingDialog : public CDialog {
+public:
+    static constexpr int templateId = 500;
+
+    std::function<void(CDataExchange*)> exchange;
+    std::function<void(const std::string&)> onNote;
+    LRESULT veto = 0; ///< the answer to UDN_DELTAPOS
+
+    /// What was heard since the last call.
+    std::vector<std::string> takeHeard();
+    template <class Kind = QWidget> Kind& at(int id) const {
+        return ui::control<Kind>(*ui::dialog(templateId), id);
+    }
+
+protected:
+    void DoDataExchange(CDataExchange* pDX) override;
+    BOOL OnCommand(WPARAM wParam, LPARAM lParam) override;
+    BOOL OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* pResult) override;
+    void OnOK() override;
+    void OnCancel() override;
+    afx_msg void OnHScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar);
+
+    DECLARE_MESSAGE_MAP()
+
+private:
+    void note(const std::string& text);
+
+    std::vector<std::string> m_heard;
+};

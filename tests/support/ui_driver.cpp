@@ -1,0 +1,88 @@
+#include "support/ui_driver.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QLineEdit>
+#include <QTest>
+
+#include <stdexcept>
+
+namespace ui {
+
+QWidget& control(const QWidget& dialog, int id) {
+    QWidget* const found = dialog.findChild<QWidget*>(QString::number(id));
+    if (found == nullptr) {
+        throw std::runtime_error("no control " + std::to_string(id) + " in " +
+                                 dialog.objectName().toStdString());
+    }
+    return *found;
+}
+
+QWidget* dialog(int templateId) {
+    const QString name = QStringLiteral("dialog-%1").arg(templateId);
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        if (window->objectName() == name && window->isVisible()) {
+            return window;
+        }
+    }
+    return nullptr;
+}
+
+bool waitUntilActive(QWidget* window) {
+    return window != nullptr && QTest::qWaitForWindowActive(window);
+}
+
+void click(QWidget& widget) {
+    click(widget, widget.rect().center());
+}
+
+void click(QWidget& widget, QPoint position) {
+    QTest::mouseClick(&widget, Qt::LeftButton, Qt::NoModifier, position);
+}
+
+void doubleClick(QWidget& widget) {
+    QTest::mouseClick(&widget, Qt::LeftButton);
+    QTest::mouseDClick(&widget, Qt::LeftButton);
+}
+
+void drag(QWidget& from, QWidget& to) {
+    QTest::mousePress(&from, Qt::LeftButton);
+    // Qt keeps the mouse with the widget that was pressed: the release comes there, wherever the pointer is.
+    const QPoint released = from.mapFromGlobal(to.mapToGlobal(to.rect().center()));
+    QTest::mouseRelease(&from, Qt::LeftButton, Qt::NoModifier, released);
+}
+
+void press(Qt::Key key, Qt::KeyboardModifiers modifiers) {
+    QWidget* const focus = QApplication::focusWidget();
+    if (focus == nullptr) {
+        throw std::runtime_error("nothing has the focus");
+    }
+    QTest::keyClick(focus, key, modifiers);
+}
+
+void type(QWidget& field, const QString& text) {
+    click(field);
+    if (auto* const edit = qobject_cast<QLineEdit*>(&field)) {
+        edit->selectAll();
+    }
+    QTest::keyClicks(&field, text);
+}
+
+bool waitUntil(const std::function<bool()>& condition) {
+    QElapsedTimer timer;
+    timer.start();
+    while (!condition()) {
+        if (timer.hasExpired(5000)) {
+            return false;
+        }
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+    }
+    return true;
+}
+
+void settle() {
+    QCoreApplication::processEvents();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+} // namespace ui

@@ -1,0 +1,63 @@
+#include "support/window_guard.h"
+
+#include <QApplication>
+#include <QEvent>
+#include <QStringList>
+#include <QWidget>
+
+#include <memory>
+
+namespace {
+
+/// Said by the offscreen platform of every window with a fixed size; it tells nothing about the window.
+constexpr const char* offscreenRemark = "This plugin does not support propagateSizeHints()";
+
+QStringList g_announced;
+QStringList g_unannounced;
+
+void onMessage(QtMsgType type, const QMessageLogContext&, const QString& text) {
+    if (type == QtDebugMsg || type == QtInfoMsg || text == QLatin1String(offscreenRemark)) {
+        return;
+    }
+    for (const QString& announced : g_announced) {
+        if (text.contains(announced)) {
+            return;
+        }
+    }
+    g_unannounced << text;
+}
+
+/// Deletes what was left for the event loop to delete.
+void finishDeletions() {
+    QCoreApplication::sendPostedEvents();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+} // namespace
+
+WindowGuard::WindowGuard() {
+    qInstallMessageHandler(&onMessage);
+}
+
+void WindowGuard::announceWarning(const char* text) {
+    g_announced << QString::fromUtf8(text);
+}
+
+void WindowGuard::OnTestStart(const testing::TestInfo&) {
+    g_announced.clear();
+    g_unannounced.clear();
+}
+
+void WindowGuard::OnTestEnd(const testing::TestInfo&) {
+    finishDeletions();
+    for (const QString& warning : g_unannounced) {
+        ADD_FAILURE() << "Qt warned: " << warning.toStdString();
+    }
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        if (window->isVisible()) {
+            ADD_FAILURE() << "Window left open: " << window->objectName().toStdString() << " "
+                          << window->windowTitle().toStdString();
+            window->hide();
+        }
+    }
+}
