@@ -14,14 +14,8 @@ void CMapUndoList::clear() {
     m_nCount = 0;
 }
 
-void CMapUndoList::makeRoom() {
-    constexpr std::size_t FIRST_SIZE = 1024;
-    constexpr std::size_t FULL_SIZE = CAPACITY;
-    if (m_ring.size() == FULL_SIZE) {
-        m_nHead = m_nHead + 1 == FULL_SIZE ? 0 : m_nHead + 1;
-        --m_nCount;
-        return;
-    }
+void CMapUndoList::grow() {
     // The ring turns only at its full size: a smaller one starts at its first element and grows at its end.
+    constexpr std::size_t FIRST_SIZE = 1024;
     m_ring.resize(std::clamp(m_ring.size() * 2, FIRST_SIZE, FULL_SIZE));
 }

@@ -25,8 +25,13 @@ public:
 
     /// Append a copy of `record`; a full history drops its oldest record first.
     void push(const MapUndoRecord& record) {
+        if (m_nCount == FULL_SIZE) {
+            m_ring[m_nHead] = record; // the newest stands where the oldest was, the ring turns by one
+            m_nHead = m_nHead + 1 == FULL_SIZE ? 0 : m_nHead + 1;
+            return;
+        }
         if (m_nCount == m_ring.size()) {
-            makeRoom();
+            grow();
         }
         std::size_t end = m_nHead + m_nCount;
         if (end >= m_ring.size()) {
@@ -56,7 +61,9 @@ public:
     void clear();
 
 private:
-    void makeRoom();
+    static constexpr std::size_t FULL_SIZE = CAPACITY;
+
+    void grow();
 
     std::vector<MapUndoRecord> m_ring;
     std::size_t m_nHead = 0; // the oldest record
