@@ -1,5 +1,7 @@
 #include "platform/qt/native_event.h"
 
+#include <QAbstractScrollArea>
+
 #include <utility>
 
 namespace qtbackend {
@@ -7,6 +9,21 @@ namespace qtbackend {
 namespace {
 
 NativeEvent* g_current = nullptr;
+
+/// Names what a scroll area hears its viewport's events with.
+struct ScrollAreaAccess : QAbstractScrollArea {
+    using QAbstractScrollArea::viewportEvent;
+};
+
+/// Lets the widget act on the event. A viewport leaves its events to its scroll area.
+void deliver(QObject& target, QEvent& event) {
+    auto* const area = qobject_cast<QAbstractScrollArea*>(target.parent());
+    if (area != nullptr && area->viewport() == &target) {
+        (area->*&ScrollAreaAccess::viewportEvent)(&event);
+    } else {
+        target.event(&event);
+    }
+}
 
 } // namespace
 
@@ -28,7 +45,7 @@ bool NativeEvent::pass(const Window& window, UINT message) {
         return false;
     }
     current->m_passed = true;
-    current->m_target->event(current->m_event);
+    deliver(*current->m_target, *current->m_event);
     return true;
 }
 

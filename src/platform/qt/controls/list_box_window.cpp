@@ -69,8 +69,10 @@ LRESULT ListBoxWindow::process(UINT message, WPARAM wParam, LPARAM lParam) {
     case LB_GETITEMDATA:
     case LB_SETITEMDATA:
         return processItem(message, index, lParam);
-    default:
+    default: {
+        const StateScope fromUser(m_fromProgram, false); // the mouse and the keyboard come this way
         return Window::process(message, wParam, lParam);
+    }
     }
 }
 
