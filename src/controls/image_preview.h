@@ -24,5 +24,5 @@ private:
     int m_nTilesX = 0;
     int m_nTilesY = 0;
     const qxCImageFile* m_pImage = nullptr;
-    std::vector<std::uint32_t> m_picture; ///< 0x00RRGGBB; kept from paint to paint for its memory only
+    std::vector<std::uint32_t> m_picture; ///< kept from paint to paint for its memory only
 };

@@ -10,7 +10,8 @@
 namespace {
 
 constexpr int SQUARE_SHIFT = 4; // squares of 16 by 16 pixels
-constexpr std::uint32_t RGB_BITS = 0x00FFFFFF;
+constexpr std::uint32_t BLACK = 0xFF000000;
+constexpr std::uint32_t WHITE = 0xFFFFFFFF;
 constexpr unsigned ALPHA_SHIFT = 24;
 constexpr std::uint32_t IN_EVERY_CHANNEL = 0x00010101;
 constexpr std::uint32_t CHANNEL_MAX = 255;
@@ -26,11 +27,11 @@ std::vector<std::size_t> sourceIndices(int size, int sourceSize, int tiles) {
     return indices;
 }
 
-/// RGB_BITS for the white pixels of a checkerboard row, 0 for the black; row 0 begins black, row 1 white.
+/// A row of the checkerboard, every pixel opaque; row 0 begins black, row 1 white.
 std::vector<std::uint32_t> checkerRow(int width, int squareRow) {
     std::vector<std::uint32_t> row(static_cast<std::size_t>(width));
     for (int x = 0; x < width; ++x) {
-        row[static_cast<std::size_t>(x)] = (((x >> SQUARE_SHIFT) + squareRow) & 1) != 0 ? RGB_BITS : 0;
+        row[static_cast<std::size_t>(x)] = (((x >> SQUARE_SHIFT) + squareRow) & 1) != 0 ? WHITE : BLACK;
     }
     return row;
 }
@@ -41,8 +42,8 @@ void gatherRow(std::uint32_t* row, std::span<const std::size_t> columns, const q
     }
 }
 
-/// Every channel becomes (channel * alpha + (255 - alpha) * checker) / 255, the top byte 0. Alpha is first
-/// laid beside every channel, so that the second loop is one operation on bytes throughout.
+/// Every channel becomes (channel * alpha + (255 - alpha) * checker) / 255, the top byte the checker's. Alpha
+/// is first laid beside every channel, so that the second loop is one operation on bytes throughout.
 void blendRow(std::uint32_t* row, std::uint32_t* alphas, const std::uint32_t* checker, std::size_t width) {
     for (std::size_t x = 0; x < width; ++x) {
         alphas[x] = (row[x] >> ALPHA_SHIFT) * IN_EVERY_CHANNEL;

@@ -32,7 +32,7 @@ std::uint32_t pixelByRule(const qxCImageFile& image, int width, int height, int 
     const auto blend = [&](int channel) {
         return static_cast<std::uint32_t>((channel * c.a + (255 - c.a) * k) / 255);
     };
-    return blend(c.r) << 16U | blend(c.g) << 8U | blend(c.b);
+    return 0xFF000000U | blend(c.r) << 16U | blend(c.g) << 8U | blend(c.b);
 }
 
 void expectPictureByRule(const qxCImageFile& image, int width, int height, int tilesX, int tilesY) {
@@ -100,7 +100,7 @@ TEST(PreviewPicture, NegativeRepeatsStayInsideTheImage) {
     std::ranges::fill(white.getPixels(), qxCColour(255, 255, 255, 255));
     std::vector<std::uint32_t> picture(100);
     EXPECT_TRUE(composePreview(picture, 10, 10, white, -3, -1));
-    EXPECT_EQ(picture, std::vector<std::uint32_t>(100, 0x00FFFFFF));
+    EXPECT_EQ(picture, std::vector<std::uint32_t>(100, 0xFFFFFFFF));
 }
 
 } // namespace

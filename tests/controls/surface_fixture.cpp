@@ -1,0 +1,70 @@
+#include "controls/surface_fixture.h"
+
+#include "controls/colour_button.h"
+#include "controls/texture_picker_button.h"
+
+#include <QApplication>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+BEGIN_MESSAGE_MAP(CSurfaceDialog, CDialog)
+ON_MESSAGE(UM_COLOURCHANGED, &CSurfaceDialog::onColourChanged)
+ON_MESSAGE(UM_TEXTURECHANGED, &CSurfaceDialog::onTextureChanged)
+END_MESSAGE_MAP()
+
+CSurfaceDialog::CSurfaceDialog(std::vector<CWnd*> controls, DWORD style, int left, int top)
+    : m_controls(std::move(controls)) {
+    DialogTemplate layout;
+    layout.id = FIRST_ID + left + top;
+    layout.rect = {0, 0, BUTTON_WIDTH * static_cast<int>(m_controls.size()), BUTTON_HEIGHT};
+    layout.style = WS_POPUP | WS_CAPTION | WS_VISIBLE;
+    layout.fontFace = "MS Sans Serif";
+    layout.fontPointSize = 8;
+    for (int i = 0; i < static_cast<int>(m_controls.size()); ++i) {
+        DialogItem item;
+        item.id = FIRST_ID + i;
+        item.rect = {BUTTON_WIDTH * i, 0, BUTTON_WIDTH, BUTTON_HEIGHT};
+        item.style = style | WS_CHILD | WS_VISIBLE;
+        item.windowClass = "Button";
+        layout.items.push_back(item);
+    }
+    CreateIndirect(layout);
+    SetWindowPos(nullptr, left, top, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+    EXPECT_TRUE(QTest::qWaitForWindowExposed(window()));
+}
+
+void CSurfaceDialog::DoDataExchange(CDataExchange* pDX) {
+    for (int i = 0; i < static_cast<int>(m_controls.size()); ++i) {
+        DDX_Control(pDX, FIRST_ID + i, *m_controls[static_cast<std::size_t>(i)]);
+    }
+}
+
+QWidget* CSurfaceDialog::window() {
+    return QWidget::find(reinterpret_cast<WId>(m_hWnd));
+}
+
+QWidget* CSurfaceDialog::button(int place) {
+    return window()->findChild<QWidget*>(QString::number(FIRST_ID + place));
+}
+
+LRESULT CSurfaceDialog::note(UINT message, WPARAM wParam, LPARAM lParam) {
+    m_sent.push_back({message, wParam, lParam});
+    if (m_onMessage) {
+        m_onMessage();
+    }
+    return 1;
+}
+
+LRESULT CSurfaceDialog::onColourChanged(WPARAM wParam, LPARAM lParam) {
+    return note(UM_COLOURCHANGED, wParam, lParam);
+}
+
+LRESULT CSurfaceDialog::onTextureChanged(WPARAM wParam, LPARAM lParam) {
+    return note(UM_TEXTURECHANGED, wParam, lParam);
+}
+
+QImage pictureOf(QWidget* widget) {
+    QApplication::processEvents();
+    return widget->grab().toImage().convertToFormat(QImage::Format_RGB32);
+}

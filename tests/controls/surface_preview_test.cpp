@@ -1,0 +1,73 @@
+#include "controls/image_preview.h"
+#include "controls/preview_picture.h"
+#include "controls/surface_fixture.h"
+#include "engine/qx_image_file.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+namespace {
+
+/// A picture with a colour and an alpha of its own at every pixel.
+qxCImageFile makeImage() {
+    qxCImageFile image;
+    image.setSize(40, 30, qxImageFileFormatColourAlpha);
+    for (int y = 0; y < 30; ++y) {
+        for (int x = 0; x < 40; ++x) {
+            image.setPixel(x, y, qxCColour(x * 6, y * 8, (x + y) * 3, (x * y) % 256));
+        }
+    }
+    return image;
+}
+
+TEST(ImagePreview, PaintsTheComposedPicture) {
+    const qxCImageFile image = makeImage();
+    CImagePreview preview;
+    CSurfaceDialog dialog({&preview}, BS_OWNERDRAW, 50, 50);
+    preview.setImage(&image, 3, 2);
+    const QImage picture = pictureOf(dialog.button(0));
+    ASSERT_GT(picture.width(), 80);
+    std::vector<std::uint32_t> expected(static_cast<std::size_t>(picture.width() * picture.height()));
+    ASSERT_TRUE(composePreview(expected, picture.width(), picture.height(), image, 3, 2));
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            const auto at = static_cast<std::size_t>(y * picture.width() + x);
+            ASSERT_EQ(picture.pixel(x, y), expected[at]) << x << ", " << y;
+        }
+    }
+}
+
+TEST(ImagePreview, WithoutAnImageItIsBlack) {
+    const qxCImageFile image = makeImage();
+    CImagePreview preview;
+    CSurfaceDialog dialog({&preview}, BS_OWNERDRAW, 50, 50);
+    preview.setImage(&image, 1, 1);
+    preview.setImage(nullptr, 1, 1);
+    QImage black(dialog.button(0)->size(), QImage::Format_RGB32);
+    black.fill(Qt::black);
+    EXPECT_EQ(pictureOf(dialog.button(0)), black);
+}
+
+// What was painted before is in the context that the control gets to paint on.
+TEST(ImagePreview, AnImageWithoutPixelsLeavesWhatWasPainted) {
+    CImagePreview preview;
+    CSurfaceDialog dialog({&preview}, BS_OWNERDRAW, 50, 50);
+    CClientDC screen(&dialog);
+    CDC memory;
+    CBitmap bitmap;
+    ASSERT_TRUE(memory.CreateCompatibleDC(&screen) && bitmap.CreateCompatibleBitmap(&screen, 20, 10));
+    CBitmap* const former = memory.SelectObject(&bitmap);
+    memory.FillSolidRect(0, 0, 20, 10, RGB(9, 8, 7));
+
+    qxCImageFile notLoaded;
+    preview.setImage(&notLoaded, 1, 1);
+    DRAWITEMSTRUCT record;
+    record.hDC = memory.m_hDC;
+    record.rcItem = {0, 0, 20, 10};
+    preview.DrawItem(&record);
+    EXPECT_EQ(memory.GetPixel(3, 3), RGB(9, 8, 7));
+    memory.SelectObject(former);
+}
+
+} // namespace

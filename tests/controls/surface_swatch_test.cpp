@@ -1,0 +1,157 @@
+#include "controls/colour_button.h"
+#include "controls/surface_fixture.h"
+#include "support/modal_steps.h"
+
+#include <gmock/gmock.h>
+
+#include <QApplication>
+#include <QColorDialog>
+#include <QTest>
+
+#include <memory>
+
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+constexpr qxCColour RED{200, 10, 20, 255};
+constexpr qxCColour GREEN{0, 180, 30, 255};
+constexpr qxCColour BLACK{0, 0, 0, 255};
+
+SentMessage changed(int place) {
+    return {UM_COLOURCHANGED, 0, CSurfaceDialog::FIRST_ID + place};
+}
+
+/// Two panels with swatches: 0 and 1 in the first, 2 in the second.
+class SwatchTest : public testing::Test {
+protected:
+    SwatchTest() {
+        m_swatches[0]->setColour(RED);
+        m_swatches[1]->setColour(GREEN);
+    }
+
+    ~SwatchTest() override { drop(m_first.button(0), m_first.button(0)); } // forgets what was dragged
+
+    QWidget* widget(int swatch) { return swatch < 2 ? m_first.button(swatch) : m_second.button(swatch - 2); }
+
+    static void press(QWidget* on) { QTest::mousePress(on, Qt::LeftButton); }
+
+    /// Let the button go over `over`, `below` pixels under its middle. The toolkit keeps the mouse with the
+    /// widget that was pressed: the release comes there, wherever the pointer is.
+    static void release(QWidget* pressed, QWidget* over, int below = 0) {
+        const QPoint at = over->mapToGlobal(over->rect().center()) + QPoint(0, below);
+        QTest::mouseRelease(pressed, Qt::LeftButton, Qt::NoModifier, pressed->mapFromGlobal(at));
+    }
+
+    static void drop(QWidget* from, QWidget* to) {
+        press(from);
+        release(from, to);
+    }
+
+    std::unique_ptr<CColourButton> m_swatches[3] = {std::make_unique<CColourButton>(),
+                                                    std::make_unique<CColourButton>(),
+                                                    std::make_unique<CColourButton>()};
+    CSurfaceDialog m_first{{m_swatches[0].get(), m_swatches[1].get()}, BS_OWNERDRAW, 50, 50};
+    CSurfaceDialog m_second{{m_swatches[2].get()}, BS_OWNERDRAW, 50, 300};
+};
+
+TEST_F(SwatchTest, ShowsItsColourInABlackFrame) {
+    m_swatches[0]->setColour(qxCColour(12, 200, 99, 0));
+    EXPECT_EQ(m_swatches[0]->getColour(), qxCColour(12, 200, 99, 255));
+    const QImage picture = pictureOf(widget(0));
+    ASSERT_GT(picture.width(), 20);
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            const bool isFrame = x == 0 || y == 0 || x == picture.width() - 1 || y == picture.height() - 1;
+            ASSERT_EQ(picture.pixelColor(x, y), isFrame ? QColor(0, 0, 0) : QColor(12, 200, 99))
+                << x << ", " << y;
+        }
+    }
+}
+
+TEST_F(SwatchTest, ADragCopiesTheColour) {
+    drop(widget(0), widget(1));
+    EXPECT_EQ(m_swatches[1]->getColour(), RED);
+    EXPECT_EQ(m_swatches[0]->getColour(), RED);
+    EXPECT_THAT(m_first.m_sent, ElementsAre(changed(1)));
+    EXPECT_EQ(widget(1)->grab().toImage().pixelColor(5, 5), QColor(200, 10, 20));
+}
+
+TEST_F(SwatchTest, ADragReachesAnotherPanel) {
+    drop(widget(1), widget(2));
+    EXPECT_EQ(m_swatches[2]->getColour(), GREEN);
+    EXPECT_THAT(m_first.m_sent, IsEmpty());
+    EXPECT_THAT(m_second.m_sent, ElementsAre(changed(0)));
+}
+
+TEST_F(SwatchTest, AClickDoesNothing) {
+    drop(widget(0), widget(0));
+    EXPECT_EQ(m_swatches[0]->getColour(), RED);
+    EXPECT_THAT(m_first.m_sent, IsEmpty());
+    EXPECT_FALSE(widget(0)->hasFocus());
+}
+
+TEST_F(SwatchTest, ADragThatMissedIsRemembered) {
+    press(widget(0));
+    release(widget(0), widget(0), 100);
+    m_swatches[0]->setColour(BLACK);
+    release(widget(1), widget(1));
+    EXPECT_EQ(m_swatches[1]->getColour(), RED) << "the colour as it was at the press";
+    EXPECT_THAT(m_first.m_sent, ElementsAre(changed(1)));
+
+    release(widget(2), widget(2));
+    EXPECT_EQ(m_swatches[2]->getColour(), BLACK) << "the first drop ended the drag";
+}
+
+TEST_F(SwatchTest, AReleaseOverTheSourceEndsTheDrag) {
+    drop(widget(0), widget(0));
+    release(widget(1), widget(1));
+    EXPECT_EQ(m_swatches[1]->getColour(), GREEN);
+}
+
+TEST_F(SwatchTest, ASwatchThatIsGoneIsNoSource) {
+    press(widget(2));
+    m_second.DestroyWindow();
+    m_swatches[2].reset();
+    release(widget(1), widget(1));
+    EXPECT_EQ(m_swatches[1]->getColour(), GREEN);
+    EXPECT_THAT(m_first.m_sent, IsEmpty());
+}
+
+// The colour is in place when the parent hears of it, and another drag may begin from there.
+TEST_F(SwatchTest, TheParentMayLookAndDragFromItsHandler) {
+    qxCColour seen;
+    m_first.m_onMessage = [&] {
+        seen = m_swatches[1]->getColour();
+        press(widget(1));
+    };
+    drop(widget(0), widget(1));
+    EXPECT_EQ(seen, RED);
+    release(widget(2), widget(2));
+    EXPECT_EQ(m_swatches[2]->getColour(), RED);
+}
+
+TEST_F(SwatchTest, ADoubleClickAsksForAColour) {
+    const auto answer = [&](bool isAccepted) {
+        ModalSteps steps({[&](QWidget* shown) {
+            auto* const dialog = qobject_cast<QColorDialog*>(shown);
+            ASSERT_NE(dialog, nullptr);
+            EXPECT_EQ(dialog->currentColor(), QColor(200, 10, 20));
+            dialog->setCurrentColor(QColor(1, 2, 3));
+            isAccepted ? dialog->accept() : dialog->reject();
+        }});
+        QTest::mouseDClick(widget(0), Qt::LeftButton);
+        EXPECT_TRUE(steps.areDone());
+    };
+    answer(false);
+    EXPECT_EQ(m_swatches[0]->getColour(), RED);
+    EXPECT_THAT(m_first.m_sent, IsEmpty());
+
+    answer(true);
+    EXPECT_EQ(m_swatches[0]->getColour(), qxCColour(1, 2, 3, 255));
+    EXPECT_THAT(m_first.m_sent, ElementsAre(changed(0)));
+    EXPECT_EQ(widget(0)->grab().toImage().pixelColor(5, 5), QColor(1, 2, 3));
+}
+
+} // namespace

@@ -1,0 +1,232 @@
+#include "controls/surface_texture_fixture.h"
+#include "controls/texture_list_dlg.h"
+#include "host/module_state.h"
+#include "resources/resource_ids.h"
+
+#include <gmock/gmock.h>
+
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QTest>
+
+namespace {
+
+using testing::ElementsAre;
+
+/// The Texture List itself, opened on the scene.
+class TextureListTest : public TextureTest {
+protected:
+    struct Outcome {
+        INT_PTR result;
+        qxCTexture* selected;
+    };
+
+    /// Open the list with `current` chosen and let the user take these steps.
+    Outcome run(qxCTexture* current, std::vector<ModalSteps::Step> steps) {
+        CTextureListDlg list(&m_scene, current, nullptr);
+        const ModalSteps user(std::move(steps));
+        const INT_PTR result = list.DoModal();
+        EXPECT_TRUE(user.areDone());
+        return {result, list.getSelectedTexture()};
+    }
+
+    static void pick(const QWidget* list, int comboId, const QString& entry) {
+        auto& box = ui::control<QComboBox>(*list, comboId);
+        box.setFocus();
+        while (box.currentText() != entry) {
+            const int before = box.currentIndex();
+            QTest::keyClick(&box, box.findText(entry) > before ? Qt::Key_Down : Qt::Key_Up);
+            ASSERT_NE(box.currentIndex(), before);
+        }
+    }
+
+    static QColor previewColour(const QWidget* list) {
+        return ui::control(*list, IDC_TEXTURE_IMAGE).grab().toImage().pixelColor(20, 5);
+    }
+
+    static std::vector<std::string> entries(const QComboBox& box) {
+        std::vector<std::string> texts;
+        for (int i = 0; i < box.count(); ++i) {
+            texts.push_back(box.itemText(i).toStdString());
+        }
+        return texts;
+    }
+};
+
+TEST_F(TextureListTest, ShowsTheTextureItOpensWith) {
+    run(m_pGrass, {[](const QWidget* list) {
+            EXPECT_EQ(selectedEntry(list), "grass");
+            EXPECT_EQ(previewColour(list), grassColour());
+            const auto& formats = ui::control<QComboBox>(*list, IDC_TEXTURE_FORMAT);
+            const auto& sizes = ui::control<QComboBox>(*list, IDC_TEXTURE_SIZE);
+            EXPECT_THAT(entries(formats), ElementsAre("Auto", "Pal", "Pal+Alpha", "Grey", "Grey+Alpha",
+                                                      "RGB 565", "RGBA 1555", "RGBA 4444"));
+            EXPECT_THAT(entries(sizes), ElementsAre("Empty", "1x1", "2x2", "4x4", "8x8", "16x16", "32x32",
+                                                    "64x64", "128x128", "256x256"));
+            EXPECT_EQ(formats.currentText(), "RGBA 4444");
+            EXPECT_EQ(sizes.currentText(), "256x256");
+            EXPECT_FALSE(ui::control(*list, IDC_DELETE_TEXTURE).isEnabled());
+            click(list, IDCANCEL);
+        }});
+}
+
+TEST_F(TextureListTest, FollowsTheSelection) {
+    const auto [result, selected] =
+        run(m_pGrass, {[](const QWidget* list) {
+                choose(list, "rock");
+                EXPECT_EQ(ui::control<QComboBox>(*list, IDC_TEXTURE_FORMAT).currentIndex(), -1);
+                EXPECT_EQ(ui::control<QComboBox>(*list, IDC_TEXTURE_SIZE).currentText(), "16x16");
+                choose(list, "-NONE-");
+                EXPECT_FALSE(ui::control(*list, IDC_TEXTURE_FORMAT).isEnabled());
+                EXPECT_FALSE(ui::control(*list, IDC_TEXTURE_SIZE).isEnabled());
+                EXPECT_EQ(previewColour(list), QColor(Qt::black));
+                choose(list, "grass");
+                EXPECT_TRUE(ui::control(*list, IDC_TEXTURE_FORMAT).isEnabled());
+                EXPECT_TRUE(ui::control(*list, IDC_TEXTURE_SIZE).isEnabled());
+                EXPECT_EQ(previewColour(list), grassColour());
+                choose(list, "-NONE-");
+                click(list, IDOK);
+            }});
+    EXPECT_EQ(result, IDOK);
+    EXPECT_EQ(selected, nullptr);
+}
+
+TEST_F(TextureListTest, FormatAndSizeAreTheTexturesAtOnceAndStayAfterCancel) {
+    const auto outcome = run(m_pGrass, {[&](const QWidget* list) {
+                                 pick(list, IDC_TEXTURE_FORMAT, "Grey+Alpha");
+                                 EXPECT_EQ(m_pGrass->getPixelFormat(), qxPixelFormatGreyAlpha);
+                                 pick(list, IDC_TEXTURE_SIZE, "64x64");
+                                 EXPECT_EQ(m_pGrass->getSize(), qxTextureSize64);
+                                 click(list, IDCANCEL);
+                             }});
+    EXPECT_EQ(outcome.result, IDCANCEL);
+    EXPECT_EQ(m_pGrass->getPixelFormat(), qxPixelFormatGreyAlpha);
+    EXPECT_EQ(m_pGrass->getSize(), qxTextureSize64);
+    EXPECT_EQ(m_pRock->getSize(), qxTextureSize16);
+}
+
+TEST_F(TextureListTest, ADoubleClickChooses) {
+    const auto [result, selected] =
+        run(nullptr, {[](const QWidget* list) {
+                const auto& textures = ui::control<QListWidget>(*list, IDC_TEXTURES);
+                const QPoint place = placeOf(textures, "rock");
+                QTest::mouseClick(textures.viewport(), Qt::LeftButton, Qt::NoModifier, place);
+                QTest::mouseDClick(textures.viewport(), Qt::LeftButton, Qt::NoModifier, place);
+            }});
+    EXPECT_EQ(result, IDOK);
+    EXPECT_EQ(selected, m_pRock);
+}
+
+TEST_F(TextureListTest, WithoutASceneItEndsAtOnceWithCancel) {
+    CTextureListDlg list(nullptr, m_pGrass, nullptr);
+    EXPECT_EQ(list.DoModal(), IDCANCEL);
+}
+
+TEST_F(TextureListTest, WhenItsPanelIsClosedItEndsAndLeavesTheSceneAlone) {
+    CTextureListDlg list(&m_scene, m_pGrass, nullptr);
+    const ModalSteps user({[&](const QWidget* window) {
+        list.abandon();
+        choose(window, "rock");
+        pick(window, IDC_TEXTURE_SIZE, "1x1");
+    }});
+    EXPECT_EQ(list.DoModal(), IDCANCEL);
+    EXPECT_EQ(list.getSelectedTexture(), nullptr);
+    EXPECT_EQ(m_pGrass->getSize(), qxTextureSize256);
+}
+
+/// Import from a directory of files that are only named, as the import reads none of them.
+class TextureImportTest : public TextureListTest {
+protected:
+    TextureImportTest() { g_strTextureDir = m_directory.path().toUtf8().constData(); }
+    ~TextureImportTest() override { g_strTextureDir.Empty(); }
+
+    void makeFiles(const QStringList& names) {
+        for (const QString& name : names) {
+            QFile file(m_directory.filePath(name));
+            ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        }
+    }
+
+    /// Choose these files in the file dialog.
+    static ModalSteps::Step chooseFiles(const QStringList& names) {
+        return [names](QWidget* shown) {
+            auto* const dialog = qobject_cast<QFileDialog*>(shown);
+            ASSERT_NE(dialog, nullptr);
+            dialog->findChild<QLineEdit*>("fileNameEdit")->setText('"' + names.join("\" \"") + '"');
+            QMetaObject::invokeMethod(dialog, "accept");
+        };
+    }
+
+    struct Imported {
+        std::string name, fileName;
+        friend bool operator==(const Imported&, const Imported&) = default;
+        friend void PrintTo(const Imported& imported, std::ostream* out) {
+            *out << imported.name << " of " << imported.fileName;
+        }
+    };
+
+    /// What the scene has beyond its first two textures.
+    std::vector<Imported> imported() const {
+        std::vector<Imported> found;
+        for (int i = 2; i < m_scene.getNumTextures(); ++i) {
+            found.push_back({m_scene.getTexture(i)->name.getString(), m_scene.getTexture(i)->getFilename()});
+        }
+        return found;
+    }
+};
+
+TEST_F(TextureImportTest, NamesAreCutAtTheFirstFullStopAndLongOnesRefused) {
+    makeFiles({"my.texture.tga", "abcdefghijklm.tga", "abcdefghijkl.tga"});
+    const auto [result, selected] =
+        run(m_pGrass, {[&](QWidget* window) {
+                           click(window, IDC_IMPORT_TEXTURE);
+                           EXPECT_EQ(selectedEntry(window), "abcdefghijkl");
+                           click(window, IDOK);
+                       },
+                       chooseFiles({"my.texture.tga", "abcdefghijklm.tga", "abcdefghijkl.tga"}),
+                       [](QWidget* shown) {
+                           auto* const box = qobject_cast<QMessageBox*>(shown);
+                           ASSERT_NE(box, nullptr);
+                           EXPECT_EQ(box->text(), "Name greater than 12 characters (f***ing artists!) ");
+                           EXPECT_EQ(box->buttons().size(), 1);
+                           QTest::keyClick(box, Qt::Key_Return);
+                       }});
+    EXPECT_EQ(result, IDOK);
+    EXPECT_THAT(imported(),
+                ElementsAre(Imported{"my", "my.texture.tga"}, Imported{"abcdefghijkl", "abcdefghijkl.tga"}));
+    ASSERT_EQ(m_scene.getNumTextures(), 4);
+    EXPECT_EQ(selected, m_scene.getTexture(3));
+}
+
+// A name is as long as its user reads it, whatever bytes it takes.
+TEST_F(TextureImportTest, LettersBeyondAsciiCountOnce) {
+    makeFiles({QString::fromUtf8("wüstenböden1.tga")});
+    run(nullptr, {[](QWidget* window) {
+                      click(window, IDC_IMPORT_TEXTURE);
+                      click(window, IDCANCEL);
+                  },
+                  chooseFiles({QString::fromUtf8("wüstenböden1.tga")})});
+    EXPECT_THAT(imported(), ElementsAre(Imported{"wüstenböden1", "wüstenböden1.tga"}));
+}
+
+TEST_F(TextureImportTest, OpensInTheTextureDirectoryAndCancelImportsNothing) {
+    makeFiles({"moss.tga"});
+    const auto outcome = run(m_pRock, {[](QWidget* window) {
+                                           click(window, IDC_IMPORT_TEXTURE);
+                                           EXPECT_EQ(selectedEntry(window), "rock");
+                                           click(window, IDOK);
+                                       },
+                                       [&](QWidget* shown) {
+                                           auto* const dialog = qobject_cast<QFileDialog*>(shown);
+                                           ASSERT_NE(dialog, nullptr);
+                                           EXPECT_EQ(dialog->directory(), QDir(m_directory.path()));
+                                           EXPECT_EQ(dialog->fileMode(), QFileDialog::ExistingFiles);
+                                           EXPECT_EQ(dialog->nameFilters().size(), 2);
+                                           dialog->reject();
+                                       }});
+    EXPECT_EQ(outcome.selected, m_pRock);
+    EXPECT_EQ(m_scene.getNumTextures(), 2);
+}
+
+} // namespace
