@@ -1,3 +1,4 @@
+#include "engine/allocation_watch.h"
 #include "engine/memory/image/image_decoder.h"
 #include "engine/png_bytes.h"
 #include "engine/tga_bytes.h"
@@ -5,35 +6,13 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstdlib>
-#include <new>
-
-namespace {
-
-std::size_t g_largestAllocation = 0;
-
-} // namespace
-
-// Every allocation of the process passes here, those of the library included.
-void* operator new(std::size_t size) {
-    g_largestAllocation = std::max(g_largestAllocation, size);
-    if (void* memory = std::malloc(size))
-        return memory;
-    throw std::bad_alloc();
-}
-void operator delete(void* memory) noexcept {
-    std::free(memory);
-}
-void operator delete(void* memory, std::size_t) noexcept {
-    std::free(memory);
-}
 
 namespace {
 
 std::size_t largestAllocationFor(const Bytes& file, bool isImage) {
-    g_largestAllocation = 0;
+    allocation_watch::restart();
     EXPECT_EQ(decodeImage(file).has_value(), isImage);
-    return g_largestAllocation;
+    return allocation_watch::largest();
 }
 
 TEST(DecoderMemory, AHeaderThatPromisesTooMuchTakesNone) {

@@ -9,9 +9,9 @@
 /// come from seed 123, the blend nodes from seed 345, row by row of x, so that the pattern of a definition is
 /// the same at every look and the same as in a preview drawn from these seeds.
 ///
-/// On the map the pattern lies like the base textures: its 256 texels span one repeat of the texture. Where a
-/// repeat is shorter than the eight node spacings can be told apart by points, the pattern is stretched to
-/// one node spacing per point, so that a variation never drowns in the tiling.
+/// On the map the pattern lies like the base textures: its 256 texels span one repeat of the texture. Where
+/// that would put more than one node spacing between neighbouring points, the pattern is stretched to one
+/// node spacing per point, so that a variation never drowns in the tiling.
 class CSurfacePattern {
 public:
     static constexpr int EDGE = 256;   ///< texels along one side
