@@ -1,7 +1,7 @@
 #pragma once
 
 #include "engine/qx_colour.h"
-#include "terrain/grid_area.h"
+#include "terrain/tools/grid_area.h"
 
 #include <vector>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "terrain/grid_area.h"
+#include "terrain/tools/grid_area.h"
 
 class CMapEditorModel;
 class qxCMap;
