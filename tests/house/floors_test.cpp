@@ -91,4 +91,15 @@ TEST(Floors, EveryLinkLineKeepsThem) {
     }
 }
 
+std::string readText(const std::string& path) {
+    std::ifstream stream(std::string(VESK_SOURCE_DIR) + path);
+    return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+TEST(Readme, ShowsTheHostThatIsBuiltAndRun) {
+    const std::string example = readText("/tests/host/example_host.cpp");
+    ASSERT_FALSE(example.empty());
+    EXPECT_THAT(readText("/README.md"), HasSubstr("```cpp\n" + example + "```"));
+}
+
 } // namespace
