@@ -66,6 +66,7 @@ void CTerrainTypeDlg::DoDataExchange(CDataExchange* pDX) {
 }
 
 BOOL CTerrainTypeDlg::OnInitDialog() {
+    m_bEnding = false;
     CEditorDialog::OnInitDialog();
     const int count = m_pMap != nullptr ? m_pMap->getNumTerrainDefs() : 0;
     for (int i = 0; i < count; ++i) {

@@ -1,0 +1,217 @@
+#include "terrain/terrain_type_dlg.h"
+
+#include "engine/memory/memory_map.h"
+#include "host/forwarding_map.h"
+#include "resources/resource_ids.h"
+#include "support/modal_steps.h"
+#include "support/ui_driver.h"
+
+#include <gmock/gmock.h>
+
+#include <QAbstractButton>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QTest>
+
+#include <algorithm>
+#include <cstring>
+#include <span>
+
+namespace {
+
+using testing::Each;
+
+/// A map without terrain types.
+class BareMap final : public CForwardingMap {
+public:
+    int getNumTerrainDefs() const override { return 0; }
+    _qxMapTerrainDef* getTerrainDef(int) override { return nullptr; }
+};
+
+/// The editor of a map with the types "Rock" (0), "Grass" (1) and three more that sort behind them, each
+/// with values of its own.
+class TerrainTypeDlgTest : public testing::Test {
+protected:
+    TerrainTypeDlgTest() {
+        const char* const names[] = {"Rock", "Grass", "Sand", "Snow", "Tundra"};
+        for (int i = 0; i < m_map.getNumTerrainDefs(); ++i) {
+            std::strncpy(type(i).name, names[i], sizeof type(i).name - 1);
+            const float base = 1000.0F * static_cast<float>(i);
+            for (int k = 0; k < 25; ++k) {
+                type(i).filter[k] = base + static_cast<float>(k);
+            }
+            type(i).noise = base + 100.0F;
+            type(i).effectOnNeighbours = base + 200.0F;
+            type(i).weighting = base + 300.0F;
+            type(i).preserveFlatAreas = i % 2 == 0;
+        }
+    }
+
+    _qxMapTerrainDef& type(int index) { return *m_map.getTerrainDef(index); }
+
+    /// Open the editor on `map` and let the user take these steps.
+    static INT_PTR run(qxCMap& map, std::vector<ModalSteps::Step> steps) {
+        CTerrainTypeDlg editor(&map);
+        const ModalSteps user(std::move(steps));
+        const INT_PTR result = editor.DoModal();
+        EXPECT_TRUE(user.areDone());
+        return result;
+    }
+
+    static void click(const QWidget* editor, int id) {
+        ui::click(ui::control(*editor, id), QPoint(8, 6)); // a check box hears only its box and text
+    }
+
+    static QString text(const QWidget* editor, int id) { return ui::control<QLineEdit>(*editor, id).text(); }
+
+    /// Replace an edit's text and leave it for the next control.
+    static void enter(const QWidget* editor, int id, const char* newText) {
+        ui::type(ui::control(*editor, id), newText);
+        ui::press(Qt::Key_Return);
+        EXPECT_FALSE(ui::control(*editor, id).hasFocus());
+    }
+
+    static void chooseType(const QWidget* editor, const QString& name) {
+        auto& box = ui::control<QComboBox>(*editor, IDC_TERRAIN_TYPE);
+        box.setFocus();
+        while (box.currentText() != name) {
+            const int before = box.currentIndex();
+            QTest::keyClick(&box, box.findText(name) > before ? Qt::Key_Down : Qt::Key_Up);
+            ASSERT_NE(box.currentIndex(), before);
+        }
+    }
+
+    CMemoryMap m_map{8, nullptr};
+};
+
+TEST_F(TerrainTypeDlgTest, TypesAreSortedByNameAndChosenByTheirIndex) {
+    run(m_map, {[&](const QWidget* editor) {
+            const auto& box = ui::control<QComboBox>(*editor, IDC_TERRAIN_TYPE);
+            EXPECT_EQ(box.itemText(0), "Grass");
+            EXPECT_EQ(box.currentText(), "Grass");
+            EXPECT_EQ(text(editor, IDC_NOISE), "1100");
+            enter(editor, IDC_NOISE, "7.5");
+            EXPECT_EQ(type(1).noise, 7.5F);
+            chooseType(editor, "Rock");
+            EXPECT_EQ(text(editor, IDC_NOISE), "100");
+            enter(editor, IDC_NOISE, "8.5");
+            click(editor, IDOK);
+        }});
+    EXPECT_EQ(type(0).noise, 8.5F);
+    EXPECT_EQ(type(1).noise, 7.5F);
+}
+
+TEST_F(TerrainTypeDlgTest, EveryFieldShowsAndStoresItsValue) {
+    run(m_map, {[&](const QWidget* editor) {
+            chooseType(editor, "Rock");
+            for (int row = 0; row < 5; ++row) {
+                for (int column = 0; column < 5; ++column) {
+                    const int id = IDC_FILTER_FIRST + 5 * row + column;
+                    EXPECT_EQ(text(editor, id), QString::number(5 * column + row));
+                    enter(editor, id, std::to_string(500 + 5 * row + column).c_str());
+                    EXPECT_EQ(type(0).filter[5 * column + row], static_cast<float>(500 + 5 * row + column));
+                }
+            }
+            EXPECT_EQ(text(editor, IDC_EFFECT_ON_NEIGHBOURS), "200");
+            enter(editor, IDC_EFFECT_ON_NEIGHBOURS, "-0.25");
+            EXPECT_EQ(text(editor, IDC_WEIGHTING), "300");
+            enter(editor, IDC_WEIGHTING, "1e3");
+            EXPECT_EQ(text(editor, IDC_WEIGHTING), "1000");
+            EXPECT_TRUE(ui::control<QAbstractButton>(*editor, IDC_PRESERVE_FLAT_AREAS).isChecked());
+            click(editor, IDC_PRESERVE_FLAT_AREAS);
+            click(editor, IDCANCEL);
+        }});
+    EXPECT_EQ(type(0).effectOnNeighbours, -0.25F) << "Cancel takes nothing back";
+    EXPECT_EQ(type(0).weighting, 1000.0F);
+    EXPECT_EQ(type(0).noise, 100.0F);
+    EXPECT_FALSE(type(0).preserveFlatAreas);
+    EXPECT_EQ(type(0).filter[5], 501.0F) << "row 0, column 1";
+}
+
+TEST_F(TerrainTypeDlgTest, NormalizeSumsTheFilter) {
+    for (const float cell : {1.0F, 0.0F}) {
+        std::ranges::fill(type(1).filter, cell);
+        run(m_map, {[&](const QWidget* editor) {
+                click(editor, IDC_NORMALIZE);
+                EXPECT_EQ(type(1).weighting, 25.0F * cell);
+                EXPECT_EQ(text(editor, IDC_WEIGHTING), QString::number(25.0F * cell));
+                ui::type(ui::control(*editor, IDC_FILTER_LAST), "5");
+                click(editor, IDC_NORMALIZE);
+                EXPECT_EQ(type(1).weighting, 24.0F * cell + 5.0F) << "with the cell just left";
+                click(editor, IDOK);
+            }});
+    }
+    EXPECT_EQ(type(0).weighting, 300.0F);
+}
+
+TEST_F(TerrainTypeDlgTest, WhatIsNoNumberIsRefusedAndTheValueShownAgain) {
+    const auto answerRefusal = [](QWidget* shown) {
+        auto* const box = qobject_cast<QMessageBox*>(shown);
+        ASSERT_NE(box, nullptr);
+        QTest::keyClick(box, Qt::Key_Return);
+    };
+    run(m_map, {[&](const QWidget* editor) {
+                    ui::type(ui::control(*editor, IDC_NOISE), "soft");
+                    ui::press(Qt::Key_Tab);
+                    EXPECT_EQ(text(editor, IDC_NOISE), "1100");
+                    EXPECT_TRUE(ui::waitUntil([&] { return ui::control(*editor, IDC_NOISE).hasFocus(); }));
+                    enter(editor, IDC_NOISE, "3");
+                    click(editor, IDCANCEL);
+                },
+                answerRefusal});
+    EXPECT_EQ(type(1).noise, 3.0F);
+}
+
+TEST_F(TerrainTypeDlgTest, AHalfTypedValueIsDroppedWithEscape) {
+    for (const char* const typed : {"12", "1,2,"}) {
+        EXPECT_EQ(run(m_map, {[&](const QWidget* editor) {
+                          ui::type(ui::control(*editor, IDC_WEIGHTING), typed);
+                          ui::press(Qt::Key_Escape);
+                      }}),
+                  IDCANCEL);
+        EXPECT_EQ(type(1).weighting, 1300.0F);
+    }
+}
+
+// The fields show six digits; a record has more.
+TEST_F(TerrainTypeDlgTest, PassingThroughAFieldChangesNothing) {
+    const float third = 1.0F / 3.0F;
+    std::ranges::fill(type(1).filter, third);
+    type(1).noise = third;
+    run(m_map, {[&](const QWidget* editor) {
+            enter(editor, IDC_NOISE, "0.333333");
+            enter(editor, IDC_FILTER_FIRST, "0.5");
+            click(editor, IDOK);
+        }});
+    EXPECT_EQ(type(1).noise, third);
+    EXPECT_EQ(type(1).filter[0], 0.5F);
+    EXPECT_THAT(std::span(type(1).filter).subspan(1), Each(third));
+}
+
+TEST_F(TerrainTypeDlgTest, WithoutTypesThereIsNothingToWrite) {
+    BareMap bare;
+    run(bare, {[](const QWidget* editor) {
+            EXPECT_EQ(ui::control<QComboBox>(*editor, IDC_TERRAIN_TYPE).count(), 0);
+            enter(editor, IDC_NOISE, "5");
+            enter(editor, IDC_FILTER_FIRST, "5");
+            click(editor, IDC_PRESERVE_FLAT_AREAS);
+            click(editor, IDC_NORMALIZE);
+            click(editor, IDOK);
+        }});
+}
+
+TEST_F(TerrainTypeDlgTest, WhenItsPanelIsClosedItEndsAndLeavesTheMapAlone) {
+    CTerrainTypeDlg editor(&m_map);
+    const ModalSteps user({[&](const QWidget* window) {
+        ui::type(ui::control(*window, IDC_NOISE), "5");
+        editor.abandon();
+        click(window, IDC_PRESERVE_FLAT_AREAS);
+        click(window, IDC_NORMALIZE);
+    }});
+    EXPECT_EQ(editor.DoModal(), IDCANCEL);
+    EXPECT_EQ(type(1).noise, 1100.0F);
+    EXPECT_EQ(type(1).weighting, 1300.0F);
+}
+
+} // namespace
