@@ -20,7 +20,8 @@ BOOL reflectTo(HWND control, UINT message, WPARAM wParam, LPARAM lParam, LRESULT
 // A handler may end the window and its object. Nothing after a call to one may touch `this`.
 
 LRESULT CWnd::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
-    const MSG handled{m_hWnd, message, wParam, lParam, 0, {}};
+    const HWND window = m_hWnd;
+    const MSG handled{window, message, wParam, lParam, 0, {}};
     const StateScope current(messageState().current, &handled);
     if (message == WM_NCDESTROY) {
         DefWindowProc(message, wParam, lParam);
@@ -32,7 +33,8 @@ LRESULT CWnd::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
     if (OnWndMsg(message, wParam, lParam, &result) != FALSE) {
         return result;
     }
-    return DefWindowProc(message, wParam, lParam);
+    // A handler that passed the message on may have ended the window first, and this object with it.
+    return ::GetWindowObject(window) == this ? DefWindowProc(message, wParam, lParam) : 0;
 }
 
 LRESULT CWnd::DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam) {

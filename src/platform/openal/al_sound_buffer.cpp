@@ -2,22 +2,12 @@
 
 #include "platform/openal/al_gain.h"
 
-#define AL_ALEXT_PROTOTYPES
-#include <AL/alext.h>
-
 #include <algorithm>
-#include <array>
 #include <cstring>
 #include <new>
-#include <numbers>
 #include <span>
 
 namespace {
-
-/// Where OpenAL places the two channels: hard left and right, which on two loudspeakers is each channel on
-/// its own one, untouched, and on any other layout is heard all the same.
-constexpr std::array<ALfloat, 2> CHANNEL_ANGLES = {std::numbers::pi_v<float> / 2.0F,
-                                                   -std::numbers::pi_v<float> / 2.0F};
 
 bool isPcm(const WAVEFORMATEX& format) {
     if (format.wFormatTag == WAVE_FORMAT_PCM) {
@@ -84,11 +74,7 @@ HRESULT CAlSoundBuffer::makeSource() {
     const CAlDevice::Current current(*m_pDevice);
     alGenBuffers(1, &m_buffer);
     alGenSources(1, &m_source);
-    if (alGetError() != AL_NO_ERROR) {
-        return DSERR_OUTOFMEMORY;
-    }
-    alSourcefv(m_source, AL_STEREO_ANGLES, CHANNEL_ANGLES.data());
-    return S_OK;
+    return alGetError() == AL_NO_ERROR ? S_OK : DSERR_OUTOFMEMORY;
 }
 
 CAlSoundBuffer::~CAlSoundBuffer() {

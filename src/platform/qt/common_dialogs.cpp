@@ -19,8 +19,7 @@ QWidget* ownerOf(HWND window) {
 }
 
 bool runDialog(const QPointer<QDialog>& dialog) {
-    const DispatchScope handlersStillRun;
-    const ModalRun counted;
+    const ModalRun handlersStillRun;
     // Not every window manager gives the activation back, and without it the focus stays nowhere.
     const QPointer<QWidget> formerlyActive = QApplication::activeWindow();
     dialog->setWindowModality(Qt::ApplicationModal);

@@ -4,7 +4,6 @@
 #include "platform/framework/dialog.h"
 #include "platform/qt/window_registry.h"
 
-#include <QApplication>
 #include <QCloseEvent>
 #include <QFontMetricsF>
 #include <QKeyEvent>
@@ -94,9 +93,7 @@ INT_PTR DialogWindow::run(INT_PTR broken) {
     if (m_ended) {
         return m_result;
     }
-    const DispatchScope keepsThisObject;
-    const ModalRun counted;
-    const QPointer<QWidget> formerlyActive = QApplication::activeWindow();
+    const ModalRun keepsThisObject;
     QEventLoop loop;
     m_loop = &loop;
     widget()->setWindowModality(Qt::ApplicationModal);
@@ -105,9 +102,6 @@ INT_PTR DialogWindow::run(INT_PTR broken) {
     m_loop = nullptr;
     if (widget() != nullptr) {
         widget()->hide();
-    }
-    if (formerlyActive != nullptr && formerlyActive->isVisible()) {
-        formerlyActive->activateWindow();
     }
     return m_ended ? m_result : broken;
 }

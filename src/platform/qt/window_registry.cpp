@@ -3,6 +3,7 @@
 #include "platform/qt/foreign_window.h"
 
 #include <QCoreApplication>
+#include <QApplication>
 #include <QPointer>
 
 namespace qtbackend {
@@ -132,8 +133,14 @@ int modalRuns() {
     return g_modalRuns;
 }
 
-ModalRun::ModalRun() {
+ModalRun::ModalRun() : m_formerlyActive(QApplication::activeWindow()) {
     ++g_modalRuns;
+}
+
+ModalRun::~ModalRun() {
+    if (m_formerlyActive != nullptr && m_formerlyActive->isVisible()) {
+        m_formerlyActive->activateWindow();
+    }
 }
 
 } // namespace qtbackend

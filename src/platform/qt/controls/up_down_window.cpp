@@ -20,7 +20,6 @@ namespace {
 class ArrowPair : public QAbstractSpinBox {
 public:
     explicit ArrowPair(QWidget* parent) : QAbstractSpinBox(parent) {
-        setFrame(false);
         setFocusPolicy(Qt::NoFocus);
         lineEdit()->hide();
     }
