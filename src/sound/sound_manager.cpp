@@ -57,7 +57,7 @@ void CSoundManager::setUpPrimaryBuffer() {
     m_primaryDesc = {};
     m_primaryDesc.dwSize = sizeof m_primaryDesc;
     m_primaryDesc.dwFlags = DSBCAPS_PRIMARYBUFFER | DSBCAPS_CTRL3D | DSBCAPS_CTRLVOLUME;
-    if (FAILED(m_pDevice->CreateSoundBuffer(&m_primaryDesc, &m_pPrimary, nullptr))) {
+    if (FAILED(m_pDevice->CreateSoundBuffer(&m_primaryDesc, &m_pPrimary, nullptr)) || m_pPrimary == nullptr) {
         return;
     }
     m_primaryCaps = {};

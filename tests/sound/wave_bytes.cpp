@@ -65,7 +65,8 @@ std::vector<std::int16_t> noise(std::size_t count, unsigned seed) {
     for (std::int16_t& sample : samples) {
         const auto bits = static_cast<std::uint32_t>(generator());
         const bool extreme = (bits >> 16U) % 16 == 0;
-        sample = static_cast<std::int16_t>(extreme ? (bits & 1U ? 32767 : -32768) : bits & 0xFFFFU);
+        const int end = (bits & 1U) != 0 ? 32767 : -32768;
+        sample = extreme ? static_cast<std::int16_t>(end) : static_cast<std::int16_t>(bits & 0xFFFFU);
     }
     return samples;
 }
