@@ -70,8 +70,8 @@ TEST_F(ControlNotifications, AnEditIsLeftBeforeTheClickThatTookItsFocus) {
 
 TEST_F(ControlNotifications, ArrowsOfAnUpDownStepByClickAndByKey) {
     QWidget& spin = dialog.at(Spin);
-    ui::click(spin, {spin.width() / 2, 2});
-    ui::click(spin, {spin.width() / 2, spin.height() - 3});
+    ui::click(spin, {spin.width() / 2, spin.height() / 4});
+    ui::click(spin, {spin.width() / 2, 3 * spin.height() / 4});
     EXPECT_TRUE(dialog.at(Edit).hasFocus()) << "its buddy takes the focus";
     ui::press(Qt::Key_Up);
     ui::press(Qt::Key_Down);

@@ -1,0 +1,142 @@
+#include "platform/recording_dialog.h"
+
+#include <gmock/gmock.h>
+
+#include <QApplication>
+#include <QLineEdit>
+
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+enum Id { First = 11, Group, Hidden, Off, RadioA, RadioB, RadioC, Second, Push };
+
+class DialogKeys : public testing::Test {
+protected:
+    void open(DWORD pushStyle = BS_PUSHBUTTON) {
+        ASSERT_TRUE(dialog.CreateIndirect(dialogLayout({
+            dialogItem(Push, "Button", pushStyle | WS_TABSTOP, {0, 100, 40, 14}, "Push"),
+            dialogItem(First, "Edit", WS_TABSTOP, {50, 0, 40, 12}, "text"),
+            dialogItem(Group, "Button", BS_GROUPBOX, {0, 40, 190, 30}, "Group"),
+            dialogItem(Hidden, "Edit", WS_TABSTOP, {0, 0, 40, 12}),
+            dialogItem(Off, "Edit", WS_TABSTOP | WS_DISABLED, {0, 0, 40, 12}),
+            dialogItem(RadioA, "Button", BS_AUTORADIOBUTTON | BS_PUSHLIKE | WS_GROUP | WS_TABSTOP,
+                       {0, 50, 20, 14}),
+            dialogItem(RadioB, "Button", BS_AUTORADIOBUTTON | BS_PUSHLIKE, {30, 50, 20, 14}),
+            dialogItem(RadioC, "Button", BS_AUTORADIOBUTTON | BS_PUSHLIKE, {60, 50, 20, 14}),
+            dialogItem(Second, "Edit", WS_TABSTOP | WS_GROUP, {0, 80, 40, 12}),
+        })));
+        dialog.GetDlgItem(Hidden)->ShowWindow(SW_HIDE);
+        ASSERT_TRUE(ui::waitUntilActive(ui::dialog(RecordingDialog::templateId)));
+        dialog.takeHeard();
+    }
+    static QString focused() {
+        return QApplication::focusWidget() != nullptr ? QApplication::focusWidget()->objectName() : "";
+    }
+    QStringList walk(Qt::Key key, int presses, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        QStringList ids;
+        for (int i = 0; i < presses; ++i) {
+            ui::press(key, modifiers);
+            ids << focused();
+        }
+        return ids;
+    }
+
+    RecordingDialog dialog;
+};
+
+TEST_F(DialogKeys, TheFirstControlInTemplateOrderHasTheFocus) {
+    open();
+    EXPECT_EQ(focused(), "19");
+}
+
+TEST_F(DialogKeys, TabWalksTheTemplateOrder) {
+    open();
+    EXPECT_THAT(walk(Qt::Key_Tab, 4), ElementsAre("11", "15", "18", "19"));
+    ::SendMessage(::GetDlgItem(dialog.m_hWnd, RadioC), BM_SETCHECK, 1, 0);
+    EXPECT_THAT(walk(Qt::Key_Backtab, 4, Qt::ShiftModifier), ElementsAre("18", "17", "11", "19"))
+        << "a group is entered at its checked button";
+    ui::press(Qt::Key_Tab);
+    EXPECT_EQ(dialog.at<QLineEdit>(First).selectedText(), "text");
+}
+
+TEST_F(DialogKeys, ArrowsCheckTheNextRadioButtonRoundAndRound) {
+    open();
+    dialog.at(RadioA).setFocus();
+    EXPECT_THAT(walk(Qt::Key_Right, 3), ElementsAre("16", "17", "15"));
+    ui::press(Qt::Key_Up);
+    EXPECT_THAT(dialog.takeHeard(), ElementsAre("16 clicked", "17 clicked", "15 clicked", "17 clicked"));
+}
+
+TEST_F(DialogKeys, ArrowsInAnEditMoveItsCursor) {
+    open();
+    auto& edit = dialog.at<QLineEdit>(First);
+    edit.setFocus();
+    edit.setCursorPosition(0);
+    ui::press(Qt::Key_Right);
+    EXPECT_EQ(edit.cursorPosition(), 1);
+    EXPECT_TRUE(edit.hasFocus());
+}
+
+TEST_F(DialogKeys, EnterPressesTheFocusedButtonElseTheDefaultElseOK) {
+    open(BS_PUSHBUTTON);
+    ui::press(Qt::Key_Return);
+    dialog.at(First).setFocus();
+    ui::press(Qt::Key_Enter);
+    EXPECT_THAT(dialog.takeHeard(), ElementsAre("19 clicked", "OK"));
+}
+
+TEST_F(DialogKeys, EnterInAnEditPressesTheDefaultButtonUnlessItIsDisabled) {
+    open(BS_DEFPUSHBUTTON);
+    dialog.at(First).setFocus();
+    dialog.takeHeard();
+    ui::press(Qt::Key_Return);
+    EXPECT_THAT(dialog.takeHeard(), ElementsAre("19 clicked"));
+    dialog.GetDlgItem(Push)->EnableWindow(FALSE);
+    ui::press(Qt::Key_Return);
+    EXPECT_THAT(dialog.takeHeard(), IsEmpty());
+}
+
+TEST_F(DialogKeys, EscapeAndTheCloseBoxAskForCancel) {
+    open();
+    ui::press(Qt::Key_Escape);
+    EXPECT_THAT(dialog.takeHeard(), ElementsAre("Cancel"));
+    ui::dialog(RecordingDialog::templateId)->close();
+    EXPECT_THAT(dialog.takeHeard(), IsEmpty()) << "the close box posts";
+    ui::settle();
+    EXPECT_THAT(dialog.takeHeard(), ElementsAre("Cancel"));
+    EXPECT_NE(ui::dialog(RecordingDialog::templateId), nullptr);
+}
+
+/// Turns Enter in an edit into Tab before the dialog sees it.
+class EnterMovesOn : public RecordingDialog {
+public:
+    BOOL PreTranslateMessage(MSG* pMsg) override {
+        char name[16];
+        ::GetClassName(pMsg->hwnd, &name[0], 16);
+        if (pMsg->message == WM_KEYDOWN && pMsg->wParam == VK_RETURN &&
+            CString(&name[0]).CompareNoCase("edit") == 0) {
+            pMsg->wParam = VK_TAB;
+        }
+        return RecordingDialog::PreTranslateMessage(pMsg);
+    }
+};
+
+TEST(DialogKeysRewritten, TheNewKeyIsTheOneProcessed) {
+    EnterMovesOn dialog;
+    ASSERT_TRUE(dialog.CreateIndirect(dialogLayout({
+        dialogItem(First, "Edit", WS_TABSTOP, {0, 0, 40, 12}),
+        dialogItem(Second, "Edit", WS_TABSTOP, {50, 0, 40, 12}),
+        dialogItem(Push, "Button", WS_TABSTOP | BS_DEFPUSHBUTTON, {100, 0, 40, 14}),
+    })));
+    ASSERT_TRUE(ui::waitUntilActive(ui::dialog(RecordingDialog::templateId)));
+    ui::press(Qt::Key_Return);
+    EXPECT_TRUE(dialog.at(Second).hasFocus());
+    EXPECT_THAT(dialog.takeHeard(), ElementsAre("11 left"));
+    ui::press(Qt::Key_Return);
+    ui::press(Qt::Key_Return);
+    EXPECT_THAT(dialog.takeHeard(), ElementsAre("18 left", "19 clicked"));
+}
+
+} // namespace

@@ -1,0 +1,192 @@
+#include "platform/recording_dialog.h"
+#include "support/modal_steps.h"
+
+#include <gmock/gmock.h>
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QTimer>
+
+#include <memory>
+
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+enum Id { Push = 11, Edit, Drawn };
+
+DialogTemplate layout() {
+    return dialogLayout({
+        dialogItem(Edit, "Edit", WS_TABSTOP, {0, 0, 40, 12}),
+        dialogItem(Push, "Button", WS_TABSTOP, {50, 0, 40, 14}, "Push"),
+        dialogItem(Drawn, "Button", BS_OWNERDRAW, {100, 0, 40, 14}),
+    });
+}
+
+/// Owns itself, as the panels do, and has a control object as a member.
+class SelfOwned : public RecordingDialog {
+public:
+    explicit SelfOwned(std::vector<std::string>& log) : m_log(log) {
+        exchange = [this](CDataExchange* pDX) { DDX_Control(pDX, Drawn, m_button); };
+    }
+    ~SelfOwned() override { m_log.emplace_back("deleted"); }
+
+protected:
+    void PostNcDestroy() override {
+        m_log.emplace_back("gone");
+        delete this;
+    }
+    afx_msg void OnDestroy() {
+        m_log.emplace_back("destroyed");
+        RecordingDialog::OnDestroy();
+    }
+    DECLARE_MESSAGE_MAP()
+
+private:
+    std::vector<std::string>& m_log;
+    CButton m_button;
+};
+
+BEGIN_MESSAGE_MAP(SelfOwned, RecordingDialog)
+ON_WM_DESTROY()
+END_MESSAGE_MAP()
+
+class WindowLifetime : public testing::Test {
+protected:
+    SelfOwned* open(CWnd* parent = nullptr) {
+        auto* const dialog = new SelfOwned(log);
+        EXPECT_TRUE(dialog->CreateIndirect(layout(), parent));
+        EXPECT_TRUE(ui::waitUntilActive(ui::dialog(RecordingDialog::templateId)));
+        return dialog;
+    }
+    static bool noDialog() { return ui::dialog(RecordingDialog::templateId) == nullptr; }
+
+    std::vector<std::string> log;
+};
+
+TEST_F(WindowLifetime, DeletingTheObjectDestroysTheWindowWithoutDeletingTwice) {
+    delete open();
+    EXPECT_THAT(log, ElementsAre("deleted"));
+    EXPECT_TRUE(noDialog());
+}
+
+TEST_F(WindowLifetime, AWindowMayEndInItsOwnHandler) {
+    SelfOwned* const dialog = open();
+    dialog->onNote = [dialog](const std::string& heard) {
+        if (heard == "11 clicked") {
+            dialog->DestroyWindow();
+        }
+    };
+    const QPointer<QWidget> button = &dialog->at(Push);
+    ui::click(*button);
+    EXPECT_THAT(log, ElementsAre("destroyed", "gone", "deleted"));
+    EXPECT_TRUE(noDialog());
+    ui::settle();
+    EXPECT_EQ(button, nullptr);
+}
+
+TEST_F(WindowLifetime, AnEndingWindowReportsNoLostFocus) {
+    RecordingDialog dialog;
+    ASSERT_TRUE(dialog.CreateIndirect(layout()));
+    ASSERT_TRUE(ui::waitUntilActive(ui::dialog(RecordingDialog::templateId)));
+    ui::type(dialog.at(Edit), "5");
+    dialog.DestroyWindow();
+    EXPECT_THAT(dialog.takeHeard(), IsEmpty());
+}
+
+TEST_F(WindowLifetime, TheOwnersEndIsTheDialogsEnd) {
+    auto host = std::make_unique<QWidget>();
+    host->show();
+    open(CWnd::FromHandle(reinterpret_cast<HWND>(host->winId())));
+    host.reset();
+    EXPECT_THAT(log, ElementsAre("destroyed", "gone", "deleted"));
+    EXPECT_TRUE(noDialog());
+}
+
+TEST_F(WindowLifetime, AModalDialogGivesItsResult) {
+    for (const auto& [key, result] : {std::pair(Qt::Key_Return, IDOK), std::pair(Qt::Key_Escape, IDCANCEL)}) {
+        CDialog dialog;
+        dialog.InitModalIndirect(layout());
+        ModalSteps user({[pressed = key](QWidget*) { ui::press(pressed); }});
+        EXPECT_EQ(dialog.DoModal(), result);
+        EXPECT_EQ(dialog.m_hWnd, nullptr);
+    }
+}
+
+class EndsAtOnce : public CDialog {
+protected:
+    BOOL OnInitDialog() override {
+        EndDialog(42);
+        return TRUE;
+    }
+};
+
+TEST_F(WindowLifetime, AModalDialogMayEndBeforeItIsShown) {
+    EndsAtOnce dialog;
+    dialog.InitModalIndirect(layout());
+    EXPECT_EQ(dialog.DoModal(), 42);
+    CDialog unknown(31999);
+    EXPECT_EQ(unknown.DoModal(), -1);
+}
+
+TEST_F(WindowLifetime, AHostMayEndThePanelUnderItsModalDialog) {
+    SelfOwned* const panel = open();
+    INT_PTR result = 0;
+    panel->onNote = [&](const std::string& heard) {
+        if (heard == "11 clicked") {
+            CDialog child;
+            child.InitModalIndirect(layout(), panel);
+            QTimer::singleShot(0, [panel] { delete panel; });
+            result = child.DoModal();
+        }
+    };
+    ui::click(panel->at(Push));
+    EXPECT_EQ(result, IDCANCEL);
+    EXPECT_THAT(log, ElementsAre("deleted"));
+    EXPECT_TRUE(noDialog());
+}
+
+TEST_F(WindowLifetime, AHostMayEndThePanelUnderItsMessageBox) {
+    SelfOwned* const panel = open();
+    int answer = 0;
+    panel->onNote = [&](const std::string& heard) {
+        if (heard == "11 clicked") {
+            QTimer::singleShot(0, [panel] { delete panel; });
+            answer = AfxMessageBox("Go on?", MB_YESNOCANCEL | MB_ICONQUESTION);
+        }
+    };
+    ui::click(panel->at(Push));
+    EXPECT_EQ(answer, IDCANCEL);
+    EXPECT_TRUE(noDialog());
+}
+
+TEST_F(WindowLifetime, PostedMessagesDieWithTheirWindow) {
+    SelfOwned* const dialog = open();
+    const HWND window = dialog->m_hWnd;
+    EXPECT_TRUE(dialog->PostMessage(WM_COMMAND, IDOK));
+    delete dialog;
+    ui::settle();
+    EXPECT_FALSE(::IsWindow(window));
+    EXPECT_EQ(::SendMessage(window, WM_COMMAND, IDOK, 0), 0);
+}
+
+/// Takes messages of its own.
+class Answering : public RecordingDialog {
+protected:
+    LRESULT onOwn(WPARAM wParam, LPARAM lParam) { return static_cast<LRESULT>(wParam) + lParam; }
+    DECLARE_MESSAGE_MAP()
+};
+BEGIN_MESSAGE_MAP(Answering, RecordingDialog)
+ON_MESSAGE(2025, &Answering::onOwn)
+END_MESSAGE_MAP()
+
+TEST_F(WindowLifetime, OwnMessagesAreAnsweredAtOnce) {
+    Answering dialog;
+    ASSERT_TRUE(dialog.CreateIndirect(layout()));
+    EXPECT_EQ(dialog.SendMessage(2025, 40, 2), 42);
+    EXPECT_EQ(dialog.SendMessage(2026, 40, 2), 0);
+}
+
+} // namespace
