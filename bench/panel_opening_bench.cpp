@@ -186,19 +186,19 @@ public:
     Openings() {
         open();
         m_straight = std::make_unique<StraightDialog>(*openPanel());
-        vuDestroyEditor();
+        close();
     }
     ~Openings() { vuDestroySettings(); }
 
     void panel() {
         open();
-        vuDestroyEditor();
+        close();
     }
     void straight() { m_straight->open(); }
     void panelPainted() {
         open();
         QApplication::processEvents();
-        vuDestroyEditor();
+        close();
     }
     void straightPainted() {
         const auto dialog = m_straight->open();
@@ -208,6 +208,12 @@ public:
 
 private:
     void open() { vuCreateEditor(nullptr, &m_map, "", nullptr, true, nullptr); }
+
+    /// The closed window is deleted by the next turn of the event loop, which belongs to the price.
+    static void close() {
+        vuDestroyEditor();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
 
     CMemoryScene m_scene;
     CMemoryMap m_map{64, &m_scene};

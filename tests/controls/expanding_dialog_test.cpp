@@ -91,7 +91,7 @@ protected:
 
     static QWidget* window() {
         for (QWidget* candidate : QApplication::topLevelWidgets()) {
-            if (candidate->objectName() == "dialog-7") {
+            if (candidate->objectName() == "dialog-7" && candidate->isVisible()) {
                 return candidate;
             }
         }

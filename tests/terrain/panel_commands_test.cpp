@@ -103,8 +103,8 @@ TEST_F(PanelTest, AHeightOutOfRangeOrNoNumberIsRefusedAndTheLastGoodOneStays) {
     };
     const Refusal refusals[] = {{"1024", "Enter an integer between 0 and 1023."},
                                 {"-1", "Enter an integer between 0 and 1023."},
-                                {"high", "Please enter an integer."},
-                                {"", "Please enter an integer."}};
+                                {"high", "Enter an integer."},
+                                {"", "Enter an integer."}};
     for (const Refusal& refusal : refusals) {
         SCOPED_TRACE(refusal.typed);
         type(IDC_HEIGHT, refusal.typed);

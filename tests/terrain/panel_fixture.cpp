@@ -155,5 +155,8 @@ QString PanelTest::messageDuring(const std::function<void()>& action,
     });
     look.start(0);
     action();
+    if (panel() != nullptr) {
+        EXPECT_TRUE(QTest::qWaitForWindowActive(panel()));
+    }
     return shown;
 }

@@ -31,7 +31,7 @@ TEST_F(PanelTest, OpensSimpleAndExpandsToEverythingAndBack) {
     open();
     const QSize simple = panel()->frameGeometry().size();
     const QPoint place = panel()->pos();
-    ASSERT_EQ(advancedControls().size(), 21U);
+    ASSERT_EQ(advancedControls().size(), 20U);
     EXPECT_FALSE(isShown(IDC_SIMPLE_FRAME));
     for (const int id : advancedControls()) {
         EXPECT_FALSE(isEnabled(id)) << id;

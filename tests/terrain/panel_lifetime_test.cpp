@@ -7,6 +7,7 @@
 #include "terrain/map_undo_list.h"
 
 #include <QApplication>
+#include <QEvent>
 #include <QTest>
 
 #include <functional>
@@ -18,6 +19,7 @@ TEST_F(PanelTest, CloseRemembersTheSettingsForTheSameMap) {
     click(IDC_BRUSH_2X2);
     press(IDC_STRENGTH, Qt::Key_Right);
     type(IDC_HEIGHT, "512");
+    click(IDC_TOOL_SET_HEIGHT);
     stroke(3, 3);
     const int records = g_mapUndoList.getCount();
     EXPECT_GT(records, 0);
@@ -133,6 +135,15 @@ TEST_F(PanelTest, GoesDownWithTheHostsWindow) {
     EXPECT_TRUE(vuIsEditorActive());
 }
 
+namespace {
+
+/// What the host's event loop does between two events.
+void deleteClosedWindows() {
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+} // namespace
+
 TEST_F(PanelTest, OpensAndClosesAThousandTimesEachWay) {
     struct Way {
         const char* name;
@@ -149,6 +160,7 @@ TEST_F(PanelTest, OpensAndClosesAThousandTimesEachWay) {
             way.close();
             ASSERT_FALSE(vuIsEditorActive());
             ASSERT_EQ(panel(), nullptr);
+            deleteClosedWindows();
         }
     }
 }
