@@ -85,13 +85,6 @@ void CTerrainTypeDlg::loadSelected() {
         return;
     }
     m_pTerrainDef = m_pMap->getTerrainDef(static_cast<int>(m_types.GetItemData(item)));
-    loadFields();
-}
-
-void CTerrainTypeDlg::loadFields() {
-    if (m_pTerrainDef == nullptr) {
-        return;
-    }
     m_fEffectOnNeighbours = m_pTerrainDef->effectOnNeighbours;
     m_fNoise = m_pTerrainDef->noise;
     m_bPreserveFlatAreas = m_pTerrainDef->preserveFlatAreas ? 1 : 0;
@@ -100,15 +93,12 @@ void CTerrainTypeDlg::loadFields() {
 }
 
 /// Read the controls, let `write` store what it is about in the record, and show what holds. After a value
-/// that was refused the record's own are shown again, so that the field does not hold the user captive.
+/// that was refused the last good one is shown again, so that the field does not hold the user captive.
 template <class Write> void CTerrainTypeDlg::store(Write write) {
     if (m_bEnding) {
         return;
     }
-    const bool isRead = UpdateData(TRUE) != FALSE;
-    if (!isRead) {
-        loadFields();
-    } else if (m_pTerrainDef != nullptr) {
+    if (UpdateData(TRUE) != FALSE && m_pTerrainDef != nullptr) {
         write(*m_pTerrainDef);
     }
     UpdateData(FALSE);

@@ -37,7 +37,6 @@ private:
 
     template <class Write> void store(Write write);
     void loadSelected();
-    void loadFields();
 
     qxCMap* m_pMap;
     _qxMapTerrainDef* m_pTerrainDef = nullptr; ///< the record being edited, null for none

@@ -23,6 +23,19 @@ SentMessage changed(int place) {
     return {UM_COLOURCHANGED, 0, CSurfaceDialog::FIRST_ID + place};
 }
 
+/// How often a widget was painted.
+class PaintCount : public QObject {
+public:
+    explicit PaintCount(QWidget& widget) { widget.installEventFilter(this); }
+    int count = 0;
+
+protected:
+    bool eventFilter(QObject*, QEvent* event) override {
+        count += event->type() == QEvent::Paint ? 1 : 0;
+        return false;
+    }
+};
+
 /// Two panels with swatches: 0 and 1 in the first, 2 in the second.
 class SwatchTest : public testing::Test {
 protected:
@@ -71,7 +84,10 @@ TEST_F(SwatchTest, ShowsItsColourInABlackFrame) {
 }
 
 TEST_F(SwatchTest, ADragCopiesTheColour) {
+    pictureOf(widget(1));
+    PaintCount paints(*widget(1));
     drop(widget(0), widget(1));
+    EXPECT_EQ(paints.count, 1) << "repainted at once";
     EXPECT_EQ(m_swatches[1]->getColour(), RED);
     EXPECT_EQ(m_swatches[0]->getColour(), RED);
     EXPECT_THAT(m_first.m_sent, ElementsAre(changed(1)));
