@@ -1,7 +1,7 @@
-// What an image preview shows, composed at the size of the map editor's; against QPainter's fast stretched
-// draw of the same image over a checkerboard brush.
+// An image preview painting itself on a bitmap of the size of the map editor's: composing and copying;
+// against QPainter's fast stretched draw of the same image over a checkerboard brush.
 #include "bench/ratio.h"
-#include "controls/preview_picture.h"
+#include "controls/image_preview.h"
 #include "engine/qx_image_file.h"
 
 #include <QGuiApplication>
@@ -66,6 +66,36 @@ private:
     QImage m_picture{EDGE, EDGE, QImage::Format_RGB32};
 };
 
+/// The preview and the context that it paints on.
+class PreviewDraw {
+public:
+    explicit PreviewDraw(const qxCImageFile& image) {
+        m_context.CreateCompatibleDC(nullptr);
+        m_bitmap.CreateCompatibleBitmap(nullptr, EDGE, EDGE);
+        m_former = m_context.SelectObject(&m_bitmap);
+        m_preview.setImage(&image, 1, 1);
+        m_item.hDC = m_context.m_hDC;
+        m_item.rcItem = {0, 0, EDGE, EDGE};
+    }
+    ~PreviewDraw() { m_context.SelectObject(m_former); }
+    PreviewDraw(const PreviewDraw&) = delete;
+    PreviewDraw& operator=(const PreviewDraw&) = delete;
+
+    void run() {
+        m_preview.DrawItem(&m_item);
+        benchmark::ClobberMemory();
+    }
+
+    COLORREF pixel(int x, int y) const { return m_context.GetPixel(x, y); }
+
+private:
+    CImagePreview m_preview;
+    CDC m_context;
+    CBitmap m_bitmap;
+    CBitmap* m_former = nullptr;
+    DRAWITEMSTRUCT m_item;
+};
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -73,16 +103,13 @@ int main(int argc, char** argv) {
     const QGuiApplication application(argc, argv);
     const qxCImageFile image = makeImage();
     PainterDraw painter(image);
-    std::vector<std::uint32_t> picture(static_cast<std::size_t>(EDGE) * EDGE);
+    PreviewDraw preview(image);
     const std::vector<double> seconds =
-        bench::medianSeconds({
-                                 [&] {
-                                     composePreview(picture, EDGE, EDGE, image, 1, 1);
-                                     benchmark::DoNotOptimize(picture.data());
-                                 },
-                                 [&] { painter.run(); },
-                             },
-                             ROUNDS);
+        bench::medianSeconds({[&] { preview.run(); }, [&] { painter.run(); }}, ROUNDS);
+    if (preview.pixel(EDGE - 1, EDGE - 1) == RGB(0, 0, 0)) {
+        std::puts("image preview: nothing was painted");
+        return 1;
+    }
     bench::printRatio("image preview / QPainter", seconds[0], seconds[1], GOAL);
     return 0;
 }
