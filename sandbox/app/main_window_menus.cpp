@@ -19,7 +19,7 @@ constexpr const char* CONTROLS = R"(
 <table cellpadding="3">
 <tr><td><b>Right drag</b></td><td>look around (fly) or turn the map (orbit)</td></tr>
 <tr><td><b>W A S D</b></td><td>fly; <b>E</b> or <b>Space</b> up, <b>Q</b> or <b>C</b> down, <b>Shift</b> faster</td></tr>
-<tr><td><b>Wheel</b></td><td>nearer or farther; with the right button held: flying speed</td></tr>
+<tr><td><b>Wheel</b></td><td>nearer to what the pointer is on, or farther; with the right button held: flying speed</td></tr>
 <tr><td><b>Middle drag</b>, <b>Alt + left drag</b></td><td>turn about the middle of the view</td></tr>
 <tr><td><b>F</b>, <b>Home</b></td><td>fly or orbit; back to the first view</td></tr>
 </table>

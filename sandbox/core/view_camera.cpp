@@ -118,6 +118,16 @@ void CViewCamera::approach(double factor) {
     m_eye = plus(centre, forward(), -m_pivotDistance);
 }
 
+void CViewCamera::approachPoint(const Vector& point, double factor) {
+    const Vector way = plus(point, m_eye, -1.0);
+    const double distance = std::sqrt(dot(way, way));
+    if (distance * factor < NEAREST_PIVOT || distance * factor > m_far / 2.0) {
+        return;
+    }
+    m_eye = plus(m_eye, way, 1.0 - factor);
+    setPivotDistance(m_pivotDistance * factor);
+}
+
 void CViewCamera::setPivotDistance(double distance) {
     m_pivotDistance = std::clamp(distance, NEAREST_PIVOT, m_far / 2.0);
 }

@@ -51,6 +51,8 @@ public:
     void move(double ahead, double sideways, double rise);
     /// Change the distance to the pivot by a factor.
     void approach(double factor);
+    /// Change the distance to a point that is seen, by a factor, so that it stays where it is in the view.
+    void approachPoint(const Vector& point, double factor);
     /// Make a point straight ahead, this far away, the pivot.
     void setPivotDistance(double distance);
     double pivotDistance() const { return m_pivotDistance; }

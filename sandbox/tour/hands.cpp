@@ -28,12 +28,14 @@ void CHands::release(Qt::MouseButton button) {
 }
 
 void CHands::drag(QWidget& widget, QPointF from, QPointF to, Qt::MouseButton button, int steps) {
+    widget.setUpdatesEnabled(false);
     moveTo(widget, from);
     press(button);
     for (int step = 1; step <= steps; ++step) {
         moveTo(widget, from + (to - from) * step / steps);
     }
     release(button);
+    widget.setUpdatesEnabled(true);
 }
 
 void CHands::click(QWidget& widget, QPointF place) {

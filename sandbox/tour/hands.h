@@ -12,7 +12,8 @@ public:
     void moveTo(QWidget& widget, QPointF place);
     void press(Qt::MouseButton button);
     void release(Qt::MouseButton button);
-    /// Press at the first place and release at the last, moving there in even steps.
+    /// Press at the first place and release at the last, moving there in even steps. The widget is not drawn
+    /// on the way: a tour is looked at between its steps.
     void drag(QWidget& widget, QPointF from, QPointF to, Qt::MouseButton button, int steps = 12);
     void click(QWidget& widget, QPointF place);
     void click(QWidget& widget) { click(widget, QRectF(widget.rect()).center()); }

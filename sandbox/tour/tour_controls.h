@@ -5,8 +5,7 @@ namespace tour {
 
 inline constexpr int TOOL_SELECT = 1399;
 inline constexpr int TOOL_RAISE = 1401;
-inline constexpr int TOOL_SET_HEIGHT = 1403;
-inline constexpr int TOOL_GET_HEIGHT = 1410;
+inline constexpr int TOOL_SET_HEIGHT = 1405;
 inline constexpr int TOOL_SMOOTH = 1144;
 inline constexpr int TOOL_FLOOD = 1402;
 inline constexpr int TOOL_MAGNET = 2018;

@@ -20,14 +20,20 @@ namespace {
 constexpr int MAP_EDITOR = 212;
 
 // Places on the map where the session works.
-constexpr int HILL_X = 176;
+constexpr int WORK_X = 196;
+constexpr int WORK_Z = 146;
+constexpr int HILL_X = 186;
 constexpr int HILL_Z = 150;
-constexpr int CONE_X = 196;
-constexpr int CONE_Z = 172;
-constexpr int FIELD_X0 = 206;
-constexpr int FIELD_Z0 = 140;
-constexpr int FIELD_X1 = 219;
-constexpr int FIELD_Z1 = 149;
+constexpr int CONE_X = 200;
+constexpr int CONE_Z = 158;
+constexpr int FIELD_X0 = 198;
+constexpr int FIELD_Z0 = 137;
+constexpr int FIELD_X1 = 209;
+constexpr int FIELD_Z1 = 145;
+constexpr int ROAD_X0 = 184;
+constexpr int ROAD_X1 = 206;
+constexpr int ROAD_Z = 148;
+constexpr int ROAD_HEIGHT = 350;
 
 void chooseTool(CTourStage& stage, int tool) {
     stage.clickControl(tool);
@@ -64,10 +70,10 @@ void showLandscape(CTourStage& stage) {
 void comeCloser(CTourStage& stage) {
     const CViewCamera before = stage.view().camera();
     const QPointF middle = QRectF(stage.view().rect()).center();
-    stage.hands().drag(stage.view(), middle, middle + QPointF(-130, 40), Qt::MiddleButton);
-    stage.hands().turnWheel(stage.view(), middle, 8);
+    stage.hands().drag(stage.view(), middle, middle + QPointF(-60, 30), Qt::MiddleButton);
+    stage.hands().turnWheel(stage.view(), stage.placeOfCell(WORK_X, WORK_Z), 10);
     const CViewCamera& after = stage.view().camera();
-    require(after.pivotDistance() < before.pivotDistance() * 0.35,
+    require(after.pivotDistance() < before.pivotDistance() * 0.25,
             "the wheel does not bring the ground nearer");
     require(std::abs(after.forward()[0] - before.forward()[0]) > 0.2, "a drag does not turn the map");
 }
@@ -115,15 +121,14 @@ void levelRoad(CTourStage& stage) {
     require(edit != nullptr, "the height is not an edit field");
     stage.hands().click(*edit);
     edit->selectAll();
-    stage.hands().type(*edit, "400");
+    stage.hands().type(*edit, QString::number(ROAD_HEIGHT));
     stage.hands().strike(*edit, Qt::Key_Return);
-    const QPointF from = stage.placeOfCell(200, 130);
-    const QPointF to = stage.placeOfCell(222, 132);
-    stage.hands().drag(stage.view(), from, to, Qt::LeftButton, 40);
-    for (const int x : {199, 210, 223}) {
-        const int z = 130 + (x - 200) * 2 / 22;
-        require(stage.map().getPointHeight(x, z) == 400,
-                QString("the road at %1, %2 is %3 high").arg(x).arg(z).arg(stage.map().getPointHeight(x, z)));
+    stage.hands().drag(stage.view(), stage.placeOfCell(ROAD_X0, ROAD_Z), stage.placeOfCell(ROAD_X1, ROAD_Z),
+                       Qt::LeftButton, 80);
+    for (const int x : {ROAD_X0, ROAD_X0 + 1, ROAD_X1, ROAD_X1 + 1}) {
+        const int height = stage.map().getPointHeight(x, ROAD_Z);
+        require(height == ROAD_HEIGHT,
+                QString("the road at %1, %2 is %3 high").arg(x).arg(ROAD_Z).arg(height));
     }
 }
 

@@ -242,7 +242,12 @@ void CMapView::wheelEvent(QWheelEvent* event) {
     if (m_drag == EDrag::look) {
         m_speed = std::clamp(m_speed * std::pow(SPEED_PER_STEP, steps), 1.0, m_camera.farDistance());
     } else if (m_drag != EDrag::stroke) {
-        m_camera.approach(std::pow(ZOOM_PER_STEP, steps));
+        const double factor = std::pow(ZOOM_PER_STEP, steps);
+        if (const auto hit = pick(event->position())) {
+            m_camera.approachPoint(hit->point, factor);
+        } else {
+            m_camera.approach(factor);
+        }
         settleCamera();
     }
     event->accept();
