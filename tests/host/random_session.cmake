@@ -5,5 +5,5 @@ vesk_test(test_random_session
     SOURCES random_session.cpp random_session_compare.cpp random_session_core.cpp random_session_exports.cpp
             random_session_reference.cpp random_session_reference_tools.cpp random_session_test.cpp
     LIBRARIES vesk_host Qt6::Widgets
-    TIMEOUT 300
+    TIMEOUT 900
     ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
