@@ -155,14 +155,14 @@ TEST(WaveSamples, RateIsReducedAndTheFormatWithIt) {
         std::uint32_t rate;
         unsigned channels;
         std::size_t dataBytes;
-        std::uint32_t newRate;
         std::size_t newBytes;
+        std::uint32_t newRate;
         unsigned factor;
     } cases[] = {
-        {"twice", 44100, 2, 400, 22050, 200, 2},           {"more than twice", 48000, 2, 400, 24000, 200, 2},
-        {"four times", 96000, 1, 400, 24000, 100, 4},      {"less than twice", 32000, 1, 400, 32000, 400, 1},
-        {"just so", 22050, 2, 400, 22050, 400, 0},         {"below", 11025, 1, 400, 11025, 400, 0},
-        {"left-over bytes", 44100, 2, 411, 22050, 205, 2},
+        {"twice", 44100, 2, 400, 200, 22050, 2},           {"more than twice", 48000, 2, 400, 200, 24000, 2},
+        {"four times", 96000, 1, 400, 100, 24000, 4},      {"less than twice", 32000, 1, 400, 400, 32000, 1},
+        {"just so", 22050, 2, 400, 400, 22050, 0},         {"below", 11025, 1, 400, 400, 11025, 0},
+        {"left-over bytes", 44100, 2, 411, 205, 22050, 2},
     };
     for (const auto& row : cases) {
         const auto samples = wave::noise(row.dataBytes / 2, 5);
