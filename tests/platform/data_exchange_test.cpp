@@ -5,6 +5,7 @@
 #include <gmock/gmock.h>
 
 #include <QAbstractButton>
+#include <QApplication>
 #include <QLineEdit>
 #include <QMessageBox>
 
@@ -161,6 +162,32 @@ TEST_F(DataExchange, ABadValueLeftByAClickShowsOneBoxAndNoClick) {
     ui::click(dialog.at(Push));
     EXPECT_THAT(dialog.takeHeard(), ElementsAre("11 left", "19 clicked"));
     EXPECT_EQ(values.height, 50);
+}
+
+TEST_F(DataExchange, ABadValueLeftByAKeyOrForAnotherWindowBringsThePersonBack) {
+    dialog.takesOver = true;
+    QWidget other;
+    other.show();
+    const std::function<void()> leavings[] = {
+        [] { ui::press(Qt::Key_Tab); },
+        [&other] {
+            other.activateWindow();
+            ui::waitUntil([] { return QApplication::activeModalWidget() == nullptr; });
+        },
+    };
+    for (const auto& leave : leavings) {
+        QWidget& window = *ui::dialog(RecordingDialog::templateId);
+        window.activateWindow();
+        ASSERT_TRUE(ui::waitUntilActive(&window));
+        ui::type(dialog.at(Height), "5000");
+        std::vector<QString> texts;
+        ModalSteps user({dismiss(texts)});
+        leave();
+        EXPECT_TRUE(ui::waitUntil([&] { return user.areDone() && dialog.at(Height).hasFocus(); }));
+        EXPECT_EQ(texts.size(), 1U);
+        EXPECT_EQ(dialog.at<QLineEdit>(Blend).selectedText(), "");
+    }
+    dialog.takesOver = false;
 }
 
 TEST_F(DataExchange, NotificationsAreLockedOutWhileItRuns) {

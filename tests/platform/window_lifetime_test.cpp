@@ -105,6 +105,18 @@ TEST_F(WindowLifetime, TheOwnersEndIsTheDialogsEnd) {
     EXPECT_TRUE(noDialog());
 }
 
+TEST_F(WindowLifetime, TheEndOfAHostsViewIsNot) {
+    auto host = std::make_unique<QWidget>();
+    auto* const view = new QWidget(host.get());
+    host->show();
+    SelfOwned* const panel = open(CWnd::FromHandle(reinterpret_cast<HWND>(view->winId())));
+    delete view;
+    EXPECT_THAT(log, IsEmpty());
+    EXPECT_EQ(panel->GetParent(), nullptr);
+    host.reset();
+    EXPECT_THAT(log, ElementsAre("destroyed", "gone", "deleted"));
+}
+
 TEST_F(WindowLifetime, AModalDialogGivesItsResult) {
     for (const auto& [key, result] : {std::pair(Qt::Key_Return, IDOK), std::pair(Qt::Key_Escape, IDCANCEL)}) {
         CDialog dialog;

@@ -4,6 +4,7 @@
 #include <QElapsedTimer>
 #include <QLineEdit>
 #include <QTest>
+#include <QWheelEvent>
 
 #include <stdexcept>
 
@@ -43,13 +44,25 @@ void click(QWidget& widget, QPoint position) {
 void doubleClick(QWidget& widget) {
     QTest::mouseClick(&widget, Qt::LeftButton);
     QTest::mouseDClick(&widget, Qt::LeftButton);
+    QTest::mouseRelease(&widget, Qt::LeftButton);
 }
 
 void drag(QWidget& from, QWidget& to) {
-    QTest::mousePress(&from, Qt::LeftButton);
+    dragFrom(from, from.rect().center(), to);
+}
+
+void dragFrom(QWidget& from, QPoint position, QWidget& to) {
+    QTest::mousePress(&from, Qt::LeftButton, Qt::NoModifier, position);
     // Qt keeps the mouse with the widget that was pressed: the release comes there, wherever the pointer is.
     const QPoint released = from.mapFromGlobal(to.mapToGlobal(to.rect().center()));
     QTest::mouseRelease(&from, Qt::LeftButton, Qt::NoModifier, released);
+}
+
+void turnWheel(QWidget& widget, int notches) {
+    const QPointF middle = widget.rect().center();
+    QWheelEvent event(middle, widget.mapToGlobal(middle), QPoint(), QPoint(0, notches * 120), Qt::NoButton,
+                      Qt::NoModifier, Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(&widget, &event);
 }
 
 void press(Qt::Key key, Qt::KeyboardModifiers modifiers) {

@@ -25,6 +25,9 @@ void click(QWidget& widget, QPoint position);
 void doubleClick(QWidget& widget);
 /// Presses on one widget and releases on another, as a drag without capture does.
 void drag(QWidget& from, QWidget& to);
+void dragFrom(QWidget& from, QPoint position, QWidget& to);
+/// Turns the wheel over the middle of a widget, by notches away from the person.
+void turnWheel(QWidget& widget, int notches);
 
 /// Presses and releases a key in whatever has the focus.
 void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);

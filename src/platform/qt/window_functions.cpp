@@ -266,8 +266,12 @@ HWND GetFocus() {
 HWND SetFocus(HWND window) {
     const HWND former = GetFocus();
     QWidget* const widget = widgetOf(window);
-    if (widget != nullptr && widget->isEnabled()) {
-        widget->setFocus(Qt::OtherFocusReason);
+    if (widget == nullptr || !widget->isEnabled()) {
+        return former;
+    }
+    widget->setFocus(Qt::OtherFocusReason);
+    if (widget->window()->isVisible() && !widget->isActiveWindow()) {
+        widget->activateWindow(); // the keyboard is with the active window
     }
     return former;
 }

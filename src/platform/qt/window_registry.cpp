@@ -79,6 +79,9 @@ Window* WindowRegistry::findOrAdopt(HWND handle) {
 
 std::vector<HWND> WindowRegistry::ownedBy(const Window& owner) const {
     std::vector<HWND> owned;
+    if (owner.widget() != nullptr && !owner.widget()->isWindow() && !owner.isForeign()) {
+        return owned; // a control
+    }
     for (const auto& [handle, window] : m_windows) {
         if (window->parentWindow() == &owner && window->widget() != nullptr && window->widget()->isWindow()) {
             owned.push_back(handle);
@@ -93,6 +96,9 @@ void WindowRegistry::retire(Window& window) {
         return;
     }
     m_byWidget.erase(window.widgetKey());
+    for (HWND owned : ownedBy(window)) {
+        find(owned)->forgetParent(); // a host's view is gone; its main window may stand
+    }
     if (window.parentWindow() != nullptr) {
         std::erase(window.parentWindow()->children(), &window);
         window.forgetParent();

@@ -73,8 +73,11 @@ HWND focusedControl(HWND dialog) {
 }
 
 void moveFocus(HWND control) {
-    if (control != nullptr) {
-        SetFocus(control);
+    if (control == nullptr) {
+        return;
+    }
+    SetFocus(control);
+    if (GetFocus() == control) { // the control left may have taken it back
         SendMessage(control, EM_SETSEL, 0, -1);
     }
 }

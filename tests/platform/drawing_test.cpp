@@ -1,0 +1,172 @@
+#include "platform/recording_dialog.h"
+
+#include <gmock/gmock.h>
+
+#include <QImage>
+#include <QPixmap>
+
+#include <array>
+#include <functional>
+
+namespace {
+
+using testing::ElementsAre;
+
+constexpr int drawnId = 11;
+constexpr COLORREF red = RGB(255, 0, 0);
+constexpr COLORREF green = RGB(0, 255, 0);
+constexpr COLORREF blue = RGB(0, 0, 255);
+
+/// Paints what the test says.
+class Picture : public CButton {
+public:
+    std::function<void(CDC&, const RECT&)> draw;
+    void DrawItem(LPDRAWITEMSTRUCT item) override {
+        if (draw) {
+            draw(*CDC::FromHandle(item->hDC), item->rcItem);
+        }
+    }
+};
+
+class Drawing : public testing::Test {
+protected:
+    void SetUp() override {
+        dialog.exchange = [this](CDataExchange* pDX) { DDX_Control(pDX, drawnId, picture); };
+        ASSERT_TRUE(dialog.CreateIndirect(
+            dialogLayout({dialogItem(drawnId, "Button", BS_OWNERDRAW, {0, 0, 40, 20})})));
+    }
+    QImage shown() { return dialog.at(drawnId).grab().toImage(); }
+
+    RecordingDialog dialog;
+    Picture picture;
+};
+
+TEST_F(Drawing, ARectangleHasItsPenAroundItsBrush) {
+    picture.draw = [](CDC& dc, const RECT& area) {
+        CBrush brush(green);
+        CGdiObject* const formerPen = dc.SelectStockObject(BLACK_PEN);
+        CBrush* const formerBrush = dc.SelectObject(&brush);
+        dc.Rectangle(&area);
+        dc.SelectObject(formerBrush);
+        dc.SelectObject(static_cast<CPen*>(formerPen));
+        dc.FillSolidRect(2, 2, 3, 1, blue);
+        dc.SetPixelV(2, 4, red);
+        dc.MoveTo(2, 6);
+        dc.LineTo(5, 6);
+    };
+    const QImage image = shown();
+    const int right = image.width() - 1;
+    const int bottom = image.height() - 1;
+    for (const QPoint corner : {QPoint(0, 0), QPoint(right, 0), QPoint(0, bottom), QPoint(right, bottom)}) {
+        EXPECT_EQ(image.pixelColor(corner), QColor(Qt::black)) << corner.x() << ", " << corner.y();
+    }
+    EXPECT_EQ(image.pixelColor(1, 1), QColor(0, 255, 0));
+    EXPECT_EQ(image.pixelColor(right - 1, bottom - 1), QColor(0, 255, 0));
+    EXPECT_EQ(image.pixelColor(4, 2), QColor(0, 0, 255));
+    EXPECT_EQ(image.pixelColor(5, 2), QColor(0, 255, 0));
+    EXPECT_EQ(image.pixelColor(2, 4), QColor(255, 0, 0));
+    EXPECT_EQ(image.pixelColor(4, 6), QColor(Qt::black));
+    EXPECT_EQ(image.pixelColor(5, 6), QColor(0, 255, 0)) << "the end of a line is not part of it";
+}
+
+TEST_F(Drawing, APictureInMemoryIsShownPixelByPixel) {
+    const std::array<std::uint32_t, 6> pixels = {0x112233, 0x445566, 0x778899, 0xAA0000, 0x00BB00, 0x0000CC};
+    BITMAPINFO info;
+    info.bmiHeader.biWidth = 3;
+    info.bmiHeader.biHeight = -2;
+    picture.draw = [&](CDC& dc, const RECT&) {
+        EXPECT_EQ(::SetDIBitsToDevice(dc.m_hDC, 1, 1, 3, 2, 0, 0, 0, 2, pixels.data(), &info, DIB_RGB_COLORS),
+                  2);
+        EXPECT_EQ(
+            ::StretchDIBits(dc.m_hDC, 10, 0, 6, 4, 0, 0, 3, 2, pixels.data(), &info, DIB_RGB_COLORS, SRCCOPY),
+            2);
+    };
+    const QImage image = shown();
+    for (int y = 0; y < 4; ++y) {
+        for (int x = 0; x < 6; ++x) {
+            EXPECT_EQ(image.pixel(10 + x, y) & 0xFFFFFFU,
+                      pixels[static_cast<std::size_t>(y / 2 * 3 + x / 2)]);
+            if (x < 3 && y < 2) {
+                EXPECT_EQ(image.pixel(1 + x, 1 + y) & 0xFFFFFFU, pixels[static_cast<std::size_t>(y * 3 + x)]);
+            }
+        }
+    }
+}
+
+TEST_F(Drawing, WhatIsLeftUnpaintedKeepsItsPixels) {
+    QWidget& widget = dialog.at(drawnId);
+    QImage canvas(widget.size(), QImage::Format_RGB32);
+    widget.render(&canvas); // the first painting shows the dialog's colour
+    canvas.fill(Qt::magenta);
+    widget.render(&canvas, QPoint(), QRegion(), {});
+    EXPECT_EQ(canvas.pixelColor(3, 3), QColor(Qt::magenta));
+}
+
+TEST(MemoryContext, DrawsIntoItsBitmapAndBlitsFromIt) {
+    CDC dc;
+    CDC other;
+    CBitmap bitmap;
+    CBitmap copy;
+    ASSERT_TRUE(dc.CreateCompatibleDC(nullptr));
+    ASSERT_TRUE(other.CreateCompatibleDC(&dc));
+    EXPECT_FALSE(bitmap.CreateCompatibleBitmap(&dc, 0, 4));
+    EXPECT_FALSE(dc.SetPixelV(0, 0, red)) << "there is nothing to draw on yet";
+    ASSERT_TRUE(bitmap.CreateCompatibleBitmap(&dc, 4, 4));
+    ASSERT_TRUE(copy.CreateCompatibleBitmap(&dc, 4, 4));
+    dc.SelectObject(&bitmap);
+    other.SelectObject(&copy);
+    dc.FillSolidRect(1, 1, 2, 2, blue);
+    dc.SetPixelV(9, 9, red);
+    ASSERT_TRUE(other.BitBlt(2, 2, 2, 2, &dc, 1, 1, SRCCOPY));
+    EXPECT_EQ(dc.GetPixel(0, 0), RGB(0, 0, 0));
+    EXPECT_EQ(dc.GetPixel(2, 2), blue);
+    EXPECT_EQ(other.GetPixel(2, 2), blue);
+    EXPECT_EQ(other.GetPixel(1, 1), RGB(0, 0, 0));
+    EXPECT_EQ(other.GetPixel(-1, 7), RGB(0, 0, 0));
+}
+
+/// A window of a class of its own, with a border.
+class Painted : public CWnd {
+public:
+    CPoint pressed;
+
+protected:
+    afx_msg void OnPaint() {
+        CPaintDC dc(this);
+        CRect client;
+        GetClientRect(client);
+        dc.FillSolidRect(client, red);
+        dc.SetPixelV(0, 0, blue);
+    }
+    afx_msg void OnLButtonDown(UINT, CPoint point) { pressed = point; }
+    DECLARE_MESSAGE_MAP()
+};
+
+BEGIN_MESSAGE_MAP(Painted, CWnd)
+ON_WM_PAINT()
+ON_WM_LBUTTONDOWN()
+END_MESSAGE_MAP()
+
+TEST(CustomWindow, PaintsAndHearsTheMouseInsideItsBorder) {
+    RecordingDialog dialog;
+    ASSERT_TRUE(dialog.CreateIndirect(dialogLayout({})));
+    Painted painted;
+    const CRect place(10, 10, 50, 40);
+    EXPECT_FALSE(painted.CreateEx(0, "Unregistered", "", WS_CHILD | WS_VISIBLE, place, &dialog, 70));
+    ASSERT_TRUE(painted.CreateEx(WS_EX_CLIENTEDGE, AfxRegisterWndClass(CS_HREDRAW | CS_VREDRAW), "",
+                                 WS_CHILD | WS_VISIBLE, place, &dialog, 70));
+    QWidget& widget = dialog.at(70);
+    CRect client;
+    painted.GetClientRect(client);
+    EXPECT_EQ(widget.geometry(), QRect(10, 10, 40, 30));
+    EXPECT_EQ(client.Width(), 36);
+    const QImage image = widget.grab().toImage();
+    EXPECT_EQ(image.pixelColor(2, 2), QColor(0, 0, 255));
+    EXPECT_EQ(image.pixelColor(37, 27), QColor(255, 0, 0));
+    EXPECT_NE(image.pixelColor(0, 15), QColor(255, 0, 0));
+    ui::click(widget, {5, 6});
+    EXPECT_EQ(painted.pressed.x, 3);
+    EXPECT_EQ(painted.pressed.y, 4);
+}
+
+} // namespace

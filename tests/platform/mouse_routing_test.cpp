@@ -1,0 +1,122 @@
+#include "platform/recording_dialog.h"
+
+#include <gmock/gmock.h>
+
+#include <QLineEdit>
+
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+enum Id { A = 11, B, Edit, Push };
+
+using Log = std::vector<std::string>;
+
+/// A button that keeps the press to itself, as a colour swatch does, and writes the mouse down.
+class Swatch : public CButton {
+public:
+    explicit Swatch(Log& log) : m_log(log) {}
+    bool captures = false;
+
+protected:
+    afx_msg void OnLButtonDown(UINT, CPoint) {
+        note("down");
+        if (captures) {
+            SetCapture();
+        }
+    }
+    afx_msg void OnLButtonUp(UINT, CPoint point) {
+        CRect client;
+        GetClientRect(client);
+        note(client.PtInRect(point) ? "up" : "up outside");
+        ::ReleaseCapture();
+    }
+    afx_msg void OnDoubleClicked() { note("double-clicked"); }
+    DECLARE_MESSAGE_MAP()
+
+private:
+    void note(const std::string& what) { m_log.push_back(std::to_string(GetDlgCtrlID()) + " " + what); }
+
+    Log& m_log;
+};
+
+BEGIN_MESSAGE_MAP(Swatch, CButton)
+ON_WM_LBUTTONDOWN()
+ON_WM_LBUTTONUP()
+ON_CONTROL_REFLECT(BN_DOUBLECLICKED, &Swatch::OnDoubleClicked)
+END_MESSAGE_MAP()
+
+class MouseRouting : public testing::Test {
+protected:
+    void SetUp() override {
+        dialog.exchange = [this](CDataExchange* pDX) {
+            DDX_Control(pDX, A, a);
+            DDX_Control(pDX, B, b);
+        };
+        ASSERT_TRUE(dialog.CreateIndirect(dialogLayout({
+            dialogItem(Edit, "Edit", WS_TABSTOP, {0, 40, 40, 12}),
+            dialogItem(A, "Button", BS_OWNERDRAW, {0, 0, 30, 12}),
+            dialogItem(B, "Button", BS_OWNERDRAW, {50, 0, 30, 12}),
+            dialogItem(Push, "Button", WS_TABSTOP, {100, 0, 30, 12}),
+        })));
+        ASSERT_TRUE(ui::waitUntilActive(ui::dialog(RecordingDialog::templateId)));
+        dialog.takeHeard();
+    }
+
+    Log log;
+    RecordingDialog dialog;
+    Swatch a{log};
+    Swatch b{log};
+};
+
+TEST_F(MouseRouting, AReleaseGoesToTheWindowUnderThePointer) {
+    ui::drag(dialog.at(A), dialog.at(B));
+    EXPECT_THAT(log, ElementsAre("11 down", "12 up"));
+    EXPECT_THAT(dialog.takeHeard(), IsEmpty()) << "a kept press is no click";
+    EXPECT_TRUE(dialog.at(Edit).hasFocus()) << "and moves no focus";
+}
+
+TEST_F(MouseRouting, ThePlaceBetweenHearsNothing) {
+    ui::drag(dialog.at(A), dialog.at(Push));
+    ui::drag(dialog.at(Edit), dialog.at(B));
+    EXPECT_THAT(log, ElementsAre("11 down")) << "an edit keeps the mouse until its release";
+    EXPECT_THAT(dialog.takeHeard(), IsEmpty());
+    QWidget& background = *ui::dialog(RecordingDialog::templateId);
+    ui::dragFrom(background, {5, background.height() - 5}, dialog.at(B));
+    EXPECT_THAT(log, ElementsAre("11 down", "12 up")) << "a dialog's background does not";
+}
+
+TEST_F(MouseRouting, CaptureKeepsTheReleaseWithItsWindow) {
+    a.captures = true;
+    ui::drag(dialog.at(A), dialog.at(B));
+    EXPECT_THAT(log, ElementsAre("11 down", "11 up outside"));
+    EXPECT_EQ(::GetCapture(), nullptr);
+}
+
+TEST_F(MouseRouting, ADoubleClickIsReflectedToTheButton) {
+    ui::doubleClick(dialog.at(B));
+    EXPECT_THAT(log, ElementsAre("12 down", "12 up", "12 double-clicked", "12 up"));
+    EXPECT_THAT(dialog.takeHeard(), ElementsAre("12 double-clicked"));
+}
+
+TEST_F(MouseRouting, AWheelTurnedOnTheWayPastChangesNothing) {
+    RecordingDialog other;
+    DialogTemplate layout = dialogLayout({
+        dialogItem(Edit, "Edit", WS_TABSTOP, {0, 40, 40, 12}),
+        dialogItem(A, "msctls_trackbar32", WS_TABSTOP, {0, 0, 60, 14}),
+    });
+    layout.id = RecordingDialog::templateId + 1;
+    ASSERT_TRUE(other.CreateIndirect(layout));
+    QWidget& window = *ui::dialog(layout.id);
+    ASSERT_TRUE(ui::waitUntilActive(&window));
+    ui::control(window, Edit).setFocus();
+    ui::turnWheel(ui::control(window, A), 1);
+    EXPECT_THAT(other.takeHeard(), IsEmpty());
+    ui::control(window, A).setFocus();
+    other.takeHeard();
+    ui::turnWheel(ui::control(window, A), 1);
+    EXPECT_FALSE(other.takeHeard().empty());
+}
+
+} // namespace

@@ -1,0 +1,147 @@
+#include "platform/recording_dialog.h"
+#include "platform/resources.h"
+#include "resources/resource_ids.h"
+
+#include <gmock/gmock.h>
+
+#include <QApplication>
+#include <QFontMetrics>
+#include <QLabel>
+#include <QPushButton>
+
+namespace {
+
+using testing::ElementsAre;
+
+enum Id { Frame = 11, Push, Icon, Far };
+
+class WindowPlacement : public testing::Test {
+protected:
+    void SetUp() override {
+        ASSERT_TRUE(dialog.CreateIndirect(dialogLayout({
+            dialogItem(Frame, "Static", SS_BLACKFRAME, {0, 0, 100, 150}),
+            dialogItem(Push, "Button", BS_PUSHBUTTON, {4, 8, 40, 14}, "Push"),
+            dialogItem(Icon, "Button", BS_AUTOCHECKBOX | BS_PUSHLIKE | BS_ICON, {4, 30, 20, 20}, "&Raise"),
+            dialogItem(Far, "Edit", WS_DISABLED, {120, 8, 40, 12}),
+        })));
+    }
+    CRect windowRect(int id) {
+        CRect rect;
+        (id == 0 ? &dialog : dialog.GetDlgItem(id))->GetWindowRect(rect);
+        return rect;
+    }
+
+    RecordingDialog dialog;
+};
+
+TEST_F(WindowPlacement, DialogUnitsAreThoseOfTheRealFont) {
+    const QFontMetrics font(dialog.at(Push).font());
+    const CRect push = windowRect(Push);
+    const int letter =
+        qRound(font.horizontalAdvance("ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz") / 52.0);
+    EXPECT_EQ(push.Width(), 10 * letter);
+    EXPECT_EQ(windowRect(0).Width(), 50 * letter);
+    EXPECT_EQ(dialog.at(Push).y(), font.height());
+}
+
+TEST_F(WindowPlacement, ChildrenComeInTheOrderOfTheTemplate) {
+    std::vector<int> ids;
+    for (CWnd* child = dialog.GetWindow(GW_CHILD); child != nullptr; child = child->GetWindow(GW_HWNDNEXT)) {
+        ids.push_back(child->GetDlgCtrlID());
+        EXPECT_EQ(child->GetParent(), &dialog);
+        EXPECT_EQ(::GetWindow(::GetWindow(child->m_hWnd, GW_HWNDNEXT), GW_HWNDPREV),
+                  ids.back() == Far ? nullptr : child->m_hWnd);
+    }
+    EXPECT_THAT(ids, ElementsAre(Frame, Push, Icon, Far));
+    EXPECT_EQ(dialog.GetDlgItem(99), nullptr);
+}
+
+TEST_F(WindowPlacement, TheDialogTakesTheSizeItIsGivenAndNoOther) {
+    const CRect before = windowRect(0);
+    dialog.SetWindowPos(nullptr, 0, 0, 123, 77, SWP_NOMOVE | SWP_NOZORDER);
+    EXPECT_EQ(windowRect(0).TopLeft().x, before.left);
+    EXPECT_EQ(windowRect(0).Width(), 123);
+    EXPECT_EQ(windowRect(0).Height(), 77);
+    EXPECT_EQ(ui::dialog(RecordingDialog::templateId)->minimumSize(), QSize(123, 77));
+    EXPECT_EQ(ui::dialog(RecordingDialog::templateId)->maximumSize(), QSize(123, 77));
+}
+
+TEST_F(WindowPlacement, ScreenAndClientPointsAgree) {
+    CRect push = windowRect(Push);
+    dialog.ScreenToClient(push);
+    EXPECT_EQ(QPoint(push.left, push.top), dialog.at(Push).pos());
+    CPoint origin(0, 0);
+    dialog.GetDlgItem(Push)->ClientToScreen(&origin);
+    EXPECT_EQ(origin.x, windowRect(Push).left);
+}
+
+TEST_F(WindowPlacement, RepositionBringsTheDialogBackOnTheScreen) {
+    const CRect area = ::GetWorkArea(dialog.m_hWnd);
+    dialog.SetWindowPos(nullptr, area.right - 20, area.top - 500, 0, 0, SWP_NOSIZE);
+    dialog.SendMessage(DM_REPOSITION);
+    EXPECT_EQ(windowRect(0).right, area.right);
+    EXPECT_EQ(windowRect(0).top, area.top);
+}
+
+TEST_F(WindowPlacement, CentresOverItsOwnerWhichMayBeAChildOfTheHost) {
+    QWidget host;
+    QWidget view(&host);
+    host.setGeometry(200, 150, 400, 300);
+    view.setGeometry(0, 0, 10, 10);
+    host.show();
+    RecordingDialog panel;
+    DialogTemplate layout = dialogLayout({});
+    layout.id = 501;
+    ASSERT_TRUE(panel.CreateIndirect(layout, CWnd::FromHandle(reinterpret_cast<HWND>(view.winId()))));
+    QWidget& window = *ui::dialog(501);
+    EXPECT_EQ(window.parentWidget(), &host) << "a dialog stands over the whole main window";
+    EXPECT_FALSE(window.testAttribute(Qt::WA_QuitOnClose));
+    EXPECT_EQ(QWidget::find(reinterpret_cast<WId>(panel.m_hWnd)), &window);
+    panel.CenterWindow(CWnd::FromHandle(reinterpret_cast<HWND>(host.winId())));
+    EXPECT_LE((window.geometry().center() - host.geometry().center()).manhattanLength(), 2);
+}
+
+TEST_F(WindowPlacement, AnIconStandsInForItsCaption) {
+    auto& button = dialog.at<QPushButton>(Icon);
+    EXPECT_EQ(button.text(), "");
+    EXPECT_EQ(button.toolTip(), "Raise");
+    EXPECT_EQ(button.accessibleName(), "Raise");
+    auto* const control = static_cast<CButton*>(dialog.GetDlgItem(Icon));
+    const HICON icon = ::LoadIcon(nullptr, 2004);
+    ASSERT_NE(icon, nullptr);
+    EXPECT_EQ(control->SetIcon(icon), nullptr);
+    EXPECT_FALSE(button.icon().isNull());
+    EXPECT_EQ(control->SetIcon(nullptr), icon);
+    EXPECT_TRUE(button.icon().isNull());
+    EXPECT_EQ(::LoadIcon(nullptr, 31999), nullptr);
+}
+
+TEST_F(WindowPlacement, EnablingAndHidingTellTheFormerState) {
+    CWnd* const edit = dialog.GetDlgItem(Far);
+    EXPECT_TRUE(edit->EnableWindow(TRUE));
+    EXPECT_FALSE(edit->EnableWindow(FALSE));
+    EXPECT_TRUE(edit->ShowWindow(SW_HIDE));
+    EXPECT_FALSE(edit->ShowWindow(SW_SHOW));
+    char name[3];
+    EXPECT_EQ(::GetClassName(edit->m_hWnd, &name[0], 3), 2) << "cut to the buffer";
+    EXPECT_STREQ(&name[0], "Ed");
+}
+
+/// No text of the library's own dialogs is cut off by its control.
+TEST(EmbeddedDialogs, TheirTextsFit) {
+    for (const int id : {IDD_TEXTURE_LIST, IDD_MAP_EDITOR, IDD_TERRAIN_TYPE_EDITOR}) {
+        CDialog dialog;
+        ASSERT_TRUE(dialog.Create(static_cast<UINT>(id)));
+        const QWidget& window = *QWidget::find(reinterpret_cast<WId>(dialog.m_hWnd));
+        for (const auto* label : window.findChildren<QLabel*>()) {
+            EXPECT_LE(label->fontMetrics().horizontalAdvance(label->text()), label->width())
+                << id << ": " << label->text().toStdString();
+        }
+        for (const auto* button : window.findChildren<QAbstractButton*>()) {
+            EXPECT_LE(button->fontMetrics().horizontalAdvance(button->text()) + 4, button->width())
+                << id << ": " << button->text().toStdString();
+        }
+    }
+}
+
+} // namespace
