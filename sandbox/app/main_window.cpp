@@ -173,9 +173,8 @@ void CMainWindow::toggleEditor(bool open) {
 }
 
 void CMainWindow::openEditor() {
-    const QString folder = QFileInfo(m_document.path()).absolutePath();
-    vuCreateEditor(handleOf(*this), &m_document.map(), CString(folder.toUtf8().constData()), nullptr, true,
-                   nullptr);
+    const QByteArray folder = m_document.textureFolder().toUtf8();
+    vuCreateEditor(handleOf(*this), &m_document.map(), CString(folder.constData()), nullptr, true, nullptr);
     followState();
 }
 

@@ -1,7 +1,10 @@
 #include "sandbox/app/map_document.h"
 
+#include "engine/memory/engine_directories.h"
+#include "engine/qx_texture.h"
 #include "sandbox/app/heightmap_file.h"
 
+#include <QDir>
 #include <QFileInfo>
 #include <algorithm>
 
@@ -73,8 +76,21 @@ QString CMapDocument::adoptFile(const QString& path, const CHeightmapReading& re
     // Saving a part of a picture over the whole would lose the rest of it.
     m_strPath = reading.isCropped() ? QString() : info.absoluteFilePath();
     m_strName = reading.isCropped() ? QString("part of %1").arg(info.fileName()) : info.fileName();
+    listTextures(info.absolutePath());
     rememberState();
     return cropNote(reading);
+}
+
+void CMapDocument::listTextures(const QString& mapFolder) {
+    const QDir beside(mapFolder + "/textures");
+    m_strTextureFolder = beside.exists() ? beside.absolutePath() : mapFolder;
+    CEngineDirectories::setDirectories({m_strTextureFolder.toStdString(), mapFolder.toStdString()});
+    for (const QFileInfo& file : beside.entryInfoList({"*.tga", "*.png"}, QDir::Files, QDir::Name)) {
+        qxCTexture* texture = m_scene->createTexture();
+        texture->name.setString(file.completeBaseName().toUtf8().constData());
+        texture->setFilename(file.fileName().toUtf8().constData());
+        m_scene->addTexture(texture);
+    }
 }
 
 CMapDocument::Outcome CMapDocument::save(const QString& path) {

@@ -37,12 +37,16 @@ public:
     /// Something was changed that a heightmap does not keep: colours, texture, water, details, material.
     bool hasUnkeptChanges() const;
 
+    /// Folder that the scene's textures come from: "textures" beside the map's file where there is one.
+    const QString& textureFolder() const { return m_strTextureFolder; }
+
     /// Level of standing water in height units.
     int waterLevel() const;
     void setWaterLevel(int heightUnits);
 
 private:
     static std::unique_ptr<CMemoryMap> makeMap(const CHeightmap& heights, CMemoryScene& scene);
+    void listTextures(const QString& mapFolder);
     QString adoptFile(const QString& path, const CHeightmapReading& reading);
     std::uint64_t unkeptChanges() const;
     void rememberState();
@@ -51,6 +55,7 @@ private:
     std::unique_ptr<CMemoryMap> m_map;
     QString m_strPath;
     QString m_strName;
+    QString m_strTextureFolder;
     std::uint64_t m_nSavedHeights = 0;
     std::uint64_t m_nOpenedUnkept = 0;
 };

@@ -11,6 +11,9 @@ vec3 skyColour(vec3 direction) {
     float rise = normalize(direction).y;
     vec3 above = mix(HORIZON, ZENITH, pow(max(rise, 0.0), 0.55));
     vec3 sky = rise < 0.0 ? mix(HORIZON, NADIR, smoothstep(0.0, 0.6, -rise)) : above;
+    if (uFogDistance > 0.0) {
+        sky = mix(HORIZON, sky, smoothstep(0.05, 0.7, rise));
+    }
     float glow = max(dot(normalize(direction), uSunDirection), 0.0);
     return sky + vec3(0.20, 0.16, 0.09) * pow(glow, 24.0);
 }

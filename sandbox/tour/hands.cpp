@@ -1,7 +1,11 @@
 #include "sandbox/tour/hands.h"
 
 #include <QCoreApplication>
+#include <QDeadlineTimer>
+#include <QGuiApplication>
+#include <QMouseEvent>
 #include <QTest>
+#include <QTimer>
 #include <QWheelEvent>
 #include <QWindow>
 
@@ -11,15 +15,28 @@ QWindow& windowOf(QWidget& widget) {
     return *widget.window()->windowHandle();
 }
 
+void activate(QWindow& window) {
+    if (QGuiApplication::focusWindow() != &window) {
+        window.requestActivate();
+        waitUntil([&] { return QGuiApplication::focusWindow() == &window; });
+    }
+}
+
 } // namespace
 
 void CHands::moveTo(QWidget& widget, QPointF place) {
-    m_pWindow = &windowOf(widget);
+    QWindow* const window = &windowOf(widget);
+    if (m_pWindow != nullptr && m_pWindow != window) {
+        QEvent leave(QEvent::Leave); // the window system's word to the window that the pointer was over
+        QCoreApplication::sendEvent(m_pWindow, &leave);
+    }
+    m_pWindow = window;
     m_place = widget.mapTo(widget.window(), place.toPoint());
     QTest::mouseMove(m_pWindow, m_place);
 }
 
 void CHands::press(Qt::MouseButton button) {
+    activate(*m_pWindow);
     QTest::mousePress(m_pWindow, button, Qt::NoModifier, m_place);
 }
 
@@ -28,14 +45,22 @@ void CHands::release(Qt::MouseButton button) {
 }
 
 void CHands::drag(QWidget& widget, QPointF from, QPointF to, Qt::MouseButton button, int steps) {
-    widget.setUpdatesEnabled(false);
     moveTo(widget, from);
     press(button);
-    for (int step = 1; step <= steps; ++step) {
-        moveTo(widget, from + (to - from) * step / steps);
+    for (int step = 1; step < steps; ++step) {
+        glideTo(widget, from + (to - from) * step / steps, button);
     }
+    moveTo(widget, to);
     release(button);
-    widget.setUpdatesEnabled(true);
+}
+
+/// A move that is handed to the window alone: unlike moveTo it does not wait for what it leads to be drawn,
+/// which keeps a long drag short where the processor draws.
+void CHands::glideTo(QWidget& widget, QPointF place, Qt::MouseButton held) {
+    m_place = widget.mapTo(widget.window(), place.toPoint());
+    QMouseEvent event(QEvent::MouseMove, m_place, m_pWindow->mapToGlobal(m_place), Qt::NoButton, held,
+                      Qt::NoModifier);
+    QCoreApplication::sendEvent(m_pWindow, &event);
 }
 
 void CHands::click(QWidget& widget, QPointF place) {
@@ -56,10 +81,12 @@ void CHands::turnWheel(QWidget& widget, QPointF place, int steps) {
 }
 
 void CHands::strike(QWidget& widget, Qt::Key key, Qt::KeyboardModifiers modifiers) {
+    activate(windowOf(widget));
     QTest::keyClick(&windowOf(widget), key, modifiers);
 }
 
 void CHands::type(QWidget& widget, const QString& text) {
+    activate(windowOf(widget));
     for (const QChar letter : text) {
         QTest::keyClick(&windowOf(widget), letter.toLatin1());
     }
@@ -71,5 +98,12 @@ QPoint CHands::screenPlace() const {
 
 bool waitUntil(const std::function<bool()>& condition) {
     constexpr int PATIENCE = 10000; // milliseconds
-    return QTest::qWaitFor(condition, PATIENCE);
+    const QDeadlineTimer end(PATIENCE);
+    QTimer pulse; // so that waiting for events also ends when none comes
+    pulse.start(10);
+    while (!condition() && !end.hasExpired()) {
+        // Waiting lets the application fall idle, which is when the window follows what the panel did.
+        QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
+    }
+    return condition();
 }

@@ -1,7 +1,10 @@
 #pragma once
 
 #include <QPoint>
+#include <QPointer>
 #include <QWidget>
+#include <QWindow>
+#include <functional>
 
 /// A person's hands for a tour: mouse and keyboard events that enter the application where the window
 /// system's own do, so that grabs, focus, shortcuts and disabled controls behave as they do under a real
@@ -10,10 +13,11 @@ class CHands {
 public:
     /// Move the pointer over a place of the widget, in its own logical pixels.
     void moveTo(QWidget& widget, QPointF place);
+    /// The window under the pointer becomes the active one first, as a window manager sees to.
     void press(Qt::MouseButton button);
     void release(Qt::MouseButton button);
-    /// Press at the first place and release at the last, moving there in even steps. The widget is not drawn
-    /// on the way: a tour is looked at between its steps.
+    /// Press at the first place and release at the last, moving there in even steps. Nothing is drawn between
+    /// the steps on the way.
     void drag(QWidget& widget, QPointF from, QPointF to, Qt::MouseButton button, int steps = 12);
     void click(QWidget& widget, QPointF place);
     void click(QWidget& widget) { click(widget, QRectF(widget.rect()).center()); }
@@ -26,7 +30,9 @@ public:
     QPoint screenPlace() const;
 
 private:
-    QWindow* m_pWindow = nullptr;
+    void glideTo(QWidget& widget, QPointF place, Qt::MouseButton held);
+
+    QPointer<QWindow> m_pWindow;
     QPoint m_place; // in the window
 };
 

@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <QPolygonF>
 #include <QScreen>
+#include <QToolBar>
 #include <algorithm>
 
 namespace {
@@ -44,6 +45,20 @@ QWidget& CTourStage::control(int id) {
     auto* widget = panel->findChild<QWidget*>(QString::number(id));
     require(widget != nullptr, QString("the map editor has no control %1").arg(id));
     return *widget;
+}
+
+void CTourStage::enterNumber(QWidget& field, int number) {
+    m_hands.click(field, QPointF(PANEL_MARGIN / 2.0, field.height() / 2.0)); // clear of a spin box's arrows
+    m_hands.strike(field, Qt::Key_A, Qt::ControlModifier);
+    m_hands.type(field, QString::number(number));
+    m_hands.strike(field, Qt::Key_Return);
+}
+
+void CTourStage::clickToolBar(const char* action) {
+    const auto* bar = m_window.findChild<QToolBar*>();
+    QWidget* button = bar->widgetForAction(m_window.findChild<QAction*>(action));
+    require(button != nullptr, QString("the tool bar has no %1").arg(action));
+    m_hands.click(*button);
 }
 
 QPointF CTourStage::placeOf(double x, double z) {

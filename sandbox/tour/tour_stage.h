@@ -31,6 +31,10 @@ public:
     /// A control of the map editor panel; fails the step when the panel or the control is not there.
     QWidget& control(int id);
     void clickControl(int id) { m_hands.click(control(id)); }
+    /// Put a number into a field of the panel or of the tool bar, in place of what stands there, and Enter.
+    void enterNumber(QWidget& field, int number);
+    /// Click the tool bar's button for the action of this object name.
+    void clickToolBar(const char* action);
     /// Where a point of the map is seen in the view.
     QPointF placeOf(double x, double z);
     /// Where the middle of a cell is seen.

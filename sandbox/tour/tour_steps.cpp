@@ -7,7 +7,6 @@
 
 #include <QAbstractButton>
 #include <QApplication>
-#include <QLineEdit>
 #include <QPainter>
 #include <QTabBar>
 #include <QTemporaryDir>
@@ -30,6 +29,11 @@ constexpr int FIELD_X0 = 198;
 constexpr int FIELD_Z0 = 137;
 constexpr int FIELD_X1 = 209;
 constexpr int FIELD_Z1 = 145;
+constexpr int VALLEY_X = 234;
+constexpr int VALLEY_Z = 228;
+constexpr int WATER_LEVEL = 325;
+constexpr int CURSOR_X = 188;
+constexpr int CURSOR_Z = 157;
 constexpr int ROAD_X0 = 184;
 constexpr int ROAD_X1 = 206;
 constexpr int ROAD_Z = 148;
@@ -117,12 +121,7 @@ void drawCone(CTourStage& stage) {
 void levelRoad(CTourStage& stage) {
     chooseTool(stage, tour::TOOL_SET_HEIGHT);
     stage.clickControl(tour::BRUSH_FOUR_CELLS);
-    auto* edit = qobject_cast<QLineEdit*>(&stage.control(tour::HEIGHT));
-    require(edit != nullptr, "the height is not an edit field");
-    stage.hands().click(*edit);
-    edit->selectAll();
-    stage.hands().type(*edit, QString::number(ROAD_HEIGHT));
-    stage.hands().strike(*edit, Qt::Key_Return);
+    stage.enterNumber(stage.control(tour::HEIGHT), ROAD_HEIGHT);
     stage.hands().drag(stage.view(), stage.placeOfCell(ROAD_X0, ROAD_Z), stage.placeOfCell(ROAD_X1, ROAD_Z),
                        Qt::LeftButton, 80);
     for (const int x : {ROAD_X0, ROAD_X0 + 1, ROAD_X1, ROAD_X1 + 1}) {
@@ -202,26 +201,16 @@ void undoStroke(CTourStage& stage) {
 }
 
 void floodValley(CTourStage& stage) {
+    stage.clickToolBar("reset-camera");
+    stage.enterNumber(*stage.window().findChild<QWidget*>("water-level"), WATER_LEVEL);
+    require(stage.map().getWaterHeight() == WATER_LEVEL, "the water level is not taken over");
     chooseTool(stage, tour::TOOL_FLOOD);
-    stage.hands().strike(stage.window(), Qt::Key_Home);
-    int lowestX = 0;
-    int lowestZ = 0;
-    for (int z = 8; z < stage.map().getGridDim() - 8; ++z) {
-        for (int x = 8; x < stage.map().getGridDim() - 8; ++x) {
-            if (stage.map().getPointHeight(x, z) < stage.map().getPointHeight(lowestX, lowestZ)) {
-                lowestX = x;
-                lowestZ = z;
-            }
-        }
-    }
-    const QPointF middle = QRectF(stage.view().rect()).center();
-    stage.hands().turnWheel(stage.view(), middle, 1);
-    stage.hands().click(stage.view(), stage.placeOfCell(lowestX, lowestZ));
-    require(stage.waterPoints() > 500, QString("only %1 points of water").arg(stage.waterPoints()));
+    stage.hands().click(stage.view(), stage.placeOfCell(VALLEY_X, VALLEY_Z));
+    require(stage.waterPoints() > 4000, QString("only %1 points of water").arg(stage.waterPoints()));
 }
 
 void showCheckerboard(CTourStage& stage) {
-    stage.hands().turnWheel(stage.view(), QRectF(stage.view().rect()).center(), 9);
+    stage.hands().turnWheel(stage.view(), stage.placeOfCell(WORK_X, WORK_Z), 9);
     stage.clickControl(tour::CHECKERBOARD);
     require(stage.map().hasFlag(qxMapFlagChecker), "the checkerboard is not on");
 }
@@ -229,7 +218,6 @@ void showCheckerboard(CTourStage& stage) {
 void showFog(CTourStage& stage) {
     stage.clickControl(tour::CHECKERBOARD);
     require(!stage.map().hasFlag(qxMapFlagChecker), "the checkerboard is still on");
-    stage.hands().strike(stage.window(), Qt::Key_Home);
     stage.clickControl(tour::FOG);
     require(stage.map().getScene()->getFogMode() == qxFogModeOn, "the fog is not on");
 }
@@ -243,14 +231,15 @@ void expandPanel(CTourStage& stage) {
 }
 
 void foldPanel(CTourStage& stage) {
+    const int wide = stage.dialog(MAP_EDITOR)->width();
     stage.clickControl(tour::EXPAND);
     stage.movePanelAside();
-    comeCloser(stage);
+    require(stage.dialog(MAP_EDITOR)->width() < wide * 2 / 3, "the panel does not show its simple layout");
 }
 
 /// Rest the pointer at a place of one cell and require a cursor of this kind among those that show.
 void requireCursor(CTourStage& stage, double u, double v, int kind) {
-    stage.hands().moveTo(stage.view(), stage.placeOf(HILL_X + 20 + u, HILL_Z + 30 + v));
+    stage.hands().moveTo(stage.view(), stage.placeOf(CURSOR_X + u, CURSOR_Z + v));
     const auto cursors = stage.map().getEditCursors();
     const bool shown =
         std::ranges::any_of(cursors, [&](const CEditCursor& cursor) { return cursor.kind == kind; });
@@ -284,7 +273,7 @@ void showEveryCursor(CTourStage& stage) {
         {TOOL_RAISE, BRUSH_FOUR_CELLS, 0.5, 0.4, 0},
         {TOOL_RAISE, BRUSH_DISC, 0.5, 0.4, 0},
     }};
-    stage.hands().turnWheel(stage.view(), QRectF(stage.view().rect()).center(), 4);
+    stage.hands().turnWheel(stage.view(), stage.placeOfCell(HILL_X, HILL_Z), 6);
     for (const CCursorView& cursor : CURSORS) {
         chooseTool(stage, cursor.tool);
         stage.clickControl(cursor.brush);

@@ -208,6 +208,9 @@ void CMapView::mouseMoveEvent(QMouseEvent* event) {
     const auto hit = pick(event->position());
     if (m_drag == EDrag::none || m_drag == EDrag::stroke) {
         m_strokes.move(hit, static_cast<int>(event->position().y()));
+        if (!hit.has_value()) {
+            hideCursor();
+        }
     } else {
         turnCamera(event->position() - m_lastPosition);
     }
@@ -276,7 +279,14 @@ void CMapView::focusOutEvent(QFocusEvent* event) {
     QOpenGLWidget::focusOutEvent(event);
 }
 
+void CMapView::hideCursor() {
+    if (m_pMap != nullptr && !m_strokes.isStroking() && !m_pMap->getEditCursors().empty()) {
+        m_pMap->clearEditCursors();
+    }
+}
+
 void CMapView::leaveEvent(QEvent* event) {
+    hideCursor();
     emit pointerMoved(std::nullopt);
     QOpenGLWidget::leaveEvent(event);
 }

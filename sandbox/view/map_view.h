@@ -60,6 +60,8 @@ private:
 
     EDrag dragFor(const QMouseEvent& event) const;
     void turnCamera(QPointF way);
+    /// Take the edit cursor off the ground when the pointer is on none and no stroke runs.
+    void hideCursor();
     void flyOn();
     void measurePace();
     void settleCamera();

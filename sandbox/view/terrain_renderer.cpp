@@ -11,7 +11,7 @@ namespace {
 
 const QVector3D SUN = QVector3D(-0.62F, 0.60F, 0.02F).normalized();
 constexpr double LEVEL_TOLERANCE = 0.75; // pixels that a coarser level may stray
-constexpr float FOG_DISTANCE = 0.85F;    // of the map's width
+constexpr float FOG_DISTANCE = 0.9F;     // of the map's width
 constexpr float BASE_DEPTH = 0.03F;      // of the map's width, from the lowest ground to the underside
 constexpr int FIRST_BASE_UNIT = static_cast<int>(CPointTextures::EUnit::count);
 
