@@ -9,8 +9,8 @@ bool ensureApplication() {
         static int count = 1;
         static char name[] = "veskutil";
         static char* arguments[] = {&name[0], nullptr};
-        static QApplication* const application = new QApplication(count, &arguments[0]);
-        application->setQuitOnLastWindowClosed(false);
+        new QApplication(count, &arguments[0]); // is its own registry, and the process's from here on
+        QGuiApplication::setQuitOnLastWindowClosed(false);
     }
     return qobject_cast<QApplication*>(QCoreApplication::instance()) != nullptr;
 }

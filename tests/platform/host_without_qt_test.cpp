@@ -1,0 +1,46 @@
+#include "platform/recording_dialog.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+
+namespace {
+
+// This program has no application object of its own. The cases run in their order.
+
+constexpr int editId = 11;
+
+DialogTemplate layout() {
+    return dialogLayout({dialogItem(editId, "Edit", WS_TABSTOP, {0, 0, 40, 12})});
+}
+
+TEST(HostWithoutQt, AnApplicationWithoutWidgetsGetsNoDialogs) {
+    int count = 1;
+    char name[] = "host";
+    char* arguments[] = {&name[0], nullptr};
+    const QCoreApplication console(count, &arguments[0]);
+    RecordingDialog dialog;
+    EXPECT_FALSE(dialog.CreateIndirect(layout()));
+    EXPECT_EQ(dialog.m_hWnd, nullptr);
+    EXPECT_EQ(dialog.DoModal(), -1);
+    EXPECT_EQ(AfxMessageBox("Nobody sees this"), IDCANCEL);
+}
+
+TEST(HostWithoutQt, GetsAnApplicationOnFirstNeedThatStays) {
+    EXPECT_EQ(QCoreApplication::instance(), nullptr);
+    const HWND hostWindow = reinterpret_cast<HWND>(std::uintptr_t{0x7654321});
+    for (int opening = 0; opening < 2; ++opening) {
+        RecordingDialog dialog;
+        ASSERT_TRUE(dialog.CreateIndirect(layout(), CWnd::FromHandle(hostWindow)));
+        ASSERT_TRUE(ui::waitUntilActive(ui::dialog(RecordingDialog::templateId)));
+        EXPECT_EQ(::GetParent(dialog.m_hWnd), hostWindow);
+        ui::type(dialog.at(editId), "7");
+        CString text;
+        EXPECT_EQ(dialog.GetDlgItemText(editId, text), 1);
+    }
+    ASSERT_NE(qApp, nullptr);
+    EXPECT_FALSE(QGuiApplication::quitOnLastWindowClosed());
+    delete qApp; // it is the process's to end
+}
+
+} // namespace
