@@ -8,7 +8,9 @@
 #include <QOpenGLContext>
 #include <QOpenGLFunctions>
 #include <QScreen>
+#include <QSettings>
 #include <QSurfaceFormat>
+#include <QTemporaryDir>
 #include <QTimer>
 #include <QWindow>
 #include <cstdio>
@@ -86,6 +88,10 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "--size: '%s' is not a size such as 1280x840\n",
                      qPrintable(parser.value(sizeOption)));
         return 2;
+    }
+    const QTemporaryDir tourSettings; // a tour leaves no trace among the files that a person opened
+    if (parser.isSet(tourOption)) {
+        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, tourSettings.path());
     }
     CMainWindow window;
     window.resize(size);

@@ -157,6 +157,7 @@ void CMainWindow::makeStatusBar() {
     m_pPlace = new QLabel;
     m_pPlace->setObjectName("place");
     m_pPace = new QLabel;
+    m_pPace->setObjectName("pace");
     m_pPace->setMinimumWidth(m_pPace->fontMetrics().horizontalAdvance("0000 fps"));
     m_pPace->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     statusBar()->addPermanentWidget(m_pPlace);

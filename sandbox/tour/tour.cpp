@@ -9,7 +9,7 @@ void takeStep(CTourStage& stage, const CTourStep& step, int number, const QDir& 
     step.act(stage);
     const QString name = QString("%1-%2.png").arg(number, 2, 10, QChar('0')).arg(step.name);
     constexpr int QUICK = 75; // compressed lightly: the deflate pass would take longer than the drawing
-    require(stage.takePicture().save(folder.filePath(name), "PNG", QUICK),
+    require(stage.takeStepPicture().save(folder.filePath(name), "PNG", QUICK),
             "cannot write " + folder.filePath(name));
 }
 

@@ -6,6 +6,7 @@
 #include <QScreen>
 #include <QToolBar>
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -28,6 +29,13 @@ void drawPointer(QImage& picture, QPointF tip) {
 void require(bool condition, const QString& reason) {
     if (!condition) {
         throw CTourFailure(reason);
+    }
+}
+
+CTourStage::CTourStage(CMainWindow& window) : m_window(window) {
+    // How fast this machine draws is not part of the session.
+    if (auto* pace = window.findChild<QWidget*>("pace")) {
+        pace->hide();
     }
 }
 
@@ -99,6 +107,11 @@ QImage CTourStage::takePicture() {
     require(!picture.isNull(), "the screen cannot be seen");
     drawPointer(picture, m_hands.screenPlace() - frame.topLeft());
     return picture;
+}
+
+QImage CTourStage::takeStepPicture() {
+    const QImage prepared = std::exchange(m_stepPicture, QImage());
+    return prepared.isNull() ? takePicture() : prepared;
 }
 
 void CTourStage::movePanelAside() {

@@ -19,7 +19,7 @@ void require(bool condition, const QString& reason);
 /// for pictures of the screen. Lives for one tour.
 class CTourStage {
 public:
-    explicit CTourStage(CMainWindow& window) : m_window(window) {}
+    explicit CTourStage(CMainWindow& window);
 
     CMainWindow& window() { return m_window; }
     CMapView& view() { return m_window.view(); }
@@ -46,10 +46,15 @@ public:
 
     /// The screen as it is now, the window and the panel over it, with the pointer drawn in.
     QImage takePicture();
+    /// Use this as the picture of the step instead of the screen at its end.
+    void setStepPicture(const QImage& picture) { m_stepPicture = picture; }
+    /// The picture of the step that has just been acted.
+    QImage takeStepPicture();
     /// Give the panel a place beside the window's middle, as a person would who wants to see the ground.
     void movePanelAside();
 
 private:
     CMainWindow& m_window;
     CHands m_hands;
+    QImage m_stepPicture;
 };

@@ -34,6 +34,7 @@ constexpr int VALLEY_Z = 228;
 constexpr int WATER_LEVEL = 325;
 constexpr int CURSOR_X = 188;
 constexpr int CURSOR_Z = 157;
+constexpr QSize CLOSE_UP(200, 150);
 constexpr int ROAD_X0 = 184;
 constexpr int ROAD_X1 = 206;
 constexpr int ROAD_Z = 148;
@@ -254,7 +255,42 @@ struct CCursorView {
     int kind;
 };
 
-/// Every kind of cursor there is on the Terrain tab, each on the same cell, side by side in one picture.
+/// The view around the pointer, for a sheet of pictures side by side.
+QImage takeCloseUp(CTourStage& stage) {
+    const QImage picture = stage.takePicture();
+    const QPoint pointer = stage.hands().screenPlace() - stage.window().geometry().topLeft();
+    QRect part(QPoint(), CLOSE_UP);
+    part.moveCenter(pointer);
+    return picture.copy(part);
+}
+
+QImage composeSheet(const std::vector<QImage>& pictures) {
+    constexpr int COLUMNS = 5;
+    constexpr int GAP = 4;
+    const int rows = (static_cast<int>(pictures.size()) + COLUMNS - 1) / COLUMNS;
+    QImage sheet(COLUMNS * (CLOSE_UP.width() + GAP) - GAP, rows * (CLOSE_UP.height() + GAP) - GAP,
+                 QImage::Format_RGB32);
+    sheet.fill(Qt::white);
+    QPainter painter(&sheet);
+    for (int i = 0; i < static_cast<int>(pictures.size()); ++i) {
+        painter.drawImage(i % COLUMNS * (CLOSE_UP.width() + GAP), i / COLUMNS * (CLOSE_UP.height() + GAP),
+                          pictures[static_cast<std::size_t>(i)]);
+    }
+    return sheet;
+}
+
+void showTab(CTourStage& stage, int index) {
+    QWidget& tabs = stage.control(tour::TABS);
+    auto* bar = qobject_cast<QTabBar*>(&tabs);
+    if (bar == nullptr) {
+        bar = tabs.findChild<QTabBar*>();
+    }
+    require(bar != nullptr, "the tabs cannot be found");
+    stage.hands().click(*bar, QRectF(bar->tabRect(index)).center());
+    require(bar->currentIndex() == index, QString("tab %1 does not come forward").arg(index));
+}
+
+/// Every kind of cursor there is, each at the same cell, on one sheet.
 void showEveryCursor(CTourStage& stage) {
     using namespace tour;
     constexpr std::array<CCursorView, 14> CURSORS{{
@@ -273,29 +309,27 @@ void showEveryCursor(CTourStage& stage) {
         {TOOL_RAISE, BRUSH_FOUR_CELLS, 0.5, 0.4, 0},
         {TOOL_RAISE, BRUSH_DISC, 0.5, 0.4, 0},
     }};
-    stage.hands().turnWheel(stage.view(), stage.placeOfCell(HILL_X, HILL_Z), 6);
+    stage.hands().turnWheel(stage.view(), stage.placeOfCell(CURSOR_X, CURSOR_Z), 12);
+    std::vector<QImage> closeUps;
     for (const CCursorView& cursor : CURSORS) {
         chooseTool(stage, cursor.tool);
         stage.clickControl(cursor.brush);
         requireCursor(stage, cursor.u, cursor.v, cursor.kind);
+        closeUps.push_back(takeCloseUp(stage));
     }
+    showTab(stage, 1);
+    requireCursor(stage, 0.5, 0.4, 15);
+    closeUps.push_back(takeCloseUp(stage));
+    stage.setStepPicture(composeSheet(closeUps));
 }
 
-void showDetailCursor(CTourStage& stage) {
-    QWidget& tabs = stage.control(tour::TABS);
-    auto* bar = qobject_cast<QTabBar*>(&tabs);
-    if (bar == nullptr) {
-        bar = tabs.findChild<QTabBar*>();
-    }
-    require(bar != nullptr, "the tabs cannot be found");
-    stage.hands().click(*bar, QRectF(bar->tabRect(1)).center());
-    require(bar->currentIndex() == 1, "the Details tab does not come forward");
+void showDetailsTab(CTourStage& stage) {
+    stage.hands().turnWheel(stage.view(), stage.placeOfCell(CURSOR_X, CURSOR_Z), -5);
     requireCursor(stage, 0.5, 0.4, 15);
-    stage.hands().click(*bar, QRectF(bar->tabRect(0)).center());
-    requireCursor(stage, 0.5, 0.4, 0);
 }
 
 void closePanel(CTourStage& stage) {
+    showTab(stage, 0);
     chooseTool(stage, tour::TOOL_MAGNET);
     stage.clickControl(tour::CLOSE);
     require(waitUntil([&] { return !vuIsEditorActive() && stage.dialog(MAP_EDITOR) == nullptr; }),
@@ -348,7 +382,7 @@ const std::vector<CTourStep>& tourSteps() {
         {"advanced", expandPanel},
         {"simple", foldPanel},
         {"every-cursor", showEveryCursor},
-        {"details-tab", showDetailCursor},
+        {"details-tab", showDetailsTab},
         {"closed", closePanel},
         {"reopened", reopenPanel},
         {"saved", saveMap},
