@@ -18,6 +18,9 @@ ComboBoxWindow::ComboBoxWindow(Window& parent, const ControlTraits& traits)
         m_combo.setInsertPolicy(QComboBox::NoInsert);
         m_combo.setCompleter(nullptr);
         watch(m_combo.lineEdit());
+        // A text that was typed selects nothing, even where it reads like an item.
+        QObject::disconnect(m_combo.lineEdit(), &QLineEdit::editingFinished, &m_combo, nullptr);
+        QObject::disconnect(m_combo.lineEdit(), &QLineEdit::returnPressed, &m_combo, nullptr);
     }
     // Sent for what the user chooses, not for what the program selects.
     QObject::connect(&m_combo, &QComboBox::activated, this, [this] { notify(CBN_SELCHANGE); });
@@ -119,6 +122,8 @@ LRESULT ComboBoxWindow::select(int index) {
     const int wanted = index < m_combo.count() ? index : -1;
     if (m_combo.currentIndex() != wanted) {
         m_combo.setCurrentIndex(wanted);
+    } else if (m_combo.isEditable() && wanted >= 0) {
+        m_combo.setEditText(m_combo.itemText(wanted));
     }
     return wanted;
 }
