@@ -144,6 +144,14 @@ BOOL CTextureListDlg::OnInitDialog() {
     return TRUE;
 }
 
+BOOL CTextureListDlg::PreTranslateMessage(MSG* pMsg) {
+    // The size list has an edit field too. Where that is no window of its own, its keys come as the list's.
+    if (pMsg->message == WM_KEYDOWN && pMsg->wParam == VK_RETURN && pMsg->hwnd == m_sizes.GetSafeHwnd()) {
+        pMsg->wParam = VK_TAB;
+    }
+    return CEditorDialog::PreTranslateMessage(pMsg);
+}
+
 void CTextureListDlg::refreshList() {
     m_textures.ResetContent();
     m_textures.SetItemData(m_textures.AddString(NO_TEXTURE_CAPTION), 0);

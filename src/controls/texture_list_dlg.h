@@ -26,6 +26,7 @@ public:
 protected:
     void DoDataExchange(CDataExchange* pDX) override;
     BOOL OnInitDialog() override;
+    BOOL PreTranslateMessage(MSG* pMsg) override;
     afx_msg void onImport();
     afx_msg void onTextureChanged();
     afx_msg void onTextureDoubleClicked();

@@ -106,6 +106,23 @@ TEST_F(TextureListTest, FormatAndSizeAreTheTexturesAtOnceAndStayAfterCancel) {
     EXPECT_EQ(m_pRock->getSize(), qxTextureSize16);
 }
 
+TEST_F(TextureListTest, ATypedSizeIsNotReadAndEnterMovesOn) {
+    m_pRock->setSize(qxTextureSize256);
+    const auto outcome = run(m_pGrass, {[](const QWidget* list) {
+                                 const auto& sizes = ui::control<QComboBox>(*list, IDC_TEXTURE_SIZE);
+                                 ui::type(*sizes.lineEdit(), "64x64");
+                                 ui::press(Qt::Key_Return);
+                                 EXPECT_TRUE(list->isVisible());
+                                 EXPECT_TRUE(ui::control(*list, IDC_IMPORT_TEXTURE).hasFocus());
+                                 choose(list, "rock");
+                                 choose(list, "grass");
+                                 EXPECT_EQ(sizes.currentText(), "256x256");
+                                 click(list, IDOK);
+                             }});
+    EXPECT_EQ(outcome.result, IDOK);
+    EXPECT_EQ(m_pGrass->getSize(), qxTextureSize256);
+}
+
 TEST_F(TextureListTest, ADoubleClickChooses) {
     const auto [result, selected] =
         run(nullptr, {[](const QWidget* list) {
