@@ -309,7 +309,7 @@ void showEveryCursor(CTourStage& stage) {
         {TOOL_RAISE, BRUSH_FOUR_CELLS, 0.5, 0.4, 0},
         {TOOL_RAISE, BRUSH_DISC, 0.5, 0.4, 0},
     }};
-    stage.hands().turnWheel(stage.view(), stage.placeOfCell(CURSOR_X, CURSOR_Z), 12);
+    stage.hands().turnWheel(stage.view(), stage.placeOfCell(CURSOR_X, CURSOR_Z), 10);
     std::vector<QImage> closeUps;
     for (const CCursorView& cursor : CURSORS) {
         chooseTool(stage, cursor.tool);
@@ -324,7 +324,7 @@ void showEveryCursor(CTourStage& stage) {
 }
 
 void showDetailsTab(CTourStage& stage) {
-    stage.hands().turnWheel(stage.view(), stage.placeOfCell(CURSOR_X, CURSOR_Z), -5);
+    stage.hands().turnWheel(stage.view(), stage.placeOfCell(CURSOR_X, CURSOR_Z), -4);
     requireCursor(stage, 0.5, 0.4, 15);
 }
 
