@@ -14,15 +14,17 @@ namespace {
 constexpr int COLOUR_LAYER = 0;
 constexpr int BLEND_LAYER = 1;
 
-MapUndoRecord readPoint(const qxCMap& map, int x, int z, bool groupStart) {
-    MapUndoRecord record;
-    record.blend = static_cast<std::uint16_t>(map.getPointBlendQ(BLEND_LAYER, x, z));
-    record.colour = std::bit_cast<std::uint32_t>(map.getPointColourQ(COLOUR_LAYER, x, z));
-    record.height = static_cast<std::uint16_t>(map.getPointHeightQ(x, z));
+void appendPoint(const qxCMap& map, int x, int z, bool groupStart) {
+    const int blend = map.getPointBlendQ(BLEND_LAYER, x, z);
+    const qxCColour colour = map.getPointColourQ(COLOUR_LAYER, x, z);
+    const int height = map.getPointHeightQ(x, z);
+    MapUndoRecord& record = g_mapUndoList.append();
+    record.colour = std::bit_cast<std::uint32_t>(colour);
     record.x = static_cast<std::uint16_t>(x);
     record.z = static_cast<std::uint16_t>(z);
+    record.height = static_cast<std::uint16_t>(height);
+    record.blend = static_cast<std::uint16_t>(blend);
     record.groupStart = groupStart ? 1 : 0;
-    return record;
 }
 
 void writePoint(qxCMap& map, const MapUndoRecord& record) {
@@ -35,7 +37,7 @@ void writePoint(qxCMap& map, const MapUndoRecord& record) {
 
 void recordPoint(CMapEditorModel& model, int x, int z, bool groupStart) {
     if (!areaOnGrid(*model.m_pMap, x, z, x, z).isEmpty()) {
-        g_mapUndoList.push(readPoint(*model.m_pMap, x, z, groupStart));
+        appendPoint(*model.m_pMap, x, z, groupStart);
     }
 }
 
@@ -50,7 +52,7 @@ void recordBlock(CMapEditorModel& model, std::int64_t x0, std::int64_t z0, std::
     const auto rows = static_cast<std::size_t>(area.isEmpty() ? 1 : area.z1 - area.z0 + 1);
     for (int x = area.x0 + static_cast<int>(skipped / rows); x <= area.x1; ++x) {
         for (int z = area.z0 + static_cast<int>(skipped % rows); z <= area.z1; ++z) {
-            g_mapUndoList.push(readPoint(map, x, z, groupStart));
+            appendPoint(map, x, z, groupStart);
             groupStart = false;
         }
         skipped = 0; // only the first column kept is cut

@@ -24,11 +24,16 @@ public:
     static constexpr int CAPACITY = 100'000;
 
     /// Append a copy of `record`; a full history drops its oldest record first.
-    void push(const MapUndoRecord& record) {
+    void push(const MapUndoRecord& record) { append() = record; }
+
+    /// Append a record for the caller to fill in, as push() does. It holds what stood in its place. Filling
+    /// it where it stays takes half the time of copying one that was just put together field by field.
+    MapUndoRecord& append() {
         if (m_nCount == FULL_SIZE) {
-            m_ring[m_nHead] = record; // the newest stands where the oldest was, the ring turns by one
-            m_nHead = m_nHead + 1 == FULL_SIZE ? 0 : m_nHead + 1;
-            return;
+            const std::size_t oldest =
+                m_nHead; // the newest stands where the oldest was: the ring turns by one
+            m_nHead = oldest + 1 == FULL_SIZE ? 0 : oldest + 1;
+            return m_ring[oldest];
         }
         if (m_nCount == m_ring.size()) {
             grow();
@@ -37,8 +42,8 @@ public:
         if (end >= m_ring.size()) {
             end -= m_ring.size();
         }
-        m_ring[end] = record;
         ++m_nCount;
+        return m_ring[end];
     }
 
     /// Take the newest record off. Only for a history that is not empty.
