@@ -98,32 +98,34 @@ void ButtonWindow::setCheck(bool checked) {
     }
 }
 
+bool ButtonWindow::isIconic() const {
+    return m_icon != nullptr || (style() & BS_ICON) != 0;
+}
+
+/// A button made for icons stays empty while it has none.
 void ButtonWindow::setIcon(HICON icon) {
-    if (m_icon != icon) {
-        m_icon = icon;
-        showFace();
-    }
-}
-
-void ButtonWindow::setText(const QString& text) {
-    m_text = text;
-    showFace();
-}
-
-/// A button made for icons stays empty while it has none. Its caption is for tool tip and accessibility then.
-void ButtonWindow::showFace() {
-    const bool iconic = m_icon != nullptr || (style() & BS_ICON) != 0;
-    m_button.setText(iconic ? QString() : m_text);
-    if (!iconic) {
+    if (m_icon == icon) {
         return;
     }
-    QString plain = m_text;
-    plain.remove(QLatin1Char('&'));
-    m_button.setToolTip(plain);
-    m_button.setAccessibleName(plain);
-    m_button.setIcon(m_icon != nullptr ? iconOf(m_icon) : QIcon());
-    const int room = std::min(m_button.width(), m_button.height()) - 2;
-    m_button.setIconSize(iconSizeFor(room));
+    const bool wasIconic = isIconic();
+    m_icon = icon;
+    m_button.setIcon(icon != nullptr ? iconOf(icon) : QIcon());
+    m_button.setIconSize(iconSizeFor(std::min(m_button.width(), m_button.height())));
+    if (wasIconic != isIconic()) {
+        setText(m_text);
+    }
+}
+
+/// The caption of a button that shows an icon is for tool tip and accessibility.
+void ButtonWindow::setText(const QString& text) {
+    m_text = text;
+    m_button.setText(isIconic() ? QString() : text);
+    if (isIconic()) {
+        QString plain = text;
+        plain.remove(QLatin1Char('&'));
+        m_button.setToolTip(plain);
+        m_button.setAccessibleName(plain);
+    }
 }
 
 void ButtonWindow::onClicked() {

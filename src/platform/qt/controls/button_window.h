@@ -24,7 +24,7 @@ private:
     bool isRadio() const { return type() == BS_RADIOBUTTON || type() == BS_AUTORADIOBUTTON; }
     void setCheck(bool checked);
     void setIcon(HICON icon);
-    void showFace();
+    bool isIconic() const;
     void onClicked();
     void uncheckGroup();
 
