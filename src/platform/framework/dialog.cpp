@@ -5,12 +5,27 @@
 #include "platform/resources.h"
 #include "platform/windows/dialog_manager.h"
 
+#include <map>
 #include <optional>
 
 BEGIN_MESSAGE_MAP(CDialog, CWnd)
 ON_COMMAND(IDOK, &CDialog::OnOK)
 ON_COMMAND(IDCANCEL, &CDialog::OnCancel)
 END_MESSAGE_MAP()
+
+namespace {
+
+/// A dialog of the library, read on first use; null when there is none of that id.
+const DialogTemplate* libraryDialog(UINT id) {
+    static auto& read = *new std::map<UINT, std::optional<DialogTemplate>>;
+    const auto [entry, isNew] = read.try_emplace(id);
+    if (isNew) {
+        entry->second = findDialog(AfxGetModuleState()->resources(), static_cast<int>(id));
+    }
+    return entry->second.has_value() ? &*entry->second : nullptr;
+}
+
+} // namespace
 
 CDialog::CDialog() = default;
 
@@ -21,8 +36,8 @@ CDialog::~CDialog() {
 }
 
 BOOL CDialog::Create(UINT nIDTemplate, CWnd* pParentWnd) {
-    const auto layout = findDialog(AfxGetModuleState()->resources(), static_cast<int>(nIDTemplate));
-    return layout.has_value() ? CreateIndirect(*layout, pParentWnd) : FALSE;
+    const DialogTemplate* const layout = libraryDialog(nIDTemplate);
+    return layout != nullptr ? CreateIndirect(*layout, pParentWnd) : FALSE;
 }
 
 BOOL CDialog::CreateIndirect(const DialogTemplate& layout, CWnd* pParentWnd) {
@@ -69,10 +84,9 @@ void CDialog::setInitialFocus() {
 }
 
 INT_PTR CDialog::DoModal() {
-    const auto layout = m_pLayout != nullptr
-                            ? std::optional(*m_pLayout)
-                            : findDialog(AfxGetModuleState()->resources(), static_cast<int>(m_nIDTemplate));
-    if (!layout.has_value()) {
+    const DialogTemplate* const layout =
+        m_pLayout != nullptr ? m_pLayout.get() : libraryDialog(m_nIDTemplate);
+    if (layout == nullptr) {
         return -1;
     }
     const HWND active = ::GetActiveWindow();

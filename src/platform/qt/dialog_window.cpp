@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <map>
 
 namespace qtbackend {
 
@@ -17,9 +18,15 @@ namespace {
 
 /// The average width of the Latin letters, as the windowing system takes it for its dialog units.
 int averageLetterWidth(const QFont& font) {
-    const QString letters = QStringLiteral("ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz");
-    const double width = QFontMetricsF(font).horizontalAdvance(letters) / static_cast<double>(letters.size());
-    return std::max(1, static_cast<int>(std::lround(width)));
+    static auto& measured = *new std::map<QString, int>; // by font
+    const auto [entry, isNew] = measured.try_emplace(font.key());
+    if (isNew) {
+        const QString letters = QStringLiteral("ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz");
+        const double width =
+            QFontMetricsF(font).horizontalAdvance(letters) / static_cast<double>(letters.size());
+        entry->second = std::max(1, static_cast<int>(std::lround(width)));
+    }
+    return entry->second;
 }
 
 /// value * numerator / denominator, rounded to the nearest.
