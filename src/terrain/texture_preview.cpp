@@ -134,6 +134,7 @@ void CTexturePreview::makeTintMap(const qxCColour& tint1, const qxCColour& tint2
             node.a = 255; // a tint's alpha plays no part
         }
     }
+    m_tintMap.resize(MAP_SIZE);
     fillBetweenNodes<qxCColour>(nodes, m_tintMap);
 }
 
@@ -147,6 +148,7 @@ void CTexturePreview::makeBlendMap(float blend, float variation) {
             node = value > 0.0F ? std::min(value, 1.0F) : 0.0F; // what is no number counts as 0
         }
     }
+    m_blendMap.resize(MAP_SIZE);
     fillBetweenNodes<float>(nodes, m_blendMap);
 }
 

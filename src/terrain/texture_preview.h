@@ -4,6 +4,8 @@
 #include "engine/qx_image_file.h"
 
 #include <array>
+#include <cstddef>
+#include <vector>
 
 class qxCMap;
 class qxCTexture;
@@ -16,6 +18,7 @@ class CTexturePreview {
 public:
     /// Edge of the tint and blend maps, in pixels. A larger base image repeats the maps.
     static constexpr int MAP_EDGE = 256;
+    static constexpr std::size_t MAP_SIZE = std::size_t{MAP_EDGE} * MAP_EDGE;
 
     /// What is kept between pictures, each with a ready flag.
     enum Item { TINT_MAP, BLEND_MAP, SMOOTH_IMAGE, ROUGH_IMAGE, COMPOSITE, ITEM_COUNT };
@@ -51,8 +54,9 @@ private:
 
     std::array<bool, ITEM_COUNT> m_ready = {};
     bool m_bHasComposite = false;                          ///< the composite made last is a picture to show
-    std::array<qxCColour, MAP_EDGE * MAP_EDGE> m_tintMap;  // row y, column x
-    std::array<float, MAP_EDGE* MAP_EDGE> m_blendMap = {}; // row y, column x
+    // Row y, column x; made with the first picture, as half a megabyte would slow the opening of every panel.
+    std::vector<qxCColour> m_tintMap;
+    std::vector<float> m_blendMap;
     qxCImageFile m_smoothImage;
     qxCImageFile m_roughImage;
     qxCImageFile m_composite;
