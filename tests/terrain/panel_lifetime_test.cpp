@@ -139,6 +139,7 @@ namespace {
 
 /// What the host's event loop does between two events.
 void deleteClosedWindows() {
+    QCoreApplication::sendPostedEvents();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
