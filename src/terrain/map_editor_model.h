@@ -3,7 +3,7 @@
 #include "engine/qx_colour.h"
 #include "terrain/tools/grid_area.h"
 
-#include <vector>
+#include <memory>
 
 class qxCMap;
 class qxCMapDetailRecord;
@@ -69,10 +69,10 @@ struct MapSelection {
 struct HeightSnapshot {
     enum class Owner { NONE, RAISE, MAGNET };
 
-    Owner owner = Owner::NONE; ///< whose it is; NONE: not taken in this stroke
-    GridArea area;             ///< the points held
-    std::vector<int> heights;  ///< rows of equal z, x ascending
-    int x = 0;                 ///< Magnet: the picked cell
+    Owner owner = Owner::NONE;      ///< whose it is; NONE: not taken in this stroke
+    GridArea area;                  ///< the points held
+    std::unique_ptr<int[]> heights; ///< rows of equal z, x ascending
+    int x = 0;                      ///< Magnet: the picked cell
     int z = 0;
     int radius = 0; ///< Magnet: in points
 };

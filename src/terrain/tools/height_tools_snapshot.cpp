@@ -10,6 +10,7 @@
 #include <array>
 #include <cmath>
 #include <cstddef>
+#include <memory>
 
 // Raise and Magnet: an update replaces the effect of the one before, so both work from the heights that the
 // first update found.
@@ -29,11 +30,11 @@ void takeSnapshot(CMapEditorModel& model, HeightSnapshot::Owner owner, const Gri
     const qxCMap& map = *model.m_pMap;
     HeightSnapshot& snapshot = model.m_heightBuffer;
     snapshot = {}; // the old buffer goes before the new one comes
-    snapshot.heights.resize(area.pointCount());
-    std::size_t next = 0;
+    snapshot.heights = std::make_unique_for_overwrite<int[]>(area.pointCount());
+    int* next = snapshot.heights.get();
     for (int z = area.z0; z <= area.z1; ++z) {
         for (int x = area.x0; x <= area.x1; ++x) {
-            snapshot.heights[next++] = map.getPointHeight(x, z);
+            *next++ = map.getPointHeight(x, z);
         }
     }
     snapshot.area = area;
@@ -52,7 +53,7 @@ void raiseSelection(CMapEditorModel& model, int amount) {
     }
     qxCMap& map = *model.m_pMap;
     const GridArea area = snapshot.area;
-    const int* height = snapshot.heights.data();
+    const int* height = snapshot.heights.get();
     for (int z = area.z0; z <= area.z1; ++z) {
         for (int x = area.x0; x <= area.x1; ++x) {
             map.setPointHeight(x, z, subtractSaturating(*height++, amount), true);
@@ -130,7 +131,7 @@ void magnet(CMapEditorModel& model, int amount) {
     const GridArea area = snapshot.area;
     const double middleX = snapshot.x + 0.5;
     const double middleZ = snapshot.z + 0.5;
-    const int* height = snapshot.heights.data();
+    const int* height = snapshot.heights.get();
     for (int z = area.z0; z <= area.z1; ++z) {
         for (int x = area.x0; x <= area.x1; ++x) {
             const double share = bumpShare(x - middleX, z - middleZ, snapshot.radius);
