@@ -127,6 +127,22 @@ TEST_F(WindowLifetime, AModalDialogGivesItsResult) {
     }
 }
 
+TEST_F(WindowLifetime, AModalDialogWithoutParentStandsOverTheActiveWindow) {
+    QWidget host;
+    host.show();
+    ASSERT_TRUE(ui::waitUntilActive(&host));
+    CDialog dialog;
+    dialog.InitModalIndirect(layout());
+    const QWidget* over = nullptr;
+    ModalSteps user({[&over](QWidget* window) {
+        over = window->parentWidget();
+        ui::press(Qt::Key_Escape);
+    }});
+    dialog.DoModal();
+    EXPECT_EQ(over, &host);
+    EXPECT_TRUE(ui::waitUntil([&host] { return host.isActiveWindow(); }));
+}
+
 class EndsAtOnce : public CDialog {
 protected:
     BOOL OnInitDialog() override {

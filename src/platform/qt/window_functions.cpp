@@ -165,7 +165,13 @@ HWND GetWindow(HWND window, UINT relation) {
 }
 
 HWND GetActiveWindow() {
-    return handleOf(QApplication::activeWindow());
+    const QWidget* const active = QApplication::activeWindow();
+    const HWND ours = handleOf(active);
+    if (active == nullptr || ours != nullptr) {
+        return ours;
+    }
+    const HWND hosts = reinterpret_cast<HWND>(active->winId());
+    return WindowRegistry::instance().findOrAdopt(hosts)->handle();
 }
 
 HWND SetActiveWindow(HWND window) {

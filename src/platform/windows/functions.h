@@ -60,6 +60,7 @@ HWND GetDlgItem(HWND dialog, int id);
 HWND GetParent(HWND window);
 /// Children come in the order of the template.
 HWND GetWindow(HWND window, UINT relation);
+/// The window of this process that has the keyboard, the host's ones included; null for none.
 HWND GetActiveWindow();
 HWND SetActiveWindow(HWND window);
 

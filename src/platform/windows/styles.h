@@ -22,8 +22,6 @@ inline constexpr DWORD BS_DEFPUSHBUTTON = 0x1;
 inline constexpr DWORD BS_CHECKBOX = 0x2;
 inline constexpr DWORD BS_AUTOCHECKBOX = 0x3;
 inline constexpr DWORD BS_RADIOBUTTON = 0x4;
-inline constexpr DWORD BS_3STATE = 0x5;
-inline constexpr DWORD BS_AUTO3STATE = 0x6;
 inline constexpr DWORD BS_GROUPBOX = 0x7;
 inline constexpr DWORD BS_AUTORADIOBUTTON = 0x9;
 inline constexpr DWORD BS_OWNERDRAW = 0xB;
@@ -59,6 +57,7 @@ inline constexpr DWORD LBS_MULTIPLESEL = 0x0008;
 inline constexpr DWORD LBS_EXTENDEDSEL = 0x0800;
 
 inline constexpr DWORD SBS_VERT = 0x0001;
+inline constexpr DWORD TBS_AUTOTICKS = 0x0001;
 inline constexpr DWORD TBS_VERT = 0x0002;
 
 inline constexpr DWORD UDS_WRAP = 0x0001;

@@ -88,6 +88,11 @@ SliderWindow::SliderWindow(Window& parent, const ControlTraits& traits)
           new QSlider((traits.window.style & TBS_VERT) != 0 ? Qt::Vertical : Qt::Horizontal, parent.widget()),
           parent, traits) {
     setRange(0, 100);
+    if ((style() & TBS_AUTOTICKS) != 0) {
+        auto& trackbar = static_cast<QSlider&>(slider());
+        trackbar.setTickPosition(QSlider::TicksBelow);
+        trackbar.setTickInterval(1);
+    }
 }
 
 LRESULT SliderWindow::process(UINT message, WPARAM wParam, LPARAM lParam) {
