@@ -1,6 +1,6 @@
-#include "platform/framework/button.h"
+#include "platform/framework/controls/button.h"
+#include "platform/framework/controls/scroll_bar.h"
 #include "platform/framework/message_state.h"
-#include "platform/framework/scroll_bar.h"
 #include "platform/framework/wnd.h"
 
 BEGIN_MESSAGE_MAP(CWnd, CCmdTarget)

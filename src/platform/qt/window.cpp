@@ -1,6 +1,6 @@
 #include "platform/qt/window.h"
 
-#include "platform/framework/scroll_bar.h"
+#include "platform/framework/controls/scroll_bar.h"
 #include "platform/qt/key_translation.h"
 #include "platform/qt/mouse_router.h"
 #include "platform/qt/native_event.h"

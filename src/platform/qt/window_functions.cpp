@@ -1,6 +1,6 @@
 #include "platform/windows/functions.h"
 
-#include "platform/framework/scroll_bar.h"
+#include "platform/framework/controls/scroll_bar.h"
 #include "platform/qt/native_event.h"
 #include "platform/qt/window_registry.h"
 

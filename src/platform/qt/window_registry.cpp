@@ -2,8 +2,8 @@
 
 #include "platform/qt/foreign_window.h"
 
-#include <QCoreApplication>
 #include <QApplication>
+#include <QCoreApplication>
 #include <QPointer>
 
 namespace qtbackend {

@@ -62,8 +62,8 @@ void endWindow(HWND window);
 
 /// Counts the modal dialogs run so far: a change tells that the user did other things meanwhile.
 int modalRuns();
-/// Marks a nested run of messages for a modal window. At its end the window that was active before is so again:
-/// not every window system sees to that.
+/// Marks a nested run of messages for a modal window. At its end the window that was active before is so
+/// again: not every window system sees to that.
 class ModalRun {
 public:
     ModalRun();

@@ -1,6 +1,6 @@
 #include "platform/qt/controls/combo_box_window.h"
 
-#include "platform/framework/combo_box.h"
+#include "platform/framework/controls/combo_box.h"
 #include "platform/qt/controls/text_items.h"
 #include "platform/windows/control_messages.h"
 

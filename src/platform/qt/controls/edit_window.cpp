@@ -1,6 +1,6 @@
 #include "platform/qt/controls/edit_window.h"
 
-#include "platform/framework/edit.h"
+#include "platform/framework/controls/edit.h"
 #include "platform/qt/controls/up_down_window.h"
 #include "platform/qt/mouse_router.h"
 #include "platform/qt/window_registry.h"

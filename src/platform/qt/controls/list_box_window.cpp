@@ -1,6 +1,6 @@
 #include "platform/qt/controls/list_box_window.h"
 
-#include "platform/framework/list_box.h"
+#include "platform/framework/controls/list_box.h"
 #include "platform/framework/message_state.h"
 #include "platform/qt/controls/text_items.h"
 #include "platform/windows/control_messages.h"

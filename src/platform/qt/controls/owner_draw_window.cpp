@@ -1,6 +1,6 @@
 #include "platform/qt/controls/owner_draw_window.h"
 
-#include "platform/framework/button.h"
+#include "platform/framework/controls/button.h"
 #include "platform/qt/device_context.h"
 #include "platform/windows/control_messages.h"
 

@@ -1,6 +1,6 @@
 #include "platform/qt/controls/progress_window.h"
 
-#include "platform/framework/progress_ctrl.h"
+#include "platform/framework/controls/progress_ctrl.h"
 #include "platform/windows/control_messages.h"
 
 #include <QProgressBar>

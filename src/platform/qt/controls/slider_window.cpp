@@ -1,8 +1,8 @@
 #include "platform/qt/controls/slider_window.h"
 
+#include "platform/framework/controls/scroll_bar.h"
+#include "platform/framework/controls/slider_ctrl.h"
 #include "platform/framework/message_state.h"
-#include "platform/framework/scroll_bar.h"
-#include "platform/framework/slider_ctrl.h"
 #include "platform/windows/control_messages.h"
 
 #include <QScrollBar>

@@ -1,6 +1,6 @@
 #include "platform/qt/controls/static_window.h"
 
-#include "platform/framework/static.h"
+#include "platform/framework/controls/static.h"
 
 #include <QGroupBox>
 #include <QLabel>

@@ -1,7 +1,7 @@
 #include "platform/qt/controls/tab_window.h"
 
+#include "platform/framework/controls/tab_ctrl.h"
 #include "platform/framework/message_state.h"
-#include "platform/framework/tab_ctrl.h"
 #include "platform/qt/controls/text_items.h"
 #include "platform/windows/control_messages.h"
 

@@ -1,6 +1,6 @@
 #include "platform/qt/controls/up_down_window.h"
 
-#include "platform/framework/spin_button_ctrl.h"
+#include "platform/framework/controls/spin_button_ctrl.h"
 #include "platform/qt/controls/edit_window.h"
 #include "platform/qt/window_registry.h"
 #include "platform/windows/control_messages.h"

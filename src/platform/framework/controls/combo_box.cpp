@@ -1,4 +1,4 @@
-#include "platform/framework/combo_box.h"
+#include "platform/framework/controls/combo_box.h"
 
 #include <string>
 

@@ -1,4 +1,4 @@
-#include "platform/framework/list_box.h"
+#include "platform/framework/controls/list_box.h"
 
 #include <string>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/framework/gdi_object.h"
+#include "platform/framework/drawing/gdi_object.h"
 #include "platform/windows/geometry.h"
 
 class CWnd;

@@ -1,4 +1,4 @@
-#include "platform/framework/button.h"
+#include "platform/framework/controls/button.h"
 
 BEGIN_MESSAGE_MAP(CButton, CWnd)
 END_MESSAGE_MAP()

@@ -1,4 +1,4 @@
-#include "platform/framework/gdi_object.h"
+#include "platform/framework/drawing/gdi_object.h"
 
 BOOL CGdiObject::DeleteObject() {
     m_pOwned.reset();

@@ -1,4 +1,4 @@
-#include "platform/framework/dc.h"
+#include "platform/framework/drawing/dc.h"
 
 #include "platform/framework/wnd.h"
 
