@@ -1,8 +1,10 @@
 #pragma once
 
-/// The map editor's controls that the tour uses, by their ids on the panel.
 namespace tour {
 
+inline constexpr int MAP_EDITOR = 212; // the panel's template
+
+// Its controls, by their ids on the panel.
 inline constexpr int TOOL_SELECT = 1399;
 inline constexpr int TOOL_RAISE = 1401;
 inline constexpr int TOOL_SET_HEIGHT = 1405;
@@ -24,5 +26,36 @@ inline constexpr int CHECKERBOARD = 2021;
 inline constexpr int FOG = 2026;
 inline constexpr int EXPAND = 2012;
 inline constexpr int CLOSE = 2000;
+inline constexpr int TOOL_PAINT = 1430;
+inline constexpr int TOOL_ADD_POINT_DETAIL = 1428;
+inline constexpr int SMOOTH_TEXTURE = 1020;
+inline constexpr int ROUGH_TEXTURE = 1021;
+inline constexpr int DETAIL_TEXTURE = 1023;
+inline constexpr int INSERT_DEFINITION = 1638;
+inline constexpr int BLEND = 1629;
+
+// Places on the sample map where the session works: cells, and heights in its units.
+inline constexpr int WORK_X = 196;
+inline constexpr int WORK_Z = 146;
+inline constexpr int HILL_X = 186;
+inline constexpr int HILL_Z = 150;
+inline constexpr int CONE_X = 200;
+inline constexpr int CONE_Z = 158;
+inline constexpr int FIELD_X0 = 198;
+inline constexpr int FIELD_Z0 = 137;
+inline constexpr int FIELD_X1 = 209;
+inline constexpr int FIELD_Z1 = 145;
+inline constexpr int ROAD_X0 = 184;
+inline constexpr int ROAD_X1 = 206;
+inline constexpr int ROAD_Z = 148;
+inline constexpr int ROAD_HEIGHT = 350;
+inline constexpr int VALLEY_X = 234;
+inline constexpr int VALLEY_Z = 228;
+inline constexpr int WATER_LEVEL = 325;
+inline constexpr int CURSOR_X = 188;
+inline constexpr int CURSOR_Z = 157;
+inline constexpr int BUSH_X = 184;
+inline constexpr int BUSH_Z = 159;
+inline constexpr int BUSHES = 6;
 
 } // namespace tour

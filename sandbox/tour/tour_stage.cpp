@@ -1,16 +1,21 @@
 #include "sandbox/tour/tour_stage.h"
 
+#include "sandbox/tour/tour_controls.h"
+
+#include <QAbstractButton>
+#include <QAction>
 #include <QApplication>
 #include <QPainter>
 #include <QPolygonF>
 #include <QScreen>
+#include <QTabBar>
 #include <QToolBar>
 #include <algorithm>
+#include <bit>
 #include <utility>
 
 namespace {
 
-constexpr int MAP_EDITOR = 212;
 constexpr int PANEL_MARGIN = 24;
 
 /// The window system's pointer is not part of a picture of the screen.
@@ -48,11 +53,34 @@ QWidget* CTourStage::dialog(int templateId) const {
 }
 
 QWidget& CTourStage::control(int id) {
-    QWidget* panel = dialog(MAP_EDITOR);
+    QWidget* panel = dialog(tour::MAP_EDITOR);
     require(panel != nullptr, "the map editor is not open");
     auto* widget = panel->findChild<QWidget*>(QString::number(id));
     require(widget != nullptr, QString("the map editor has no control %1").arg(id));
     return *widget;
+}
+
+void CTourStage::chooseTool(int tool) {
+    clickControl(tool);
+    const auto* button = qobject_cast<QAbstractButton*>(&control(tool));
+    require(button != nullptr && button->isChecked(), QString("tool %1 is not down after a click").arg(tool));
+}
+
+void CTourStage::setStrength(Qt::Key end) {
+    QWidget& slider = control(tour::STRENGTH);
+    slider.setFocus();
+    m_hands.strike(slider, end);
+}
+
+void CTourStage::showTab(int index) {
+    QWidget& tabs = control(tour::TABS);
+    auto* bar = qobject_cast<QTabBar*>(&tabs);
+    if (bar == nullptr) {
+        bar = tabs.findChild<QTabBar*>();
+    }
+    require(bar != nullptr, "the tabs cannot be found");
+    m_hands.click(*bar, QRectF(bar->tabRect(index)).center());
+    require(bar->currentIndex() == index, QString("tab %1 does not come forward").arg(index));
 }
 
 void CTourStage::enterNumber(QWidget& field, int number) {
@@ -78,13 +106,15 @@ QPointF CTourStage::placeOf(double x, double z) {
     return *place;
 }
 
-std::uint64_t CTourStage::heightsHash() {
+std::uint64_t CTourStage::mapHash() {
     constexpr std::uint64_t OFFSET = 14695981039346656037ULL; // FNV-1a
     constexpr std::uint64_t PRIME = 1099511628211ULL;
     std::uint64_t hash = OFFSET;
-    for (const std::uint16_t height : map().getHeights()) {
-        hash = (hash ^ height) * PRIME;
-    }
+    const auto fold = [&hash](std::uint32_t value) { hash = (hash ^ value) * PRIME; };
+    std::ranges::for_each(map().getHeights(), fold);
+    std::ranges::for_each(map().getBlends(), fold);
+    std::ranges::for_each(map().getColours(),
+                          [&](const qxCColour& colour) { fold(std::bit_cast<std::uint32_t>(colour)); });
     return hash;
 }
 
@@ -115,7 +145,7 @@ QImage CTourStage::takeStepPicture() {
 }
 
 void CTourStage::movePanelAside() {
-    QWidget* panel = dialog(MAP_EDITOR);
+    QWidget* panel = dialog(tour::MAP_EDITOR);
     require(panel != nullptr, "the map editor is not open");
     const QRect frame = view().rect().translated(view().mapToGlobal(QPoint()));
     panel->move(frame.right() - panel->width() - PANEL_MARGIN, frame.top() + PANEL_MARGIN);

@@ -31,6 +31,12 @@ public:
     /// A control of the map editor panel; fails the step when the panel or the control is not there.
     QWidget& control(int id);
     void clickControl(int id) { m_hands.click(control(id)); }
+    /// Press a tool's button and see it stay down.
+    void chooseTool(int tool);
+    /// Move the strength slider to one of its ends.
+    void setStrength(Qt::Key end);
+    /// Bring a tab forward: 0 Terrain, 1 Details.
+    void showTab(int index);
     /// Put a number into a field of the panel or of the tool bar, in place of what stands there, and Enter.
     void enterNumber(QWidget& field, int number);
     /// Click the tool bar's button for the action of this object name.
@@ -39,8 +45,8 @@ public:
     QPointF placeOf(double x, double z);
     /// Where the middle of a cell is seen.
     QPointF placeOfCell(int x, int z) { return placeOf(x + 0.5, z + 0.5); }
-    /// Fold of all heights into one number.
-    std::uint64_t heightsHash();
+    /// Fold of all that undo restores, heights, colours and blends, into one number.
+    std::uint64_t mapHash();
     int markedPoints();
     int waterPoints();
 

@@ -7,6 +7,7 @@
 #include <QOpenGLContext>
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cmath>
 
 namespace {
@@ -19,6 +20,21 @@ constexpr double EYE_CLEARANCE = 1.0;    // world units above the ground
 constexpr double LONGEST_PAUSE = 0.1;    // seconds of flight that one picture may cover
 constexpr double LONGEST_INTERVAL = 0.5; // seconds between pictures of one movement
 constexpr double WHEEL_STEP = 120.0;     // eighths of a degree
+
+/// Detail records are edited in place without a count, so their values take part in the map's state.
+std::uint64_t foldDetails(std::uint64_t state, const CDetailList& details) {
+    constexpr std::uint64_t PRIME = 1099511628211ULL; // FNV-1a
+    for (int i = 0; i < details.size(); ++i) {
+        const qxCMapDetailRecord& detail = details[i];
+        for (const qxCVector3d& point : {detail.point0, detail.point1, detail.point2}) {
+            for (const float value : {point.x, point.y, point.z}) {
+                state = (state ^ std::bit_cast<std::uint32_t>(value)) * PRIME;
+            }
+        }
+        state = (state ^ detail.highlighted) * PRIME;
+    }
+    return state;
+}
 
 bool isRound(const QMouseEvent& event) {
     return event.button() == Qt::MiddleButton ||
@@ -140,7 +156,7 @@ std::uint64_t CMapView::mapState() const {
     }
     const qxCScene* scene = m_pMap->getScene();
     const bool foggy = scene != nullptr && scene->getFogMode() == qxFogModeOn;
-    return state * 2 + (foggy ? 1 : 0);
+    return foldDetails(state * 2 + (foggy ? 1 : 0), m_pMap->getDetails());
 }
 
 void CMapView::noticeChanges() {

@@ -32,6 +32,7 @@ void CTerrainRenderer::create() {
     m_ground = makeProgram("terrain");
     m_water = makeProgram("water");
     m_mesh.create();
+    m_details.create();
     m_overlay.create();
     using EUnit = CPointTextures::EUnit;
     m_ground->bind();
@@ -54,6 +55,7 @@ void CTerrainRenderer::create() {
 void CTerrainRenderer::destroy() {
     m_points.destroy();
     m_mesh.destroy();
+    m_details.destroy();
     m_overlay.destroy();
     m_baseTextures = {};
     m_noArrays.destroy();
@@ -98,6 +100,8 @@ void CTerrainRenderer::draw(const CViewCamera& camera, QSize viewPixels, double 
         }
     }
     drawGround(camera, viewPixels, options);
+    drawDetails(camera, worldToClip);
+    m_points.bind(); // the details used one of its units
     drawWater(worldToClip);
     m_overlay.draw(heightFieldOf(*m_pMap), m_pMap->getEditCursors(), worldToClip, viewPixels, pixelRatio);
 }
@@ -114,6 +118,7 @@ void CTerrainRenderer::takeChanges(bool hurried) {
 }
 
 void CTerrainRenderer::refreshBaseTextures() {
+    m_details.forgetTextures();
     m_nTextureChanges = m_pMap->getChangeCount(EMapChange::textures);
     for (const qxMapLayerType layer : {qxMapLayerSmooth, qxMapLayerRough, qxMapLayerWater}) {
         m_baseTextures[static_cast<std::size_t>(layer)] = loadBaseTexture(m_pMap->getTexture(layer));
@@ -165,6 +170,20 @@ void CTerrainRenderer::drawGround(const CViewCamera& camera, QSize viewPixels, c
     }
     m_mesh.draw(m_chunks.select(camera, aspect, viewPixels.height(), LEVEL_TOLERANCE));
     glFunctions()->glPolygonMode(GL_FRONT_AND_BACK, GL_FILL);
+}
+
+void CTerrainRenderer::drawDetails(const CViewCamera& camera, const QMatrix4x4& worldToClip) {
+    if (m_pMap->getDetails().size() == 0) {
+        return;
+    }
+    QOpenGLShaderProgram& program = m_details.program();
+    program.bind();
+    setSceneUniforms(program);
+    program.setUniformValue("uWorldToClip", worldToClip);
+    program.setUniformValue("uTexture", 0);
+    program.setUniformValue("uAmbient", toVector(m_pMap->getAmbient()));
+    program.setUniformValue("uDiffuse", toVector(m_pMap->getDiffuse()));
+    m_details.draw(*m_pMap, heightFieldOf(*m_pMap), camera.right());
 }
 
 void CTerrainRenderer::drawWater(const QMatrix4x4& worldToClip) {

@@ -2,12 +2,13 @@
 
 #include "sandbox/core/chunk_grid.h"
 #include "sandbox/view/chunk_mesh.h"
+#include "sandbox/view/detail_renderer.h"
 #include "sandbox/view/ground_overlay.h"
 #include "sandbox/view/point_textures.h"
 #include "sandbox/view/view_options.h"
 
-/// Draws one map with sky, ground, water and edit cursors. Owns everything it made in the context that was
-/// current at create(), which must be current at every later call.
+/// Draws one map with sky, ground, details, water and edit cursors. Owns everything it made in the context
+/// that was current at create(), which must be current at every later call.
 class CTerrainRenderer {
 public:
     void create();
@@ -26,6 +27,7 @@ private:
     void takeChanges(bool hurried);
     void drawSky(const QMatrix4x4& worldToClip);
     void drawGround(const CViewCamera& camera, QSize viewPixels, const CViewOptions& options);
+    void drawDetails(const CViewCamera& camera, const QMatrix4x4& worldToClip);
     void drawWater(const QMatrix4x4& worldToClip);
     void setSceneUniforms(QOpenGLShaderProgram& program) const;
     void refreshBaseTextures();
@@ -34,6 +36,7 @@ private:
     CPointTextures m_points;
     CChunkGrid m_chunks;
     CChunkMesh m_mesh;
+    CDetailRenderer m_details;
     CGroundOverlay m_overlay;
     QOpenGLVertexArrayObject m_noArrays; // core profile: even a draw without attributes needs one
     std::unique_ptr<QOpenGLShaderProgram> m_sky;

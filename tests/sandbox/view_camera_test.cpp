@@ -1,4 +1,5 @@
 #include "sandbox/core/cursor_shape.h"
+#include "sandbox/core/detail_mesh.h"
 #include "sandbox/core/height_field.h"
 #include "sandbox/core/view_camera.h"
 
@@ -99,6 +100,35 @@ TEST(CursorShape, QuartersOfThePlusCloseARing) {
     }
     EXPECT_TRUE(cursorShape(16).lines.empty());
     EXPECT_TRUE(cursorShape(-1).lines.empty());
+}
+
+/// A point detail of half size 0.5 and scalar 2 is a cell wide and two high, and faces whoever looks; a quad
+/// follows the ground between its corners and its lift.
+TEST(DetailMesh, DetailsStandAndLieOnTheGround) {
+    const std::vector<std::uint16_t> heights{0, 10, 20, 0, 10, 20, 0, 10, 20}; // rises along x
+    const CHeightField field{2, 0.5, heights.data()};
+    qxCMapDetailRecord detail;
+    detail.point0 = {0.5F, 0.25F, 0.5F};
+    detail.point1 = {1.5F, 0.25F, 0.5F};
+    detail.point2 = {0.5F, 0.25F, 1.5F};
+    detail.highlighted = 1;
+    for (const CDetailVertex& vertex : detailMesh(field, detail, {1, 0, 0})) {
+        EXPECT_FLOAT_EQ(vertex.place[1], vertex.place[0] * 5.0F + 0.25F);
+        EXPECT_EQ(vertex.highlight, 1.0F);
+    }
+    detail.type = qxDetailTypePoint;
+    detail.scalar = 2.0F;
+    float widest = 0.0F;
+    float highest = 0.0F;
+    for (const CDetailVertex& vertex : detailMesh(field, detail, {0, 0, 1})) {
+        EXPECT_FLOAT_EQ(vertex.place[0], 1.0F) << "it faces along x";
+        widest = std::max(widest, std::abs(vertex.place[2] - 1.0F));
+        highest = std::max(highest, vertex.place[1]);
+    }
+    EXPECT_FLOAT_EQ(widest, 0.5F);
+    EXPECT_FLOAT_EQ(highest, 5.0F + 0.25F + 2.0F);
+    detail.point1.x = std::nanf("");
+    EXPECT_TRUE(detailMesh(field, detail, {1, 0, 0}).empty());
 }
 
 TEST(HeightField, GroundBetweenPointsFoldsAlongTheDrawnDiagonal) {

@@ -1,0 +1,100 @@
+#include "sandbox/tour/tour_acts.h"
+#include "sandbox/tour/tour_controls.h"
+
+#include <QPainter>
+#include <algorithm>
+
+namespace tour {
+
+namespace {
+
+constexpr QSize CLOSE_UP(200, 150);
+
+/// Rest the pointer at a place of one cell and require a cursor of this kind among those that show.
+void requireCursor(CTourStage& stage, double u, double v, int kind) {
+    stage.hands().moveTo(stage.view(), stage.placeOf(CURSOR_X + u, CURSOR_Z + v));
+    const auto cursors = stage.map().getEditCursors();
+    const bool shown =
+        std::ranges::any_of(cursors, [&](const CEditCursor& cursor) { return cursor.kind == kind; });
+    require(shown, QString("no cursor of kind %1").arg(kind));
+}
+
+struct CCursorView {
+    int tool;
+    int brush;
+    double u;
+    double v;
+    int kind;
+};
+
+/// The view around the pointer, for a sheet of pictures side by side.
+QImage takeCloseUp(CTourStage& stage) {
+    const QImage picture = stage.takePicture();
+    const QPoint pointer = stage.hands().screenPlace() - stage.window().geometry().topLeft();
+    QRect part(QPoint(), CLOSE_UP);
+    part.moveCenter(pointer);
+    return picture.copy(part);
+}
+
+QImage composeSheet(const std::vector<QImage>& pictures) {
+    constexpr int COLUMNS = 5;
+    constexpr int GAP = 4;
+    const int rows = (static_cast<int>(pictures.size()) + COLUMNS - 1) / COLUMNS;
+    QImage sheet(COLUMNS * (CLOSE_UP.width() + GAP) - GAP, rows * (CLOSE_UP.height() + GAP) - GAP,
+                 QImage::Format_RGB32);
+    sheet.fill(Qt::white);
+    QPainter painter(&sheet);
+    for (int i = 0; i < static_cast<int>(pictures.size()); ++i) {
+        painter.drawImage(i % COLUMNS * (CLOSE_UP.width() + GAP), i / COLUMNS * (CLOSE_UP.height() + GAP),
+                          pictures[static_cast<std::size_t>(i)]);
+    }
+    return sheet;
+}
+
+} // namespace
+
+/// Every kind of cursor there is, each at the same cell, on one sheet.
+void showEveryCursor(CTourStage& stage) {
+    constexpr std::array<CCursorView, 14> CURSORS{{
+        {TOOL_RAISE, BRUSH_CELL, 0.5, 0.4, 0},
+        {TOOL_RAISE, BRUSH_EDGE, 0.06, 0.5, 1},
+        {TOOL_RAISE, BRUSH_EDGE, 0.5, 0.06, 2},
+        {TOOL_RAISE, BRUSH_EDGE, 0.94, 0.5, 3},
+        {TOOL_RAISE, BRUSH_EDGE, 0.5, 0.94, 4},
+        {TOOL_RAISE, BRUSH_CORNER, 0.1, 0.2, 5},
+        {TOOL_RAISE, BRUSH_CORNER, 0.9, 0.2, 6},
+        {TOOL_RAISE, BRUSH_CORNER, 0.1, 0.8, 7},
+        {TOOL_RAISE, BRUSH_CORNER, 0.9, 0.8, 8},
+        {TOOL_RAISE, BRUSH_EDGE, 0.3, 0.3, 9},
+        {TOOL_RAISE, BRUSH_EDGE, 0.7, 0.3, 10},
+        {TOOL_RAISE, BRUSH_PLUS, 0.5, 0.4, 13},
+        {TOOL_RAISE, BRUSH_FOUR_CELLS, 0.5, 0.4, 0},
+        {TOOL_RAISE, BRUSH_DISC, 0.5, 0.4, 0},
+    }};
+    stage.hands().turnWheel(stage.view(), stage.placeOfCell(CURSOR_X, CURSOR_Z), 10);
+    std::vector<QImage> closeUps;
+    for (const CCursorView& cursor : CURSORS) {
+        stage.chooseTool(cursor.tool);
+        stage.clickControl(cursor.brush);
+        requireCursor(stage, cursor.u, cursor.v, cursor.kind);
+        closeUps.push_back(takeCloseUp(stage));
+    }
+    stage.showTab(1);
+    requireCursor(stage, 0.5, 0.4, 15);
+    closeUps.push_back(takeCloseUp(stage));
+    stage.hands().turnWheel(stage.view(), stage.placeOfCell(CURSOR_X, CURSOR_Z), -4);
+    stage.setStepPicture(composeSheet(closeUps));
+}
+
+void showDetailHighlight(CTourStage& stage) {
+    stage.hands().moveTo(stage.view(), stage.placeOfCell(BUSH_X + 4, BUSH_Z));
+    const CDetailList& details = stage.map().getDetails();
+    int highlighted = 0;
+    for (int i = 0; i < details.size(); ++i) {
+        highlighted += details[i].highlighted;
+    }
+    require(highlighted == 1,
+            QString("%1 details are highlighted, not the one under the pointer").arg(highlighted));
+}
+
+} // namespace tour

@@ -1,0 +1,93 @@
+#include "sandbox/tour/tour_acts.h"
+#include "sandbox/tour/tour_controls.h"
+
+#include "host/veskutil.h"
+#include "sandbox/app/heightmap_file.h"
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QTemporaryDir>
+#include <cmath>
+#include <set>
+
+namespace tour {
+
+void showLandscape(CTourStage& stage) {
+    QImage picture = stage.takePicture();
+    std::set<QRgb> colours;
+    for (int y = 0; y < picture.height(); y += 7) {
+        for (int x = 0; x < picture.width(); x += 7) {
+            colours.insert(picture.pixel(x, y));
+        }
+    }
+    require(colours.size() > 500, QString("the picture has only %1 colours").arg(colours.size()));
+    require(stage.view().pick(QRectF(stage.view().rect()).center()).has_value(),
+            "no ground in the view's middle");
+}
+
+void comeCloser(CTourStage& stage) {
+    const CViewCamera before = stage.view().camera();
+    const QPointF middle = QRectF(stage.view().rect()).center();
+    stage.hands().drag(stage.view(), middle, middle + QPointF(-60, 30), Qt::MiddleButton);
+    stage.hands().turnWheel(stage.view(), stage.placeOfCell(WORK_X, WORK_Z), 10);
+    const CViewCamera& after = stage.view().camera();
+    require(after.pivotDistance() < before.pivotDistance() * 0.25,
+            "the wheel does not bring the ground nearer");
+    require(std::abs(after.forward()[0] - before.forward()[0]) > 0.2, "a drag does not turn the map");
+}
+
+void openEditor(CTourStage& stage) {
+    stage.hands().strike(stage.window(), Qt::Key_M);
+    require(waitUntil([&] { return vuIsEditorActive() && stage.dialog(MAP_EDITOR) != nullptr; }),
+            "the map editor does not open");
+    stage.movePanelAside();
+}
+
+void expandPanel(CTourStage& stage) {
+    stage.clickControl(FOG);
+    const int narrow = stage.dialog(MAP_EDITOR)->width();
+    stage.clickControl(EXPAND);
+    stage.movePanelAside();
+    require(stage.dialog(MAP_EDITOR)->width() > narrow * 3 / 2, "the panel does not show its full layout");
+}
+
+void foldPanel(CTourStage& stage) {
+    const int wide = stage.dialog(MAP_EDITOR)->width();
+    stage.clickControl(EXPAND);
+    stage.movePanelAside();
+    require(stage.dialog(MAP_EDITOR)->width() < wide * 2 / 3, "the panel does not show its simple layout");
+}
+
+void closePanel(CTourStage& stage) {
+    stage.showTab(0);
+    stage.chooseTool(TOOL_MAGNET);
+    stage.clickControl(CLOSE);
+    require(waitUntil([&] { return !vuIsEditorActive() && stage.dialog(MAP_EDITOR) == nullptr; }),
+            "the panel does not close");
+    QAction* action = stage.window().findChild<QAction*>("map-editor");
+    require(waitUntil([&] { return !action->isChecked(); }), "the menu still shows the panel as open");
+    require(stage.map().getEditCursors().empty(), "the edit cursor is still on the ground");
+}
+
+void reopenPanel(CTourStage& stage) {
+    stage.window().activateWindow();
+    openEditor(stage);
+    const auto* magnet = qobject_cast<QAbstractButton*>(&stage.control(TOOL_MAGNET));
+    require(magnet != nullptr && magnet->isChecked(), "the tool is not remembered");
+    const std::uint64_t before = stage.mapHash();
+    stage.clickControl(UNDO);
+    require(stage.mapHash() != before, "the history is not remembered");
+}
+
+void saveMap(CTourStage& stage) {
+    require(stage.window().isWindowModified(), "the title does not tell of changes");
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("sculpted.png");
+    const QString failure = stage.window().saveMap(path);
+    require(failure.isEmpty(), failure);
+    require(!stage.window().isWindowModified(), "the title still tells of changes");
+    const CHeightmapReading saved = readHeightmapFile(path);
+    require(std::ranges::equal(saved.map.heights, stage.map().getHeights()), "the saved heights differ");
+}
+
+} // namespace tour
