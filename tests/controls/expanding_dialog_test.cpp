@@ -1,9 +1,8 @@
 #include "controls/editor_dialog.h"
 
 #include "platform/dialog_template.h"
+#include "support/ui_driver.h"
 
-#include <QAbstractButton>
-#include <QApplication>
 #include <QTest>
 #include <QTimer>
 #include <QWidget>
@@ -85,20 +84,13 @@ protected:
         m_dialog = std::make_unique<CTestDialog>(frameId, toggleId, keepToggle);
         EXPECT_TRUE(m_dialog->CreateIndirect(layout(), nullptr));
         window()->activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(window()));
+        EXPECT_TRUE(ui::waitUntilActive(window()));
         return *m_dialog;
     }
 
-    static QWidget* window() {
-        for (QWidget* candidate : QApplication::topLevelWidgets()) {
-            if (candidate->objectName() == "dialog-7" && candidate->isVisible()) {
-                return candidate;
-            }
-        }
-        return nullptr;
-    }
-    static QWidget* control(int id) { return window()->findChild<QWidget*>(QString::number(id)); }
-    static void click(int id) { QTest::mouseClick(control(id), Qt::LeftButton); }
+    static QWidget* window() { return ui::dialog(7); }
+    static QWidget* control(int id) { return &ui::control(*window(), id); }
+    static void click(int id) { ui::click(*control(id)); }
 
     CRect rectOf(int id) const {
         CRect rect;

@@ -4,6 +4,5 @@ find_package(Qt6 REQUIRED COMPONENTS Widgets)
 vesk_test(test_random_session
     SOURCES random_session.cpp random_session_compare.cpp random_session_core.cpp random_session_exports.cpp
             random_session_reference.cpp random_session_reference_tools.cpp random_session_test.cpp
-    LIBRARIES vesk_host Qt6::Widgets
-    TIMEOUT 900
-    ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
+    LIBRARIES vesk_host vesk_ui_test_support
+    TIMEOUT 900)

@@ -3,6 +3,7 @@
 #include "host/module_state.h"
 #include "host/veskutil.h"
 #include "resources/resource_ids.h"
+#include "support/ui_driver.h"
 #include "terrain/map_editor_dlg.h"
 
 #include <QAbstractButton>
@@ -35,7 +36,7 @@ void PanelTest::open(qxCMap& other, bool fullEditing) {
     ASSERT_TRUE(vuIsEditorActive());
     ASSERT_NE(panel(), nullptr);
     panel()->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(panel()));
+    ASSERT_TRUE(ui::waitUntilActive(panel()));
 }
 
 void PanelTest::reopen() {
@@ -44,12 +45,7 @@ void PanelTest::reopen() {
 }
 
 QWidget* PanelTest::panel() {
-    for (QWidget* window : QApplication::topLevelWidgets()) {
-        if (window->objectName() == "dialog-212" && window->isVisible()) {
-            return window;
-        }
-    }
-    return nullptr;
+    return ui::dialog(IDD_MAP_EDITOR);
 }
 
 CMapEditorDlg& PanelTest::model() {
@@ -57,11 +53,7 @@ CMapEditorDlg& PanelTest::model() {
 }
 
 QWidget* PanelTest::control(int id) {
-    auto* const found = panel()->findChild<QWidget*>(QString::number(id));
-    if (found == nullptr) {
-        throw std::runtime_error("the panel has no control " + std::to_string(id));
-    }
-    return found;
+    return &ui::control(*panel(), id);
 }
 
 bool PanelTest::isEnabled(int id) {
@@ -110,23 +102,21 @@ QString PanelTest::selectedTab() {
 }
 
 void PanelTest::click(int id) {
-    QTest::mouseClick(control(id), Qt::LeftButton);
+    ui::click(*control(id));
 }
 
 void PanelTest::press(int id, Qt::Key key) {
     control(id)->setFocus();
-    QTest::keyClick(control(id), key);
+    ui::press(key);
 }
 
 void PanelTest::type(int id, const QString& newText) {
-    QTest::mouseClick(control(id), Qt::LeftButton);
-    QTest::keyClick(control(id), Qt::Key_A, Qt::ControlModifier);
-    QTest::keyClicks(control(id), newText);
+    ui::type(*control(id), newText);
 }
 
 void PanelTest::selectTab(int index) {
     QTabBar* const bar = tabBar(control(IDC_TOOL_TABS));
-    QTest::mouseClick(bar, Qt::LeftButton, Qt::NoModifier, bar->tabRect(index).center());
+    ui::click(*bar, bar->tabRect(index).center());
 }
 
 void PanelTest::expand() {
@@ -156,7 +146,7 @@ QString PanelTest::messageDuring(const std::function<void()>& action,
     look.start(0);
     action();
     if (panel() != nullptr) {
-        EXPECT_TRUE(QTest::qWaitForWindowActive(panel()));
+        EXPECT_TRUE(ui::waitUntilActive(panel()));
     }
     return shown;
 }

@@ -3,11 +3,11 @@
 #include "host/module_state.h"
 #include "host/veskutil.h"
 #include "resources/resource_ids.h"
+#include "support/ui_driver.h"
 #include "terrain/map_editor_dlg.h"
 #include "terrain/map_undo_list.h"
 
 #include <QApplication>
-#include <QEvent>
 #include <QTest>
 
 #include <functional>
@@ -135,16 +135,6 @@ TEST_F(PanelTest, GoesDownWithTheHostsWindow) {
     EXPECT_TRUE(vuIsEditorActive());
 }
 
-namespace {
-
-/// What the host's event loop does between two events.
-void deleteClosedWindows() {
-    QCoreApplication::sendPostedEvents();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-}
-
-} // namespace
-
 TEST_F(PanelTest, OpensAndClosesAThousandTimesEachWay) {
     struct Way {
         const char* name;
@@ -161,7 +151,7 @@ TEST_F(PanelTest, OpensAndClosesAThousandTimesEachWay) {
             way.close();
             ASSERT_FALSE(vuIsEditorActive());
             ASSERT_EQ(panel(), nullptr);
-            deleteClosedWindows();
+            ui::settle(); // the host's event loop turns
         }
     }
 }
