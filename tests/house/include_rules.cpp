@@ -4,8 +4,8 @@
 #include <fstream>
 #include <functional>
 #include <optional>
-#include <regex>
 #include <set>
+#include <string_view>
 
 namespace house {
 namespace {
@@ -50,7 +50,8 @@ constexpr const char* MODULE_STATE = "host/module_state.h";
 const Room* roomOf(const std::string& file) {
     const Room* found = nullptr;
     for (const Room& room : rooms()) {
-        if (file.starts_with(room.prefix) && (found == nullptr || room.prefix.size() > found->prefix.size())) {
+        if (file.starts_with(room.prefix) &&
+            (found == nullptr || room.prefix.size() > found->prefix.size())) {
             found = &room;
         }
     }
@@ -66,7 +67,9 @@ bool isQtHeader(const std::string& name) {
     return name.starts_with("Q") || name.starts_with("qpa/") || name.starts_with("qt");
 }
 
-bool isOpenAlHeader(const std::string& name) { return name.starts_with("AL/"); }
+bool isOpenAlHeader(const std::string& name) {
+    return name.starts_with("AL/");
+}
 
 std::optional<std::string> refuseSystem(System allowed, const std::string& name) {
     if (allowed == System::Anything || isStandardHeader(name)) {
@@ -85,14 +88,16 @@ std::optional<std::string> refuseSystem(System allowed, const std::string& name)
     return std::nullopt;
 }
 
-std::optional<std::string> refuseQuoted(const Room& room, const std::string& file, const std::string& target) {
+std::optional<std::string> refuseQuoted(const Room& room, const std::string& file,
+                                        const std::string& target) {
     if (target == MODULE_STATE && room.prefix != "src/engine/" && !file.starts_with("sandbox/")) {
         return std::nullopt;
     }
     if (file == std::string("src/") + MODULE_STATE) {
         return target.starts_with("platform/")
                    ? std::nullopt
-                   : std::optional<std::string>("module-wide state names classes by forward declaration only");
+                   : std::optional<std::string>(
+                         "module-wide state names classes by forward declaration only");
     }
     const bool allowed = std::any_of(room.mayUse.begin(), room.mayUse.end(),
                                      [&](const std::string& prefix) { return target.starts_with(prefix); });
@@ -106,15 +111,35 @@ std::optional<std::string> refuseQuoted(const Room& room, const std::string& fil
     return std::nullopt;
 }
 
+/// The include directive on a line, if it has one.
+std::optional<Include> parseLine(std::string_view text, int line) {
+    const auto skipSpace = [&text] {
+        text.remove_prefix(std::min(text.find_first_not_of(" \t"), text.size()));
+    };
+    skipSpace();
+    if (!text.starts_with('#')) {
+        return std::nullopt;
+    }
+    text.remove_prefix(1);
+    skipSpace();
+    if (!text.starts_with("include")) {
+        return std::nullopt;
+    }
+    const std::size_t opening = text.find_first_of("<\"");
+    const std::size_t closing = text.find_last_of(">\"");
+    if (opening == std::string_view::npos || closing <= opening) {
+        return std::nullopt;
+    }
+    return Include{std::string(text.substr(opening + 1, closing - opening - 1)), text[opening] == '"', line};
+}
+
 std::vector<Include> readFile(const fs::path& path) {
-    static const std::regex pattern(R"(^\s*#\s*include\s*([<"])([^>"]+)[>"])");
     std::vector<Include> found;
     std::ifstream stream(path);
     std::string text;
     for (int line = 1; std::getline(stream, text); ++line) {
-        std::smatch match;
-        if (std::regex_search(text, match, pattern)) {
-            found.push_back({match[2].str(), match[1].str() == "\"", line});
+        if (const std::optional<Include> include = parseLine(text, line)) {
+            found.push_back(*include);
         }
     }
     return found;
