@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <bit>
 #include <cstddef>
+#include <span>
 
 namespace {
 
@@ -60,10 +61,18 @@ void recordBlock(CMapEditorModel& model, std::int64_t x0, std::int64_t z0, std::
 }
 
 void undo(CMapEditorModel& model) {
+    // Read where the records stand: taking them off one by one would wait for the count at every point.
     while (!g_mapUndoList.isEmpty()) {
-        const MapUndoRecord record = g_mapUndoList.pop();
-        writePoint(*model.m_pMap, record);
-        if (record.groupStart != 0) {
+        const std::span<const MapUndoRecord> run = g_mapUndoList.getNewestRun();
+        std::size_t left = run.size();
+        bool strokeDone = false;
+        while (left > 0 && !strokeDone) {
+            const MapUndoRecord& record = run[--left];
+            writePoint(*model.m_pMap, record);
+            strokeDone = record.groupStart != 0;
+        }
+        g_mapUndoList.dropNewest(run.size() - left);
+        if (strokeDone) {
             return;
         }
     }

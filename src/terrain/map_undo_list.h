@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <vector>
 
 /// One grid point as it was before a tool changed it.
@@ -55,6 +56,16 @@ public:
         }
         return m_ring[end];
     }
+
+    /// The newest records as far as they stand together in memory, oldest of them first; empty only for an
+    /// empty history. Valid until the history changes.
+    std::span<const MapUndoRecord> getNewestRun() const {
+        const std::size_t end = m_nHead + m_nCount;
+        return end <= m_ring.size() ? std::span(m_ring).subspan(m_nHead, m_nCount)
+                                    : std::span(m_ring).first(end - m_ring.size());
+    }
+    /// Take the newest `count` records off, as that many pops do; at most as many as there are.
+    void dropNewest(std::size_t count) { m_nCount -= count; }
 
     bool isEmpty() const { return m_nCount == 0; }
     int getCount() const { return static_cast<int>(m_nCount); }
