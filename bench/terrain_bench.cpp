@@ -2,10 +2,10 @@
 #include "engine/memory/memory_map.h"
 #include "host/module_state.h"
 #include "host/veskutil.h"
-#include "terrain/map_editor_dlg.h"
 #include "terrain/map_recording.h"
 #include "terrain/map_selection.h"
 #include "terrain/map_undo_list.h"
+#include "terrain/panel/map_editor_dlg.h"
 #include "terrain/stroke_engine.h"
 
 #include <QApplication>

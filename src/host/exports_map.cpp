@@ -2,9 +2,9 @@
 #include "host/module_state.h"
 #include "host/veskutil.h"
 #include "platform/framework/win_app.h"
-#include "terrain/map_editor_dlg.h"
 #include "terrain/map_editor_settings.h"
 #include "terrain/map_undo_list.h"
+#include "terrain/panel/map_editor_dlg.h"
 
 #include <memory>
 

@@ -3,8 +3,8 @@
 #include "host/module_state.h"
 #include "host/veskutil.h"
 #include "resources/resource_ids.h"
-#include "terrain/map_editor_buttons.h"
-#include "terrain/map_editor_dlg.h"
+#include "terrain/panel/map_editor_buttons.h"
+#include "terrain/panel/map_editor_dlg.h"
 
 #include <QAbstractButton>
 #include <QApplication>

@@ -32,10 +32,10 @@ TEST(Floors, ViolationsAreFoundAndNameTheFile) {
         {"src/engine/qx_a.h", {"platform/cstring.h", true, 1}},
         {"src/engine/qx_a.h", {"engine/memory/memory_map.h", true, 1}},
         {"src/engine/memory/a.cpp", {"QImage", false, 1}},
-        {"src/controls/a.cpp", {"terrain/map_editor_dlg.h", true, 1}},
+        {"src/controls/a.cpp", {"terrain/panel/map_editor_dlg.h", true, 1}},
         {"src/terrain/a.cpp", {"engine/memory/memory_map.h", true, 1}},
         {"src/host/module_state.h", {"terrain/map_undo_list.h", true, 1}},
-        {"sandbox/a.cpp", {"terrain/map_editor_dlg.h", true, 1}},
+        {"sandbox/a.cpp", {"terrain/panel/map_editor_dlg.h", true, 1}},
         {"sandbox/a.cpp", {"host/module_state.h", true, 1}},
     };
     for (const auto& [file, include] : planted) {

@@ -2,9 +2,9 @@
 
 #include "host/veskutil.h"
 #include "resources/resource_ids.h"
-#include "terrain/map_editor_buttons.h"
-#include "terrain/map_editor_dlg.h"
 #include "terrain/map_undo_list.h"
+#include "terrain/panel/map_editor_buttons.h"
+#include "terrain/panel/map_editor_dlg.h"
 
 #include <QTest>
 

@@ -4,7 +4,7 @@
 #include "host/veskutil.h"
 #include "resources/resource_ids.h"
 #include "support/ui_driver.h"
-#include "terrain/map_editor_dlg.h"
+#include "terrain/panel/map_editor_dlg.h"
 
 #include <QAbstractButton>
 #include <QAbstractSlider>

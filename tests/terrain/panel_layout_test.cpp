@@ -3,7 +3,7 @@
 #include "host/veskutil.h"
 #include "platform/resources.h"
 #include "resources/resource_ids.h"
-#include "terrain/map_editor_dlg.h"
+#include "terrain/panel/map_editor_dlg.h"
 
 #include <QApplication>
 #include <QTest>

@@ -4,8 +4,8 @@
 #include "host/veskutil.h"
 #include "resources/resource_ids.h"
 #include "support/ui_driver.h"
-#include "terrain/map_editor_dlg.h"
 #include "terrain/map_undo_list.h"
+#include "terrain/panel/map_editor_dlg.h"
 
 #include <QApplication>
 #include <QTest>

@@ -6,8 +6,8 @@
 #include "host/veskutil.h"
 #include "resources/resource_ids.h"
 #include "support/modal_steps.h"
-#include "terrain/map_editor_dlg.h"
-#include "terrain/tenth_step.h"
+#include "terrain/panel/map_editor_dlg.h"
+#include "terrain/panel/tenth_step.h"
 
 #include <QApplication>
 #include <QLineEdit>

@@ -1,4 +1,4 @@
-#include "terrain/terrain_type_dlg.h"
+#include "terrain/panel/terrain_type_dlg.h"
 
 #include "engine/memory/memory_map.h"
 #include "host/forwarding_map.h"

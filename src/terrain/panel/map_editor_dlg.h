@@ -4,8 +4,8 @@
 #include "controls/editor_dialog.h"
 #include "controls/image_preview.h"
 #include "controls/texture_picker_button.h"
-#include "terrain/map_editor_buttons.h"
 #include "terrain/map_editor_model.h"
+#include "terrain/panel/map_editor_buttons.h"
 #include "terrain/texture_preview.h"
 
 #include <array>

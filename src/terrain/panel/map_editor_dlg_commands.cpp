@@ -1,12 +1,12 @@
-#include "terrain/map_editor_dlg.h"
+#include "terrain/panel/map_editor_dlg.h"
 
 #include "engine/qx_map.h"
 #include "engine/qx_scene.h"
 #include "resources/resource_ids.h"
-#include "terrain/map_editor_buttons.h"
 #include "terrain/map_recording.h"
 #include "terrain/map_selection.h"
 #include "terrain/map_undo_list.h"
+#include "terrain/panel/map_editor_buttons.h"
 
 #include <utility>
 

@@ -1,10 +1,10 @@
-#include "terrain/map_editor_dlg.h"
+#include "terrain/panel/map_editor_dlg.h"
 
 #include "engine/qx_map.h"
 #include "engine/qx_texture.h"
 #include "resources/resource_ids.h"
-#include "terrain/tenth_step.h"
-#include "terrain/terrain_type_dlg.h"
+#include "terrain/panel/tenth_step.h"
+#include "terrain/panel/terrain_type_dlg.h"
 
 #include <algorithm>
 #include <array>

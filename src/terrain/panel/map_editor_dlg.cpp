@@ -1,4 +1,4 @@
-#include "terrain/map_editor_dlg.h"
+#include "terrain/panel/map_editor_dlg.h"
 
 #include "host/module_state.h"
 #include "resources/resource_ids.h"

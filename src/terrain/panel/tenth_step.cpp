@@ -1,4 +1,4 @@
-#include "terrain/tenth_step.h"
+#include "terrain/panel/tenth_step.h"
 
 #include <algorithm>
 #include <cmath>

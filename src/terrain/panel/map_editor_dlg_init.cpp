@@ -1,10 +1,10 @@
-#include "terrain/map_editor_dlg.h"
+#include "terrain/panel/map_editor_dlg.h"
 
 #include "engine/qx_map.h"
 #include "engine/qx_scene.h"
 #include "resources/resource_ids.h"
-#include "terrain/map_editor_buttons.h"
 #include "terrain/map_editor_settings.h"
+#include "terrain/panel/map_editor_buttons.h"
 
 namespace {
 

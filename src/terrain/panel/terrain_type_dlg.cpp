@@ -1,4 +1,4 @@
-#include "terrain/terrain_type_dlg.h"
+#include "terrain/panel/terrain_type_dlg.h"
 
 #include "engine/qx_map.h"
 #include "resources/resource_ids.h"
