@@ -1,8 +1,10 @@
 #include "engine/memory/image/tga_decoder.h"
 
+#include "engine/memory/image/tga_library.h"
 #include "engine/qx_image_file.h"
 
 #include <algorithm>
+#include <memory>
 
 namespace {
 
@@ -60,6 +62,10 @@ struct TgaHeader {
     std::size_t pixelOffset() const {
         return mapOffset() + (hasMap ? static_cast<std::size_t>(mapLength) * bytesFor(mapBits) : 0);
     }
+    /// True colour of 15 or 16 bits.
+    bool isWord() const { return kind == KIND_COLOUR && pixelBits <= 16; }
+    /// The top bit of a 16-bit colour is its alpha.
+    bool hasAlphaBit() const { return (kind == KIND_MAPPED ? mapBits : pixelBits) == 16 && declaresAlpha(); }
     bool declaresAlpha() const { return (descriptor & ALPHA_BITS) != 0; }
 };
 
@@ -87,106 +93,103 @@ bool isSupported(const TgaHeader& header, Bytes bytes) {
            header.height <= qxCImageFile::MAX_EDGE && header.pixelOffset() <= bytes.size();
 }
 
-qxCColour colourAt(const std::uint8_t* bytes, int bits, bool hasAlphaBit) {
-    if (bits >= 24)
-        return {bytes[2], bytes[1], bytes[0], bits == 32 ? bytes[3] : 255};
-    const int word = bytes[0] | bytes[1] << 8;
-    const auto channel = [word](int shift) { return (word >> shift & 31) * 255 / 31; };
-    const bool isOpaque = bits == 15 || !hasAlphaBit || (word & 0x8000) != 0;
-    return {channel(10), channel(5), channel(0), isOpaque ? 255 : 0};
-}
-
-// Turns the bytes of one pixel into its colour.
-class CPixelReader {
-public:
-    CPixelReader(const TgaHeader& header, Bytes bytes) : m_header(header) {
-        if (header.kind != KIND_MAPPED)
-            return;
-        const std::size_t entrySize = bytesFor(header.mapBits);
-        const std::uint8_t* entry = bytes.data() + header.mapOffset();
-        for (int i = 0; i < header.mapLength; ++i, entry += entrySize)
-            m_map.push_back(colourAt(entry, header.mapBits, header.declaresAlpha()));
-    }
-
-    qxCColour operator()(const std::uint8_t* bytes) const {
-        switch (m_header.kind) {
-        case KIND_MAPPED:
-            return mapped(bytes);
-        case KIND_GREY:
-            return {bytes[0], bytes[0], bytes[0], m_header.pixelBits == 16 ? bytes[1] : 255};
-        default:
-            return colourAt(bytes, m_header.pixelBits, m_header.declaresAlpha());
-        }
-    }
-
-private:
-    // An index outside the map has no colour: transparent black.
-    qxCColour mapped(const std::uint8_t* bytes) const {
-        const int index =
-            (m_header.pixelBits == 16 ? bytes[0] | bytes[1] << 8 : bytes[0]) - m_header.mapFirst;
-        return index >= 0 && index < m_header.mapLength ? m_map[static_cast<std::size_t>(index)]
-                                                        : qxCColour();
-    }
-
-    const TgaHeader& m_header;
-    std::vector<qxCColour> m_map;
-};
-
-// Calls visit(bytes, count, isRepeat) for each packet, clipped to the pixels that are missing. False when the
-// bytes end before the image does.
-template <class Visit>
-bool walkPackets(Bytes bytes, std::size_t pixelCount, std::size_t pixelSize, Visit visit) {
+// Bytes that the image's packets take. Nothing when the bytes end before the image does.
+std::optional<std::size_t> packedSize(Bytes bytes, std::size_t pixelCount, std::size_t pixelSize) {
+    std::size_t offset = 0;
     while (pixelCount > 0) {
-        if (bytes.empty())
-            return false;
-        const bool isRepeat = (bytes[0] & REPEAT) != 0;
-        const std::size_t count = std::min<std::size_t>((bytes[0] & ~REPEAT & 0xFFU) + 1, pixelCount);
+        if (offset >= bytes.size())
+            return std::nullopt;
+        const bool isRepeat = (bytes[offset] & REPEAT) != 0;
+        const std::size_t count = std::min<std::size_t>((bytes[offset] & ~REPEAT & 0xFFU) + 1, pixelCount);
         const std::size_t size = 1 + (isRepeat ? pixelSize : count * pixelSize);
-        if (bytes.size() < size)
-            return false;
-        visit(bytes.data() + 1, count, isRepeat);
-        bytes = bytes.subspan(size);
+        if (bytes.size() - offset < size)
+            return std::nullopt;
+        offset += size;
         pixelCount -= count;
     }
-    return true;
+    return offset;
 }
 
-bool holdsAllPixels(const TgaHeader& header, Bytes data) {
+// The stored pixels, packed or not, without what follows them. Nothing when they are not all there.
+std::optional<Bytes> storedPixels(const TgaHeader& header, Bytes bytes) {
+    const Bytes data = bytes.subspan(header.pixelOffset());
     const std::size_t pixelSize = bytesFor(header.pixelBits);
-    if (!header.isPacked)
-        return data.size() / pixelSize >= header.pixelCount();
-    return walkPackets(data, header.pixelCount(), pixelSize, [](const std::uint8_t*, std::size_t, bool) {});
+    const std::optional<std::size_t> size =
+        header.isPacked ? packedSize(data, header.pixelCount(), pixelSize) : header.pixelCount() * pixelSize;
+    if (!size || *size > data.size())
+        return std::nullopt;
+    return data.first(*size);
 }
 
-std::vector<qxCColour> readPixels(const TgaHeader& header, Bytes data, const CPixelReader& read) {
-    const std::size_t pixelSize = bytesFor(header.pixelBits);
-    std::vector<qxCColour> pixels;
-    pixels.reserve(header.pixelCount());
-    const auto readRun = [&](const std::uint8_t* bytes, std::size_t count, bool isRepeat) {
-        if (isRepeat) {
-            pixels.insert(pixels.end(), count, read(bytes));
-            return;
+qxCColour colourOfWord(int word, bool hasAlphaBit) {
+    const auto channel = [word](int shift) { return (word >> shift & 31) * 255 / 31; };
+    return {channel(10), channel(5), channel(0), !hasAlphaBit || (word & 0x8000) != 0 ? 255 : 0};
+}
+
+qxCColour mapEntry(const std::uint8_t* bytes, int bits, bool hasAlphaBit) {
+    if (bits >= 24)
+        return {bytes[2], bytes[1], bytes[0], bits == 32 ? bytes[3] : 255};
+    return colourOfWord(bytes[0] | bytes[1] << 8, hasAlphaBit);
+}
+
+// The colour map with an entry of 32 bits for every index that a pixel can hold. An index outside the file's
+// map has no colour: transparent black.
+std::vector<std::uint8_t> wholeMap(const TgaHeader& header, Bytes bytes) {
+    constexpr int MOST_ENTRIES = 0xFFFF; // that the header can tell
+    const int count = std::min(1 << header.pixelBits, MOST_ENTRIES);
+    std::vector<std::uint8_t> map;
+    map.reserve(std::size_t{4} * static_cast<std::size_t>(count));
+    for (int i = 0; i < count; ++i) {
+        qxCColour colour;
+        if (i >= header.mapFirst && i - header.mapFirst < header.mapLength) {
+            const std::size_t entry =
+                static_cast<std::size_t>(i - header.mapFirst) * bytesFor(header.mapBits);
+            colour =
+                mapEntry(bytes.data() + header.mapOffset() + entry, header.mapBits, header.hasAlphaBit());
         }
-        for (std::size_t i = 0; i < count; ++i)
-            pixels.push_back(read(bytes + i * pixelSize));
-    };
-    if (header.isPacked)
-        walkPackets(data, header.pixelCount(), pixelSize, readRun);
-    else
-        readRun(data.data(), header.pixelCount(), false);
-    return pixels;
+        map.insert(map.end(), {colour.b, colour.g, colour.r, colour.a});
+    }
+    return map;
 }
 
-void turnUpright(const TgaHeader& header, std::vector<qxCColour>& pixels) {
-    const bool isFlipped = (header.descriptor & FROM_TOP) == 0;
-    const bool isMirrored = (header.descriptor & FROM_RIGHT) != 0;
-    if (isFlipped)
-        std::ranges::reverse(pixels);
-    // Turning the whole array round mirrors its rows as well.
-    if (isFlipped == isMirrored)
-        return;
-    for (auto row = pixels.begin(); row != pixels.end(); row += header.width)
-        std::reverse(row, row + header.width);
+// The same image as a file that the library reads to the last bit. As it stands the library loses the alpha
+// bit of 16-bit colours and the first index of a colour map: colours of 16 bits become two plain channels,
+// low and high byte, and a map becomes a whole one of 32 bits.
+std::vector<std::uint8_t> plainFile(const TgaHeader& header, Bytes bytes, Bytes pixels) {
+    const std::vector<std::uint8_t> map =
+        header.kind == KIND_MAPPED ? wholeMap(header, bytes) : std::vector<std::uint8_t>();
+    const int mapLength = static_cast<int>(map.size() / 4);
+    std::vector<std::uint8_t> file(HEADER_SIZE);
+    const auto put = [&file](std::size_t offset, int value) {
+        file[offset] = static_cast<std::uint8_t>(value);
+    };
+    put(1, map.empty() ? 0 : 1);
+    put(2, (header.isWord() ? KIND_GREY : header.kind) | (header.isPacked ? PACKED : 0));
+    put(5, mapLength & 0xFF);
+    put(6, mapLength >> 8);
+    put(7, map.empty() ? 0 : 32);
+    std::copy_n(bytes.begin() + 12, 4, file.begin() + 12); // width and height
+    put(16, header.isWord() ? 16 : header.pixelBits);
+    put(17, header.descriptor & FROM_TOP);
+    file.insert(file.end(), map.begin(), map.end());
+    file.insert(file.end(), pixels.begin(), pixels.end());
+    return file;
+}
+
+// The library's decoding, rows from the top, as a file without a right-to-left order.
+std::vector<qxCColour> decodePixels(const TgaHeader& header, Bytes file) {
+    const int channels = header.isWord() ? 2 : 4;
+    const std::unique_ptr<std::uint8_t, void (*)(void*)> samples(loadTga(file, channels), freeTga);
+    std::vector<qxCColour> pixels;
+    if (!samples)
+        return pixels;
+    pixels.reserve(header.pixelCount());
+    for (const std::uint8_t *sample = samples.get(), *end = sample + header.pixelCount() * channels;
+         sample != end; sample += channels) {
+        pixels.push_back(header.isWord() ? colourOfWord(sample[0] | sample[1] << 8, header.hasAlphaBit())
+                                         : qxCColour(sample[0], sample[1], sample[2], sample[3]));
+    }
+    return pixels;
 }
 
 } // namespace
@@ -197,14 +200,16 @@ std::optional<CDecodedImage> decodeTga(std::span<const std::uint8_t> bytes) {
     const TgaHeader header(bytes);
     if (!isSupported(header, bytes))
         return std::nullopt;
-    const Bytes data = bytes.subspan(header.pixelOffset());
-    if (!holdsAllPixels(header, data))
+    const std::optional<Bytes> stored = storedPixels(header, bytes);
+    if (!stored)
         return std::nullopt;
-    CDecodedImage image;
-    image.width = header.width;
-    image.height = header.height;
-    image.pixels = readPixels(header, data, CPixelReader(header, bytes));
-    turnUpright(header, image.pixels);
+    CDecodedImage image{header.width, header.height, decodePixels(header, plainFile(header, bytes, *stored))};
+    if (image.pixels.empty())
+        return std::nullopt;
+    if ((header.descriptor & FROM_RIGHT) != 0) {
+        for (auto row = image.pixels.begin(); row != image.pixels.end(); row += header.width)
+            std::reverse(row, row + header.width);
+    }
     const auto isTransparent = [](const qxCColour& pixel) { return pixel.a == 0; };
     if (!header.declaresAlpha() && std::ranges::all_of(image.pixels, isTransparent)) {
         for (qxCColour& pixel : image.pixels)
