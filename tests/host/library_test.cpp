@@ -3,8 +3,6 @@
 #include "engine/memory/memory_map.h"
 #include "engine/memory/memory_scene.h"
 
-#include <QCoreApplication>
-
 #include <gmock/gmock.h>
 
 #include <array>
@@ -46,14 +44,6 @@ std::vector<std::string> exportedSymbols() {
     }
     return names;
 }
-
-/// Ends the application object that the library made, as a process may that wants to end without a trace.
-class EndOfApplication : public testing::Environment {
-public:
-    void TearDown() override { delete QCoreApplication::instance(); }
-};
-const testing::Environment* const g_end =
-    testing::AddGlobalTestEnvironment(std::make_unique<EndOfApplication>().release());
 
 /// The library as a host meets it: this program has no application object and links none of it.
 class LibraryTest : public testing::Test {
