@@ -1,6 +1,7 @@
 #include "host/export_scope.h"
 #include "host/module_state.h"
 #include "host/veskutil.h"
+#include "platform/framework/win_app.h"
 #include "sound/sound_manager.h"
 
 void vuCreateMovieEditor(HWND /*host*/, qxCMovie* /*movie*/, bool /*showClose*/) {
@@ -36,6 +37,7 @@ void vuMovieCameraAltered(qxCCamera* /*camera*/, bool /*finished*/) {
 
 void vuSoundUpdate() {
     runExport([] {
+        AfxServeWindows();
         if (g_bMovieEditorActive) {
             g_soundManager.update();
         }

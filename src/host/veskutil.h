@@ -51,5 +51,7 @@ VU_API void vuDestroyMovieEditor();
 VU_API bool vuIsMovieEditorActive();
 /// The user moved the host's camera; `finished` when the move has ended.
 VU_API void vuMovieCameraAltered(qxCCamera* camera, bool finished);
-/// One pass of the sound service; to be called once a frame while the movie editor is open.
+/// One pass of the sound service; to be called once a frame while an editor is open. In a host whose message
+/// loop does not reach the panels, because it made no application object of their toolkit, they get their
+/// events and paint in this call; it then lasts as long as a modal dialog that the user opens in a panel.
 VU_API void vuSoundUpdate();

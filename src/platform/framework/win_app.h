@@ -14,6 +14,11 @@ public:
     virtual int ExitInstance() { return 0; }
 };
 
+/// Lets the library's windows work in a host that runs no message loop for them: handles what has come in and
+/// paints. Does nothing where the host has a loop of its own that does, from inside such a call (a dialog that
+/// it opened runs its own loop), and while there are no windows yet.
+void AfxServeWindows();
+
 CWinApp* AfxGetApp();
 HINSTANCE AfxGetInstanceHandle();
 HINSTANCE AfxGetResourceHandle();
