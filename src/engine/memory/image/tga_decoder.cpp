@@ -178,8 +178,9 @@ std::vector<std::uint8_t> plainFile(const TgaHeader& header, Bytes bytes, Bytes 
 
 // The library's decoding, rows from the top, as a file without a right-to-left order.
 std::vector<qxCColour> decodePixels(const TgaHeader& header, Bytes file) {
-    const int channels = header.isWord() ? 2 : 4;
-    const std::unique_ptr<std::uint8_t, void (*)(void*)> samples(loadTga(file, channels), freeTga);
+    const std::size_t channels = header.isWord() ? 2 : 4;
+    const std::unique_ptr<std::uint8_t, void (*)(void*)> samples(loadTga(file, static_cast<int>(channels)),
+                                                                 freeTga);
     std::vector<qxCColour> pixels;
     if (!samples)
         return pixels;
