@@ -53,7 +53,7 @@ ButtonWindow::ButtonWindow(Window& parent, const ControlTraits& traits)
     m_button.setFocusPolicy(Qt::StrongFocus);
     m_button.installEventFilter(this);
     QObject::connect(&m_button, &QAbstractButton::clicked, this, [this] { onClicked(); });
-    setText(traits.text);
+    ButtonWindow::setText(traits.text);
 }
 
 LRESULT ButtonWindow::process(UINT message, WPARAM wParam, LPARAM lParam) {
