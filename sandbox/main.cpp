@@ -71,7 +71,10 @@ int main(int argc, char** argv) {
     QCommandLineParser parser;
     parser.setApplicationDescription("A window in which a heightmap is sculpted with the map editor.");
     parser.addHelpOption();
-    parser.addPositionalArgument("map", "Heightmap to open: a grey PNG of 8 or 16 bits.", "[map.png]");
+    parser.addPositionalArgument(
+        "map",
+        "What to open: a project folder, its project.json, or a heightmap (a grey PNG of 8 or 16 bits).",
+        "[map]");
     const QCommandLineOption sizeOption("size", "Size of the window in pixels.", "WxH");
     parser.addOption(sizeOption);
     const QCommandLineOption tourOption(

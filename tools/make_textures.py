@@ -50,6 +50,24 @@ def grass(edge):
     return colours * shade(blades, 1.2)
 
 
+def turf(edge):
+    """Pale short growth: the tints of the texture definitions give it its colour."""
+    blades = layered(edge, 111, [70, 40, 14], [3, 2, 2], stretch=(1.0, 0.6))
+    tufts = periodic_noise(edge, 8, 121)
+    colours = ramp(0.6 * blades + 0.4 * tufts,
+                   [(0, (142, 146, 132)), (0.5, (206, 206, 190)), (1, (252, 250, 234))])
+    return colours * shade(blades, 0.9)
+
+
+def crag(edge):
+    """Pale broken rock, to be tinted as well."""
+    mass = layered(edge, 131, [5, 12, 34, 80], [4, 3, 2, 1])
+    clefts = np.abs(periodic_noise(edge, 7, 141) - 0.5) * 2
+    colours = ramp(mass, [(0, (134, 130, 124)), (0.5, (198, 192, 184)), (1, (252, 248, 240))])
+    colours *= np.clip(0.5 + 4 * clefts, 0, 1)[..., None] * 0.35 + 0.65
+    return colours * shade(mass, 6)
+
+
 def rock(edge):
     mass = layered(edge, 31, [6, 14, 40, 90], [4, 3, 2, 1])
     cracks = np.abs(periodic_noise(edge, 9, 41) - 0.5) * 2
@@ -100,6 +118,31 @@ def bush(edge):
     return np.dstack([colours, alpha])
 
 
+def pine(edge):
+    """A conifer on a transparent ground, for point details."""
+    y, x = (np.mgrid[0:edge, 0:edge] + 0.5) / edge
+    needles = layered(edge, 151, [14, 30, 44], [2, 3, 2])
+    tier = (y * 6.0) % 1.0
+    half = 0.03 + 0.40 * np.clip(y / 0.9, 0, 1) * (0.55 + 0.45 * tier)
+    inside = (np.abs(x - 0.5) < half * (0.72 + 0.5 * needles)) & (y > 0.02) & (y < 0.9)
+    trunk = (np.abs(x - 0.5) < 0.03) & (y >= 0.85)
+    colours = ramp(needles, [(0, (14, 30, 20)), (0.5, (38, 66, 40)), (1, (88, 118, 66))])
+    colours = colours * (0.75 + 0.45 * tier)[..., None] * shade(needles, 2.0)
+    colours[trunk & ~inside] = (66, 48, 34)
+    return np.dstack([colours, np.where(inside | trunk, 255, 0)])
+
+
+def furrows(edge):
+    """A ploughed field with a ragged border, for quads on the ground."""
+    y, x = (np.mgrid[0:edge, 0:edge] + 0.5) / edge
+    bend = periodic_noise(edge, 3, 161) * 0.03
+    rows = 0.5 + 0.5 * np.sin(2 * np.pi * 18 * (x + bend))
+    clods = periodic_noise(edge, 60, 171)
+    colours = ramp(0.6 * rows + 0.4 * clods, [(0, (84, 62, 40)), (0.5, (128, 98, 62)), (1, (172, 142, 96))])
+    border = np.minimum(np.minimum(x, 1 - x), np.minimum(y, 1 - y))
+    return np.dstack([colours, np.where(border > 0.02 + 0.04 * periodic_noise(edge, 24, 181), 255, 0)])
+
+
 def write_tga(path, pixels):
     """True colour, 24 bits or 32 with alpha, uncompressed, origin at the top left."""
     height, width, channels = pixels.shape
@@ -110,10 +153,14 @@ def write_tga(path, pixels):
     path.write_bytes(header + data[..., order].tobytes())
 
 
+DRAWN = [(grass, 256), (rock, 256), (soil, 256), (sand, 256), (turf, 256), (crag, 256),
+         (water, 128), (bark, 128), (bush, 128), (pine, 128), (furrows, 128)]
+
+
 def main():
     folder = Path(sys.argv[1] if len(sys.argv) > 1 else "samples/textures")
     folder.mkdir(parents=True, exist_ok=True)
-    for draw, edge in [(grass, 256), (rock, 256), (soil, 256), (sand, 256), (water, 128), (bark, 128), (bush, 128)]:
+    for draw, edge in DRAWN:
         write_tga(folder / f"{draw.__name__}.tga", draw(edge))
 
 

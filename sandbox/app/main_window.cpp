@@ -86,8 +86,15 @@ void CMainWindow::adoptMap() {
     showTitle();
 }
 
-QString CMainWindow::saveMap(const QString& path) {
-    const CMapDocument::Outcome outcome = m_document.save(path);
+QString CMainWindow::saveHeightmap(const QString& path) {
+    return settleSave(path, m_document.saveHeightmap(path));
+}
+
+QString CMainWindow::saveProject(const QString& folder) {
+    return settleSave(folder, m_document.saveProject(folder));
+}
+
+QString CMainWindow::settleSave(const QString& path, const CMapDocument::Outcome& outcome) {
     if (outcome.error.isEmpty()) {
         m_recentFiles.add(QFileInfo(path).absoluteFilePath());
         statusBar()->showMessage(tr("Saved %1").arg(path));
@@ -125,7 +132,7 @@ bool CMainWindow::save() {
     if (m_document.path().isEmpty()) {
         return saveAs();
     }
-    const QString failure = saveMap(m_document.path());
+    const QString failure = saveHeightmap(m_document.path());
     tell(failure);
     return failure.isEmpty();
 }
@@ -136,19 +143,19 @@ bool CMainWindow::saveAs() {
     if (path.isEmpty()) {
         return false;
     }
-    const QString failure = saveMap(path);
+    const QString failure = saveHeightmap(path);
     tell(failure);
     return failure.isEmpty();
 }
 
 bool CMainWindow::mayDropMap() {
-    if (m_document.isModified()) {
+    if (m_document.hasHeightChanges()) {
         const auto answer = QMessageBox::question(
             this, tr("Terrain sandbox"), tr("Save the changes to %1 first?").arg(m_document.name()),
             QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, QMessageBox::Save);
         return answer == QMessageBox::Discard || (answer == QMessageBox::Save && save());
     }
-    if (m_document.hasUnkeptChanges()) {
+    if (m_document.hasOtherChanges()) {
         const auto answer = QMessageBox::question(
             this, tr("Terrain sandbox"),
             tr("A heightmap keeps the heights only. Drop the colours, textures, water and details of %1?")

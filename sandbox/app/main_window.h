@@ -20,10 +20,13 @@ public:
     CMainWindow();
     ~CMainWindow() override;
 
-    /// Open a heightmap in place of the map that is open, without asking. Returns what to tell on failure.
+    /// Open a heightmap or a project in place of the map that is open, without asking. Returns what to tell on
+    /// failure.
     QString openMap(const QString& path);
-    /// Save the heights there. Returns what to tell on failure.
-    QString saveMap(const QString& path);
+    /// Save the heights to a file. Returns what to tell on failure.
+    QString saveHeightmap(const QString& path);
+    /// Save all of the map to a folder. Returns what to tell on failure.
+    QString saveProject(const QString& folder);
 
     CMapView& view() { return *m_pView; }
     CMapDocument& document() { return m_document; }
@@ -55,6 +58,7 @@ private:
     void showPlace(const std::optional<CTerrainHit>& hit);
     void showControls();
     void adoptMap();
+    QString settleSave(const QString& path, const CMapDocument::Outcome& outcome);
     void tell(const QString& failure);
 
     CMapDocument m_document;

@@ -2,10 +2,14 @@
 
 #include "engine/memory/engine_directories.h"
 #include "engine/qx_texture.h"
+#include "sandbox/app/ground_dressing.h"
 #include "sandbox/app/heightmap_file.h"
+#include "sandbox/project/project_map.h"
 
 #include <QDir>
 #include <QFileInfo>
+#include <QHash>
+#include <QSet>
 #include <algorithm>
 
 namespace {
@@ -15,6 +19,21 @@ constexpr std::uint16_t NEW_HEIGHT = 100;
 constexpr double RELIEF = 0.07;        // highest ground over lowest, as a part of the map's width
 constexpr double STEEPEST_UNIT = 0.05; // world units that a height unit may have at most
 constexpr double FIRST_WATER = 0.04;   // of the way from the lowest ground to the highest
+
+const QString& samples() {
+    static const QString folder = QStringLiteral(SANDBOX_SAMPLES);
+    return folder;
+}
+
+/// The samples are kept as they are: what a person makes of one is saved in a place of their own.
+bool isSample(const QString& path) {
+    return QFileInfo(path).canonicalFilePath().startsWith(QFileInfo(samples()).canonicalFilePath() + '/');
+}
+
+bool isProjectPath(const QString& path) {
+    const QFileInfo info(path);
+    return info.isDir() || info.suffix().compare("json", Qt::CaseInsensitive) == 0;
+}
 
 /// World units per height unit, so that a map looks like a landscape whatever unit its heights are in: its
 /// relief is a set part of its width, but nearly level ground is not blown up into mountains.
@@ -35,94 +54,183 @@ QString cropNote(const CHeightmapReading& reading) {
         .arg(reading.map.edge);
 }
 
+/// Where the images of a map's textures are looked for, the map's own folder first.
+QStringList textureFoldersOf(const QString& mapFolder) {
+    QStringList folders = {samples() + '/' + PROJECT_TEXTURE_FOLDER};
+    if (!mapFolder.isEmpty()) {
+        folders.prepend(mapFolder);
+        folders.prepend(mapFolder + '/' + PROJECT_TEXTURE_FOLDER);
+    }
+    return folders;
+}
+
+/// A texture for each image in the textures folder beside the map and in that of the samples.
+void listTextures(CMemoryScene& scene, const QString& mapFolder) {
+    QSet<QString> known;
+    for (const QString& folder : textureFoldersOf(mapFolder)) {
+        if (folder == mapFolder) {
+            continue; // the heightmaps there are no textures
+        }
+        for (const QFileInfo& file :
+             QDir(folder).entryInfoList({"*.tga", "*.png"}, QDir::Files, QDir::Name)) {
+            if (known.contains(file.fileName().toLower())) {
+                continue;
+            }
+            known.insert(file.fileName().toLower());
+            qxCTexture* texture = scene.createTexture();
+            texture->name.setString(file.completeBaseName().toUtf8().constData());
+            texture->setFilename(file.fileName().toUtf8().constData());
+            scene.addTexture(texture);
+        }
+    }
+}
+
+QString failedTo(const char* what, const QString& path, const QString& reason) {
+    return QString("Failed to %1 %2: %3").arg(what, path, reason);
+}
+
 } // namespace
 
-CMapDocument::CMapDocument() : m_scene(std::make_unique<CMemoryScene>()), m_strName("level ground") {
+CMapDocument::CMapDocument() {
     const CHeightmap level{NEW_EDGE,
                            std::vector<std::uint16_t>(std::size_t{NEW_EDGE} * NEW_EDGE, NEW_HEIGHT)};
-    m_map = makeMap(level, *m_scene);
+    adopt(makeContents(level, {}), [] {});
+    lookForTexturesIn({});
+    m_strName = "level ground";
     rememberState();
 }
 
-std::unique_ptr<CMemoryMap> CMapDocument::makeMap(const CHeightmap& heights, CMemoryScene& scene) {
-    auto map = std::make_unique<CMemoryMap>(heights.edge - 1, &scene);
+CMapDocument::CContents CMapDocument::makeContents(const CHeightmap& heights, const QString& mapFolder) {
+    CContents made{std::make_unique<CMemoryScene>(), nullptr};
+    made.map = std::make_unique<CMemoryMap>(heights.edge - 1, made.scene.get());
+    CMemoryMap& map = *made.map;
     const std::uint16_t* height = heights.heights.data();
     for (int z = 0; z < heights.edge; ++z) {
         for (int x = 0; x < heights.edge; ++x) {
-            map->setPointHeight(x, z, *height++, false);
+            map.setPointHeight(x, z, *height++, false);
         }
     }
-    map->heightScale = scaleFor(heights);
+    map.heightScale = scaleFor(heights);
     const auto [low, high] = std::ranges::minmax(heights.heights);
-    map->waterLevel = static_cast<float>(low + (high - low) * FIRST_WATER) * map->heightScale;
-    return map;
+    map.waterLevel = static_cast<float>(low + (high - low) * FIRST_WATER) * map.heightScale;
+    listTextures(*made.scene, mapFolder);
+    dressGround(map, *made.scene);
+    return made;
 }
 
 CMapDocument::Outcome CMapDocument::open(const QString& path, const std::function<void()>& beforeSwap) {
+    const Outcome outcome =
+        isProjectPath(path) ? openProject(path, beforeSwap) : openHeightmap(path, beforeSwap);
+    if (outcome.error.isEmpty()) {
+        rememberState();
+    }
+    return outcome;
+}
+
+CMapDocument::Outcome CMapDocument::openHeightmap(const QString& path,
+                                                  const std::function<void()>& beforeSwap) {
     const CHeightmapReading reading = readHeightmapFile(path);
     if (!reading.error.empty()) {
-        return {QString("Failed to open %1: %2").arg(path, QString::fromStdString(reading.error)), {}};
+        return {failedTo("open", path, QString::fromStdString(reading.error)), {}};
     }
-    auto scene = std::make_unique<CMemoryScene>();
-    auto map = makeMap(reading.map, *scene);
-    beforeSwap();
-    m_map = std::move(map);
-    m_scene = std::move(scene);
-    return {{}, adoptFile(path, reading)};
-}
-
-QString CMapDocument::adoptFile(const QString& path, const CHeightmapReading& reading) {
     const QFileInfo info(path);
-    // Saving a part of a picture over the whole would lose the rest of it.
-    m_strPath = reading.isCropped() ? QString() : info.absoluteFilePath();
-    m_strName = reading.isCropped() ? QString("part of %1").arg(info.fileName()) : info.fileName();
-    listTextures(info.absolutePath());
-    rememberState();
-    return cropNote(reading);
-}
-
-void CMapDocument::listTextures(const QString& mapFolder) {
-    const QDir beside(mapFolder + "/textures");
-    m_strTextureFolder = beside.exists() ? beside.absolutePath() : mapFolder;
-    CEngineDirectories::setDirectories({m_strTextureFolder.toStdString(), mapFolder.toStdString()});
-    for (const QFileInfo& file : beside.entryInfoList({"*.tga", "*.png"}, QDir::Files, QDir::Name)) {
-        qxCTexture* texture = m_scene->createTexture();
-        texture->name.setString(file.completeBaseName().toUtf8().constData());
-        texture->setFilename(file.fileName().toUtf8().constData());
-        m_scene->addTexture(texture);
+    adopt(makeContents(reading.map, info.absolutePath()), beforeSwap);
+    m_projectFile = {};
+    belongTo(EKind::heightmap, path);
+    lookForTexturesIn(info.absolutePath());
+    if (reading.isCropped()) { // saving a part of a picture over the whole would lose the rest of it
+        m_strPath.clear();
+        m_strName = QString("part of %1").arg(info.fileName());
     }
+    return {{}, cropNote(reading)};
 }
 
-CMapDocument::Outcome CMapDocument::save(const QString& path) {
+CMapDocument::Outcome CMapDocument::openProject(const QString& path,
+                                                const std::function<void()>& beforeSwap) {
+    CProject project;
+    const CProjectFault fault = readProject(path, project);
+    if (!fault.reason.isEmpty()) {
+        return {failedTo("open", fault.path, fault.reason), {}};
+    }
+    CContents contents{buildScene(project), nullptr};
+    contents.map = buildMap(project, *contents.scene);
+    adopt(std::move(contents), beforeSwap);
+    m_projectFile = project.original;
+    const QFileInfo info(path);
+    const QString folder = info.isDir() ? info.absoluteFilePath() : info.absolutePath();
+    belongTo(EKind::project, folder);
+    lookForTexturesIn(folder);
+    return {};
+}
+
+void CMapDocument::adopt(CContents contents, const std::function<void()>& beforeSwap) {
+    beforeSwap();
+    m_map = std::move(contents.map);
+    m_scene = std::move(contents.scene);
+}
+
+void CMapDocument::belongTo(EKind kind, const QString& path) {
+    const QFileInfo info(QDir::cleanPath(path));
+    m_kind = kind;
+    m_strPath = isSample(path) ? QString() : info.absoluteFilePath();
+    m_strName = isSample(path) ? QString("%1 (sample)").arg(info.fileName()) : info.fileName();
+}
+
+void CMapDocument::lookForTexturesIn(const QString& mapFolder) {
+    const QStringList folders = textureFoldersOf(mapFolder);
+    std::vector<std::filesystem::path> directories;
+    for (const QString& folder : folders) {
+        directories.emplace_back(folder.toStdString());
+    }
+    CEngineDirectories::setDirectories(directories);
+    m_strTextureFolder = QFileInfo(folders.first()).isDir() ? folders.first() : folders.last();
+}
+
+CMapDocument::Outcome CMapDocument::saveHeightmap(const QString& path) {
     const std::span<const std::uint16_t> heights = m_map->getHeights();
     const QString reason =
         writeHeightmapFile(path, {m_map->getGridDim() + 1, {heights.begin(), heights.end()}});
     if (!reason.isEmpty()) {
-        return {QString("Failed to save %1: %2").arg(path, reason), {}};
+        return {failedTo("save", path, reason), {}};
     }
-    const QFileInfo info(path);
-    m_strPath = info.absoluteFilePath();
-    m_strName = info.fileName();
-    m_nSavedHeights = m_map->getChangeCount(EMapChange::heights);
+    if (m_kind != EKind::project) {
+        belongTo(EKind::heightmap, path);
+        m_nSavedHeights = m_map->getChangeCount(EMapChange::heights);
+    }
     return {};
 }
 
-bool CMapDocument::isModified() const {
+CMapDocument::Outcome CMapDocument::saveProject(const QString& folder) {
+    CProject project = captureProject(*m_map, *m_scene);
+    project.original = m_projectFile;
+    CProjectFault fault = copyTextures(project, folder);
+    if (fault.reason.isEmpty()) {
+        fault = writeProject(folder, project);
+    }
+    if (!fault.reason.isEmpty()) {
+        return {failedTo("save", fault.path, fault.reason), {}};
+    }
+    belongTo(EKind::project, folder);
+    lookForTexturesIn(m_strPath.isEmpty() ? folder : m_strPath);
+    rememberState();
+    return {};
+}
+
+bool CMapDocument::hasHeightChanges() const {
     return m_map->getChangeCount(EMapChange::heights) != m_nSavedHeights;
 }
 
-bool CMapDocument::hasUnkeptChanges() const {
-    return unkeptChanges() != m_nOpenedUnkept;
+bool CMapDocument::hasOtherChanges() const {
+    return otherState() != m_nSavedOther;
 }
 
-std::uint64_t CMapDocument::unkeptChanges() const {
-    return m_map->getChangeCount(EMapChange::surface) + m_map->getChangeCount(EMapChange::details) +
-           m_map->getChangeCount(EMapChange::material);
+std::uint64_t CMapDocument::otherState() const {
+    return qHashMulti(m_map->getChangeCount(EMapChange::surface), recordsHash(*m_map, *m_scene));
 }
 
 void CMapDocument::rememberState() {
     m_nSavedHeights = m_map->getChangeCount(EMapChange::heights);
-    m_nOpenedUnkept = unkeptChanges();
+    m_nSavedOther = otherState();
 }
 
 int CMapDocument::waterLevel() const {

@@ -4,13 +4,20 @@
 #include "engine/memory/memory_scene.h"
 #include "sandbox/core/heightmap_png.h"
 
+#include <QJsonObject>
 #include <QString>
+#include <QStringList>
 #include <functional>
 #include <memory>
 
-/// The map that is being worked on, its scene and the file it belongs to. Owned by the main window.
+struct CProject;
+
+/// The map that is being worked on, its scene and the file or folder it belongs to. Owned by the main window.
 class CMapDocument {
 public:
+    /// What the map came from and goes back to. A heightmap keeps the heights alone, a project all of it.
+    enum class EKind { nothing, heightmap, project };
+
     /// Level ground without a file.
     CMapDocument();
 
@@ -20,24 +27,32 @@ public:
         QString note;  ///< worth telling even so, or empty
     };
 
-    /// Replace the map by the heightmap in the file. On failure the old map stays. `beforeSwap` runs when the
-    /// new map is ready and the old one is about to be freed.
+    /// Replace the map by what the path holds: a project folder, its project file, or a heightmap. On failure
+    /// the old map stays. `beforeSwap` runs when the new map is ready and the old one is about to be freed.
     Outcome open(const QString& path, const std::function<void()>& beforeSwap);
-    /// Write the heights to the file, which becomes the document's.
-    Outcome save(const QString& path);
+    /// Write the heights to a file. It becomes the document's, unless that is a project, which stays one.
+    Outcome saveHeightmap(const QString& path);
+    /// Write all of it to a folder, the textures' images included. The folder becomes the document's. After a
+    /// failure the folder holds the project that it held before.
+    Outcome saveProject(const QString& folder);
 
     CMemoryMap& map() { return *m_map; }
     const CMemoryMap& map() const { return *m_map; }
-    /// File to save to; empty when saving would overwrite more than was opened, or nothing was opened.
+    CMemoryScene& scene() { return *m_scene; }
+    EKind kind() const { return m_kind; }
+    /// File or folder to save to; empty when saving would overwrite more than was opened, or nothing was
+    /// opened, or what was opened is one of the samples that come with the program.
     const QString& path() const { return m_strPath; }
     /// For a window title.
     QString name() const { return m_strName; }
-    /// Heights were changed since they were opened or saved.
-    bool isModified() const;
-    /// Something was changed that a heightmap does not keep: colours, texture, water, details, material.
-    bool hasUnkeptChanges() const;
+    /// Something was changed that a project keeps. Cheap enough to be asked whenever the program is idle.
+    bool isModified() const { return hasHeightChanges() || hasOtherChanges(); }
+    bool hasHeightChanges() const;
+    /// Something was changed that a heightmap does not keep: colours, blends, water, details, definitions,
+    /// textures, material, terrain types.
+    bool hasOtherChanges() const;
 
-    /// Folder that the scene's textures come from: "textures" beside the map's file where there is one.
+    /// Where the import of textures begins: the map's own folder of textures where there is one.
     const QString& textureFolder() const { return m_strTextureFolder; }
 
     /// Level of standing water in height units.
@@ -45,17 +60,27 @@ public:
     void setWaterLevel(int heightUnits);
 
 private:
-    static std::unique_ptr<CMemoryMap> makeMap(const CHeightmap& heights, CMemoryScene& scene);
-    void listTextures(const QString& mapFolder);
-    QString adoptFile(const QString& path, const CHeightmapReading& reading);
-    std::uint64_t unkeptChanges() const;
+    struct CContents {
+        std::unique_ptr<CMemoryScene> scene;
+        std::unique_ptr<CMemoryMap> map;
+    };
+
+    static CContents makeContents(const CHeightmap& heights, const QString& mapFolder);
+    Outcome openHeightmap(const QString& path, const std::function<void()>& beforeSwap);
+    Outcome openProject(const QString& path, const std::function<void()>& beforeSwap);
+    void adopt(CContents contents, const std::function<void()>& beforeSwap);
+    void belongTo(EKind kind, const QString& path);
+    void lookForTexturesIn(const QString& mapFolder);
+    std::uint64_t otherState() const;
     void rememberState();
 
     std::unique_ptr<CMemoryScene> m_scene; // outlives the map
     std::unique_ptr<CMemoryMap> m_map;
+    EKind m_kind = EKind::nothing;
     QString m_strPath;
     QString m_strName;
     QString m_strTextureFolder;
+    QJsonObject m_projectFile; // as read or written last, for the keys that this program does not know
     std::uint64_t m_nSavedHeights = 0;
-    std::uint64_t m_nOpenedUnkept = 0;
+    std::uint64_t m_nSavedOther = 0;
 };

@@ -5,7 +5,9 @@
 
 #include <QDir>
 #include <QFile>
+#include <QHash>
 #include <algorithm>
+#include <bit>
 
 namespace {
 
@@ -77,6 +79,31 @@ void buildPoints(const CProject& project, CMemoryMap& map) {
     }
 }
 
+std::size_t bitsOf(const qxCColour& colour) {
+    return std::bit_cast<std::uint32_t>(colour);
+}
+
+/// Both records are made of fields without gaps, so their bytes are their values.
+template <class Record> std::size_t bytesHash(const Record& record, std::size_t seed) {
+    static_assert(sizeof(qxCMapMultiTexture) == 16 && sizeof(_qxMapTerrainDef) == 144);
+    return qHashBits(&record, sizeof record, seed);
+}
+
+std::size_t detailHash(const qxCMapDetailRecord& detail, std::size_t seed) {
+    for (const qxCVector3d* point : {&detail.point0, &detail.point1, &detail.point2}) {
+        seed = qHashMulti(seed, point->x, point->y, point->z);
+    }
+    return qHashMulti(seed, detail.texture, detail.scalar, static_cast<int>(detail.type));
+}
+
+std::size_t textureHash(const qxCTexture& texture, std::size_t seed) {
+    const std::string_view name = texture.name.getString();
+    const std::string_view file = texture.getFilename();
+    seed = qHashBits(name.data(), name.size(), seed);
+    seed = qHashBits(file.data(), file.size(), seed);
+    return qHashMulti(seed, static_cast<int>(texture.getSize()), static_cast<int>(texture.getPixelFormat()));
+}
+
 template <class Values> auto toVector(const Values& values) {
     return std::vector(values.begin(), values.end());
 }
@@ -104,6 +131,29 @@ CProject captureProject(CMemoryMap& map, const CMemoryScene& scene) {
     project.colours = toVector(map.getColours());
     project.water = toVector(map.getWaterFlags());
     return project;
+}
+
+std::uint64_t recordsHash(CMemoryMap& map, const CMemoryScene& scene) {
+    std::size_t hash = qHashMulti(0, map.waterLevel, map.heightScale, map.getTextureTiling(),
+                                  bitsOf(map.getAmbient()), bitsOf(map.getDiffuse()),
+                                  map.hasFlag(qxMapFlagChecker), static_cast<int>(scene.getFogMode()));
+    for (const qxMapLayerType layer : BASE_LAYERS) {
+        hash = qHashMulti(hash, map.getTexture(layer));
+    }
+    hash = qHashMulti(hash, scene.getNumTextures(), map.getNumMultiTextures(), map.getDetails().size());
+    for (int i = 0; i < scene.getNumTextures(); ++i) {
+        hash = textureHash(*scene.getTexture(i), hash);
+    }
+    for (int i = 0; i < map.getNumMultiTextures(); ++i) {
+        hash = bytesHash(*map.getMultiTexture(i), hash);
+    }
+    for (int i = 0; i < map.getNumTerrainDefs(); ++i) {
+        hash = bytesHash(*map.getTerrainDef(i), hash);
+    }
+    for (int i = 0; i < map.getDetails().size(); ++i) {
+        hash = detailHash(map.getDetails()[i], hash);
+    }
+    return hash;
 }
 
 std::unique_ptr<CMemoryScene> buildScene(const CProject& project) {

@@ -10,6 +10,10 @@
 /// they are. `original` of the result is empty.
 CProject captureProject(CMemoryMap& map, const CMemoryScene& scene);
 
+/// A fingerprint of all that captureProject takes but the layers: it changes when any of it does. The current
+/// definition is left out, because to leaf through the definitions is no change that is worth saving.
+std::uint64_t recordsHash(CMemoryMap& map, const CMemoryScene& scene);
+
 /// A scene with the project's textures, and nothing else yet.
 std::unique_ptr<CMemoryScene> buildScene(const CProject& project);
 

@@ -2,7 +2,7 @@
 #include "sandbox/tour/tour_controls.h"
 
 #include "host/veskutil.h"
-#include "sandbox/app/heightmap_file.h"
+#include "sandbox/project/project_folder.h"
 
 #include <QAbstractButton>
 #include <QAction>
@@ -82,12 +82,14 @@ void reopenPanel(CTourStage& stage) {
 void saveMap(CTourStage& stage) {
     require(stage.window().isWindowModified(), "the title does not tell of changes");
     const QTemporaryDir folder;
-    const QString path = folder.filePath("sculpted.png");
-    const QString failure = stage.window().saveMap(path);
+    const QString path = folder.filePath("sculpted");
+    const QString failure = stage.window().saveProject(path);
     require(failure.isEmpty(), failure);
     require(!stage.window().isWindowModified(), "the title still tells of changes");
-    const CHeightmapReading saved = readHeightmapFile(path);
-    require(std::ranges::equal(saved.map.heights, stage.map().getHeights()), "the saved heights differ");
+    CProject saved;
+    const CProjectFault fault = readProject(path, saved);
+    require(fault.reason.isEmpty(), fault.path + ": " + fault.reason);
+    require(std::ranges::equal(saved.heights, stage.map().getHeights()), "the saved heights differ");
 }
 
 } // namespace tour

@@ -8,6 +8,7 @@
 #include <csignal>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
 
 namespace {
 
@@ -75,13 +76,13 @@ TEST_F(HeightmapFile, AFailedSaveLeavesTheOldFileAndNothingElse) {
     document.map().setPointHeight(2, 2, 999, true);
     {
         const CFullDisk full(20);
-        EXPECT_EQ(document.save(path("map.png")).error,
+        EXPECT_EQ(document.saveHeightmap(path("map.png")).error,
                   "Failed to save " + path("map.png") + ": file too large");
     }
     EXPECT_EQ(contents(path("map.png")), before);
     EXPECT_EQ(filesInFolder(), QStringList{"map.png"});
     EXPECT_TRUE(document.isModified());
-    EXPECT_EQ(document.save(path("map.png")).error, "");
+    EXPECT_EQ(document.saveHeightmap(path("map.png")).error, "");
     EXPECT_FALSE(document.isModified());
     EXPECT_NE(contents(path("map.png")), before);
 }
@@ -99,10 +100,11 @@ TEST_F(HeightmapFile, FailuresNameTheFileAndTheReason) {
         QString path;
         QString reason;
     };
+    ASSERT_EQ(mkfifo(path("pipe.png").toLocal8Bit().constData(), 0600), 0);
     CMapDocument document;
     const CMemoryMap* before = &document.map();
     for (const Case& c :
-         {Case{path("missing.png"), "no such file or directory"}, Case{m_folder.path(), "it is not a file"},
+         {Case{path("missing.png"), "no such file or directory"}, Case{path("pipe.png"), "it is not a file"},
           Case{path("notes.txt"), "it is not a PNG file"},
           Case{path("large.png"), "it is larger than 256 MB"}}) {
         bool swapped = false;
@@ -111,23 +113,25 @@ TEST_F(HeightmapFile, FailuresNameTheFileAndTheReason) {
         EXPECT_FALSE(swapped);
         EXPECT_EQ(&document.map(), before);
     }
-    EXPECT_EQ(document.save(path("no/such/folder.png")).error,
+    EXPECT_EQ(document.saveHeightmap(path("no/such/folder.png")).error,
               "Failed to save " + path("no/such/folder.png") + ": no such file or directory");
 }
 
-TEST_F(HeightmapFile, ADocumentIsModifiedByHeightsAndRemembersWhatAHeightmapCannotKeep) {
+TEST_F(HeightmapFile, ADocumentKnowsWhatAHeightmapCannotKeep) {
     ASSERT_EQ(writeHeightmapFile(path("map.png"), ramp(17)), "");
     CMapDocument document;
     ASSERT_EQ(document.open(path("map.png"), [] {}).error, "");
     EXPECT_EQ(document.map().getGridDim(), 16);
     EXPECT_EQ(document.map().getPointHeight(3, 2), ramp(17).heights[2 * 17 + 3]);
-    EXPECT_FALSE(document.isModified());
-    EXPECT_FALSE(document.hasUnkeptChanges());
+    EXPECT_FALSE(document.isModified()) << "the first coat of paint is no change";
     document.map().setPointColour(0, 1, 1, qxCColour(10, 20, 30, 255));
-    EXPECT_FALSE(document.isModified());
-    EXPECT_TRUE(document.hasUnkeptChanges());
+    EXPECT_FALSE(document.hasHeightChanges());
+    EXPECT_TRUE(document.hasOtherChanges());
     document.map().setPointHeight(1, 1, 700, true);
-    EXPECT_TRUE(document.isModified());
+    EXPECT_TRUE(document.hasHeightChanges());
+    ASSERT_EQ(document.saveHeightmap(path("map.png")).error, "");
+    EXPECT_FALSE(document.hasHeightChanges());
+    EXPECT_TRUE(document.hasOtherChanges()) << "the colour is not in the file";
     document.setWaterLevel(345);
     EXPECT_EQ(document.waterLevel(), 345);
 }

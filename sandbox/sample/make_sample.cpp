@@ -1,0 +1,154 @@
+// Makes a dressed project of a heightmap, as the sample that the sandbox opens first.
+// Usage: vesk_make_sample MAP.png FOLDER
+
+#include "sandbox/app/ground_dressing.h"
+#include "sandbox/app/map_document.h"
+#include "sandbox/project/project_map.h"
+
+#include <QCoreApplication>
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <cstring>
+
+namespace {
+
+// Heights in the sample's metres, places in its cells.
+constexpr int LAKE_LEVEL = 316;
+constexpr int LAKE_X = 284;
+constexpr int LAKE_Z = 313;
+constexpr int BEACH = 5; // metres above the lake
+constexpr int TREE_SPACING = 5;
+constexpr float TREE_LINE = 620.0F;
+
+struct CField {
+    float x;
+    float z;
+    float width;
+    float depth;
+    float turn; // radians
+};
+
+constexpr std::array<CField, 7> FIELDS{{
+    {252.0F, 108.0F, 9.0F, 6.0F, 0.3F},
+    {263.0F, 112.0F, 8.0F, 6.0F, 0.3F},
+    {243.0F, 120.0F, 8.0F, 7.0F, 0.1F},
+    {256.0F, 123.0F, 7.0F, 5.0F, 0.5F},
+    {226.0F, 168.0F, 8.0F, 5.0F, -0.4F},
+    {270.0F, 196.0F, 9.0F, 6.0F, 0.2F},
+    {283.0F, 190.0F, 7.0F, 7.0F, 0.0F},
+}};
+
+qxCTexture* textureNamed(const CMemoryScene& scene, const char* name) {
+    for (int i = 0; i < scene.getNumTextures(); ++i) {
+        if (std::strcmp(scene.getTexture(i)->name.getString(), name) == 0) {
+            return scene.getTexture(i);
+        }
+    }
+    return nullptr;
+}
+
+/// Points from (x, z) to the nearest water, at most `limit`.
+int wayToWater(const CMemoryMap& map, int x, int z, int limit) {
+    for (int way = 0; way < limit; ++way) {
+        for (int i = -way; i <= way; ++i) {
+            if (map.getPointWater(x + i, z - way) || map.getPointWater(x + i, z + way) ||
+                map.getPointWater(x - way, z + i) || map.getPointWater(x + way, z + i)) {
+                return way;
+            }
+        }
+    }
+    return limit;
+}
+
+void fillLake(CMapDocument& document) {
+    CMemoryMap& map = document.map();
+    document.setWaterLevel(LAKE_LEVEL);
+    map.addWater(LAKE_X, LAKE_Z);
+    paintGround(map, EGround::sand, [&](int x, int z) {
+        constexpr int WIDEST = 4;
+        const int way = wayToWater(map, x, z, WIDEST);
+        const auto above = static_cast<float>(map.getPointHeight(x, z) - LAKE_LEVEL);
+        return way == WIDEST ? 0.0F : 1.0F - softStep(BEACH, 3.0F * BEACH, above);
+    });
+}
+
+void layFields(CMemoryMap& map, qxCTexture* furrows) {
+    for (const CField& field : FIELDS) {
+        const qxCVector3d along(field.width * std::cos(field.turn), 0.0F, field.width * std::sin(field.turn));
+        const qxCVector3d across(-field.depth * std::sin(field.turn), 0.0F,
+                                 field.depth * std::cos(field.turn));
+        const qxCVector3d corner(field.x, 0.04F, field.z); // a little above the ground, clear of it
+        map.addDetail(qxDetailTypeQuad, furrows, corner, corner + along, corner + across, 1.0F);
+    }
+}
+
+void plant(CMemoryMap& map, qxCTexture* texture, float x, float z, float size, float tallness) {
+    const float half = size / 2.0F;
+    map.addDetail(qxDetailTypePoint, texture, {x - half, 0.0F, z - half}, {x + half, 0.0F, z - half},
+                  {x - half, 0.0F, z + half}, tallness);
+}
+
+/// One tree or bush at most per square of the spacing, somewhere in it: woods on the slopes, bushes along
+/// the water and here and there in the meadows.
+void plantTrees(CMemoryMap& map, qxCTexture* pine, qxCTexture* bush) {
+    for (int z = TREE_SPACING; z < map.getGridDim() - TREE_SPACING; z += TREE_SPACING) {
+        for (int x = TREE_SPACING; x < map.getGridDim() - TREE_SPACING; x += TREE_SPACING) {
+            const auto chance = [&](int salt) {
+                return unevenness(static_cast<float>(x * 7 + salt), static_cast<float>(z * 11 - salt), 1.0F);
+            };
+            const float placeX = static_cast<float>(x) + chance(1) * (TREE_SPACING - 1);
+            const float placeZ = static_cast<float>(z) + chance(2) * (TREE_SPACING - 1);
+            const int column = static_cast<int>(placeX);
+            const int row = static_cast<int>(placeZ);
+            const auto height = static_cast<float>(map.getPointHeight(column, row));
+            if (map.getPointWater(column, row) || map.getGradient(column, row) > 26.0F) {
+                continue;
+            }
+            const float wood = unevenness(placeX, placeZ, 22.0F);
+            if (wood > 0.55F && height > 335.0F && height < TREE_LINE && chance(3) < 0.8F) {
+                plant(map, pine, placeX, placeZ, 1.1F + 0.6F * chance(4), 1.5F);
+            } else if (height < 420.0F && wayToWater(map, column, row, 6) < 6 && chance(5) < 0.3F) {
+                plant(map, bush, placeX, placeZ, 0.7F + 0.5F * chance(6), 0.9F);
+            } else if (height < 420.0F && chance(7) < 0.05F) {
+                plant(map, bush, placeX, placeZ, 0.8F + 0.5F * chance(8), 0.9F);
+            }
+        }
+    }
+}
+
+QString makeSample(const QString& heightmap, const QString& folder) {
+    CMapDocument document;
+    const CMapDocument::Outcome outcome = document.open(heightmap, [] {});
+    if (!outcome.error.isEmpty()) {
+        return outcome.error;
+    }
+    CMemoryMap& map = document.map();
+    const CMemoryScene& scene = document.scene();
+    fillLake(document);
+    layFields(map, textureNamed(scene, "furrows"));
+    plantTrees(map, textureNamed(scene, "pine"), textureNamed(scene, "bush"));
+    map.setCurrentMultiTexture(0);
+    // The images are the samples' own, which the sandbox always finds: no need for copies of them.
+    CProject project = captureProject(map, scene);
+    const CProjectFault fault = writeProject(folder, project);
+    std::printf("%s: %d definitions, %d textures, %d details, lake at %d\n", qPrintable(folder),
+                map.getNumMultiTextures(), scene.getNumTextures(), map.getDetails().size(), LAKE_LEVEL);
+    return fault.reason.isEmpty() ? QString() : fault.path + ": " + fault.reason;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    const QCoreApplication application(argc, argv);
+    if (argc != 3) {
+        std::fprintf(stderr, "usage: vesk_make_sample MAP.png FOLDER\n");
+        return 2;
+    }
+    const QString failure = makeSample(QString::fromLocal8Bit(argv[1]), QString::fromLocal8Bit(argv[2]));
+    if (!failure.isEmpty()) {
+        std::fprintf(stderr, "%s\n", qPrintable(failure));
+        return 1;
+    }
+    return 0;
+}
