@@ -1,6 +1,7 @@
 #include "sandbox/app/ground_dressing.h"
 
 #include "engine/qx_texture.h"
+#include "sandbox/app/soft_noise.h"
 
 #include <algorithm>
 #include <array>
@@ -12,7 +13,7 @@ namespace {
 constexpr int CELLS_A_REPEAT = 10; // over how many cells a base texture stretches
 constexpr int MAX_TILING = 256;
 
-/// In the order of EGround. Smooth ground is pale, so the tints are the colours that it takes.
+/// In the order of EGround. Both base textures are pale, so the tints are the colours that the ground takes.
 constexpr std::array<qxCMapMultiTexture, static_cast<std::size_t>(EGround::count)> DEFINITIONS{{
     {{158, 166, 104, 255}, {128, 142, 80, 255}, 0.05F, 0.1F}, // meadow
     {{100, 116, 72, 255}, {78, 94, 56, 255}, 0.1F, 0.1F},     // forest
@@ -23,14 +24,102 @@ constexpr std::array<qxCMapMultiTexture, static_cast<std::size_t>(EGround::count
     {{156, 120, 84, 255}, {128, 94, 62, 255}, 0.3F, 0.2F},    // soil
 }};
 
-/// The same number in 0 to 1 for the same corner of the lattice.
-float latticeValue(int x, int z) {
-    auto bits = static_cast<std::uint32_t>(x) * 0x9E3779B1U ^ static_cast<std::uint32_t>(z) * 0x85EBCA77U;
-    bits = (bits ^ (bits >> 15)) * 0x2C1B3C6DU;
-    bits = (bits ^ (bits >> 12)) * 0x297A2D39U;
-    constexpr float LARGEST = 16777215.0F;
-    return static_cast<float>((bits ^ (bits >> 15)) & 0xFFFFFFU) / LARGEST;
-}
+/// Surface of one point: colour channels 0 to 255, blend 0 to 1.
+struct CSurface {
+    float red;
+    float green;
+    float blue;
+    float blend;
+
+    void approach(const CSurface& other, float way) {
+        red += (other.red - red) * way;
+        green += (other.green - green) * way;
+        blue += (other.blue - blue) * way;
+        blend += (other.blend - blend) * way;
+    }
+};
+
+/// One coat of paint for a whole map. Lives for one pass.
+class CGroundCoat {
+public:
+    explicit CGroundCoat(CMemoryMap& map)
+        : m_map(map), m_pHeights(map.getHeights().data()), m_nDim(map.getGridDim()) {
+        const auto [low, high] = std::ranges::minmax(map.getHeights());
+        m_fLow = static_cast<float>(low);
+        m_fSpan = static_cast<float>(std::max(high - low, 1));
+    }
+
+    void paint() {
+        for (int z = 0; z <= m_nDim; ++z) {
+            for (int x = 0; x <= m_nDim; ++x) {
+                paintPoint(x, z);
+            }
+        }
+    }
+
+private:
+    float height(int x, int z) const {
+        return static_cast<float>(
+            m_pHeights[static_cast<std::size_t>(z) * static_cast<std::size_t>(m_nDim + 1) +
+                       static_cast<std::size_t>(x)]);
+    }
+
+    /// Rise over run. At the map's edge the neighbour's.
+    float steepness(int x, int z) const {
+        if (m_nDim < 2) {
+            return 0.0F;
+        }
+        const int column = std::clamp(x, 1, m_nDim - 1);
+        const int row = std::clamp(z, 1, m_nDim - 1);
+        const float alongX = height(column + 1, row) - height(column - 1, row);
+        const float alongZ = height(column, row + 1) - height(column, row - 1);
+        return std::sqrt(alongX * alongX + alongZ * alongZ) * 0.5F * m_map.heightScale /
+               CMemoryMap::CELL_SIZE;
+    }
+
+    static CSurface surfaceOf(EGround ground, float grain, float patch) {
+        const qxCMapMultiTexture& definition = DEFINITIONS[static_cast<std::size_t>(ground)];
+        const auto mixed = [grain](std::uint8_t from, std::uint8_t to) {
+            return static_cast<float>(from) + (static_cast<float>(to) - static_cast<float>(from)) * grain;
+        };
+        return {mixed(definition.tint1.r, definition.tint2.r), mixed(definition.tint1.g, definition.tint2.g),
+                mixed(definition.tint1.b, definition.tint2.b),
+                std::clamp(definition.blend + definition.variation * (2.0F * patch - 1.0F), 0.0F, 1.0F)};
+    }
+
+    void paintPoint(int x, int z) {
+        const float grain = m_grain.at(x, z);
+        const float patch = m_patch.at(x, z);
+        // Borders are a little uneven, so that they are no contour lines.
+        const float rise = (height(x, z) - m_fLow) / m_fSpan + 0.16F * (patch - 0.5F);
+        const float steep = steepness(x, z) * (0.85F + 0.3F * grain);
+        CSurface surface = surfaceOf(EGround::meadow, grain, patch);
+        const auto cover = [&](EGround ground, float weight) {
+            if (weight > 0.0F) {
+                surface.approach(surfaceOf(ground, grain, patch), weight);
+            }
+        };
+        cover(EGround::forest, 0.9F * softStep(0.1F, 0.25F, rise) * softStep(0.4F, 0.6F, m_stand.at(x, z)));
+        cover(EGround::heath, 0.85F * softStep(0.45F, 0.8F, rise));
+        cover(EGround::scree, 0.8F * softStep(0.48F, 0.70F, steep)); // from 26 degrees
+        cover(EGround::rock, softStep(0.65F, 0.90F, steep));         // from 33 degrees
+        m_map.setPointColour(0, x, z,
+                             {static_cast<int>(surface.red), static_cast<int>(surface.green),
+                              static_cast<int>(surface.blue), 255});
+        m_map.setPointBlend(1, x, z, static_cast<int>(surface.blend * CMemoryMap::MAX_BLEND));
+    }
+
+    CMemoryMap& m_map;
+    const std::uint16_t* m_pHeights;
+    int m_nDim;
+    float m_fLow;
+    float m_fSpan;
+    CSoftNoise m_grain{4};
+    CSoftNoise m_patch{16};
+    CSoftNoise m_stand{32}; // of trees
+};
+
+} // namespace
 
 qxCTexture* findTexture(const CMemoryScene& scene, const char* name) {
     for (int i = 0; i < scene.getNumTextures(); ++i) {
@@ -41,66 +130,6 @@ qxCTexture* findTexture(const CMemoryScene& scene, const char* name) {
     return nullptr;
 }
 
-/// What the coat of paint goes by at each point.
-class CRelief {
-public:
-    explicit CRelief(const CMemoryMap& map) : m_map(map) {
-        const auto [low, high] = std::ranges::minmax(map.getHeights());
-        m_fLow = static_cast<float>(low);
-        m_fSpan = static_cast<float>(std::max(high - low, 1));
-    }
-
-    /// Degrees, a little uneven so that borders are no contour lines.
-    float slope(int x, int z) const { return m_map.getGradient(x, z) + 6.0F * (roughly(x, z, 5.0F) - 0.5F); }
-    /// 0 on the lowest ground to 1 on the highest, uneven likewise.
-    float rise(int x, int z) const {
-        const float height = static_cast<float>(m_map.getPointHeight(x, z)) - m_fLow;
-        return height / m_fSpan + 0.16F * (roughly(x, z, 14.0F) - 0.5F);
-    }
-
-private:
-    static float roughly(int x, int z, float size) {
-        return unevenness(static_cast<float>(x), static_cast<float>(z), size);
-    }
-
-    const CMemoryMap& m_map;
-    float m_fLow = 0.0F;
-    float m_fSpan = 1.0F;
-};
-
-void paintRelief(CMemoryMap& map) {
-    const CRelief relief(map);
-    paintGround(map, EGround::meadow, [](int, int) { return 1.0F; });
-    paintGround(map, EGround::forest, [&](int x, int z) {
-        const float wood = unevenness(static_cast<float>(x), static_cast<float>(z), 22.0F);
-        return 0.9F * softStep(0.1F, 0.25F, relief.rise(x, z)) * softStep(0.4F, 0.6F, wood);
-    });
-    paintGround(map, EGround::heath,
-                [&](int x, int z) { return 0.85F * softStep(0.45F, 0.8F, relief.rise(x, z)); });
-    paintGround(map, EGround::scree,
-                [&](int x, int z) { return 0.8F * softStep(25.0F, 35.0F, relief.slope(x, z)); });
-    paintGround(map, EGround::rock, [&](int x, int z) { return softStep(33.0F, 42.0F, relief.slope(x, z)); });
-}
-
-} // namespace
-
-float unevenness(float x, float z, float size) {
-    const float u = x / size;
-    const float v = z / size;
-    const auto column = static_cast<int>(std::floor(u));
-    const auto row = static_cast<int>(std::floor(v));
-    const float alongU = softStep(0.0F, 1.0F, u - static_cast<float>(column));
-    const float alongV = softStep(0.0F, 1.0F, v - static_cast<float>(row));
-    const float above = std::lerp(latticeValue(column, row), latticeValue(column + 1, row), alongU);
-    const float below = std::lerp(latticeValue(column, row + 1), latticeValue(column + 1, row + 1), alongU);
-    return std::lerp(above, below, alongV);
-}
-
-float softStep(float from, float to, float value) {
-    const float way = std::clamp((value - from) / (to - from), 0.0F, 1.0F);
-    return way * way * (3.0F - 2.0F * way);
-}
-
 void dressGround(CMemoryMap& map, const CMemoryScene& scene) {
     map.setTexture(qxMapLayerSmooth, findTexture(scene, "turf"));
     map.setTexture(qxMapLayerRough, findTexture(scene, "crag"));
@@ -109,5 +138,5 @@ void dressGround(CMemoryMap& map, const CMemoryScene& scene) {
     for (const qxCMapMultiTexture& definition : DEFINITIONS) {
         *map.addMultiTexture() = definition;
     }
-    paintRelief(map);
+    CGroundCoat(map).paint();
 }

@@ -20,8 +20,8 @@ public:
     CMainWindow();
     ~CMainWindow() override;
 
-    /// Open a heightmap or a project in place of the map that is open, without asking. Returns what to tell on
-    /// failure.
+    /// Open a heightmap or a project in place of the map that is open, without asking. Returns what to tell
+    /// on failure.
     QString openMap(const QString& path);
     /// Save the heights to a file. Returns what to tell on failure.
     QString saveHeightmap(const QString& path);

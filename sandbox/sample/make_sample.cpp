@@ -3,13 +3,13 @@
 
 #include "sandbox/app/ground_dressing.h"
 #include "sandbox/app/map_document.h"
+#include "sandbox/app/soft_noise.h"
 #include "sandbox/project/project_map.h"
 
 #include <QCoreApplication>
-#include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdio>
-#include <cstring>
 
 namespace {
 
@@ -17,8 +17,9 @@ namespace {
 constexpr int LAKE_LEVEL = 316;
 constexpr int LAKE_X = 284;
 constexpr int LAKE_Z = 313;
-constexpr int BEACH = 5; // metres above the lake
-constexpr int TREE_SPACING = 5;
+constexpr float BEACH = 4.0F; // metres above the lake
+constexpr int WIDEST_BEACH = 4;
+constexpr int TREE_SPACING = 4;
 constexpr float TREE_LINE = 620.0F;
 
 struct CField {
@@ -39,15 +40,6 @@ constexpr std::array<CField, 7> FIELDS{{
     {283.0F, 190.0F, 7.0F, 7.0F, 0.0F},
 }};
 
-qxCTexture* textureNamed(const CMemoryScene& scene, const char* name) {
-    for (int i = 0; i < scene.getNumTextures(); ++i) {
-        if (std::strcmp(scene.getTexture(i)->name.getString(), name) == 0) {
-            return scene.getTexture(i);
-        }
-    }
-    return nullptr;
-}
-
 /// Points from (x, z) to the nearest water, at most `limit`.
 int wayToWater(const CMemoryMap& map, int x, int z, int limit) {
     for (int way = 0; way < limit; ++way) {
@@ -65,12 +57,16 @@ void fillLake(CMapDocument& document) {
     CMemoryMap& map = document.map();
     document.setWaterLevel(LAKE_LEVEL);
     map.addWater(LAKE_X, LAKE_Z);
-    paintGround(map, EGround::sand, [&](int x, int z) {
-        constexpr int WIDEST = 4;
-        const int way = wayToWater(map, x, z, WIDEST);
-        const auto above = static_cast<float>(map.getPointHeight(x, z) - LAKE_LEVEL);
-        return way == WIDEST ? 0.0F : 1.0F - softStep(BEACH, 3.0F * BEACH, above);
-    });
+    map.setCurrentMultiTexture(static_cast<int>(EGround::sand));
+    for (int z = 0; z <= map.getGridDim(); ++z) {
+        for (int x = 0; x <= map.getGridDim(); ++x) {
+            const auto above = static_cast<float>(map.getPointHeight(x, z) - LAKE_LEVEL);
+            if (wayToWater(map, x, z, WIDEST_BEACH) < WIDEST_BEACH) {
+                map.paintMultiTexture(x, z, 0.85F * (1.0F - softStep(BEACH, 3.0F * BEACH, above)));
+            }
+        }
+    }
+    map.setCurrentMultiTexture(static_cast<int>(EGround::meadow));
 }
 
 void layFields(CMemoryMap& map, qxCTexture* furrows) {
@@ -92,11 +88,11 @@ void plant(CMemoryMap& map, qxCTexture* texture, float x, float z, float size, f
 /// One tree or bush at most per square of the spacing, somewhere in it: woods on the slopes, bushes along
 /// the water and here and there in the meadows.
 void plantTrees(CMemoryMap& map, qxCTexture* pine, qxCTexture* bush) {
+    const CSoftNoise lots(1);
+    const CSoftNoise stand(32); // the same as of the forest's paint
     for (int z = TREE_SPACING; z < map.getGridDim() - TREE_SPACING; z += TREE_SPACING) {
         for (int x = TREE_SPACING; x < map.getGridDim() - TREE_SPACING; x += TREE_SPACING) {
-            const auto chance = [&](int salt) {
-                return unevenness(static_cast<float>(x * 7 + salt), static_cast<float>(z * 11 - salt), 1.0F);
-            };
+            const auto chance = [&](int salt) { return lots.at(x * 7 + salt, z * 11 + salt * 3); };
             const float placeX = static_cast<float>(x) + chance(1) * (TREE_SPACING - 1);
             const float placeZ = static_cast<float>(z) + chance(2) * (TREE_SPACING - 1);
             const int column = static_cast<int>(placeX);
@@ -105,8 +101,8 @@ void plantTrees(CMemoryMap& map, qxCTexture* pine, qxCTexture* bush) {
             if (map.getPointWater(column, row) || map.getGradient(column, row) > 26.0F) {
                 continue;
             }
-            const float wood = unevenness(placeX, placeZ, 22.0F);
-            if (wood > 0.55F && height > 335.0F && height < TREE_LINE && chance(3) < 0.8F) {
+            const float wood = stand.at(column, row);
+            if (wood > 0.5F && height > 335.0F && height < TREE_LINE && chance(3) < 0.8F) {
                 plant(map, pine, placeX, placeZ, 1.1F + 0.6F * chance(4), 1.5F);
             } else if (height < 420.0F && wayToWater(map, column, row, 6) < 6 && chance(5) < 0.3F) {
                 plant(map, bush, placeX, placeZ, 0.7F + 0.5F * chance(6), 0.9F);
@@ -126,9 +122,8 @@ QString makeSample(const QString& heightmap, const QString& folder) {
     CMemoryMap& map = document.map();
     const CMemoryScene& scene = document.scene();
     fillLake(document);
-    layFields(map, textureNamed(scene, "furrows"));
-    plantTrees(map, textureNamed(scene, "pine"), textureNamed(scene, "bush"));
-    map.setCurrentMultiTexture(0);
+    layFields(map, findTexture(scene, "furrows"));
+    plantTrees(map, findTexture(scene, "pine"), findTexture(scene, "bush"));
     // The images are the samples' own, which the sandbox always finds: no need for copies of them.
     CProject project = captureProject(map, scene);
     const CProjectFault fault = writeProject(folder, project);
