@@ -32,7 +32,7 @@ void vuCreateEditor(HWND host, qxCMap* map, CString textureDir, vuMessageCallbac
             g_pMapEditorDlg = nullptr;
             return;
         }
-        panel.release(); // from here its window owns it
+        static_cast<void>(panel.release()); // from here its window owns it
         g_bEditorActive = true;
         g_pfnMessageCallback = onMessage;
         g_pfnIntCallback = intCallback;
