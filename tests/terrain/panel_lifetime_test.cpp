@@ -3,6 +3,7 @@
 #include "host/module_state.h"
 #include "host/veskutil.h"
 #include "resources/resource_ids.h"
+#include "support/modal_steps.h"
 #include "support/ui_driver.h"
 #include "terrain/map_undo_list.h"
 #include "terrain/panel/map_editor_dlg.h"
@@ -116,6 +117,24 @@ TEST_F(PanelTest, AHostMayCloseTheEditorAndFreeTheMapUnderAMessageBox) {
     ASSERT_TRUE(vuIsEditorActive()) << "the new one";
     ASSERT_NE(panel(), nullptr);
     EXPECT_EQ(text(IDC_HEIGHT), "0");
+}
+
+TEST_F(PanelTest, TakesTheDialogsOverItDown) {
+    const std::function<void()> ways[] = {
+        [] { ui::doubleClick(*control(IDC_TINT_COLOUR)); }, // a colour dialog
+        [] {
+            type(IDC_HEIGHT, "9999");
+            ui::press(Qt::Key_Tab); // a message box
+        }};
+    for (const auto& openDialog : ways) {
+        open();
+        ModalSteps host({[](const QWidget* dialog) {
+            vuDestroyEditor();
+            EXPECT_FALSE(dialog->isVisible()) << "it would go on blocking the host";
+        }});
+        openDialog();
+        EXPECT_TRUE(host.areDone());
+    }
 }
 
 TEST_F(PanelTest, GoesDownWithTheHostsWindow) {

@@ -42,8 +42,8 @@ void CMapEditorDlg::destroy() {
         delete this;
         return;
     }
-    ShowWindow(SW_HIDE);
     m_bFreeWhenIdle = true;
+    DestroyWindow(); // now: a message box over a panel that is only hidden would go on blocking the host
 }
 
 void CMapEditorDlg::closeByUser() {

@@ -29,8 +29,8 @@ public:
     /// caller's, when there is no window.
     bool createWindow(CWnd* host);
     /// Close the window and free the object, without remembering its settings. From inside one of the panel's
-    /// own commands (a host's timer may call while a message box is open) the object lives on, hidden and
-    /// without its map, until that command returns.
+    /// own commands (a host's timer may call while a message box is open) the object lives on,
+    /// without its map and its window, until that command returns.
     void destroy();
 
     void strokeStart(int x, int z, int edge, int corner);
