@@ -1,0 +1,341 @@
+#include "host/ui_events/event_gestures.h"
+
+#include <QAbstractSpinBox>
+#include <QApplication>
+#include <QLineEdit>
+#include <QPointer>
+
+#include <array>
+#include <utility>
+
+namespace {
+
+struct Key {
+    Qt::Key key;
+    const char* text;
+    Qt::KeyboardModifiers modifiers = Qt::NoModifier;
+};
+
+/// Keys that mean something somewhere, and a few that do not.
+const std::array KEYS = {
+    Key{Qt::Key_Tab, "\t"},
+    Key{Qt::Key_Tab, "\t"},
+    Key{Qt::Key_Backtab, "", Qt::ShiftModifier},
+    Key{Qt::Key_Return, "\r"},
+    Key{Qt::Key_Enter, "\r", Qt::KeypadModifier},
+    Key{Qt::Key_Escape, "\x1b"},
+    Key{Qt::Key_Space, " "},
+    Key{Qt::Key_Left, ""},
+    Key{Qt::Key_Right, ""},
+    Key{Qt::Key_Up, ""},
+    Key{Qt::Key_Down, ""},
+    Key{Qt::Key_Home, ""},
+    Key{Qt::Key_End, ""},
+    Key{Qt::Key_PageUp, ""},
+    Key{Qt::Key_PageDown, ""},
+    Key{Qt::Key_Backspace, "\b"},
+    Key{Qt::Key_Delete, "\x7f"},
+    Key{Qt::Key_0, "0"},
+    Key{Qt::Key_1, "1"},
+    Key{Qt::Key_5, "5"},
+    Key{Qt::Key_9, "9"},
+    Key{Qt::Key_Minus, "-"},
+    Key{Qt::Key_Period, "."},
+    Key{Qt::Key_Comma, ","},
+    Key{Qt::Key_A, "a"},
+    Key{Qt::Key_E, "e"},
+    Key{Qt::Key_G, "g"},
+    Key{Qt::Key_Z, "Z", Qt::ShiftModifier},
+    Key{Qt::Key_F2, ""},
+    Key{Qt::Key_F4, ""},
+    Key{Qt::Key_F5, ""},
+    Key{Qt::Key_Menu, ""},
+    Key{Qt::Key_Down, "", Qt::AltModifier},
+    Key{Qt::Key_O, "o", Qt::AltModifier},
+    Key{Qt::Key_Tab, "\t", Qt::ControlModifier},
+    Key{Qt::Key_A, "\x01", Qt::ControlModifier},
+    Key{Qt::Key_C, "\x03", Qt::ControlModifier},
+    Key{Qt::Key_V, "\x16", Qt::ControlModifier},
+    Key{Qt::Key_X, "\x18", Qt::ControlModifier},
+    Key{Qt::Key_Z, "\x1a", Qt::ControlModifier},
+};
+
+/// What a person types into a field: good values, ends of ranges, nonsense.
+const std::array TYPED = {"0",      "1",   "7",     "512",   "1023", "1024",  "-1",
+                          "9999",   "0.5", "1.5",   "-0.25", "abc",  "1e9",   "999999999999",
+                          "",       " ",   "-",     ".",     "nan",  "12 34", "300",
+                          "0.3333", "+3",  "1e-30", "ä",     "0x10", "16",    "2"};
+
+std::string nameOf(const QWidget& widget) {
+    std::string name = widget.window()->objectName().toStdString();
+    if (name.empty()) {
+        name = widget.window()->metaObject()->className();
+    }
+    if (!widget.isWindow()) {
+        name += '/';
+        name += widget.objectName().isEmpty() ? widget.metaObject()->className()
+                                              : widget.objectName().toStdString();
+    }
+    return name;
+}
+
+std::string placed(const QWidget& widget, QPoint place) {
+    return nameOf(widget) + " at " + std::to_string(place.x()) + ", " + std::to_string(place.y());
+}
+
+} // namespace
+
+VisiblePlace anyPlace(CEventDice& dice, QWidget& window) {
+    const QList<QWidget*> parts = window.findChildren<QWidget*>();
+    for (int attempt = 0; attempt < 10 && !parts.isEmpty(); ++attempt) {
+        QWidget* const part = dice.of(parts);
+        const QRect seen =
+            part->window() == &window && part->isVisible() ? part->visibleRegion().boundingRect() : QRect();
+        if (!seen.isEmpty()) {
+            return {part, {dice.between(seen.left(), seen.right()), dice.between(seen.top(), seen.bottom())}};
+        }
+    }
+    return {&window, {dice.below(std::max(window.width(), 1)), dice.below(std::max(window.height(), 1))}};
+}
+
+std::optional<EventAct> CEventGestures::takeNext() {
+    if (m_acts.empty()) {
+        return std::nullopt;
+    }
+    EventAct act = std::move(m_acts.front());
+    m_acts.pop_front();
+    return act;
+}
+
+void CEventGestures::add(EventKind kind, std::string what, std::function<bool()> send) {
+    m_acts.push_back({kind, std::move(what), std::move(send)});
+}
+
+void CEventGestures::press(EventKind kind, QWidget& widget, QPoint place, Qt::MouseButton button,
+                           Qt::KeyboardModifiers modifiers) {
+    add(kind, placed(widget, place), [=, this, target = QPointer(&widget)] {
+        if (target == nullptr || !target->isVisible()) {
+            return false;
+        }
+        m_hand.press(*target, place, button, modifiers);
+        return true;
+    });
+}
+
+void CEventGestures::moveTo(QWidget& widget, QPoint place) {
+    add(EventKind::MOVE, placed(widget, place), [=, this, target = QPointer(&widget)] {
+        if (target == nullptr || !target->isVisible()) {
+            return false;
+        }
+        m_hand.moveTo(*target, place);
+        return true;
+    });
+}
+
+void CEventGestures::release() {
+    add(EventKind::RELEASE, "where the pointer is", [this] {
+        if (!m_hand.isHolding()) {
+            return false;
+        }
+        m_hand.release();
+        return true;
+    });
+}
+
+/// Long enough that the next press starts a click of its own.
+void CEventGestures::pause() {
+    constexpr int LONGER_THAN_A_DOUBLE_CLICK = 600;
+    m_hand.wait(LONGER_THAN_A_DOUBLE_CLICK);
+}
+
+void CEventGestures::clickOn(QWidget& widget) {
+    clickOn(widget, widget.rect().center());
+}
+
+void CEventGestures::clickOn(QWidget& widget, QPoint place, Qt::KeyboardModifiers modifiers) {
+    pause();
+    press(EventKind::PRESS, widget, place, Qt::LeftButton, modifiers);
+    release();
+}
+
+void CEventGestures::doubleClickOn(QWidget& widget, QPoint place) {
+    clickOn(widget, place);
+    press(EventKind::DOUBLE_CLICK, widget, place, Qt::LeftButton, Qt::NoModifier);
+    release();
+}
+
+void CEventGestures::dragTo(QWidget& from, QWidget& to) {
+    pause();
+    press(EventKind::PRESS, from, from.rect().center(), Qt::LeftButton, Qt::NoModifier);
+    moveTo(from, from.rect().bottomRight());
+    moveTo(to, to.rect().center());
+    release();
+}
+
+void CEventGestures::strike(QWidget& window, Qt::Key key, const QString& text,
+                            Qt::KeyboardModifiers modifiers) {
+    const QWidget* const focus = QApplication::focusWidget();
+    std::string what = QKeySequence(static_cast<int>(modifiers) | key).toString().toStdString();
+    what += " in " + nameOf(focus != nullptr ? *focus : window);
+    add(EventKind::KEY, std::move(what), [=, this, target = QPointer(&window)] {
+        if (target == nullptr) {
+            return false;
+        }
+        m_hand.strike(*target, key, text, modifiers);
+        return true;
+    });
+}
+
+void CEventGestures::type(QWidget& field, const QString& text, Qt::Key leaveBy) {
+    clickOn(field);
+    strike(field, Qt::Key_A, "\x01", Qt::ControlModifier);
+    strike(field, Qt::Key_Delete, "\x7f");
+    for (const QChar letter : text) {
+        strike(field, static_cast<Qt::Key>(letter.toUpper().unicode()), letter);
+    }
+    strike(field, leaveBy);
+}
+
+void CEventGestures::close(QWidget& window) {
+    add(EventKind::CLOSE, nameOf(window), [target = QPointer(&window)] {
+        if (target == nullptr || !target->isVisible()) {
+            return false;
+        }
+        target->close();
+        return true;
+    });
+}
+
+void CEventGestures::turnWheel(QWidget& widget) {
+    const QPoint place = widget.rect().center();
+    add(EventKind::WHEEL, nameOf(widget),
+        [this, place, notches = m_dice.oneIn(2) ? 1 : -2, target = QPointer(&widget)] {
+            if (target == nullptr || !target->isVisible()) {
+                return false;
+            }
+            m_hand.turnWheel(*target, place, notches);
+            return true;
+        });
+}
+
+void CEventGestures::changeFocus(QWidget& window) {
+    QWidget& next = m_dice.oneIn(3) ? *m_stage.window() : *anyPlace(m_dice, window).widget;
+    add(EventKind::FOCUS, nameOf(next), [target = QPointer(&next)] {
+        if (target == nullptr || !target->isVisible()) {
+            return false;
+        }
+        if (QWidget* const modal = QApplication::activeModalWidget();
+            modal == nullptr || target->window() == modal) {
+            target->activateWindow();
+        }
+        target->setFocus(Qt::ShortcutFocusReason);
+        return true;
+    });
+}
+
+/// As a window manager does it, which may make a window of a fixed size larger, but none too small.
+void CEventGestures::resize(QWidget& window) {
+    const QRect rect(m_dice.between(-50, 600), m_dice.between(-50, 400), m_dice.between(1, 900),
+                     m_dice.between(1, 900));
+    add(EventKind::RESIZE, nameOf(window), [rect, target = QPointer(&window)] {
+        if (target == nullptr || target->windowHandle() == nullptr) {
+            return false;
+        }
+        QWindow& native = *target->windowHandle();
+        native.setGeometry(QRect(rect.topLeft(), rect.size().expandedTo(native.minimumSize())));
+        return true;
+    });
+}
+
+void CEventGestures::anyKey(QWidget& window) {
+    const Key& key = m_dice.of(KEYS);
+    strike(window, key.key, QString::fromUtf8(key.text), key.modifiers);
+}
+
+void CEventGestures::anyEvent(QWidget& window) {
+    const auto [widget, place] = anyPlace(m_dice, window);
+    switch (m_dice.below(16)) {
+    case 0:
+        return press(EventKind::PRESS, *widget, place, Qt::LeftButton, Qt::NoModifier);
+    case 1:
+    case 2:
+        return m_hand.isHolding() ? release() : moveTo(*widget, place);
+    case 3:
+    case 4:
+        return moveTo(*widget, place);
+    case 5:
+        press(EventKind::CONTEXT_PRESS, *widget, place, Qt::RightButton, Qt::NoModifier);
+        return release();
+    case 6:
+        return doubleClickOn(*widget, place);
+    case 7:
+    case 8:
+        return turnWheel(*widget);
+    case 9:
+        return m_dice.oneIn(3) ? resize(window) : changeFocus(window);
+    default:
+        return anyKey(window);
+    }
+}
+
+void CEventGestures::clickAnywhere(QWidget& window) {
+    const auto [widget, place] = anyPlace(m_dice, window);
+    clickOn(*widget, place, m_dice.oneIn(8) ? Qt::ControlModifier : Qt::NoModifier);
+}
+
+void CEventGestures::dragAnywhere(QWidget& window) {
+    const auto [from, place] = anyPlace(m_dice, window);
+    const auto [to, end] = anyPlace(m_dice, window);
+    pause();
+    press(EventKind::PRESS, *from, place, Qt::LeftButton, Qt::NoModifier);
+    moveTo(*to, end);
+    release();
+}
+
+void CEventGestures::typeIntoAnyField(QWidget& window) {
+    constexpr std::array LEAVING = {Qt::Key_Tab, Qt::Key_Return, Qt::Key_Backtab, Qt::Key_Down};
+    if (QLineEdit* const field = anyOf<QLineEdit>(m_dice, window)) {
+        type(*field, QString::fromUtf8(m_dice.of(TYPED)), m_dice.of(LEAVING));
+    } else {
+        anyKey(window);
+    }
+}
+
+void CEventGestures::hostCall() {
+    for (int calls = m_dice.between(1, 6); calls > 0; --calls) {
+        if (m_dice.oneIn(3)) {
+            add(EventKind::HOVER, "of the host", [this] {
+                m_stage.hover();
+                return true;
+            });
+        } else {
+            add(EventKind::STROKE, "of the host", [this] {
+                m_stage.stroke();
+                return true;
+            });
+        }
+    }
+}
+
+void CEventGestures::openEditor() {
+    add(EventKind::EDITOR, "opened by the host", [this] {
+        m_stage.openEditor();
+        return true;
+    });
+}
+
+void CEventGestures::destroyEditor(bool withWindow) {
+    if (withWindow) {
+        add(EventKind::EDITOR, "and the host's window destroyed", [this] { return m_stage.replaceWindow(); });
+    } else if (m_dice.oneIn(2)) {
+        add(EventKind::EDITOR, "destroyed, its map and scene freed", [this] {
+            m_stage.replaceWorld();
+            return true;
+        });
+    } else {
+        add(EventKind::EDITOR, "destroyed by the host", [this] {
+            m_stage.destroyEditor();
+            return true;
+        });
+    }
+}

@@ -1,0 +1,71 @@
+#include "host/ui_events/event_hand.h"
+
+#include <QGuiApplication>
+#include <QTest>
+#include <QWheelEvent>
+
+namespace {
+
+QWindow* windowOf(const QWidget& widget) {
+    return widget.window()->windowHandle();
+}
+
+} // namespace
+
+void CEventHand::point(QWidget& widget, QPoint place) {
+    m_global = widget.mapToGlobal(place);
+    if (!isHolding() || m_window == nullptr) {
+        m_window = windowOf(widget);
+    }
+}
+
+void CEventHand::send(QEvent::Type type, Qt::MouseButton button, Qt::KeyboardModifiers modifiers) {
+    if (m_window != nullptr && m_window->isVisible()) {
+        qt_handleMouseEvent(m_window, m_window->mapFromGlobal(m_global), m_global, m_button, button, type,
+                            modifiers, m_nTime);
+    }
+}
+
+void CEventHand::press(QWidget& widget, QPoint place, Qt::MouseButton button,
+                       Qt::KeyboardModifiers modifiers) {
+    point(widget, place);
+    m_button = button;
+    m_nTime += 10;
+    send(QEvent::MouseButtonPress, button, modifiers);
+}
+
+void CEventHand::moveTo(QWidget& widget, QPoint place) {
+    point(widget, place);
+    m_nTime += 10;
+    send(QEvent::MouseMove, Qt::NoButton, Qt::NoModifier);
+}
+
+void CEventHand::release() {
+    const Qt::MouseButton button = m_button;
+    m_button = Qt::NoButton;
+    m_nTime += 10;
+    send(QEvent::MouseButtonRelease, button, Qt::NoModifier);
+}
+
+void CEventHand::strike(QWidget& widget, Qt::Key key, const QString& text, Qt::KeyboardModifiers modifiers) {
+    QWindow* const focused = QGuiApplication::focusWindow();
+    const QPointer<QWindow> window = focused != nullptr ? focused : windowOf(widget);
+    if (window != nullptr) {
+        qt_handleKeyEvent(window, QEvent::KeyPress, key, modifiers, text);
+    }
+    if (window != nullptr) {
+        qt_handleKeyEvent(window, QEvent::KeyRelease, key, modifiers, text);
+    }
+}
+
+void CEventHand::turnWheel(QWidget& widget, QPoint place, int notches) {
+    constexpr int NOTCH = 120;
+    QWindow* const window = windowOf(widget);
+    if (window == nullptr) {
+        return;
+    }
+    const QPointF inWindow = widget.mapTo(widget.window(), place);
+    QWheelEvent event(inWindow, window->mapToGlobal(inWindow), QPoint(), QPoint(0, notches * NOTCH),
+                      Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(window, &event);
+}

@@ -1,0 +1,212 @@
+#include "host/ui_events/event_session.h"
+
+#include "host/veskutil.h"
+#include "terrain/map_undo_list.h"
+
+#include <QApplication>
+#include <QColorDialog>
+#include <QFileDialog>
+#include <QMessageBox>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <optional>
+#include <utility>
+
+namespace {
+
+constexpr double LONGEST_EVENT = 1.0;             // seconds
+constexpr std::chrono::seconds HANGING_EVENT{30}; // no answer to be waited for any longer
+constexpr int TURNS_TO_END = 2000;
+
+std::optional<DialogKind> kindOf(const QWidget& window) {
+    if (qobject_cast<const QColorDialog*>(&window) != nullptr) {
+        return DialogKind::COLOUR;
+    }
+    if (qobject_cast<const QFileDialog*>(&window) != nullptr) {
+        return DialogKind::FILES;
+    }
+    if (qobject_cast<const QMessageBox*>(&window) != nullptr) {
+        return DialogKind::MESSAGE;
+    }
+    if (window.objectName() == "dialog-148") {
+        return DialogKind::TEXTURE_LIST;
+    }
+    return window.objectName() == "dialog-237" ? std::optional(DialogKind::TERRAIN_TYPES) : std::nullopt;
+}
+
+QWidget* findPanel() {
+    for (QWidget* const window : QApplication::topLevelWidgets()) {
+        if (window->objectName() == "dialog-212" && window->isVisible()) {
+            return window;
+        }
+    }
+    return nullptr;
+}
+
+/// Nothing outside the session's directory is shown, and nothing in it renamed or deleted: what those
+/// commands do is the file dialog's own affair, and the machine's files are not the test's.
+void confine(QFileDialog& dialog, const QString& directory) {
+    dialog.setOption(QFileDialog::ReadOnly);
+    QObject::connect(&dialog, &QFileDialog::directoryEntered, &dialog,
+                     [&dialog, directory](const QString& entered) {
+                         if (!entered.startsWith(directory)) {
+                             dialog.setDirectory(directory);
+                         }
+                     });
+}
+
+} // namespace
+
+CEventSession::CEventSession(CEventDice& dice, CEventStage& stage, EventTally& tally)
+    : m_dice(dice)
+    , m_stage(stage)
+    , m_tally(tally)
+    , m_gestures(dice, stage)
+    , m_player(dice, m_gestures)
+    , m_watchdog(HANGING_EVENT) {}
+
+bool CEventSession::run(int count) {
+    m_nEnd = m_tally.events + count;
+    m_nTimer = startTimer(0);
+    m_loop.exec();
+    return !m_bStuck;
+}
+
+void CEventSession::timerEvent(QTimerEvent*) {
+    // A timer does not fire inside its own event: the loops in there get one of their own.
+    killTimer(m_nTimer);
+    m_nTimer = startTimer(0);
+    noteTime({});
+    observeDialogs();
+    m_stage.observe();
+    std::optional<EventAct> act = m_gestures.takeNext();
+    if (!act && m_tally.events < m_nEnd) {
+        plan();
+        act = m_gestures.takeNext();
+    } else if (!act) {
+        planEnd();
+        act = m_gestures.takeNext();
+    }
+    if (act) {
+        send(*act);
+    }
+}
+
+void CEventSession::send(const EventAct& act) {
+    noteTime(std::string(nameOf(act.kind)) + ' ' + act.what);
+    const int records = g_mapUndoList.getCount();
+    m_tally.deepest = std::max(m_tally.deepest, ++m_nDepth);
+    const bool sent = act.send();
+    --m_nDepth;
+    if (sent) {
+        ++m_tally.events;
+        ++m_tally.count(act.kind);
+    }
+    m_tally.recorded += records != g_mapUndoList.getCount() ? 1 : 0;
+}
+
+void CEventSession::noteTime(std::string next) {
+    const double spent = m_watchdog.begin(next);
+    const std::string event = std::exchange(m_event, std::move(next));
+    if (spent > m_tally.slowest && !event.empty()) {
+        m_tally.slowest = spent;
+        m_tally.slowestEvent = event;
+    }
+    if (spent > LONGEST_EVENT && !event.empty()) {
+        ADD_FAILURE() << event << " took " << spent << " s. The last events:\n" << m_watchdog.getLastEvents();
+    }
+}
+
+void CEventSession::observeDialogs() {
+    std::erase_if(m_dialogs, [this](const OpenDialog& dialog) {
+        if (dialog.window != nullptr && dialog.window->isVisible()) {
+            return false;
+        }
+        ++m_tally.leftOf(dialog.kind, dialog.wanted);
+        return true;
+    });
+    QWidget* const shown = QApplication::activeModalWidget();
+    if (shown != nullptr &&
+        std::ranges::none_of(m_dialogs, [&](auto& known) { return known.window == shown; })) {
+        enter(*shown);
+    }
+}
+
+void CEventSession::enter(QWidget& window) {
+    const std::optional<DialogKind> kind = kindOf(window);
+    if (!kind) {
+        ADD_FAILURE() << "an unknown dialog: " << window.metaObject()->className();
+        window.close();
+        return;
+    }
+    ++m_tally.enteredOf(*kind);
+    m_dialogs.push_back({&window, *kind, m_dice.between(1, *kind == DialogKind::MESSAGE ? 4 : 20)});
+    m_tally.dialogsAtOnce = std::max(m_tally.dialogsAtOnce, static_cast<int>(m_dialogs.size()));
+    if (auto* const files = qobject_cast<QFileDialog*>(&window)) {
+        confine(*files, m_stage.directory());
+    }
+}
+
+CEventSession::OpenDialog* CEventSession::topDialog() {
+    QWidget* const shown = QApplication::activeModalWidget();
+    const auto found = std::ranges::find_if(m_dialogs, [&](auto& known) { return known.window == shown; });
+    return shown != nullptr && found != m_dialogs.end() ? &*found : nullptr;
+}
+
+void CEventSession::plan() {
+    for (OpenDialog& dialog : m_dialogs) {
+        dialog.wanted = LeaveWay::BY_CHANCE; // the gesture is over, and it still stands
+    }
+    QWidget* const popup = QApplication::activePopupWidget();
+    QWidget* const panel = findPanel();
+    if (popup != nullptr && !m_dice.oneIn(6)) {
+        m_player.usePopup(*popup);
+    } else if (OpenDialog* const dialog = topDialog()) {
+        planIn(*dialog);
+    } else if (panel != nullptr && !m_dice.oneIn(15)) {
+        m_player.usePanel(*panel);
+    } else {
+        m_player.useHost(*m_stage.window());
+    }
+}
+
+/// Any way; every other time the one that was taken least so far.
+LeaveWay CEventSession::nextWay(DialogKind kind) {
+    auto way = static_cast<LeaveWay>(m_dice.below(static_cast<int>(LeaveWay::BY_CHANCE)));
+    if (m_dice.oneIn(2)) {
+        const auto& taken = m_tally.left[static_cast<std::size_t>(kind)];
+        way = static_cast<LeaveWay>(std::min_element(taken.begin(), taken.end() - 1) - taken.begin());
+    }
+    return way;
+}
+
+void CEventSession::planIn(OpenDialog& dialog) {
+    QWidget* const panel = findPanel();
+    if (--dialog.turnsLeft < 0) {
+        dialog.wanted = nextWay(dialog.kind);
+        m_player.leave(dialog.kind, *dialog.window, dialog.wanted);
+    } else if (panel != nullptr && m_dice.oneIn(12)) {
+        m_gestures.clickAnywhere(*panel); // which the dialog blocks
+    } else {
+        m_player.useDialog(dialog.kind, *dialog.window);
+    }
+}
+
+void CEventSession::planEnd() {
+    if (++m_nEndTurns > TURNS_TO_END) {
+        ADD_FAILURE() << "what stands open cannot be left. The last events:\n" << m_watchdog.getLastEvents();
+        m_bStuck = true;
+    }
+    if (QWidget* const popup = QApplication::activePopupWidget()) {
+        m_gestures.close(*popup);
+    } else if (QWidget* const dialog = QApplication::activeModalWidget()) {
+        m_gestures.close(*dialog);
+    } else if (vuIsEditorActive()) {
+        m_gestures.destroyEditor(false);
+    } else if (m_nDepth == 0 || m_bStuck) {
+        killTimer(m_nTimer);
+        m_loop.quit();
+    }
+}

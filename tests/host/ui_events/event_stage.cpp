@@ -1,0 +1,227 @@
+#include "host/ui_events/event_stage.h"
+
+#include "engine/memory/engine_directories.h"
+#include "engine/qx_texture.h"
+#include "host/veskutil.h"
+#include "platform/cstring.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QMessageBox>
+#include <QSettings>
+
+#include <limits>
+#include <stdexcept>
+
+namespace {
+
+void addTexture(CMemoryScene& scene, const char* name, const char* fileName) {
+    qxCTexture* const texture = scene.createTexture();
+    texture->name.setString(name);
+    texture->setFilename(fileName);
+    scene.addTexture(texture);
+}
+
+} // namespace
+
+CEventStage::CEventStage(CEventDice& dice, EventTally& tally) : m_dice(dice), m_tally(tally) {
+    // Qt's own dialogs keep their settings in the user's directory, and show it.
+    const QString settings = m_directory.filePath(".settings");
+    QDir().mkdir(settings);
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, settings);
+    qputenv("HOME", m_directory.path().toUtf8());
+    writeFiles();
+    CEngineDirectories::setDirectories({m_directory.path().toStdString()});
+    makeWorld();
+    makeWindow();
+}
+
+CEventStage::~CEventStage() {
+    end();
+    CEngineDirectories::setDirectories({});
+}
+
+void CEventStage::write(const QString& name, const QByteArray& content) {
+    QFile file(m_directory.filePath(name));
+    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size()) {
+        throw std::runtime_error("Failed to write " + file.fileName().toStdString());
+    }
+    m_files[name] = content;
+}
+
+/// A true-colour TGA file of a gradient, of which the last `missing` bytes are cut off.
+void CEventStage::writeTga(const QString& name, int width, int height, int bits, int missing) {
+    QByteArray bytes(18, '\0');
+    bytes[2] = 2;
+    bytes[12] = static_cast<char>(width & 0xFF);
+    bytes[13] = static_cast<char>(width >> 8);
+    bytes[14] = static_cast<char>(height & 0xFF);
+    bytes[15] = static_cast<char>(height >> 8);
+    bytes[16] = static_cast<char>(bits);
+    for (int i = 0; i < width * height * (bits / 8); ++i) {
+        bytes.append(static_cast<char>(i % 251));
+    }
+    bytes.chop(missing);
+    write(name, bytes);
+}
+
+void CEventStage::writeFiles() {
+    writeTga("grass.tga", 64, 64, 24);
+    writeTga("rock.tga", 64, 64, 32);
+    writeTga("water.tga", 32, 16, 24);
+    writeTga("stone.tga", 256, 256, 24);
+    writeTga("moss.tga", 300, 7, 32);
+    writeTga("my.texture.tga", 1, 1, 24);
+    writeTga("twelveletter.tga", 8, 8, 24);
+    writeTga("muchtoolonganame.tga", 8, 8, 24);
+    writeTga("wüste.tga", 16, 16, 32);
+    writeTga("cut.tga", 64, 64, 24, 1000);
+    writeTga("headonly.tga", 64, 64, 24, 64 * 64 * 3);
+    write("empty.tga", {});
+    write("noise.tga", QByteArray(400, '\xAB'));
+    write("notes.txt", "not a picture");
+    QDir(m_directory.path()).mkdir("more");
+    writeTga("more/sand.tga", 8, 8, 24);
+}
+
+bool CEventStage::isDirectoryIntact() const {
+    constexpr auto FILES = QDir::Files | QDir::Hidden;
+    const QDir directory(m_directory.path());
+    const qsizetype found =
+        directory.entryList(FILES).size() + QDir(directory.filePath("more")).entryList(FILES).size();
+    bool intact = found == m_files.size() &&
+                  directory.entryList(QDir::Dirs | QDir::NoDotAndDotDot) == QStringList("more");
+    for (auto file = m_files.begin(); file != m_files.end(); ++file) {
+        QFile onDisk(directory.filePath(file.key()));
+        intact = intact && onDisk.open(QIODevice::ReadOnly) && onDisk.readAll() == file.value();
+    }
+    return intact;
+}
+
+void CEventStage::makeWorld() {
+    m_scene = std::make_unique<CMemoryScene>();
+    addTexture(*m_scene, "grass", "grass.tga");
+    addTexture(*m_scene, "rock", "rock.tga");
+    addTexture(*m_scene, "water", "water.tga");
+    addTexture(*m_scene, "lost", "no_such_file.tga");
+    m_nOwnTextures = m_scene->getNumTextures();
+    constexpr std::array<int, 4> SIZES = {1, 16, 64, 200};
+    m_map = std::make_unique<CMemoryMap>(m_dice.of(SIZES), m_scene.get());
+    m_map->waterLevel = static_cast<float>(m_dice.below(50));
+    m_map->setTexture(qxMapLayerSmooth, m_scene->getTexture(0));
+    m_map->setTexture(qxMapLayerRough, m_scene->getTexture(1));
+    m_map->setTexture(qxMapLayerWater, m_scene->getTexture(2));
+    addDefinitions();
+    addDetails();
+}
+
+void CEventStage::addDefinitions() {
+    for (int i = m_dice.below(4); i > 0; --i) {
+        qxCMapMultiTexture& definition = *m_map->addMultiTexture();
+        definition.tint1 = {m_dice.below(256), m_dice.below(256), m_dice.below(256), 255};
+        definition.tint2 = {m_dice.below(256), m_dice.below(256), m_dice.below(256), 255};
+        definition.blend = static_cast<float>(m_dice.below(11)) * 0.1F;
+        definition.variation = static_cast<float>(m_dice.below(11)) * 0.1F;
+    }
+}
+
+void CEventStage::addDetails() {
+    for (int i = 0; i < 20; ++i) {
+        const auto x = static_cast<float>(m_dice.below(m_map->getGridDim()));
+        const auto z = static_cast<float>(m_dice.below(m_map->getGridDim()));
+        m_map->addDetail(qxDetailTypePoint, m_scene->getTexture(2), {x + 0.5F, 0.0F, z + 0.5F}, 0.5F, 0.0F,
+                         1.0F);
+    }
+}
+
+void CEventStage::makeWindow() {
+    m_window = std::make_unique<QWidget>();
+    m_window->setObjectName("host");
+    m_window->resize(400, 300);
+    m_window->show();
+}
+
+void CEventStage::openEditor() {
+    const HWND host = m_dice.oneIn(4) ? nullptr : reinterpret_cast<HWND>(m_window->winId());
+    const bool wasOpen = vuIsEditorActive();
+    vuCreateEditor(host, m_map.get(), m_directory.path().toUtf8().constData(), nullptr, !m_dice.oneIn(6),
+                   nullptr);
+    m_bOpen = vuIsEditorActive();
+    m_tally.opened += m_bOpen && !wasOpen ? 1 : 0;
+}
+
+void CEventStage::destroyEditor() {
+    vuDestroyEditor();
+    m_bOpen = false;
+}
+
+void CEventStage::countImports() {
+    m_tally.imported += m_scene->getNumTextures() - m_nOwnTextures;
+    m_nOwnTextures = m_scene->getNumTextures();
+}
+
+void CEventStage::replaceWorld() {
+    destroyEditor();
+    vuDestroySettings();
+    countImports();
+    m_map.reset();
+    makeWorld();
+}
+
+bool CEventStage::replaceWindow() {
+    // A box about a refused value comes up in the middle of a change of the focus. Qt does not survive that
+    // the windows concerned are deleted in there, whoever made them: no host can do it.
+    for (const QWidget* shown : QApplication::topLevelWidgets()) {
+        if (shown->isVisible() && qobject_cast<const QMessageBox*>(shown) != nullptr) {
+            return false;
+        }
+    }
+    m_window.reset();
+    m_bOpen = vuIsEditorActive(); // a panel of this window went with it
+    makeWindow();
+    return true;
+}
+
+/// Nearly always near the map, sometimes as far off as an int goes.
+int CEventStage::coordinate() {
+    if (m_dice.oneIn(50)) {
+        return m_dice.oneIn(2) ? std::numeric_limits<int>::min() : std::numeric_limits<int>::max();
+    }
+    return m_dice.between(-6, m_map->getGridDim() + 6);
+}
+
+void CEventStage::stroke() {
+    switch (m_dice.below(4)) {
+    case 0:
+        vuStartEditing(coordinate(), coordinate(), m_dice.between(-1, 6), m_dice.between(-1, 4));
+        return;
+    case 1:
+        vuStopEditing();
+        return;
+    default:
+        vuUpdateEditing(coordinate(), coordinate(), 0, 0, 0, m_dice.between(-40, 40));
+    }
+}
+
+void CEventStage::hover() {
+    vuUpdateCursor(coordinate(), coordinate(), m_dice.between(-1, 6), m_dice.between(-1, 4));
+}
+
+void CEventStage::observe() {
+    if (m_bOpen && !vuIsEditorActive()) {
+        ++m_tally.closedByUser;
+        m_bOpen = false;
+    }
+}
+
+void CEventStage::end() {
+    destroyEditor();
+    vuDestroySettings();
+    if (m_scene != nullptr) {
+        countImports();
+    }
+    m_map.reset();
+    m_scene.reset();
+    m_window.reset();
+}

@@ -1,0 +1,73 @@
+#include "host/ui_events/event_session.h"
+#include "host/veskutil.h"
+#include "support/ui_driver.h"
+#include "support/window_guard.h"
+
+#include <QApplication>
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <iostream>
+
+namespace {
+
+/// An instrumented build takes longer for the same session.
+#ifdef __SANITIZE_ADDRESS__
+constexpr std::uint64_t SUITE_SHARE = 20'000;
+#else
+constexpr std::uint64_t SUITE_SHARE = 25'000;
+#endif
+
+std::uint64_t setting(const char* name, std::uint64_t standard) {
+    const char* const value = std::getenv(name);
+    return value != nullptr ? std::strtoull(value, nullptr, 10) : standard;
+}
+
+/// Every kind of event was sent, every dialog entered, and left in every way there is: a session that gets
+/// caught somewhere proves nothing.
+void expectNotIdle(EventTally& tally) {
+    const int share = tally.events / 1000;
+    for (std::size_t i = 0; i < EVENT_KINDS; ++i) {
+        EXPECT_GE(tally.kinds[i], share) << nameOf(static_cast<EventKind>(i));
+    }
+    for (std::size_t i = 0; i < DIALOG_KINDS; ++i) {
+        const auto kind = static_cast<DialogKind>(i);
+        EXPECT_GE(tally.enteredOf(kind), share) << nameOf(kind);
+        for (std::size_t way = 0; way < LEAVE_WAYS; ++way) {
+            const bool hasWay = kind != DialogKind::MESSAGE || static_cast<LeaveWay>(way) != LeaveWay::CANCEL;
+            EXPECT_TRUE(tally.left[i][way] > 0 || !hasWay)
+                << nameOf(kind) << " by " << nameOf(static_cast<LeaveWay>(way));
+        }
+    }
+    EXPECT_GE(tally.opened, share);
+    EXPECT_GE(tally.closedByUser, share / 4);
+    EXPECT_GE(tally.imported, share / 2);
+    EXPECT_GE(tally.recorded, share);
+    EXPECT_GE(tally.dialogsAtOnce, 3) << "a message box over the file dialog's Texture List";
+}
+
+} // namespace
+
+// A longer session by hand: VESK_EVENTS=1000000 VESK_EVENTS_SEED=7 bin/test_ui_events
+TEST(UiEvents, RandomEventsNeitherCrashNorHangNorLeak) {
+    const std::uint64_t seed = setting("VESK_EVENTS_SEED", 1);
+    const int count = static_cast<int>(setting("VESK_EVENTS", SUITE_SHARE));
+    WindowGuard::announceWarning("This plugin does not support"); // what an offscreen window cannot do
+    std::cout << count << " random events, seed " << seed << std::endl;
+    CEventDice dice(seed);
+    EventTally tally;
+    {
+        CEventStage stage(dice, tally);
+        CEventSession session(dice, stage, tally);
+        ASSERT_TRUE(session.run(count));
+        EXPECT_FALSE(vuIsEditorActive());
+        EXPECT_TRUE(stage.isDirectoryIntact());
+        stage.end();
+    }
+    EXPECT_TRUE(ui::waitUntil([] { return QApplication::topLevelWidgets().isEmpty(); }))
+        << QApplication::topLevelWidgets().size() << " windows are left, the first a "
+        << QApplication::topLevelWidgets().front()->metaObject()->className();
+    tally.print(std::cout);
+    expectNotIdle(tally);
+}
