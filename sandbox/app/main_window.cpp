@@ -1,22 +1,20 @@
 #include "sandbox/app/main_window.h"
 
+#include "engine/memory/engine_directories.h"
+#include "engine/qx_texture.h"
 #include "host/veskutil.h"
 
 #include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QComboBox>
-#include <QFileDialog>
-#include <QFileInfo>
 #include <QLabel>
-#include <QMessageBox>
 #include <QSpinBox>
 #include <QStatusBar>
 #include <cmath>
 
 namespace {
 
-constexpr const char* FILE_FILTER = "Heightmaps (*.png);;All files (*)";
 constexpr double EASY_UNIT = 0.01; // world units that a pixel of drag should move the ground at least
 
 HWND handleOf(const QWidget& widget) {
@@ -54,28 +52,6 @@ void CMainWindow::connectView() {
     });
 }
 
-QString CMainWindow::openMap(const QString& path) {
-    const bool editorWasOpen = vuIsEditorActive();
-    const CMapDocument::Outcome outcome = m_document.open(path, [this] {
-        closeEditor();
-        m_pView->setMap(nullptr);
-        vuDestroySettings(); // what it remembers is matched to the old map's address, which is about to be
-                             // freed
-    });
-    if (!outcome.error.isEmpty()) {
-        return outcome.error;
-    }
-    adoptMap();
-    m_recentFiles.add(QFileInfo(path).absoluteFilePath());
-    if (editorWasOpen) {
-        openEditor();
-    }
-    const CMemoryMap& map = m_document.map();
-    statusBar()->showMessage(outcome.note.isEmpty() ? tr("%1 x %1 cells").arg(map.getGridDim())
-                                                    : outcome.note);
-    return {};
-}
-
 void CMainWindow::adoptMap() {
     m_pView->setMap(&m_document.map());
     const QSignalBlocker quiet(m_pWaterLevel);
@@ -83,87 +59,8 @@ void CMainWindow::adoptMap() {
     const double wanted = EASY_UNIT / m_document.map().heightScale;
     m_pUnitsPerPixel->setCurrentIndex(
         std::clamp(static_cast<int>(std::ceil(std::log2(wanted) / 2.0)), 0, m_pUnitsPerPixel->count() - 1));
+    m_nWatchedTextures = 0;
     showTitle();
-}
-
-QString CMainWindow::saveHeightmap(const QString& path) {
-    return settleSave(path, m_document.saveHeightmap(path));
-}
-
-QString CMainWindow::saveProject(const QString& folder) {
-    return settleSave(folder, m_document.saveProject(folder));
-}
-
-QString CMainWindow::settleSave(const QString& path, const CMapDocument::Outcome& outcome) {
-    if (outcome.error.isEmpty()) {
-        m_recentFiles.add(QFileInfo(path).absoluteFilePath());
-        statusBar()->showMessage(tr("Saved %1").arg(path));
-        showTitle();
-    }
-    return outcome.error;
-}
-
-void CMainWindow::tell(const QString& failure) {
-    if (!failure.isEmpty()) {
-        QMessageBox::warning(this, tr("Terrain sandbox"), failure);
-    }
-}
-
-void CMainWindow::chooseMap() {
-    const QString folder = QFileInfo(m_document.path()).absolutePath();
-    const QString path = QFileDialog::getOpenFileName(this, tr("Open Heightmap"), folder, tr(FILE_FILTER));
-    if (!path.isEmpty()) {
-        openAsked(path);
-    }
-}
-
-void CMainWindow::openAsked(const QString& path) {
-    if (!mayDropMap()) {
-        return;
-    }
-    const QString failure = openMap(path);
-    if (!failure.isEmpty()) {
-        m_recentFiles.remove(path);
-        tell(failure);
-    }
-}
-
-bool CMainWindow::save() {
-    if (m_document.path().isEmpty()) {
-        return saveAs();
-    }
-    const QString failure = saveHeightmap(m_document.path());
-    tell(failure);
-    return failure.isEmpty();
-}
-
-bool CMainWindow::saveAs() {
-    const QString path =
-        QFileDialog::getSaveFileName(this, tr("Save Heightmap As"), m_document.path(), tr(FILE_FILTER));
-    if (path.isEmpty()) {
-        return false;
-    }
-    const QString failure = saveHeightmap(path);
-    tell(failure);
-    return failure.isEmpty();
-}
-
-bool CMainWindow::mayDropMap() {
-    if (m_document.hasHeightChanges()) {
-        const auto answer = QMessageBox::question(
-            this, tr("Terrain sandbox"), tr("Save the changes to %1 first?").arg(m_document.name()),
-            QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, QMessageBox::Save);
-        return answer == QMessageBox::Discard || (answer == QMessageBox::Save && save());
-    }
-    if (m_document.hasOtherChanges()) {
-        const auto answer = QMessageBox::question(
-            this, tr("Terrain sandbox"),
-            tr("A heightmap keeps the heights only. Drop the colours, textures, water and details of %1?")
-                .arg(m_document.name()),
-            QMessageBox::Discard | QMessageBox::Cancel, QMessageBox::Cancel);
-        return answer == QMessageBox::Discard;
-    }
-    return true;
 }
 
 void CMainWindow::closeEvent(QCloseEvent* event) {
@@ -202,12 +99,32 @@ void CMainWindow::followState() {
     if (isWindowModified() != m_document.isModified()) {
         showTitle();
     }
+    watchTextures();
     m_pView->noticeChanges();
 }
 
 void CMainWindow::showTitle() {
     setWindowTitle(tr("%1[*] - Terrain sandbox").arg(m_document.name()));
     setWindowModified(m_document.isModified());
+    m_pSaveAction->setText(m_document.kind() == CMapDocument::EKind::heightmap ? tr("&Save Heightmap")
+                                                                               : tr("&Save Project"));
+}
+
+/// A texture is imported by its file name alone, so a file from a folder that is not looked through stays
+/// without an image. The panel says nothing about it.
+void CMainWindow::watchTextures() {
+    const CMemoryScene& scene = m_document.scene();
+    if (scene.getNumTextures() == m_nWatchedTextures) {
+        return;
+    }
+    m_nWatchedTextures = scene.getNumTextures();
+    for (int i = 0; i < scene.getNumTextures(); ++i) {
+        const char* file = scene.getTexture(i)->getFilename();
+        if (*file != '\0' && !CEngineDirectories::resolve(file).has_value()) {
+            statusBar()->showMessage(
+                tr("No image for the texture %1: put it into %2").arg(file, m_document.textureFolder()));
+        }
+    }
 }
 
 void CMainWindow::showPlace(const std::optional<CTerrainHit>& hit) {

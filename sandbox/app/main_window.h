@@ -43,10 +43,15 @@ private:
     void makeStatusBar();
     void connectView();
 
-    void chooseMap();
+    // Files: main_window_files.cpp. Each save is false when it failed or was called off.
+    void chooseProject();
+    void chooseHeightmap();
     void openAsked(const QString& path);
     bool save();
-    bool saveAs();
+    bool saveProjectAs();
+    bool saveHeightmapAs();
+    bool saveHeightsTo(const QString& path);
+    /// Ask what is to become of unsaved changes. False when the map at hand must stay.
     bool mayDropMap();
     void fillRecentMenu(QMenu& menu);
     void toggleEditor(bool open);
@@ -59,11 +64,16 @@ private:
     void showControls();
     void adoptMap();
     QString settleSave(const QString& path, const CMapDocument::Outcome& outcome);
-    void tell(const QString& failure);
+    /// Show the failure, if it is one. True when there is none.
+    bool tell(const QString& failure);
+    void watchTextures();
 
     CMapDocument m_document;
     CRecentFiles m_recentFiles;
     CMapView* m_pView;
+    int m_nWatchedTextures = 0;
+    bool m_bHeightsAreEnough = false; // the person said so of this map
+    QAction* m_pSaveAction = nullptr;
     QAction* m_pEditorAction = nullptr;
     QAction* m_pFlyAction = nullptr;
     QSpinBox* m_pWaterLevel = nullptr;

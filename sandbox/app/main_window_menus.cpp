@@ -3,7 +3,6 @@
 #include <QAction>
 #include <QActionGroup>
 #include <QComboBox>
-#include <QFileInfo>
 #include <QLabel>
 #include <QMenuBar>
 #include <QMessageBox>
@@ -36,34 +35,32 @@ raise and down to lower</td></tr>
 
 void CMainWindow::makeFileMenu() {
     QMenu* menu = menuBar()->addMenu(tr("&File"));
-    QAction* open = menu->addAction(style()->standardIcon(QStyle::SP_DialogOpenButton),
-                                    tr("&Open Heightmap..."), this, &CMainWindow::chooseMap);
-    open->setShortcut(QKeySequence::Open);
-    open->setObjectName("open");
+    const auto add = [&](const QString& text, const char* name, const QKeySequence& keys,
+                         void (CMainWindow::*handler)()) {
+        QAction* action = menu->addAction(text, keys, this, handler);
+        action->setObjectName(name);
+        return action;
+    };
+    QAction* open =
+        add(tr("&Open Project..."), "open-project", QKeySequence::Open, &CMainWindow::chooseProject);
+    open->setIcon(style()->standardIcon(QStyle::SP_DialogOpenButton));
+    add(tr("Open &Heightmap..."), "open-heightmap", QKeySequence("Ctrl+Shift+O"),
+        &CMainWindow::chooseHeightmap);
     QMenu* recent = menu->addMenu(tr("Open &Recent"));
+    recent->setObjectName("recent");
     connect(recent, &QMenu::aboutToShow, this, [this, recent] { fillRecentMenu(*recent); });
     menu->addSeparator();
-    QAction* saveAction = menu->addAction(style()->standardIcon(QStyle::SP_DialogSaveButton), tr("&Save"),
-                                          this, &CMainWindow::save);
-    saveAction->setShortcut(QKeySequence::Save);
-    saveAction->setObjectName("save");
-    QAction* saveAsAction = menu->addAction(tr("Save Heightmap &As..."), this, &CMainWindow::saveAs);
-    saveAsAction->setShortcut(QKeySequence("Ctrl+Shift+S"));
+    m_pSaveAction = menu->addAction(style()->standardIcon(QStyle::SP_DialogSaveButton), tr("&Save"),
+                                    QKeySequence::Save, this, &CMainWindow::save);
+    m_pSaveAction->setObjectName("save");
+    m_pSaveAction->setIconText(tr("Save"));
+    menu->addAction(tr("Save Project &As..."), QKeySequence("Ctrl+Shift+S"), this,
+                    &CMainWindow::saveProjectAs)
+        ->setObjectName("save-project-as");
+    menu->addAction(tr("Save H&eightmap As..."), this, &CMainWindow::saveHeightmapAs)
+        ->setObjectName("save-heightmap-as");
     menu->addSeparator();
     menu->addAction(tr("&Quit"), QKeySequence("Ctrl+Q"), this, &CMainWindow::close);
-}
-
-void CMainWindow::fillRecentMenu(QMenu& menu) {
-    menu.clear();
-    for (const QString& path : m_recentFiles.paths()) {
-        QAction* action = menu.addAction(QFileInfo(path).fileName(), this, [this, path] { openAsked(path); });
-        action->setToolTip(path);
-        action->setEnabled(QFileInfo::exists(path));
-    }
-    menu.setToolTipsVisible(true);
-    if (menu.isEmpty()) {
-        menu.addAction(tr("(none)"))->setEnabled(false);
-    }
 }
 
 void CMainWindow::makeEditorMenu() {
@@ -121,7 +118,7 @@ void CMainWindow::makeToolBar() {
     bar->setObjectName("main-tools");
     bar->setMovable(false);
     bar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    bar->addAction(findChild<QAction*>("open"));
+    bar->addAction(findChild<QAction*>("open-project"));
     bar->addAction(findChild<QAction*>("save"));
     bar->addSeparator();
     bar->addAction(m_pEditorAction);

@@ -1,0 +1,199 @@
+#include "sandbox/app/main_window.h"
+
+#include "host/veskutil.h"
+#include "sandbox/project/project_folder.h"
+
+#include <QAction>
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMenu>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QStatusBar>
+
+namespace {
+
+using EKind = CMapDocument::EKind;
+
+constexpr const char* HEIGHTMAP_FILTER = "Heightmaps (*.png);;All files (*)";
+constexpr const char* PROJECT_FILTER = "Map projects (project.json);;All files (*)";
+constexpr const char* NEW_PROJECT_FILTER = "Folders of map projects (*)";
+
+constexpr const char* HEIGHTS_ALONE = "%1 is a heightmap, which keeps the heights alone. Its colours, "
+                                      "textures, water and details are kept only "
+                                      "in a project.";
+
+/// Where a file dialog begins for a map that has no place of its own yet.
+QString placeFor(const CMapDocument& document) {
+    if (!document.path().isEmpty()) {
+        return document.path();
+    }
+    return QDir::home().filePath(document.name().remove(" (sample)"));
+}
+
+/// A project is named by its folder, but its project file may be picked as well.
+QString projectFolderOf(const QString& path) {
+    const QFileInfo info(path);
+    return info.fileName() == QLatin1String(PROJECT_FILE_NAME) ? info.absolutePath() : path;
+}
+
+} // namespace
+
+QString CMainWindow::openMap(const QString& path) {
+    const bool editorWasOpen = vuIsEditorActive();
+    const CMapDocument::Outcome outcome = m_document.open(path, [this] {
+        closeEditor();
+        m_pView->setMap(nullptr);
+        vuDestroySettings(); // what it remembers is matched to the old map's address, which is about to be
+                             // freed
+    });
+    if (!outcome.error.isEmpty()) {
+        return outcome.error;
+    }
+    adoptMap();
+    m_bHeightsAreEnough = false;
+    m_recentFiles.add(QFileInfo(path).absoluteFilePath());
+    if (editorWasOpen) {
+        openEditor();
+    }
+    const CMemoryMap& map = m_document.map();
+    statusBar()->showMessage(outcome.note.isEmpty() ? tr("%1 x %1 cells").arg(map.getGridDim())
+                                                    : outcome.note);
+    return {};
+}
+
+QString CMainWindow::saveHeightmap(const QString& path) {
+    return settleSave(path, m_document.saveHeightmap(path));
+}
+
+QString CMainWindow::saveProject(const QString& folder) {
+    return settleSave(folder, m_document.saveProject(folder));
+}
+
+QString CMainWindow::settleSave(const QString& path, const CMapDocument::Outcome& outcome) {
+    if (outcome.error.isEmpty()) {
+        m_recentFiles.add(QFileInfo(path).absoluteFilePath());
+        statusBar()->showMessage(tr("Saved %1").arg(path));
+        showTitle();
+    }
+    return outcome.error;
+}
+
+bool CMainWindow::tell(const QString& failure) {
+    if (!failure.isEmpty()) {
+        QMessageBox::warning(this, tr("Terrain sandbox"), failure);
+    }
+    return failure.isEmpty();
+}
+
+void CMainWindow::chooseProject() {
+    const QString place = QFileInfo(placeFor(m_document)).absolutePath();
+    const QString path = QFileDialog::getOpenFileName(this, tr("Open Project"), place, tr(PROJECT_FILTER));
+    if (!path.isEmpty()) {
+        openAsked(projectFolderOf(path));
+    }
+}
+
+void CMainWindow::chooseHeightmap() {
+    const QString place = QFileInfo(placeFor(m_document)).absolutePath();
+    const QString path =
+        QFileDialog::getOpenFileName(this, tr("Open Heightmap"), place, tr(HEIGHTMAP_FILTER));
+    if (!path.isEmpty()) {
+        openAsked(path);
+    }
+}
+
+void CMainWindow::openAsked(const QString& path) {
+    if (mayDropMap() && !tell(openMap(path))) {
+        m_recentFiles.remove(path);
+    }
+}
+
+bool CMainWindow::save() {
+    if (m_document.kind() == EKind::heightmap) {
+        return m_document.path().isEmpty() ? saveHeightmapAs() : saveHeightsTo(m_document.path());
+    }
+    return m_document.path().isEmpty() ? saveProjectAs() : tell(saveProject(m_document.path()));
+}
+
+bool CMainWindow::saveProjectAs() {
+    QString place = placeFor(m_document);
+    if (m_document.kind() == EKind::heightmap) {
+        place = QFileInfo(place).dir().filePath(QFileInfo(place).completeBaseName());
+    }
+    // A folder that is there already is entered by the dialog, where its project file can be picked; the
+    // dialog then asks whether it may be replaced.
+    const QString path = QFileDialog::getSaveFileName(this, tr("Save Project As: Name of Its Folder"), place,
+                                                      tr(NEW_PROJECT_FILTER));
+    return !path.isEmpty() && tell(saveProject(projectFolderOf(path)));
+}
+
+bool CMainWindow::saveHeightmapAs() {
+    QString place = placeFor(m_document);
+    if (m_document.kind() != EKind::heightmap) {
+        place += ".png";
+    }
+    const QString path =
+        QFileDialog::getSaveFileName(this, tr("Save Heightmap As"), place, tr(HEIGHTMAP_FILTER));
+    return !path.isEmpty() && saveHeightsTo(path);
+}
+
+/// Of a project the heights are saved as a copy, so that nothing of it can get lost; but what else a
+/// heightmap has grown here would have no place to stay.
+bool CMainWindow::saveHeightsTo(const QString& path) {
+    const bool outgrown = m_document.kind() != EKind::project && m_document.hasOtherChanges();
+    if (!outgrown || m_bHeightsAreEnough) {
+        return tell(saveHeightmap(path));
+    }
+    QMessageBox box(QMessageBox::Question, tr("Terrain sandbox"), tr(HEIGHTS_ALONE).arg(m_document.name()),
+                    QMessageBox::Cancel, this);
+    box.setObjectName("heights-question");
+    const QPushButton* project = box.addButton(tr("Save as &Project..."), QMessageBox::AcceptRole);
+    const QPushButton* heights = box.addButton(tr("Save &Heights Only"), QMessageBox::AcceptRole);
+    box.exec();
+    if (box.clickedButton() == project) {
+        return saveProjectAs();
+    }
+    m_bHeightsAreEnough = box.clickedButton() == heights; // asked once for each map
+    return m_bHeightsAreEnough && tell(saveHeightmap(path));
+}
+
+bool CMainWindow::mayDropMap() {
+    if (!m_document.isModified()) {
+        return true;
+    }
+    const bool outgrown = m_document.kind() == EKind::heightmap && m_document.hasOtherChanges();
+    const QString question = tr(outgrown ? HEIGHTS_ALONE : "Save the changes to %1 first?");
+    QMessageBox box(QMessageBox::Question, tr("Terrain sandbox"), question.arg(m_document.name()),
+                    QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, this);
+    box.setDefaultButton(QMessageBox::Save);
+    box.setObjectName("unsaved-question");
+    const QAbstractButton* heights = nullptr;
+    if (outgrown) {
+        box.button(QMessageBox::Save)->setText(tr("Save as &Project..."));
+        heights = box.addButton(tr("Save &Heights Only"), QMessageBox::AcceptRole);
+    }
+    const int answer = box.exec();
+    if (heights != nullptr && box.clickedButton() == heights) {
+        m_bHeightsAreEnough = true;
+        return save();
+    }
+    if (answer == QMessageBox::Save) {
+        return outgrown ? saveProjectAs() : save();
+    }
+    return answer == QMessageBox::Discard;
+}
+
+void CMainWindow::fillRecentMenu(QMenu& menu) {
+    menu.clear();
+    for (const QString& path : m_recentFiles.paths()) {
+        const QFileInfo info(path);
+        const QString text = tr("%1 - in %2").arg(info.fileName(), info.absolutePath());
+        QAction* action = menu.addAction(text, this, [this, path] { openAsked(path); });
+        action->setEnabled(info.exists());
+    }
+    if (menu.isEmpty()) {
+        menu.addAction(tr("(none)"))->setEnabled(false);
+    }
+}
