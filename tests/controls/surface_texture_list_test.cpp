@@ -198,6 +198,8 @@ TEST_F(TextureImportTest, NamesAreCutAtTheFirstFullStopAndLongOnesRefused) {
     const auto [result, selected] =
         run(m_pGrass, {[&](QWidget* window) {
                            click(window, IDC_IMPORT_TEXTURE);
+                           EXPECT_TRUE(ui::waitUntil([&] { return window->isActiveWindow(); }))
+                               << "has the keyboard again, one dialog after the other";
                            EXPECT_EQ(selectedEntry(window), "abcdefghijkl");
                            click(window, IDOK);
                        },

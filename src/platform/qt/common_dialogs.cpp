@@ -14,14 +14,14 @@ namespace qtbackend {
 
 QWidget* ownerOf(HWND window) {
     const Window* const found = WindowRegistry::instance().findOrAdopt(window);
-    QWidget* const owner = found != nullptr ? found->widget() : QApplication::activeWindow();
+    QWidget* const owner = found != nullptr ? found->widget() : windowInUse();
     return owner != nullptr ? owner->window() : nullptr;
 }
 
 bool runDialog(const QPointer<QDialog>& dialog) {
     const ModalRun handlersStillRun;
     // Not every window manager gives the activation back, and without it the focus stays nowhere.
-    const QPointer<QWidget> formerlyActive = QApplication::activeWindow();
+    const QPointer<QWidget> formerlyActive = windowInUse();
     dialog->setWindowModality(Qt::ApplicationModal);
     const bool accepted = dialog->exec() != QDialog::Rejected;
     if (formerlyActive != nullptr && formerlyActive->isVisible()) {

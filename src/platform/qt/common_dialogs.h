@@ -7,7 +7,7 @@
 
 namespace qtbackend {
 
-/// The widget that a common dialog stands over: that of the window given, else the active one, else none.
+/// The widget that a common dialog stands over: that of the window given, else the one in use, else none.
 QWidget* ownerOf(HWND window);
 
 /// Runs one of Qt's own dialogs modally. True when it was accepted, and still exists: its owner may end with

@@ -139,7 +139,12 @@ int modalRuns() {
     return g_modalRuns;
 }
 
-ModalRun::ModalRun() : m_formerlyActive(QApplication::activeWindow()) {
+QWidget* windowInUse() {
+    QWidget* const active = QApplication::activeWindow();
+    return active != nullptr ? active : QApplication::activeModalWidget();
+}
+
+ModalRun::ModalRun() : m_formerlyActive(windowInUse()) {
     ++g_modalRuns;
 }
 

@@ -60,6 +60,10 @@ void deleteWhenIdle(QObject* object);
 /// The widget is left to the caller.
 void endWindow(HWND window);
 
+/// The window the user works in: the active one, else the modal dialog that is open, as a dialog over it that
+/// has just ended leaves no window active until the window system gives the activation back. Null for none.
+QWidget* windowInUse();
+
 /// Counts the modal dialogs run so far: a change tells that the user did other things meanwhile.
 int modalRuns();
 /// Marks a nested run of messages for a modal window. At its end the window that was active before is so
