@@ -1,5 +1,7 @@
 #include "host/random_session.h"
 
+#include "resources/resource_ids.h"
+
 #include <algorithm>
 #include <limits>
 
@@ -7,7 +9,6 @@ namespace {
 
 constexpr int INT_LOW = std::numeric_limits<int>::min();
 constexpr int INT_HIGH = std::numeric_limits<int>::max();
-constexpr int MOST_DETAILS = 24;
 constexpr std::size_t LOG_LENGTH = 25;
 
 } // namespace
@@ -18,35 +19,19 @@ CRandomSession::CRandomSession(CSessionDriver& driver, CReferenceEditor& referen
     , m_reference(reference)
     , m_nClosings(closings)
     , m_random(seed)
-    , m_actualMaps{{{32, nullptr}, {13, nullptr}}}
-    , m_expectedMaps{{{32, nullptr}, {13, nullptr}}}
+    , m_actualMaps{{{32, &m_actualScene}, {13, nullptr}}}
+    , m_expectedMaps{{{32, &m_expectedScene}, {13, nullptr}}}
     , m_nSeed(seed) {
-    paintDefinitions();
-}
-
-void CRandomSession::paintDefinitions() {
-    for (std::size_t i = 0; i < m_actualMaps.size(); ++i) {
-        for (CMemoryMap* map : {&m_actualMaps[i], &m_expectedMaps[i]}) {
-            qxCMapMultiTexture* const rock = map->addMultiTexture();
-            rock->tint1 = {90, 80, 70, 255};
-            rock->tint2 = {200, 190, 20, 255};
-            rock->blend = 0.7F;
-            rock->variation = 0.5F;
-            map->heightScale = 0.5F;
-            map->waterLevel = 30.25F;
-        }
-    }
+    m_reference.hasControls = driver.hasControls();
+    makeMaps();
 }
 
 bool CRandomSession::run(std::int64_t count) {
     for (std::int64_t i = 0; i < count; ++i) {
-        if (const CMapEditorModel* const model = m_driver.model()) {
-            m_reference.tint = model->getToolTint();
-        }
         operate();
         ++m_nDone;
         m_nPeakHistory = std::max(m_nPeakHistory, m_reference.history.size());
-        if (!compare()) {
+        if (!m_bAlike || !compare()) {
             return false;
         }
     }
@@ -65,7 +50,7 @@ bool CRandomSession::undoAll() {
         open();
     }
     while (!m_reference.history.empty()) {
-        clickUndo();
+        click(IDC_UNDO);
         if (!compare()) {
             return false;
         }
@@ -124,8 +109,11 @@ void CRandomSession::operate() {
 }
 
 void CRandomSession::operateClosed() {
-    if (chance(60)) {
+    const int kind = pick(1, 100);
+    if (kind <= 60) {
         open();
+    } else if (kind <= 75) {
+        workOnMap();
     } else {
         strayCall();
     }
@@ -137,52 +125,49 @@ void CRandomSession::operateOpen() {
         return;
     }
     const int kind = pick(1, 1000);
-    if (kind <= 500) {
+    if (kind <= 480) {
         stroke();
-    } else if (kind <= 780) {
-        changePanel();
-    } else if (kind <= 860) {
+    } else if (kind <= 620) {
+        setMembers();
+    } else if (kind <= 700) {
+        clickTool();
+    } else if (kind <= 800) {
+        usePanel();
+    } else if (kind <= 870) {
         strayCall();
     } else if (kind <= 960) {
-        clickUndo();
-    } else if (kind <= 975) {
-        note("select all");
-        m_driver.clickSelectAll();
-        m_reference.selectAll();
+        click(IDC_UNDO);
     } else if (kind <= 983) {
-        note("de-select");
-        m_driver.clickDeselect();
-        m_reference.deselect();
+        click(kind <= 975 ? IDC_SELECT_ALL : IDC_DESELECT);
     } else if (kind <= 996) {
-        clickTab();
+        both("tab", [](auto& editor) { editor.clickTab(); });
     } else {
         open(); // a second time: ignored
     }
 }
 
 void CRandomSession::open() {
-    if (!m_driver.isOpen() && chance(10)) {
+    const bool wasOpen = m_driver.isOpen();
+    if (!wasOpen && chance(10)) {
         m_nMap = 1 - m_nMap;
     }
-    note(text("open map", m_nMap));
-    m_driver.open(m_actualMaps[m_nMap]);
-    m_reference.open(&m_expectedMaps[m_nMap]);
+    const bool fullEditing = chance(90);
+    note(text("open map", m_nMap, fullEditing));
+    m_driver.open(m_actualMaps[m_nMap], fullEditing);
+    m_reference.open(m_expectedMaps[m_nMap], fullEditing);
+    if (!wasOpen && chance(90)) {
+        click(IDC_EXPAND);
+    }
 }
 
 void CRandomSession::close() {
     const int way = pick(0, 2);
     if (way == 0) {
-        note("close");
-        m_driver.clickClose();
-        m_reference.closeByUser();
+        click(IDC_CLOSE);
     } else if (way == 1) {
-        note("close window");
-        m_driver.closeWindow();
-        m_reference.closeByUser();
+        both("close window", [](auto& editor) { editor.closeWindow(); });
     } else {
-        note("destroy");
-        m_driver.destroy();
-        m_reference.destroy();
+        both("destroy", [](auto& editor) { editor.destroy(); });
     }
 }
 
@@ -191,16 +176,13 @@ void CRandomSession::stroke() {
     m_nZ = coordinate(m_nZ);
     const int edge = chance(96) ? pick(0, 5) : wild();
     const int corner = chance(96) ? pick(0, 3) : wild();
-    note(text("start", m_nX, m_nZ, edge, corner));
-    m_driver.start(m_nX, m_nZ, edge, corner);
-    m_reference.startEditing(m_nX, m_nZ, edge, corner);
+    both(text("start", m_nX, m_nZ, edge, corner),
+         [=, this](auto& editor) { editor.start(m_nX, m_nZ, edge, corner); });
     for (int updates = pick(0, 4); updates > 0; --updates) {
         strayCall();
     }
     if (chance(95)) {
-        note("stop");
-        m_driver.stop();
-        m_reference.stopEditing();
+        both("stop", [](auto& editor) { editor.stop(); });
     }
 }
 
@@ -211,79 +193,42 @@ void CRandomSession::strayCall() {
     m_nZ = coordinate(m_nZ);
     if (kind <= 800) {
         const int amount = chance(94) ? pick(-60, 60) : wild();
-        note(text("update", m_nX, m_nZ, amount));
-        m_driver.update(m_nX, m_nZ, amount);
-        m_reference.updateEditing(m_nX, m_nZ, amount);
+        const int ignored = pick(-1, 6); // may read like the edge and the corner of another place
+        both(text("update", m_nX, m_nZ, ignored, amount),
+             [=, this](auto& editor) { editor.update(m_nX, m_nZ, ignored, amount); });
     } else if (kind <= 950) {
         const int edge = pick(-1, 6);
         const int corner = pick(-1, 4);
-        note(text("hover", m_nX, m_nZ, edge, corner));
-        m_driver.hover(m_nX, m_nZ, edge, corner);
-        m_reference.hover(m_nX, m_nZ, edge, corner);
+        both(text("hover", m_nX, m_nZ, edge, corner),
+             [=, this](auto& editor) { editor.hover(m_nX, m_nZ, edge, corner); });
     } else if (kind <= 997) {
-        note("stop");
-        m_driver.stop();
-        m_reference.stopEditing();
+        both("stop", [](auto& editor) { editor.stop(); });
     } else if (pick(1, 1000) <= m_nClosings) {
-        note("destroy");
-        m_driver.destroy();
-        m_reference.destroy();
+        both("destroy", [](auto& editor) { editor.destroy(); });
     } else if (pick(1, 1000) <= m_nClosings) {
-        note("destroy settings");
-        m_driver.destroySettings();
-        m_reference.destroySettings();
+        both("destroy settings", [](auto& editor) { editor.destroySettings(); });
     }
 }
 
-void CRandomSession::clickUndo() {
-    note("undo");
-    m_driver.clickUndo();
-    if (!m_driver.hasControls() || m_reference.panel.undoEnabled) {
-        m_reference.undo();
-    }
-}
-
-void CRandomSession::clickTab() {
-    note("tab");
-    m_driver.clickTab();
-    if (m_driver.hasControls()) {
-        m_reference.readControls();
-    }
-    m_reference.changeTab();
+void CRandomSession::click(int id) {
+    both(text("click", id), [id](auto& editor) { editor.click(id); });
 }
 
 void CRandomSession::clickTool() {
-    const int lastTool = m_reference.panel.isDetailsTab ? 7 : 12;
-    const int tool = pick(0, chance(97) ? lastTool : 14);
-    note(text("tool", tool));
-    m_driver.clickTool(tool);
-    if (m_driver.hasControls()) {
-        if (tool > lastTool) {
-            return; // its button is disabled
-        }
-        m_reference.readControls();
-    }
-    m_reference.panel.tool = tool;
-    m_reference.refreshBrushes();
+    // The first controls compared are the tabs, the fifteen tools and the six brushes.
+    const int lastTool = m_reference.panel.isDetailsTab ? 8 : 13;
+    const int lastOfAll = 15;
+    const int place = chance(25)   ? pick(lastOfAll + 1, lastOfAll + 6)
+                      : chance(97) ? pick(1, lastTool)
+                                   : pick(1, lastOfAll);
+    click(PANEL_CONTROLS[static_cast<std::size_t>(place)]);
 }
 
-void CRandomSession::clickBrush() {
-    const int brush = pick(0, 5);
-    note(text("brush", brush));
-    m_driver.clickBrush(brush);
-    if (m_driver.hasControls()) {
-        if (!m_reference.panel.brushesEnabled) {
-            return;
-        }
-        m_reference.readControls();
-    }
-    m_reference.panel.brush = brush;
-}
-
-void CRandomSession::changePanel() {
+/// Members of the model set past the controls, which then follow as far as they can.
+void CRandomSession::setMembers() {
     CMapEditorModel& model = *m_driver.model();
-    CReferenceEditor::Panel& panel = m_reference.panel;
-    switch (pick(0, 9)) {
+    ReferencePanel& panel = m_reference.panel;
+    switch (pick(0, 5)) {
     case 0:
         model.m_nBrushSize = panel.brush = chance(95) ? pick(0, 5) : pick(-1, 7);
         note(text("set brush", panel.brush));
@@ -302,22 +247,12 @@ void CRandomSession::changePanel() {
         note(text("set hide cursor", panel.hideCursor));
         break;
     case 4:
-        // A map full of details would only make the session slow.
-        panel.detailTexture =
-            m_reference.map->getDetails().size() < MOST_DETAILS && chance(70) ? &m_detailTexture : nullptr;
-        model.m_pDetailTexture = panel.detailTexture;
-        note(text("set detail texture", panel.detailTexture != nullptr));
-        return;
-    case 5:
+        setDetailTexture();
+        break;
+    default:
         model.m_nTool = panel.tool = chance(20) ? pick(-1, 15) : pick(0, 12);
         note(text("set tool", panel.tool));
         break;
-    case 6:
-        clickBrush();
-        return;
-    default:
-        clickTool();
-        return;
     }
-    model.showMembers(); // the controls follow as far as they can
+    model.showMembers();
 }

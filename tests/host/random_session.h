@@ -3,6 +3,7 @@
 #include "host/random_session_driver.h"
 #include "host/random_session_reference.h"
 
+#include "engine/memory/memory_scene.h"
 #include "engine/qx_texture.h"
 
 #include <array>
@@ -11,6 +12,7 @@
 #include <random>
 #include <sstream>
 #include <string>
+#include <type_traits>
 
 /// A line of the log.
 template <typename... Values> std::string text(const char* name, const Values&... values) {
@@ -21,8 +23,8 @@ template <typename... Values> std::string text(const char* name, const Values&..
 }
 
 /// A long session of random work on the map editor and on the reference side by side: strokes of every tool,
-/// settings in and far out of range, selections, undo, tabs, closing and reopening on two maps, calls out of
-/// order. One seed gives one session.
+/// settings in and far out of range, selections, undo, tabs, texture definitions, colours, dialogs, closing
+/// and reopening on two maps, calls out of order. One seed gives one session.
 class CRandomSession {
 public:
     /// `closings`: how often the editor is closed, in 10,000 operations. Few of them let the history fill up.
@@ -36,6 +38,9 @@ public:
     /// reported with the operations before it.
     bool run(std::int64_t count);
 
+    /// Names of the files that are to be where the driver imports from.
+    static const std::vector<std::string> FILES;
+
     /// Take back whatever the history holds, and compare.
     bool undoAll();
 
@@ -48,23 +53,55 @@ private:
     void operateOpen();
     void stroke();
     void strayCall();
-    void changePanel();
+    void setMembers();
     void clickTool();
-    void clickBrush();
-    void clickTab();
-    void clickUndo();
+    void click(int id);
     void close();
     void open();
-    void paintDefinitions();
+
+    // With the panel's controls.
+    void usePanel();
+    void walkDefinitions();
+    void typeNumber();
+    void pickColour();
+    void dragColour();
+    void editTypes();
+    void listTextures();
+
+    // What the host does to its map.
+    void makeMaps();
+    void workOnMap();
+    void setDetailTexture();
+    template <class Work> void onBothMaps(Work work);
+
+    /// Have the editor and the reference do the same, and compare what a person sees of it.
+    template <class Act> void both(const std::string& operation, Act act) {
+        note(operation);
+        if constexpr (std::is_void_v<decltype(act(m_driver))>) {
+            act(m_driver);
+            act(m_reference);
+        } else {
+            const Seen actual = act(m_driver);
+            isSeenAlike(actual, act(m_reference));
+        }
+    }
 
     bool compare();
+    bool compareMaterial();
+    bool compareScene();
+    bool compareControls();
     bool comparePanel();
     bool compareDetails();
     bool isEqual(const char* what, std::int64_t actual, std::int64_t expected);
+    bool isSeenAlike(const Seen& actual, const Seen& expected);
     bool report(const std::string& what);
 
     int pick(int low, int high);
     bool chance(int percent);
+    template <class T> const T& anyOf(const std::vector<T>& choices) {
+        return choices[static_cast<std::size_t>(pick(0, static_cast<int>(choices.size()) - 1))];
+    }
+    qxCColour anyColour();
     int coordinate(int near);
     int wild();
     void note(const std::string& operation);
@@ -73,14 +110,16 @@ private:
     CReferenceEditor& m_reference;
     int m_nClosings;
     std::mt19937_64 m_random;
-    std::array<CMemoryMap, 2> m_actualMaps;
+    CMemoryScene m_actualScene;
+    CMemoryScene m_expectedScene;
+    std::array<CMemoryMap, 2> m_actualMaps; // the second one stands in no scene
     std::array<CMemoryMap, 2> m_expectedMaps;
     std::size_t m_nMap = 0;
-    qxCTexture m_detailTexture;
     int m_nX = 0; // where the pointer is
     int m_nZ = 0;
     std::int64_t m_nDone = 0;
     std::uint64_t m_nSeed;
+    bool m_bAlike = true;
     std::size_t m_nPeakHistory = 0;
     std::deque<std::string> m_log; // the last operations
 };

@@ -1,5 +1,6 @@
 #include "host/random_session.h"
 
+#include "resources/resource_ids.h"
 #include "terrain/map_undo_list.h"
 
 #include <algorithm>
@@ -36,6 +37,21 @@ int indexOf(const CMemoryMap& map, const qxCMapDetailRecord* detail) {
     return detail == nullptr ? -1 : -2;
 }
 
+int indexOf(const CMemoryScene& scene, const qxCTexture* texture) {
+    for (int i = 0; i < scene.getNumTextures(); ++i) {
+        if (scene.getTexture(i) == texture) {
+            return i;
+        }
+    }
+    return texture == nullptr ? -1 : -2;
+}
+
+bool isSame(const _qxMapTerrainDef& a, const _qxMapTerrainDef& b) {
+    return std::strcmp(a.name, b.name) == 0 && a.preserveFlatAreas == b.preserveFlatAreas &&
+           isSame(a.noise, b.noise) && isSame(a.effectOnNeighbours, b.effectOnNeighbours) &&
+           isSame(a.weighting, b.weighting) && std::ranges::equal(a.filter, b.filter);
+}
+
 } // namespace
 
 bool CRandomSession::report(const std::string& what) {
@@ -49,6 +65,15 @@ bool CRandomSession::report(const std::string& what) {
 
 bool CRandomSession::isEqual(const char* what, std::int64_t actual, std::int64_t expected) {
     return actual == expected || report(text(what, actual, "instead of", expected));
+}
+
+bool CRandomSession::isSeenAlike(const Seen& actual, const Seen& expected) {
+    if (m_bAlike && actual != expected) {
+        const auto [a, b] = std::mismatch(actual.begin(), actual.end(), expected.begin(), expected.end());
+        m_bAlike = report(text("sight: at", a - actual.begin(), a != actual.end() ? *a : "nothing",
+                               "instead of", b != expected.end() ? *b : "nothing"));
+    }
+    return m_bAlike;
 }
 
 bool CRandomSession::compare() {
@@ -78,7 +103,7 @@ bool CRandomSession::compare() {
     if (!std::ranges::equal(actual.getEditCursors(), expected.getEditCursors(), sameCursor)) {
         return report("edit cursors");
     }
-    return compareDetails() &&
+    return compareDetails() && compareMaterial() && compareScene() &&
            isEqual("history", g_mapUndoList.getCount(),
                    static_cast<std::int64_t>(m_reference.history.size())) &&
            isEqual("open flag", m_driver.isOpen(), m_reference.isOpen) &&
@@ -95,9 +120,9 @@ bool CRandomSession::compareDetails() {
     for (int i = 0; i < actual.size(); ++i) {
         const qxCMapDetailRecord& a = actual[i];
         const qxCMapDetailRecord& b = expected[i];
-        if (a.texture != b.texture || a.type != b.type || a.highlighted != b.highlighted ||
-            !isSame(a.scalar, b.scalar) || !isSame(a.point0, b.point0) || !isSame(a.point1, b.point1) ||
-            !isSame(a.point2, b.point2)) {
+        if (indexOf(m_actualScene, a.texture) != indexOf(m_expectedScene, b.texture) || a.type != b.type ||
+            a.highlighted != b.highlighted || !isSame(a.scalar, b.scalar) || !isSame(a.point0, b.point0) ||
+            !isSame(a.point1, b.point1) || !isSame(a.point2, b.point2)) {
             return report(text("detail", i));
         }
     }
@@ -106,16 +131,20 @@ bool CRandomSession::compareDetails() {
 
 bool CRandomSession::comparePanel() {
     const CMapEditorModel& model = *m_driver.model();
-    const CReferenceEditor::Panel& panel = m_reference.panel;
+    const ReferencePanel& panel = m_reference.panel;
     const MapSelection& selection = model.m_selection;
-    // The field shows a few digits, and the panel reads them back.
-    if (std::abs(model.m_fGradient - panel.gradient) > 0.001F) {
+    if (!isSame(model.m_fGradient, panel.gradient)) {
         return report("gradient");
     }
-    if (m_driver.hasControls() && !isEqual("undo fill", m_driver.shownFill(), panel.fill)) {
+    if (model.getToolTint() != panel.swatches.at(IDC_TINT_COLOUR)) {
+        return report("tint");
+    }
+    if (m_driver.hasControls() && !compareControls()) {
         return false;
     }
-    return isEqual("tab", model.isDetailsTab(), panel.isDetailsTab) &&
+    return isEqual("detail texture", indexOf(m_actualScene, model.m_pDetailTexture),
+                   indexOf(m_expectedScene, panel.detailTexture)) &&
+           isEqual("tab", model.isDetailsTab(), panel.isDetailsTab) &&
            isEqual("tool", model.m_nTool, panel.tool) &&
            isEqual("other tool", model.m_nOtherTabTool, panel.otherTool) &&
            isEqual("brush", model.m_nBrushSize, panel.brush) &&
@@ -130,4 +159,64 @@ bool CRandomSession::comparePanel() {
            isEqual("selection z1", selection.z1, panel.z1) &&
            isEqual("stroke x", model.m_stroke.x, panel.x) && isEqual("stroke z", model.m_stroke.z, panel.z) &&
            isEqual("first update", model.m_stroke.firstUpdate, panel.first);
+}
+
+bool CRandomSession::compareMaterial() {
+    CMemoryMap& actual = m_actualMaps[m_nMap];
+    CMemoryMap& expected = m_expectedMaps[m_nMap];
+    if (!isEqual("definitions", actual.getNumMultiTextures(), expected.getNumMultiTextures())) {
+        return false;
+    }
+    for (int i = 0; i < actual.getNumMultiTextures(); ++i) {
+        const qxCMapMultiTexture& a = *actual.getMultiTexture(i);
+        const qxCMapMultiTexture& b = *expected.getMultiTexture(i);
+        if (a.tint1 != b.tint1 || a.tint2 != b.tint2 || !isSame(a.blend, b.blend) ||
+            !isSame(a.variation, b.variation)) {
+            return report(text("definition", i, a.blend, a.variation, "instead of", b.blend, b.variation));
+        }
+    }
+    for (int i = 0; i < actual.getNumTerrainDefs(); ++i) {
+        if (!isSame(*actual.getTerrainDef(i), *expected.getTerrainDef(i))) {
+            return report(text("terrain type", i));
+        }
+    }
+    if (actual.getAmbient() != expected.getAmbient() || actual.getDiffuse() != expected.getDiffuse()) {
+        return report("material colours");
+    }
+    for (const qxMapLayerType layer : {qxMapLayerSmooth, qxMapLayerRough, qxMapLayerWater}) {
+        if (!isEqual("base texture", indexOf(m_actualScene, actual.getTexture(layer)),
+                     indexOf(m_expectedScene, expected.getTexture(layer)))) {
+            return false;
+        }
+    }
+    return isEqual("current definition", actual.getCurrentMultiTexture(),
+                   expected.getCurrentMultiTexture()) &&
+           isEqual("tiling", actual.getTextureTiling(), expected.getTextureTiling()) &&
+           isEqual("map flag", actual.hasFlag(qxMapFlagChecker), expected.hasFlag(qxMapFlagChecker));
+}
+
+bool CRandomSession::compareScene() {
+    if (!isEqual("fog", m_actualScene.getFogMode(), m_expectedScene.getFogMode()) ||
+        !isEqual("textures", m_actualScene.getNumTextures(), m_expectedScene.getNumTextures())) {
+        return false;
+    }
+    for (int i = 0; i < m_actualScene.getNumTextures(); ++i) {
+        const qxCTexture& a = *m_actualScene.getTexture(i);
+        const qxCTexture& b = *m_expectedScene.getTexture(i);
+        if (std::strcmp(a.name.getString(), b.name.getString()) != 0 ||
+            std::strcmp(a.getFilename(), b.getFilename()) != 0 || a.getSize() != b.getSize() ||
+            a.getPixelFormat() != b.getPixelFormat()) {
+            return report(text("texture", i, a.name.getString()));
+        }
+    }
+    return true;
+}
+
+bool CRandomSession::compareControls() {
+    const Seen actual = m_driver.shown();
+    const Seen expected = m_reference.shown();
+    const auto [a, b] = std::ranges::mismatch(actual, expected);
+    return a == actual.end() ||
+           report(text("control", PANEL_CONTROLS[static_cast<std::size_t>(a - actual.begin())], *a,
+                       "instead of", *b));
 }

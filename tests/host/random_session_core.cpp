@@ -1,15 +1,20 @@
-#include "host/random_session_core.h"
+#include "host/random_session_driver.h"
 
+#include "resources/resource_ids.h"
 #include "terrain/edit_cursor.h"
 #include "terrain/map_editor_settings.h"
 #include "terrain/map_recording.h"
 #include "terrain/map_selection.h"
 #include "terrain/map_undo_list.h"
+#include "terrain/panel/map_editor_buttons.h"
 #include "terrain/stroke_engine.h"
 
+#include <algorithm>
 #include <utility>
 
-class CCoreDriver::CPanel : public CMapEditorModel {
+namespace {
+
+class CPanel : public CMapEditorModel {
 public:
     bool isDetails = false;
     qxCColour tint{255, 255, 255, 255};
@@ -19,92 +24,98 @@ public:
     qxCColour getToolTint() const override { return tint; }
 };
 
-CCoreDriver::CCoreDriver() = default;
+class CCoreDriver : public CSessionDriver {
+public:
+    bool hasControls() const override { return false; }
 
-CCoreDriver::~CCoreDriver() = default;
-
-void CCoreDriver::open(CMemoryMap& map) {
-    if (!m_pPanel) {
-        m_pPanel = std::make_unique<CPanel>();
-        m_pPanel->m_pMap = &map;
-        restoreSettings(*m_pPanel);
+    void open(CMemoryMap& map, bool /*fullEditing*/) override {
+        if (!m_pPanel) {
+            m_pPanel = std::make_unique<CPanel>();
+            m_pPanel->m_pMap = &map;
+            restoreSettings(*m_pPanel);
+        }
     }
-}
 
-void CCoreDriver::clickClose() {
-    if (m_pPanel) {
-        saveSettings(*m_pPanel);
-        m_pPanel.reset();
+    void destroy() override { m_pPanel.reset(); }
+
+    void destroySettings() override {
+        g_savedSettings.valid = false;
+        g_mapUndoList.clear();
     }
-}
 
-void CCoreDriver::closeWindow() {
-    clickClose();
-}
-
-void CCoreDriver::destroy() {
-    m_pPanel.reset();
-}
-
-void CCoreDriver::destroySettings() {
-    g_savedSettings.valid = false;
-    g_mapUndoList.clear();
-}
-
-void CCoreDriver::start(int x, int z, int edge, int corner) {
-    if (m_pPanel) {
-        m_bEditing = true;
-        strokeStart(*m_pPanel, x, z, edge, corner);
+    void start(int x, int z, int edge, int corner) override {
+        if (m_pPanel) {
+            m_bEditing = true;
+            strokeStart(*m_pPanel, x, z, edge, corner);
+        }
     }
-}
 
-void CCoreDriver::update(int x, int z, int amount) {
-    if (m_pPanel) {
-        strokeUpdate(*m_pPanel, x, z, amount);
+    void update(int x, int z, int /*ignored*/, int amount) override {
+        if (m_pPanel) {
+            strokeUpdate(*m_pPanel, x, z, amount);
+        }
     }
-}
 
-void CCoreDriver::stop() {
-    if (m_pPanel) {
-        m_bEditing = false;
-        strokeEnd(*m_pPanel);
+    void stop() override {
+        if (m_pPanel) {
+            m_bEditing = false;
+            strokeEnd(*m_pPanel);
+        }
     }
-}
 
-void CCoreDriver::hover(int x, int z, int edge, int corner) {
-    if (m_pPanel) {
-        updateCursor(*m_pPanel, x, z, edge, corner, false);
+    void hover(int x, int z, int edge, int corner) override {
+        if (m_pPanel) {
+            updateCursor(*m_pPanel, x, z, edge, corner, false);
+        }
     }
-}
 
-void CCoreDriver::clickTab() {
-    m_pPanel->isDetails = !m_pPanel->isDetails;
-    std::swap(m_pPanel->m_nTool, m_pPanel->m_nOtherTabTool);
-}
+    bool isOpen() const override { return m_pPanel != nullptr; }
+    bool isEditing() const override { return m_bEditing; }
+    CMapEditorModel* model() const override { return m_pPanel.get(); }
 
-void CCoreDriver::clickTool(int tool) {
-    m_pPanel->m_nTool = tool;
-    const auto bits = m_tints(); // a new colour comes with a new tool
-    m_pPanel->tint = {static_cast<int>(bits), static_cast<int>(bits >> 8U), static_cast<int>(bits >> 16U),
-                      255};
-}
+    void closeWindow() override { click(IDC_CLOSE); }
 
-void CCoreDriver::clickBrush(int brush) {
-    m_pPanel->m_nBrushSize = brush;
-}
+    void click(int id) override {
+        const auto tool = std::ranges::find(TOOL_BUTTONS, id, &ToolButton::controlId);
+        const auto brush = std::ranges::find(BRUSH_BUTTONS, id, &IconButton::controlId);
+        if (tool != TOOL_BUTTONS.end()) {
+            m_pPanel->m_nTool = static_cast<int>(tool - TOOL_BUTTONS.begin());
+        } else if (brush != BRUSH_BUTTONS.end()) {
+            m_pPanel->m_nBrushSize = static_cast<int>(brush - BRUSH_BUTTONS.begin());
+        } else if (id == IDC_SELECT_ALL) {
+            selectAll(*m_pPanel);
+        } else if (id == IDC_DESELECT) {
+            deselect(*m_pPanel);
+        } else if (id == IDC_UNDO) {
+            undo(*m_pPanel);
+        } else if (id == IDC_HIDE_CURSOR) {
+            m_pPanel->m_bHideCursor = 1 - m_pPanel->m_bHideCursor;
+        } else if (id == IDC_CLOSE) {
+            saveSettings(*m_pPanel);
+            m_pPanel.reset();
+        }
+    }
 
-void CCoreDriver::clickSelectAll() {
-    selectAll(*m_pPanel);
-}
+    void clickTab() override {
+        m_pPanel->isDetails = !m_pPanel->isDetails;
+        std::swap(m_pPanel->m_nTool, m_pPanel->m_nOtherTabTool);
+    }
 
-void CCoreDriver::clickDeselect() {
-    deselect(*m_pPanel);
-}
+    Seen pickColour(int swatch, const qxCColour* colour) override {
+        const qxCColour before = m_pPanel->tint;
+        if (swatch == IDC_TINT_COLOUR && colour != nullptr) {
+            m_pPanel->tint = *colour;
+        }
+        return swatch == IDC_TINT_COLOUR ? Seen{describe(before)} : Seen{};
+    }
 
-void CCoreDriver::clickUndo() {
-    undo(*m_pPanel);
-}
+private:
+    std::unique_ptr<CPanel> m_pPanel;
+    bool m_bEditing = false;
+};
 
-CMapEditorModel* CCoreDriver::model() const {
-    return m_pPanel.get();
+} // namespace
+
+std::unique_ptr<CSessionDriver> makeCoreDriver() {
+    return std::make_unique<CCoreDriver>();
 }

@@ -1,129 +1,178 @@
-#include "host/random_session_exports.h"
+#include "host/random_session_driver.h"
+#include "host/random_session_hands.h"
 
 #include "host/module_state.h"
 #include "host/veskutil.h"
 #include "resources/resource_ids.h"
-#include "terrain/panel/map_editor_buttons.h"
+#include "support/ui_driver.h"
 #include "terrain/panel/map_editor_dlg.h"
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QColorDialog>
 #include <QEvent>
-#include <QProgressBar>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QSlider>
 #include <QTabBar>
+#include <QTest>
 
-#include <cstddef>
+#include <utility>
 
 namespace {
 
-QWidget* findPanel() {
-    for (QWidget* const window : QApplication::topLevelWidgets()) {
-        if (window->objectName() == "dialog-212" && window->isVisible()) {
-            return window;
+class CExportsDriver : public CSessionDriver {
+public:
+    explicit CExportsDriver(std::string textureDir) : m_strTextureDir(std::move(textureDir)) {}
+    ~CExportsDriver() override { vuDestroyEditor(); }
+
+    bool hasControls() const override { return true; }
+
+    void open(CMemoryMap& map, bool fullEditing) override {
+        const bool wasOpen = isOpen();
+        vuCreateEditor(nullptr, &map, m_strTextureDir.c_str(), nullptr, fullEditing, nullptr);
+        if (!wasOpen) {
+            QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); // the panel before
+            m_pWindow = ui::dialog(IDD_MAP_EDITOR);
+            m_controls.clear();
+            for (const int id : PANEL_CONTROLS) {
+                m_controls.push_back(&control(id));
+            }
+            m_pWindow->activateWindow();
+            waitForKeyboard();
+            leaveFields();
         }
     }
-    return nullptr;
-}
 
-template <typename Widget> Widget* findControl(QWidget* window, int controlId) {
-    return window->findChild<Widget*>(QString::number(controlId));
-}
+    void destroy() override { vuDestroyEditor(); }
+    void destroySettings() override { vuDestroySettings(); }
+    void start(int x, int z, int edge, int corner) override { vuStartEditing(x, z, edge, corner); }
+    void update(int x, int z, int ignored, int amount) override {
+        vuUpdateEditing(x, z, ignored, ignored / 2, ignored - 1, amount);
+    }
+    void stop() override { vuStopEditing(); }
+    void hover(int x, int z, int edge, int corner) override { vuUpdateCursor(x, z, edge, corner); }
+    bool isOpen() const override { return vuIsEditorActive(); }
+    bool isEditing() const override { return vuIsEditingInProgress(); }
+    CMapEditorModel* model() const override { return isOpen() ? g_pMapEditorDlg : nullptr; }
 
-QTabBar* findTabs(QWidget* window) {
-    QWidget* const tabs = findControl<QWidget>(window, IDC_TOOL_TABS);
-    auto* const bar = qobject_cast<QTabBar*>(tabs);
-    return bar != nullptr ? bar : tabs->findChild<QTabBar*>();
-}
+    void closeWindow() override { m_pWindow->close(); }
+
+    /// Every fourth time with the mouse, as it takes longer.
+    void click(int id) override {
+        QWidget& widget = control(id);
+        if (!isInReach(widget)) {
+            return;
+        }
+        if (++m_nClicks % 4 == 0) {
+            ui::click(widget, QPoint(8, widget.height() / 2)); // a check box hears only its box and text
+        } else {
+            dynamic_cast<QAbstractButton&>(widget).click();
+        }
+        leaveFields();
+    }
+
+    void clickTab() override {
+        QTabBar& tabs = hands::tabBar(control(IDC_TOOL_TABS));
+        tabs.setCurrentIndex(1 - tabs.currentIndex());
+    }
+
+    Seen pickColour(int swatch, const qxCColour* colour) override {
+        Seen seen;
+        const ModalSteps user({[&](QWidget* window) {
+            auto& dialog = dynamic_cast<QColorDialog&>(*window);
+            const QColor offered = dialog.currentColor();
+            seen.push_back(describe({offered.red(), offered.green(), offered.blue(), 255}));
+            // The colour that a "Cancel" is not to leave behind.
+            dialog.setCurrentColor(colour != nullptr ? QColor(colour->r, colour->g, colour->b) : Qt::cyan);
+            ui::press(colour != nullptr ? Qt::Key_Return : Qt::Key_Escape);
+        }});
+        if (isInReach(control(swatch))) {
+            ui::doubleClick(control(swatch));
+            waitForKeyboard();
+        }
+        return seen;
+    }
+
+    void dragColour(int from, int to) override {
+        const auto middleOf = [this](int id) {
+            const QWidget& widget = control(id);
+            return widget.mapTo(m_pWindow, widget.rect().center());
+        };
+        QTest::mousePress(m_pWindow->windowHandle(), Qt::LeftButton, Qt::NoModifier, middleOf(from));
+        QTest::mouseRelease(m_pWindow->windowHandle(), Qt::LeftButton, Qt::NoModifier, middleOf(to));
+    }
+
+    Seen type(int edit, const std::string& text, Leaving leaving) override {
+        Seen messages;
+        if (isInReach(control(edit))) {
+            const ModalSteps user({[&](QWidget* window) { hands::dismiss(*window, messages); }});
+            hands::type(control(edit), text, leaving);
+            waitForKeyboard();
+            leaveFields();
+        }
+        return messages;
+    }
+
+    void spin(int id, bool up) override {
+        QWidget& arrows = control(id);
+        if (isInReach(arrows)) {
+            const int quarter = arrows.height() / 4;
+            ui::click(arrows, QPoint(arrows.width() / 2, up ? quarter : arrows.height() - quarter));
+            leaveFields();
+        }
+    }
+
+    void slide(int strength) override {
+        auto& slider = dynamic_cast<QSlider&>(control(IDC_STRENGTH));
+        while (slider.value() != strength) {
+            QTest::keyClick(&slider, slider.value() < strength ? Qt::Key_Right : Qt::Key_Left);
+        }
+    }
+
+    Seen runDialog(int opener, const std::vector<DialogStep>& steps) override {
+        const Seen seen = hands::playDialog(steps, [&] { click(opener); });
+        waitForKeyboard();
+        return seen;
+    }
+
+    Seen shown() const override {
+        Seen all;
+        for (std::size_t i = 0; i < m_controls.size(); ++i) {
+            all.push_back(hands::describe(*m_controls[i], PANEL_CONTROLS[i]));
+        }
+        return all;
+    }
+
+private:
+    QWidget& control(int id) const { return ui::control(*m_pWindow, id); }
+
+    bool isInReach(const QWidget& widget) const {
+        return widget.isEnabled() &&
+               m_pWindow->rect().contains(widget.mapTo(m_pWindow, widget.rect().center()));
+    }
+
+    /// The keyboard is the panel's again after a dialog, once Qt has got round to it.
+    void waitForKeyboard() {
+        EXPECT_TRUE(ui::waitUntil([this] { return m_pWindow->isActiveWindow(); }));
+    }
+
+    /// The focus goes where nothing comes of its leaving. On a button it would not stay: when that is
+    /// disabled, it moves on to a field.
+    void leaveFields() {
+        if (isOpen()) {
+            control(IDC_STRENGTH).setFocus();
+        }
+    }
+
+    std::string m_strTextureDir;
+    QWidget* m_pWindow = nullptr; // the open panel's
+    std::vector<QWidget*> m_controls;
+    int m_nClicks = 0;
+};
 
 } // namespace
 
-CExportsDriver::~CExportsDriver() {
-    vuDestroyEditor();
-}
-
-void CExportsDriver::open(CMemoryMap& map) {
-    const bool wasOpen = isOpen();
-    vuCreateEditor(nullptr, &map, "", nullptr, true, nullptr);
-    if (!wasOpen) {
-        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); // the panel before
-        m_pWindow = findPanel();
-        click(IDC_EXPAND); // "Select All" and "De-select" stand in the right column
-    }
-}
-
-void CExportsDriver::click(int controlId) {
-    findControl<QAbstractButton>(m_pWindow, controlId)->click();
-}
-
-void CExportsDriver::clickClose() {
-    click(IDC_CLOSE);
-}
-
-void CExportsDriver::closeWindow() {
-    m_pWindow->close();
-}
-
-void CExportsDriver::destroy() {
-    vuDestroyEditor();
-}
-
-void CExportsDriver::destroySettings() {
-    vuDestroySettings();
-}
-
-void CExportsDriver::start(int x, int z, int edge, int corner) {
-    vuStartEditing(x, z, edge, corner);
-}
-
-void CExportsDriver::update(int x, int z, int amount) {
-    vuUpdateEditing(x, z, 1, 2, 3, amount);
-}
-
-void CExportsDriver::stop() {
-    vuStopEditing();
-}
-
-void CExportsDriver::hover(int x, int z, int edge, int corner) {
-    vuUpdateCursor(x, z, edge, corner);
-}
-
-void CExportsDriver::clickTab() {
-    QTabBar* const tabs = findTabs(m_pWindow);
-    tabs->setCurrentIndex(1 - tabs->currentIndex());
-}
-
-void CExportsDriver::clickTool(int tool) {
-    click(TOOL_BUTTONS[static_cast<std::size_t>(tool)].controlId);
-}
-
-void CExportsDriver::clickBrush(int brush) {
-    click(BRUSH_BUTTONS[static_cast<std::size_t>(brush)].controlId);
-}
-
-void CExportsDriver::clickSelectAll() {
-    click(IDC_SELECT_ALL);
-}
-
-void CExportsDriver::clickDeselect() {
-    click(IDC_DESELECT);
-}
-
-void CExportsDriver::clickUndo() {
-    click(IDC_UNDO);
-}
-
-int CExportsDriver::shownFill() const {
-    return findControl<QProgressBar>(m_pWindow, IDC_UNDO_FILL)->value();
-}
-
-bool CExportsDriver::isOpen() const {
-    return vuIsEditorActive();
-}
-
-bool CExportsDriver::isEditing() const {
-    return vuIsEditingInProgress();
-}
-
-CMapEditorModel* CExportsDriver::model() const {
-    return isOpen() ? g_pMapEditorDlg : nullptr;
+std::unique_ptr<CSessionDriver> makeExportsDriver(const std::string& textureDir) {
+    return std::make_unique<CExportsDriver>(textureDir);
 }

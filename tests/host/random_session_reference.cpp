@@ -1,15 +1,18 @@
 #include "host/random_session_reference.h"
 
+#include "resources/resource_ids.h"
+
 #include <algorithm>
 #include <limits>
 #include <utility>
 
-void CReferenceEditor::open(CMemoryMap* newMap) {
+void CReferenceEditor::open(CMemoryMap& newMap, bool fullEditing) {
     if (isOpen) {
         return;
     }
-    map = newMap;
-    panel = Panel();
+    map = &newMap;
+    panel = ReferencePanel();
+    panel.full = fullEditing;
     m_worker = Worker::NONE;
     m_dragged.record = nullptr;
     if (!m_saved.valid || m_saved.map != map) {
@@ -24,19 +27,20 @@ void CReferenceEditor::open(CMemoryMap* newMap) {
     panel.tool = m_saved.tool;
     panel.height = m_saved.height;
     m_saved.valid = true;
-    refreshBrushes();
+    initPanel();
     isOpen = true;
 }
 
-void CReferenceEditor::closeByUser() {
+void CReferenceEditor::closeWindow() {
     if (isOpen) {
         m_saved = {true, map, panel.tool, panel.brush, panel.strength, panel.height};
-        isOpen = false;
+        destroy();
     }
 }
 
 void CReferenceEditor::destroy() {
     isOpen = false;
+    m_nSwatchPressed = 0; // it is gone
 }
 
 void CReferenceEditor::destroySettings() {
@@ -44,24 +48,9 @@ void CReferenceEditor::destroySettings() {
     history.clear();
 }
 
-void CReferenceEditor::readControls() {
-    panel.tool = panel.tool < 0 || panel.tool > 14 ? -1 : panel.tool;
-    panel.brush = panel.brush < 0 || panel.brush > 5 ? -1 : panel.brush;
-    panel.strength = std::min(std::max(panel.strength, 1), 10);
-}
-
-void CReferenceEditor::refreshBrushes() {
-    panel.brushesEnabled = !panel.isDetailsTab && isAnyOf(panel.tool, {1, 2, 3, 5, 9});
-}
-
 void CReferenceEditor::refreshUndo() {
-    panel.undoEnabled = !history.empty();
+    enable(IDC_UNDO, !history.empty());
     panel.fill = static_cast<int>(history.size() * 100 / HISTORY_CAPACITY);
-}
-
-void CReferenceEditor::changeTab() {
-    panel.isDetailsTab = !panel.isDetailsTab;
-    std::swap(panel.tool, panel.otherTool);
 }
 
 std::vector<CReferenceEditor::Point> CReferenceEditor::gridPoints() const {
@@ -177,11 +166,6 @@ void CReferenceEditor::selectAll() {
     outline(panel.x0, panel.z0, panel.x1, panel.z1, true);
 }
 
-void CReferenceEditor::deselect() {
-    dropSelection();
-    panel.x0 = panel.z0 = 0;
-}
-
 void CReferenceEditor::hover(int px, int pz, int edge, int corner) {
     if (isOpen) {
         cursor(px, pz, edge, corner, false);
@@ -242,7 +226,7 @@ void CReferenceEditor::cursor(std::int64_t x, std::int64_t z, int edge, int corn
     }
 }
 
-void CReferenceEditor::startEditing(int px, int pz, int edge, int corner) {
+void CReferenceEditor::start(int px, int pz, int edge, int corner) {
     if (!isOpen) {
         return;
     }
@@ -261,7 +245,7 @@ void CReferenceEditor::startEditing(int px, int pz, int edge, int corner) {
             panel.z0 = pz;
             return;
         }
-        updateEditing(px, pz, 0);
+        update(px, pz, 0, 0);
         if (panel.tool != 1 && panel.tool != 11) {
             dropSelection();
         }
@@ -284,7 +268,7 @@ void CReferenceEditor::startEditing(int px, int pz, int edge, int corner) {
     } else if (isAnyOf(panel.tool, {2, 3, 4}) && panel.detail != nullptr) {
         panel.detail->highlighted = 0;
     } else if (panel.tool == 1 || panel.tool == 7) {
-        updateEditing(px, pz, 0);
+        update(px, pz, 0, 0);
     }
 }
 
@@ -296,10 +280,10 @@ void CReferenceEditor::addDetail(qxCMapDetailRecord* created) {
         created->highlighted = 0;
     }
     panel.detail = created;
-    updateEditing(panel.x, panel.z, 0);
+    update(panel.x, panel.z, 0, 0);
 }
 
-void CReferenceEditor::updateEditing(int px, int pz, int amount) {
+void CReferenceEditor::update(int px, int pz, int /*ignored*/, int amount) {
     if (!isOpen) {
         return;
     }
@@ -327,14 +311,14 @@ void CReferenceEditor::updateEditing(int px, int pz, int amount) {
     panel.first = false;
 }
 
-void CReferenceEditor::stopEditing() {
+void CReferenceEditor::stop() {
     if (!isOpen) {
         return;
     }
     isEditing = false;
     if (!panel.isDetailsTab) {
         if (panel.tool == 0) {
-            const Panel was = panel;
+            const ReferencePanel was = panel;
             panel.x0 = std::min(was.x0, was.x1);
             panel.x1 = std::max(was.x0, was.x1);
             panel.z0 = std::min(was.z0, was.z1);

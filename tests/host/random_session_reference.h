@@ -2,6 +2,8 @@
 
 #include "engine/memory/memory_map.h"
 #include "engine/qx_random.h"
+#include "host/random_session_driver.h"
+#include "host/random_session_reference_panel.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -30,50 +32,27 @@ class CReferenceEditor {
 public:
     static constexpr int HISTORY_CAPACITY = 100'000;
 
-    void open(CMemoryMap* newMap);
-    void closeByUser();
+    /// What CSessionDriver's functions of these names do.
+    void open(CMemoryMap& newMap, bool fullEditing);
     void destroy();
     void destroySettings();
-    void changeTab();
-    /// The panel reads its controls: what they cannot show becomes what they do show.
-    void readControls();
-    void refreshBrushes();
-
-    void startEditing(int px, int pz, int edge, int corner);
-    void updateEditing(int px, int pz, int amount);
-    void stopEditing();
+    void start(int px, int pz, int edge, int corner);
+    void update(int px, int pz, int ignored, int amount);
+    void stop();
     void hover(int px, int pz, int edge, int corner);
-    void selectAll();
-    void deselect();
-    void undo();
+    void closeWindow();
+    void click(int id);
+    void clickTab();
+    Seen pickColour(int swatch, const qxCColour* colour);
+    void dragColour(int from, int to);
+    Seen type(int edit, const std::string& text, Leaving leaving);
+    void spin(int id, bool up);
+    void slide(int strength);
+    Seen runDialog(int opener, const std::vector<DialogStep>& steps);
+    Seen shown() const;
 
-    struct Panel {
-        bool isDetailsTab = false;
-        int tool = -1;
-        int otherTool = 0;
-        int brush = -1;
-        int strength = 0;
-        int height = 0;
-        float gradient = 0.0F;
-        bool hideCursor = false;
-        bool undoEnabled = true; // the button and the bar: as of their last refresh
-        bool brushesEnabled = false;
-        int fill = 0;
-        qxCTexture* detailTexture = nullptr;
-        qxCMapDetailRecord* detail = nullptr;
-        int x = 0;
-        int z = 0;
-        int edge = 0;
-        int corner = 0;
-        int lastX = -1;
-        int lastZ = -1;
-        bool first = true;
-        bool selected = false;
-        int x0 = 0;
-        int z0 = 0;
-        int x1 = 0;
-        int z1 = 0;
-    };
+    /// Enabled and in sight.
+    bool isInReach(int id) const;
 
     struct Record {
         bool start;
@@ -84,11 +63,11 @@ public:
         int blend;
     };
 
+    bool hasControls = false; // CSessionDriver::hasControls()
     CMemoryMap* map = nullptr;
-    qxCColour tint{255, 255, 255, 255};
     bool isOpen = false;
     bool isEditing = false;
-    Panel panel;
+    ReferencePanel panel;
     std::deque<Record> history;
 
 private:
@@ -121,6 +100,28 @@ private:
     int copiedHeight(const Point& point) const;
     void outline(std::int64_t x0, std::int64_t z0, std::int64_t x1, std::int64_t z1, bool on);
     void dropSelection();
+    void selectAll();
+    void undo();
+
+    /// The panel reads its controls, up to the first that is refused: what they cannot show becomes what they
+    /// do show.
+    void readControls(int refused = 0);
+    void initPanel();
+    void enable(int id, bool enabled);
+    void refreshTools();
+    void refreshBrushes();
+    void refreshDefinition();
+    void showPreview();
+    qxCMapMultiTexture* definition();
+    bool clickRadio(int id);
+    bool clickToggle(int id);
+    void clickDefinition(int id);
+    Seen leave(int edit, const std::string& text);
+    void settle(int edit);
+    void colourChanged(int swatch);
+    Seen editTypes(const std::vector<DialogStep>& steps);
+    Seen listTextures(int picker, const std::vector<DialogStep>& steps);
+    std::string shownText(int id) const;
 
     struct {
         bool valid = false;
@@ -142,4 +143,6 @@ private:
         int x = 0;
         int z = 0;
     } m_dragged;
+    int m_nSwatchPressed = 0; // 0: none
+    qxCColour m_swatchColour;
 };

@@ -1,6 +1,7 @@
 #include "host/random_session_reference.h"
 
 #include "engine/qx_matrix4d.h"
+#include "resources/resource_ids.h"
 
 #include <algorithm>
 #include <cmath>
@@ -229,7 +230,7 @@ void CReferenceEditor::tintPoints() {
             recordArea(x, z, x + blockSize() - 1, z + blockSize() - 1);
         }
     }
-    const qxCColour target(tint.r, tint.g, tint.b, 255);
+    const qxCColour target = panel.swatches[IDC_TINT_COLOUR];
     const float t = std::min(1.0F, std::max(0.0F, static_cast<float>(panel.strength) * 0.01F));
     const int water = static_cast<int>(map->waterLevel / map->heightScale);
     for (const auto& [px, pz] : points) {

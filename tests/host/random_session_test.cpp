@@ -1,6 +1,7 @@
 #include "host/random_session.h"
-#include "host/random_session_core.h"
-#include "host/random_session_exports.h"
+
+#include <QFile>
+#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
@@ -43,11 +44,14 @@ void playSessions(CSessionDriver& driver, std::uint64_t standardCount) {
 } // namespace
 
 TEST(RandomSession, TheCoreStaysAlikeToTheReference) {
-    CCoreDriver driver;
-    playSessions(driver, SUITE_SHARE * 10'000);
+    playSessions(*makeCoreDriver(), SUITE_SHARE * 10'000);
 }
 
 TEST(RandomSession, ExportsAndPanelStayAlikeToTheReference) {
-    CExportsDriver driver;
-    playSessions(driver, SUITE_SHARE * 2'500);
+    const QTemporaryDir directory;
+    for (const std::string& name : CRandomSession::FILES) {
+        QFile file(directory.filePath(QString::fromStdString(name)));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    }
+    playSessions(*makeExportsDriver(directory.path().toStdString()), SUITE_SHARE * 2'500);
 }
