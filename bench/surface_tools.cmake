@@ -1,0 +1,4 @@
+add_executable(bench_surface_tools surface_tools_bench.cpp)
+vesk_warnings(bench_surface_tools)
+target_include_directories(bench_surface_tools PRIVATE ${CMAKE_SOURCE_DIR})
+target_link_libraries(bench_surface_tools PRIVATE vesk_host Qt6::Widgets)
