@@ -1,0 +1,378 @@
+#include "sandbox/app/main_window.h"
+
+#include "engine/memory/engine_directories.h"
+#include "engine/qx_texture.h"
+#include "host/veskutil.h"
+#include "sandbox/app/heightmap_file.h"
+#include "sandbox/project/project_json.h"
+#include "sandbox/project/project_map.h"
+#include "support/modal_steps.h"
+#include "support/ui_driver.h"
+
+#include <QAction>
+#include <QDir>
+#include <QJsonDocument>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QSettings>
+#include <QSpinBox>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+#include <gtest/gtest.h>
+
+namespace {
+
+constexpr int MAP_EDITOR = 212;
+constexpr int EXPAND = 2012;
+constexpr int INSERT_DEFINITION = 1638;
+constexpr int BLEND = 1629;
+constexpr int TILING = 1412;
+
+/// Everything that a project keeps, as text, layers included.
+QByteArray contents(CMapDocument& document) {
+    const CProject project = captureProject(document.map(), document.scene());
+    QByteArray bytes = writeProjectJson(project.settings, {});
+    const auto append = [&bytes](const auto& values) {
+        bytes.append(reinterpret_cast<const char*>(values.data()),
+                     static_cast<qsizetype>(values.size() * sizeof values[0]));
+    };
+    append(project.heights);
+    append(project.blends);
+    append(project.colours);
+    append(project.water);
+    return bytes;
+}
+
+/// Answer a question or a message: see its text, press a button by its caption.
+ModalSteps::Step answer(const QString& text, const QString& button) {
+    return [=](QWidget* window) {
+        auto* box = qobject_cast<QMessageBox*>(window);
+        ASSERT_NE(box, nullptr) << window->windowTitle().toStdString();
+        EXPECT_EQ(box->text().toStdString(), text.toStdString());
+        for (QAbstractButton* candidate : box->buttons()) {
+            if (candidate->text().remove('&') == button) {
+                ui::click(*candidate);
+                return;
+            }
+        }
+        ADD_FAILURE() << "no button " << button.toStdString();
+    };
+}
+
+/// Name a file in a file dialog and confirm.
+ModalSteps::Step chooseFile(const QString& path) {
+    return [=](QWidget* window) {
+        auto* name = window->findChild<QLineEdit*>("fileNameEdit");
+        ASSERT_NE(name, nullptr) << window->windowTitle().toStdString();
+        ui::type(*name, path);
+        ui::press(Qt::Key_Return);
+    };
+}
+
+/// What a window manager does and a bare virtual display does not: a window that opens gets the keyboard.
+class CWindowManager : public QObject {
+public:
+    CWindowManager() { qApp->installEventFilter(this); }
+
+    bool eventFilter(QObject* object, QEvent* event) override {
+        auto* widget = qobject_cast<QWidget*>(object);
+        if (event->type() == QEvent::Show && widget != nullptr && widget->isWindow() &&
+            widget->windowType() != Qt::Popup && widget->windowType() != Qt::ToolTip) {
+            QTimer::singleShot(0, widget, [widget] { widget->activateWindow(); });
+        }
+        return false;
+    }
+};
+
+/// A window on a heightmap of slopes and a valley, with folders and settings of its own.
+class MainWindow : public testing::Test {
+protected:
+    static void SetUpTestSuite() {
+        QSurfaceFormat format;
+        format.setVersion(3, 3);
+        format.setProfile(QSurfaceFormat::CoreProfile);
+        QSurfaceFormat::setDefaultFormat(format);
+        QCoreApplication::setOrganizationName("veskutil");
+        QCoreApplication::setApplicationName("sandbox_window_test");
+    }
+
+    MainWindow() {
+        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, scratch.filePath("settings"));
+        CHeightmap heights{EDGE, {}};
+        for (int i = 0; i < EDGE * EDGE; ++i) {
+            heights.heights.push_back(static_cast<std::uint16_t>(100 + 10 * std::abs(i % EDGE - EDGE / 2)));
+        }
+        EXPECT_EQ(writeHeightmapFile(heightmap(), heights), "");
+        openWindow();
+        EXPECT_EQ(window->openMap(heightmap()), "");
+    }
+
+    ~MainWindow() override { CEngineDirectories::setDirectories({}); }
+
+    void openWindow() {
+        window.reset(); // the toolkit serves one window at a time
+        window = std::make_unique<CMainWindow>();
+        window->resize(700, 500);
+        window->show();
+        ASSERT_TRUE(ui::waitUntilActive(window.get()));
+    }
+
+    QString heightmap() const { return scratch.filePath("hills.png"); }
+    QString folder() const { return scratch.filePath("my map"); }
+    CMapDocument& document() const { return window->document(); }
+    CMemoryMap& map() const { return window->document().map(); }
+
+    void choose(const char* action) { window->findChild<QAction*>(action)->trigger(); }
+
+    /// A modal conversation that `begin` starts.
+    void converse(std::vector<ModalSteps::Step> steps, const std::function<void()>& begin) {
+        const ModalSteps person(std::move(steps));
+        begin();
+        ui::settle();
+        EXPECT_TRUE(person.areDone());
+    }
+
+    /// A panel counts as active as soon as the window below it is, so the keyboard is asked after.
+    static void turnTo(QWidget* target) {
+        target->activateWindow();
+        ASSERT_TRUE(ui::waitUntil([&] { return QApplication::activeWindow() == target; }));
+    }
+
+    /// A shortcut of the window.
+    void strike(Qt::Key key) {
+        turnTo(window.get());
+        QTest::keyClick(window.get(), key, Qt::ControlModifier);
+    }
+
+    void saveProjectAs(const QString& path) {
+        converse({chooseFile(path)}, [&] { choose("save-project-as"); });
+    }
+
+    /// Work a while on all that a project keeps: with the panel, and as its tools would.
+    void dressMap() {
+        choose("map-editor");
+        QWidget* panel = ui::dialog(MAP_EDITOR);
+        ASSERT_NE(panel, nullptr);
+        ui::click(ui::control(*panel, EXPAND));
+        ui::click(ui::control(*panel, INSERT_DEFINITION));
+        turnTo(panel);
+        ui::type(ui::control(*panel, BLEND), "0.7");
+        ui::press(Qt::Key_Tab);
+        ui::type(ui::control(*panel, TILING), "5");
+        ui::press(Qt::Key_Tab);
+        map().getMultiTexture(map().getNumMultiTextures() - 1)->tint1 = {1, 2, 3, 255};
+        map().getTerrainDef(0)->noise = 4.5F;
+        map().setTexture(qxMapLayerRough, document().scene().getTexture(1));
+        map().setDiffuse({200, 190, 180, 255});
+        window->findChild<QSpinBox*>("water-level")->setValue(130);
+        map().addWater(EDGE / 2, 3);
+        map().setPointHeight(2, 2, 777, true);
+        map().paintMultiTexture(5, 5, 0.5F);
+        map().addDetail(qxDetailTypePoint, document().scene().getTexture(0), {3, 0, 3}, {4, 0, 3}, {3, 0, 4},
+                        1.5F);
+        ui::settle();
+    }
+
+    static constexpr int EDGE = 17;
+    CWindowManager manager;
+    QTemporaryDir scratch;
+    std::unique_ptr<CMainWindow> window;
+};
+
+TEST_F(MainWindow, AProjectSavedFromTheMenuOpensTheSameInAnotherWindow) {
+    dressMap();
+    ASSERT_EQ(map().getMultiTexture(map().getNumMultiTextures() - 1)->blend, 0.7F);
+    ASSERT_EQ(map().getTextureTiling(), 5);
+    ASSERT_TRUE(map().getPointWater(EDGE / 2, 9));
+    const QByteArray saved = contents(document());
+    saveProjectAs(folder());
+    EXPECT_FALSE(window->isWindowModified());
+    EXPECT_EQ(window->windowTitle().toStdString(), "my map[*] - Terrain sandbox");
+    EXPECT_TRUE(vuIsEditorActive()) << "saving is no reason to close the editor";
+
+    openWindow();
+    const QString projectFile = folder() + '/' + PROJECT_FILE_NAME;
+    converse({chooseFile(projectFile)}, [&] { strike(Qt::Key_O); });
+    EXPECT_EQ(contents(document()), saved);
+    EXPECT_EQ(document().path().toStdString(), folder().toStdString());
+    EXPECT_FALSE(window->isWindowModified());
+    const auto image = CEngineDirectories::resolve(map().getTexture(qxMapLayerRough)->getFilename());
+    ASSERT_TRUE(image.has_value());
+    EXPECT_EQ(image->parent_path().string(), (folder() + "/textures").toStdString());
+}
+
+TEST_F(MainWindow, EveryKindOfWorkCountsAsAChange) {
+    saveProjectAs(folder());
+    const qxCMapDetailRecord* detail =
+        map().addDetail(qxDetailTypePoint, nullptr, {3, 0, 3}, {4, 0, 3}, {3, 0, 4}, 1.0F);
+    const std::vector<std::function<void()>> works = {
+        [&] { map().setPointHeight(1, 1, 999, true); },
+        [&] {
+            map().setPointColour(0, 1, 1, {1, 2, 3, 4});
+        },
+        [&] { map().setPointBlend(1, 1, 1, 12345); },
+        [&] { map().addWater(EDGE / 2, 3); },
+        [&] { document().setWaterLevel(222); },
+        [&] { const_cast<qxCMapDetailRecord*>(detail)->point0.x = 3.5F; },
+        [&] { const_cast<qxCMapDetailRecord*>(detail)->texture = document().scene().getTexture(1); },
+        [&] { map().getMultiTexture(2)->variation = 0.9F; },
+        [&] { map().removeMultiTexture(0); },
+        [&] { map().setTexture(qxMapLayerSmooth, document().scene().getTexture(2)); },
+        [&] { document().scene().getTexture(3)->setSize(qxTextureSize8); },
+        [&] { document().scene().getTexture(3)->name.setString("other"); },
+        [&] { map().setTextureTiling(77); },
+        [&] {
+            map().setAmbient({9, 9, 9, 255});
+        },
+        [&] { map().getTerrainDef(1)->filter[24] = 3.0F; },
+        [&] { document().scene().setFogMode(qxFogModeOn); },
+        [&] { map().setFlag(qxMapFlagChecker); },
+    };
+    for (std::size_t i = 0; i < works.size(); ++i) {
+        ASSERT_EQ(window->saveProject(folder()), "");
+        ASSERT_FALSE(document().isModified()) << i;
+        works[i]();
+        EXPECT_TRUE(document().isModified()) << i;
+    }
+    ASSERT_EQ(window->saveProject(folder()), "");
+    map().setCurrentMultiTexture(1);
+    map().addEditCursor(1, 1, 0);
+    EXPECT_FALSE(document().isModified()) << "to look around is no change";
+}
+
+TEST_F(MainWindow, UnsavedChangesAreAskedAfter) {
+    saveProjectAs(folder());
+    const QString question = "Save the changes to my map first?";
+    map().getMultiTexture(0)->blend = 0.25F;
+
+    converse({answer(question, "Cancel")}, [&] { EXPECT_FALSE(window->close()); });
+    EXPECT_TRUE(window->isVisible());
+    EXPECT_TRUE(window->isWindowModified()) << "the mark in the title";
+    EXPECT_EQ(map().getMultiTexture(0)->blend, 0.25F);
+
+    converse({answer(question, "Save")}, [&] { EXPECT_TRUE(window->close()); });
+    CProject saved;
+    ASSERT_EQ(readProject(folder(), saved).reason, "");
+    EXPECT_EQ(saved.settings.definitions[0].blend, 0.25F);
+
+    window->show();
+    map().getMultiTexture(0)->blend = 0.5F;
+    converse({answer(question, "Discard")}, [&] { EXPECT_TRUE(window->close()); });
+    ASSERT_EQ(readProject(folder(), saved).reason, "");
+    EXPECT_EQ(saved.settings.definitions[0].blend, 0.25F);
+}
+
+TEST_F(MainWindow, AHeightmapSaysWhatItCannotKeep) {
+    const QString question =
+        "hills.png is a heightmap, which keeps the heights alone. Its colours, textures, "
+        "water and details are kept only in a project.";
+    map().setPointHeight(4, 4, 444, true);
+    map().addWater(EDGE / 2, 3);
+    ui::settle();
+    converse({answer(question, "Cancel")}, [&] { choose("save"); });
+    EXPECT_NE(readHeightmapFile(heightmap()).map.heights[4 * EDGE + 4], 444);
+    converse({answer(question, "Save Heights Only")}, [&] { strike(Qt::Key_S); });
+    EXPECT_EQ(readHeightmapFile(heightmap()).map.heights[4 * EDGE + 4], 444);
+    EXPECT_TRUE(window->isWindowModified()) << "the water is not saved";
+    map().setPointHeight(4, 4, 445, true);
+    converse({}, [&] { choose("save"); }); // asked once for a map
+    EXPECT_EQ(readHeightmapFile(heightmap()).map.heights[4 * EDGE + 4], 445);
+
+    const QString copy = scratch.filePath("copy");
+    converse({answer(question, "Save as Project..."), chooseFile(copy)},
+             [&] { EXPECT_TRUE(window->close()); });
+    CProject saved;
+    ASSERT_EQ(readProject(copy, saved).reason, "");
+    EXPECT_TRUE(std::ranges::equal(saved.water, map().getWaterFlags()));
+}
+
+TEST_F(MainWindow, AProjectThatCannotBeOpenedLeavesTheMapAtHand) {
+    saveProjectAs(folder());
+    const QString projectFile = folder() + '/' + PROJECT_FILE_NAME;
+    QFile file(projectFile);
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+    QJsonObject json = QJsonDocument::fromJson(file.readAll()).object();
+    json["version"] = 2;
+    const QByteArray newer = QJsonDocument(json).toJson();
+    json["version"] = 1;
+    json["tiling"] = 0;
+    const QByteArray damaged = QJsonDocument(json).toJson();
+    struct Case {
+        QByteArray text;
+        QString reason;
+    };
+    ASSERT_EQ(window->openMap(heightmap()), "");
+    choose("map-editor");
+    const CMemoryMap* before = &map();
+    const QByteArray contentsBefore = contents(document());
+    for (const Case& c :
+         {Case{newer, "it was written by a newer version of this program (format 2, known up to 1)"},
+          Case{damaged, "\"tiling\" is not a whole number from 1 to 256"}}) {
+        file.seek(0);
+        file.write(c.text);
+        file.resize(c.text.size());
+        file.flush();
+        converse({chooseFile(projectFile),
+                  answer(QString("Failed to open %1: %2").arg(projectFile, c.reason), "OK")},
+                 [&] { choose("open-project"); });
+        EXPECT_EQ(&map(), before);
+        EXPECT_EQ(contents(document()), contentsBefore);
+        EXPECT_EQ(window->windowTitle().toStdString(), "hills.png[*] - Terrain sandbox");
+        EXPECT_TRUE(vuIsEditorActive());
+    }
+}
+
+TEST_F(MainWindow, AFailedSaveIsToldAndTheMapStaysUnsaved) {
+    saveProjectAs(folder());
+    map().setPointHeight(1, 1, 1234, true);
+    // A folder in the place of the project file stops the save, whoever runs this.
+    const QString projectFile = folder() + '/' + PROJECT_FILE_NAME;
+    ASSERT_TRUE(QFile::remove(projectFile));
+    ASSERT_TRUE(QDir().mkpath(projectFile + "/in the way"));
+    const QString reason = "filename refers to a directory";
+    converse({answer(QString("Failed to save %1: %2").arg(projectFile, reason), "OK")},
+             [&] { choose("save"); });
+    EXPECT_TRUE(window->isWindowModified());
+}
+
+TEST_F(MainWindow, RecentHoldsProjectsAndHeightmaps) {
+    saveProjectAs(folder());
+    auto* recent = window->findChild<QMenu*>("recent");
+    const auto texts = [&] {
+        emit recent->aboutToShow();
+        QStringList list;
+        for (const QAction* action : recent->actions()) {
+            list << action->text() + (action->isEnabled() ? "" : " (off)");
+        }
+        return list.join('\n').toStdString();
+    };
+    const QString place = QFileInfo(folder()).absolutePath();
+    EXPECT_EQ(texts(), QString("my map - in %1\nhills.png - in %1").arg(place).toStdString());
+    recent->actions()[1]->trigger();
+    EXPECT_EQ(document().name().toStdString(), "hills.png");
+    texts();
+    recent->actions()[1]->trigger();
+    EXPECT_EQ(document().kind(), CMapDocument::EKind::project);
+    QFile::remove(heightmap());
+    EXPECT_EQ(texts(), QString("my map - in %1\nhills.png - in %1 (off)").arg(place).toStdString());
+}
+
+TEST_F(MainWindow, TheSampleIsNotSavedOver) {
+    ASSERT_EQ(window->openMap(QString(VESK_SAMPLES) + "/jacksboro"), "");
+    EXPECT_EQ(document().name().toStdString(), "jacksboro (sample)");
+    EXPECT_GT(map().getNumMultiTextures(), 4);
+    EXPECT_GT(map().getDetails().size(), 100);
+    for (const qxMapLayerType layer : {qxMapLayerSmooth, qxMapLayerRough, qxMapLayerWater}) {
+        ASSERT_NE(map().getTexture(layer), nullptr);
+        EXPECT_TRUE(CEngineDirectories::resolve(map().getTexture(layer)->getFilename()).has_value());
+    }
+    map().setPointHeight(1, 1, 600, true);
+    converse({chooseFile(folder())}, [&] { choose("save"); });
+    EXPECT_EQ(document().path().toStdString(), folder().toStdString());
+    EXPECT_FALSE(document().isModified());
+}
+
+} // namespace
