@@ -47,6 +47,7 @@ protected:
 
     static std::vector<std::string> entries(const QComboBox& box) {
         std::vector<std::string> texts;
+        texts.reserve(static_cast<std::size_t>(box.count()));
         for (int i = 0; i < box.count(); ++i) {
             texts.push_back(box.itemText(i).toStdString());
         }
