@@ -48,7 +48,7 @@ TEST_F(PanelTest, OpensSimpleAndExpandsToEverythingAndBack) {
     }
     EXPECT_FALSE(isShown(IDC_SIMPLE_FRAME));
     // 227 of 115 dialog units.
-    EXPECT_NEAR(full.width(), simple.width() * 227 / 115, 8);
+    EXPECT_NEAR(full.width(), simple.width() * 227.0 / 115, 8);
     EXPECT_NEAR(full.height(), simple.height(), 8);
 
     expand();
@@ -98,4 +98,52 @@ TEST_F(PanelTest, ControlsOfOneLayoutDoNotOverlap) {
             }
         }
     }
+}
+
+// Among coloured icons a darker shade of grey is not seen: a tool that is down is filled and framed with the
+// colour of selected things.
+TEST_F(PanelTest, AToolThatIsDownIsPlainlySeen) {
+    open();
+    const auto picture = [](int id) { return control(id)->grab().toImage(); };
+    const auto accented = [&](int id) {
+        const QImage seen = picture(id);
+        const QColor accent = control(id)->palette().color(QPalette::Active, QPalette::Highlight);
+        int count = 0;
+        for (int i = 0; i < seen.height(); ++i) {
+            count += seen.pixelColor(seen.width() / 2, i) == accent ? 1 : 0;
+            count += seen.pixelColor(i * seen.width() / seen.height(), 0) == accent ? 1 : 0;
+        }
+        return count;
+    };
+    for (const int id : {IDC_TOOL_RAISE, IDC_BRUSH_DISC, IDC_FOG}) {
+        click(IDC_TOOL_RAISE); // the brushes go with it
+        const QImage up = id == IDC_TOOL_RAISE ? picture(IDC_TOOL_FLATTEN) : picture(id);
+        const int before = id == IDC_TOOL_RAISE ? accented(IDC_TOOL_FLATTEN) : accented(id);
+        click(id);
+        EXPECT_GT(accented(id), before + up.width() / 2) << id;
+    }
+    click(IDC_TOOL_SMOOTH);
+    EXPECT_EQ(accented(IDC_BRUSH_DISC), 0) << "a brush that plays no part is grey, also when it is down";
+}
+
+TEST_F(PanelTest, EveryControlSaysWhatItIs) {
+    open();
+    expand();
+    for (const QWidget* widget : panel()->findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
+        const int id = widget->objectName().toInt();
+        const bool isSpin = id == IDC_BLEND_SPIN || id == IDC_VARIATION_SPIN || id == IDC_TILING_SPIN;
+        if (id <= 0 || id == IDC_TOOL_TABS || isSpin || !widget->isVisible() || !widget->isEnabled()) {
+            continue;
+        }
+        const QString shown = widget->property("text").toString();
+        EXPECT_FALSE(widget->accessibleName().isEmpty() && (shown.isEmpty() || widget->inherits("QLineEdit")))
+            << id;
+    }
+    EXPECT_EQ(control(IDC_BLEND)->accessibleName(), "Blend");
+    EXPECT_EQ(control(IDC_TINT_1)->accessibleName(), "Tint 1");
+    EXPECT_TRUE(control(IDC_TINT_1)->toolTip().contains("Double-click"));
+    EXPECT_EQ(control(IDC_TOOL_ROUGHEN)->toolTip(), "Roughen");
+    selectTab(1);
+    EXPECT_EQ(control(IDC_TOOL_SELECT)->toolTip(), "Add Quad Detail");
+    EXPECT_EQ(control(IDC_UNDO_FILL)->toolTip(), "Undo history");
 }

@@ -37,15 +37,31 @@ std::unique_ptr<DialogWidget> makeWidget(const DialogTemplate& layout, const Win
     return widget;
 }
 
+/// What a screen reader calls a control without a text of its own: the static text that stands before it.
+QString labelBefore(const DialogTemplate& layout, std::size_t index) {
+    if (index == 0) {
+        return {};
+    }
+    const DialogItem& before = layout.items[index - 1];
+    const bool isLabel =
+        QString::fromStdString(before.windowClass).compare("Static", Qt::CaseInsensitive) == 0;
+    return isLabel ? QString::fromStdString(before.text).remove(QLatin1Char('&')) : QString();
+}
+
 /// False when the template names a class that nobody registered.
 bool addControls(DialogWindow& dialog, const DialogTemplate& layout) {
-    for (const DialogItem& item : layout.items) {
+    for (std::size_t index = 0; index < layout.items.size(); ++index) {
+        const DialogItem& item = layout.items[index];
         const qtbackend::ControlTraits traits{{item.id, item.style, item.windowClass},
                                               item.exStyle,
                                               QString::fromStdString(item.text),
                                               dialog.mapDialogRect(item.rect)};
-        if (qtbackend::makeControl(dialog, traits) == nullptr) {
+        Window* const control = qtbackend::makeControl(dialog, traits);
+        if (control == nullptr) {
             return false;
+        }
+        if (traits.text.isEmpty() && control->widget()->accessibleName().isEmpty()) {
+            control->widget()->setAccessibleName(labelBefore(layout, index));
         }
     }
     return true;

@@ -12,6 +12,7 @@ struct ToolButton {
     int detailsIcon = 0;                  ///< 0: no tool on the Details tab
     const char* detailsCaption = nullptr; ///< null: the template's
     bool detailsNeedsFull = false;        ///< on the Details tab only with full editing
+    const char* terrainCaption = nullptr; ///< null: the template's
 };
 
 inline constexpr std::array<ToolButton, 15> TOOL_BUTTONS = {{
@@ -27,7 +28,7 @@ inline constexpr std::array<ToolButton, 15> TOOL_BUTTONS = {{
     {IDC_TOOL_PAINT, IDI_TOOL_PAINT},
     {IDC_TOOL_GET_GRADIENT, IDI_TOOL_GET_GRADIENT},
     {IDC_TOOL_MAGNET, IDI_TOOL_MAGNET},
-    {IDC_TOOL_ROUGHEN, IDI_TOOL_ROUGHEN},
+    {IDC_TOOL_ROUGHEN, IDI_TOOL_ROUGHEN, 0, nullptr, false, "Roughen"},
     {IDC_TOOL_UNUSED_13, 0},
     {IDC_TOOL_UNUSED_14, 0},
 }};

@@ -62,6 +62,9 @@ void CMapEditorDlg::initToggles() {
 void CMapEditorDlg::readTerrainCaptions() {
     for (std::size_t tool = 0; tool < TOOL_BUTTONS.size(); ++tool) {
         GetDlgItemText(TOOL_BUTTONS[tool].controlId, m_terrainCaptions[tool]);
+        if (TOOL_BUTTONS[tool].terrainCaption != nullptr) {
+            m_terrainCaptions[tool] = TOOL_BUTTONS[tool].terrainCaption;
+        }
     }
 }
 

@@ -5,8 +5,10 @@
 #include "platform/windows/control_messages.h"
 
 #include <QCheckBox>
+#include <QPainter>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QStyleOptionButton>
 
 #include <algorithm>
 
@@ -23,6 +25,42 @@ protected:
     bool hitButton(const QPoint& position) const override { return this->rect().contains(position); }
 };
 
+/// A push button that stays in. Styles darken such a button by a shade, which a row of pictures hides: it is
+/// filled and framed with the colour of selected things too.
+class StayingButton : public QPushButton {
+public:
+    using QPushButton::QPushButton;
+
+protected:
+    void initStyleOption(QStyleOptionButton* option) const override {
+        QPushButton::initStyleOption(option);
+        if (isChecked()) {
+            option->palette.setColor(QPalette::Button, accent().lighter(FILL_LIGHTER));
+        }
+    }
+
+    void paintEvent(QPaintEvent* event) override {
+        QPushButton::paintEvent(event);
+        if (!isChecked()) {
+            return;
+        }
+        constexpr double HALF = FRAME / 2.0;
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(QPen(accent(), FRAME));
+        painter.drawRoundedRect(QRectF(rect()).adjusted(HALF, HALF, -HALF, -HALF), FRAME, FRAME);
+    }
+
+private:
+    static constexpr int FRAME = 2;          // pixels
+    static constexpr int FILL_LIGHTER = 165; // per cent
+
+    QColor accent() const {
+        return isEnabled() ? palette().color(QPalette::Active, QPalette::Highlight)
+                           : palette().color(QPalette::Disabled, QPalette::ButtonText);
+    }
+};
+
 bool isPush(DWORD style) {
     const DWORD type = style & BS_TYPEMASK;
     return type == BS_PUSHBUTTON || type == BS_DEFPUSHBUTTON;
@@ -31,7 +69,7 @@ bool isPush(DWORD style) {
 QAbstractButton& makeWidget(DWORD style, QWidget* parent) {
     const DWORD type = style & BS_TYPEMASK;
     if (isPush(style) || (style & BS_PUSHLIKE) != 0) {
-        auto* const button = new QPushButton(parent);
+        auto* const button = isPush(style) ? new QPushButton(parent) : new StayingButton(parent);
         button->setAutoDefault(false);
         button->setDefault(type == BS_DEFPUSHBUTTON);
         button->setCheckable(!isPush(style));

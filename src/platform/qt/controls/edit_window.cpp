@@ -11,11 +11,25 @@
 
 namespace qtbackend {
 
+namespace {
+
+/// A field that the template disables is there to be read, so what stands in it is not greyed.
+void letBeRead(QLineEdit& edit) {
+    QPalette colours = edit.palette();
+    colours.setColor(QPalette::Disabled, QPalette::Text, colours.color(QPalette::Active, QPalette::Text));
+    edit.setPalette(colours);
+}
+
+} // namespace
+
 EditWindow::EditWindow(Window& parent, const ControlTraits& traits)
     : Window(new QLineEdit(traits.text, parent.widget()), &parent, traits.window)
     , m_edit(static_cast<QLineEdit&>(*widget())) {
     m_edit.installEventFilter(this);
     m_edit.setReadOnly((style() & ES_READONLY) != 0);
+    if ((style() & WS_DISABLED) != 0) {
+        letBeRead(m_edit);
+    }
     if ((style() & (ES_CENTER | ES_RIGHT)) != 0) {
         m_edit.setAlignment((style() & ES_RIGHT) != 0 ? Qt::AlignRight : Qt::AlignHCenter);
     }

@@ -34,6 +34,8 @@ ProgressWindow::ProgressWindow(Window& parent, const ControlTraits& traits)
     : Window(new QProgressBar(parent.widget()), &parent, traits.window) {
     auto& bar = static_cast<QProgressBar&>(*widget());
     bar.setTextVisible(false);
+    bar.setToolTip(traits.text);
+    bar.setAccessibleName(traits.text);
     bar.setRange(0, 100);
     bar.setValue(0);
 }

@@ -4,6 +4,8 @@
 
 #include <QGroupBox>
 #include <QLabel>
+#include <QStyleOptionFrame>
+#include <QStylePainter>
 
 namespace qtbackend {
 
@@ -31,6 +33,33 @@ void letMouseThrough(QWidget& widget) {
     widget.setAttribute(Qt::WA_TransparentForMouseEvents);
     widget.lower();
 }
+
+/// A group box whose title stands in the line of its frame. Templates leave no more room than that between
+/// the title and what the box surrounds, and many styles would put the frame below the title.
+class TitledFrame : public QGroupBox {
+public:
+    using QGroupBox::QGroupBox;
+
+protected:
+    void paintEvent(QPaintEvent*) override {
+        constexpr int INDENT = 6;
+        constexpr int GAP = 3;
+        QStylePainter painter(this);
+        const int height = fontMetrics().height();
+        const QRect text(INDENT + GAP, 0, fontMetrics().horizontalAdvance(title()), height);
+        painter.drawItemText(text, Qt::AlignVCenter, palette(), isEnabled(), title(), QPalette::WindowText);
+        if (!title().isEmpty()) {
+            painter.setClipRegion(QRegion(rect()) - text.adjusted(-GAP, 0, GAP, 0));
+        }
+        QStyleOptionFrame frame;
+        frame.initFrom(this);
+        frame.rect.setTop(height / 2);
+        frame.frameShape = QFrame::StyledPanel;
+        frame.lineWidth = 1;
+        frame.state |= QStyle::State_Sunken;
+        painter.drawPrimitive(QStyle::PE_Frame, frame);
+    }
+};
 
 QWidget* makeWidget(DWORD style, QWidget* parent) {
     auto* const label = new QLabel(parent);
@@ -68,7 +97,7 @@ std::unique_ptr<CWnd> StaticWindow::makeStandIn() const {
 }
 
 GroupBoxWindow::GroupBoxWindow(Window& parent, const ControlTraits& traits)
-    : Window(new QGroupBox(traits.text, parent.widget()), &parent, traits.window) {
+    : Window(new TitledFrame(traits.text, parent.widget()), &parent, traits.window) {
     letMouseThrough(*widget());
 }
 
