@@ -132,8 +132,8 @@ void CEventGestures::moveTo(QWidget& widget, QPoint place) {
     });
 }
 
-void CEventGestures::release() {
-    add(EventKind::RELEASE, "where the pointer is", [this] {
+void CEventGestures::release(const QWidget& over) {
+    add(EventKind::RELEASE, "over " + nameOf(over), [this] {
         if (!m_hand.isHolding()) {
             return false;
         }
@@ -155,13 +155,13 @@ void CEventGestures::clickOn(QWidget& widget) {
 void CEventGestures::clickOn(QWidget& widget, QPoint place, Qt::KeyboardModifiers modifiers) {
     pause();
     press(EventKind::PRESS, widget, place, Qt::LeftButton, modifiers);
-    release();
+    release(widget);
 }
 
 void CEventGestures::doubleClickOn(QWidget& widget, QPoint place) {
     clickOn(widget, place);
     press(EventKind::DOUBLE_CLICK, widget, place, Qt::LeftButton, Qt::NoModifier);
-    release();
+    release(widget);
 }
 
 void CEventGestures::dragTo(QWidget& from, QWidget& to) {
@@ -169,7 +169,7 @@ void CEventGestures::dragTo(QWidget& from, QWidget& to) {
     press(EventKind::PRESS, from, from.rect().center(), Qt::LeftButton, Qt::NoModifier);
     moveTo(from, from.rect().bottomRight());
     moveTo(to, to.rect().center());
-    release();
+    release(to);
 }
 
 void CEventGestures::strike(QWidget& window, Qt::Key key, const QString& text,
@@ -259,13 +259,13 @@ void CEventGestures::anyEvent(QWidget& window) {
         return press(EventKind::PRESS, *widget, place, Qt::LeftButton, Qt::NoModifier);
     case 1:
     case 2:
-        return m_hand.isHolding() ? release() : moveTo(*widget, place);
+        return m_hand.isHolding() ? release(*widget) : moveTo(*widget, place);
     case 3:
     case 4:
         return moveTo(*widget, place);
     case 5:
         press(EventKind::CONTEXT_PRESS, *widget, place, Qt::RightButton, Qt::NoModifier);
-        return release();
+        return release(*widget);
     case 6:
         return doubleClickOn(*widget, place);
     case 7:
@@ -289,7 +289,7 @@ void CEventGestures::dragAnywhere(QWidget& window) {
     pause();
     press(EventKind::PRESS, *from, place, Qt::LeftButton, Qt::NoModifier);
     moveTo(*to, end);
-    release();
+    release(*to);
 }
 
 void CEventGestures::typeIntoAnyField(QWidget& window) {

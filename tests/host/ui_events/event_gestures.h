@@ -47,7 +47,8 @@ private:
     void press(EventKind kind, QWidget& widget, QPoint place, Qt::MouseButton button,
                Qt::KeyboardModifiers modifiers);
     void moveTo(QWidget& widget, QPoint place);
-    void release();
+    /// Where the pointer is by then; `over` says where the gesture took it.
+    void release(const QWidget& over);
     void pause();
     void turnWheel(QWidget& widget);
     void changeFocus(QWidget& window);
