@@ -3,6 +3,7 @@
 #include "resources/resource_ids.h"
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 
 namespace {
@@ -23,6 +24,7 @@ CRandomSession::CRandomSession(CSessionDriver& driver, CReferenceEditor& referen
     , m_expectedMaps{{{32, &m_expectedScene}, {13, nullptr}}}
     , m_nSeed(seed) {
     m_reference.hasControls = driver.hasControls();
+    m_reference.isEditing = driver.isEditing();
     makeMaps();
 }
 
@@ -93,6 +95,22 @@ int CRandomSession::coordinate(int near) {
     return kind <= 60 ? pick(-6, last + 6) : pick(0, last - 1);
 }
 
+/// Somewhere, on the Details tab often to a detail, wherever it was dragged.
+void CRandomSession::movePointer() {
+    const CDetailList& details = m_expectedMaps[m_nMap].getDetails();
+    if (m_reference.panel.isDetailsTab && details.size() > 0 && chance(45)) {
+        const qxCMapDetailRecord& detail = details[pick(0, details.size() - 1)];
+        const qxCVector3d middle = (detail.point1 + detail.point2) * 0.5F;
+        if (std::abs(middle.x) + std::abs(middle.z) < 1000.0F) {
+            m_nX = static_cast<int>(std::floor(middle.x));
+            m_nZ = static_cast<int>(std::floor(middle.z));
+            return;
+        }
+    }
+    m_nX = coordinate(m_nX);
+    m_nZ = coordinate(m_nZ);
+}
+
 void CRandomSession::note(const std::string& operation) {
     m_log.push_back(operation);
     if (m_log.size() > LOG_LENGTH) {
@@ -125,13 +143,13 @@ void CRandomSession::operateOpen() {
         return;
     }
     const int kind = pick(1, 1000);
-    if (kind <= 480) {
+    if (kind <= 500) {
         stroke();
-    } else if (kind <= 620) {
+    } else if (kind <= 640) {
         setMembers();
-    } else if (kind <= 700) {
+    } else if (kind <= 730) {
         clickTool();
-    } else if (kind <= 800) {
+    } else if (kind <= 780) {
         usePanel();
     } else if (kind <= 870) {
         strayCall();
@@ -172,8 +190,7 @@ void CRandomSession::close() {
 }
 
 void CRandomSession::stroke() {
-    m_nX = coordinate(m_nX);
-    m_nZ = coordinate(m_nZ);
+    movePointer();
     const int edge = chance(96) ? pick(0, 5) : wild();
     const int corner = chance(96) ? pick(0, 3) : wild();
     both(text("start", m_nX, m_nZ, edge, corner),
@@ -189,8 +206,7 @@ void CRandomSession::stroke() {
 /// One call of the host, in or out of order.
 void CRandomSession::strayCall() {
     const int kind = pick(1, 1000);
-    m_nX = coordinate(m_nX);
-    m_nZ = coordinate(m_nZ);
+    movePointer();
     if (kind <= 800) {
         const int amount = chance(94) ? pick(-60, 60) : wild();
         const int ignored = pick(-1, 6); // may read like the edge and the corner of another place
@@ -215,13 +231,11 @@ void CRandomSession::click(int id) {
 }
 
 void CRandomSession::clickTool() {
-    // The first controls compared are the tabs, the fifteen tools and the six brushes.
-    const int lastTool = m_reference.panel.isDetailsTab ? 8 : 13;
-    const int lastOfAll = 15;
-    const int place = chance(25)   ? pick(lastOfAll + 1, lastOfAll + 6)
-                      : chance(97) ? pick(1, lastTool)
-                                   : pick(1, lastOfAll);
-    click(PANEL_CONTROLS[static_cast<std::size_t>(place)]);
+    const std::vector<int>& tools = CReferenceEditor::TOOLS;
+    const int lastTool = m_reference.panel.isDetailsTab ? 7 : 12;
+    click(chance(25)   ? anyOf(CReferenceEditor::BRUSHES)
+          : chance(97) ? tools[static_cast<std::size_t>(pick(0, lastTool))]
+                       : anyOf(tools));
 }
 
 /// Members of the model set past the controls, which then follow as far as they can.

@@ -87,11 +87,9 @@ private:
     }
 
     bool compare();
-    bool compareMaterial();
-    bool compareScene();
     bool compareControls();
     bool comparePanel();
-    bool compareDetails();
+    bool compareRecords();
     bool isEqual(const char* what, std::int64_t actual, std::int64_t expected);
     bool isSeenAlike(const Seen& actual, const Seen& expected);
     bool report(const std::string& what);
@@ -103,6 +101,7 @@ private:
     }
     qxCColour anyColour();
     int coordinate(int near);
+    void movePointer();
     int wild();
     void note(const std::string& operation);
 

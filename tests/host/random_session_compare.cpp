@@ -24,10 +24,6 @@ bool isSame(float a, float b) {
     return a == b || (std::isnan(a) && std::isnan(b));
 }
 
-bool isSame(const qxCVector3d& a, const qxCVector3d& b) {
-    return isSame(a.x, b.x) && isSame(a.y, b.y) && isSame(a.z, b.z);
-}
-
 int indexOf(const CMemoryMap& map, const qxCMapDetailRecord* detail) {
     for (int i = 0; i < map.getDetails().size(); ++i) {
         if (&map.getDetails()[i] == detail) {
@@ -46,10 +42,63 @@ int indexOf(const CMemoryScene& scene, const qxCTexture* texture) {
     return texture == nullptr ? -1 : -2;
 }
 
-bool isSame(const _qxMapTerrainDef& a, const _qxMapTerrainDef& b) {
-    return std::strcmp(a.name, b.name) == 0 && a.preserveFlatAreas == b.preserveFlatAreas &&
-           isSame(a.noise, b.noise) && isSame(a.effectOnNeighbours, b.effectOnNeighbours) &&
-           isSame(a.weighting, b.weighting) && std::ranges::equal(a.filter, b.filter);
+/// What the records of a map and its scene hold, value by value.
+struct Records {
+    std::vector<float> numbers;
+    std::vector<std::string> names;
+
+    void add(std::initializer_list<float> values) { numbers.insert(numbers.end(), values); }
+    void add(const qxCColour& c) {
+        for (const int channel : {c.r, c.g, c.b, c.a}) {
+            numbers.push_back(static_cast<float>(channel));
+        }
+    }
+    void add(const qxCVector3d& v) { add({v.x, v.y, v.z}); }
+    void add(int value) { numbers.push_back(static_cast<float>(value)); }
+};
+
+Records recordsOf(CMemoryMap& map, const CMemoryScene& scene) {
+    Records all;
+    for (int i = 0; i < map.getDetails().size(); ++i) {
+        const qxCMapDetailRecord& detail = map.getDetails()[i];
+        all.add(indexOf(scene, detail.texture));
+        all.add(detail.type);
+        all.add({static_cast<float>(detail.highlighted), detail.scalar});
+        all.add(detail.point0);
+        all.add(detail.point1);
+        all.add(detail.point2);
+    }
+    for (int i = 0; i < map.getNumMultiTextures(); ++i) {
+        const qxCMapMultiTexture& definition = *map.getMultiTexture(i);
+        all.add(definition.tint1);
+        all.add(definition.tint2);
+        all.add({definition.blend, definition.variation});
+    }
+    for (int i = 0; i < map.getNumTerrainDefs(); ++i) {
+        const _qxMapTerrainDef& type = *map.getTerrainDef(i);
+        all.names.emplace_back(type.name);
+        all.add(type.preserveFlatAreas);
+        all.add({type.noise, type.effectOnNeighbours, type.weighting});
+        all.numbers.insert(all.numbers.end(), std::begin(type.filter), std::end(type.filter));
+    }
+    for (const qxMapLayerType layer : {qxMapLayerSmooth, qxMapLayerRough, qxMapLayerWater}) {
+        all.add(indexOf(scene, map.getTexture(layer)));
+    }
+    all.add(map.getAmbient());
+    all.add(map.getDiffuse());
+    for (const int value :
+         {map.getCurrentMultiTexture(), map.getTextureTiling(),
+          static_cast<int>(map.hasFlag(qxMapFlagChecker)), static_cast<int>(scene.getFogMode())}) {
+        all.add(value);
+    }
+    for (int i = 0; i < scene.getNumTextures(); ++i) {
+        const qxCTexture& texture = *scene.getTexture(i);
+        all.names.emplace_back(texture.name.getString());
+        all.names.emplace_back(texture.getFilename());
+        all.add(texture.getSize());
+        all.add(texture.getPixelFormat());
+    }
+    return all;
 }
 
 } // namespace
@@ -103,7 +152,7 @@ bool CRandomSession::compare() {
     if (!std::ranges::equal(actual.getEditCursors(), expected.getEditCursors(), sameCursor)) {
         return report("edit cursors");
     }
-    return compareDetails() && compareMaterial() && compareScene() &&
+    return compareRecords() &&
            isEqual("history", g_mapUndoList.getCount(),
                    static_cast<std::int64_t>(m_reference.history.size())) &&
            isEqual("open flag", m_driver.isOpen(), m_reference.isOpen) &&
@@ -111,22 +160,19 @@ bool CRandomSession::compare() {
            (!m_reference.isOpen || comparePanel());
 }
 
-bool CRandomSession::compareDetails() {
-    const CDetailList& actual = m_actualMaps[m_nMap].getDetails();
-    const CDetailList& expected = m_expectedMaps[m_nMap].getDetails();
-    if (!isEqual("details", actual.size(), expected.size())) {
-        return false;
+/// Details, texture definitions, terrain types, material, and the scene's textures.
+bool CRandomSession::compareRecords() {
+    const CMemoryMap& map = m_actualMaps[m_nMap];
+    const Records actual = recordsOf(m_actualMaps[m_nMap], m_actualScene);
+    const Records expected = recordsOf(m_expectedMaps[m_nMap], m_expectedScene);
+    const auto differ = std::ranges::mismatch(actual.numbers, expected.numbers,
+                                              [](float a, float b) { return isSame(a, b); });
+    if (actual.numbers.size() != expected.numbers.size() || differ.in1 != actual.numbers.end()) {
+        return report(text("records: with", map.getDetails().size(), "details and", map.getNumMultiTextures(),
+                           "definitions, of", actual.numbers.size(), "instead of", expected.numbers.size(),
+                           "numbers the one at", differ.in1 - actual.numbers.begin()));
     }
-    for (int i = 0; i < actual.size(); ++i) {
-        const qxCMapDetailRecord& a = actual[i];
-        const qxCMapDetailRecord& b = expected[i];
-        if (indexOf(m_actualScene, a.texture) != indexOf(m_expectedScene, b.texture) || a.type != b.type ||
-            a.highlighted != b.highlighted || !isSame(a.scalar, b.scalar) || !isSame(a.point0, b.point0) ||
-            !isSame(a.point1, b.point1) || !isSame(a.point2, b.point2)) {
-            return report(text("detail", i));
-        }
-    }
-    return true;
+    return actual.names == expected.names || report("names of terrain types or textures");
 }
 
 bool CRandomSession::comparePanel() {
@@ -161,62 +207,11 @@ bool CRandomSession::comparePanel() {
            isEqual("first update", model.m_stroke.firstUpdate, panel.first);
 }
 
-bool CRandomSession::compareMaterial() {
-    CMemoryMap& actual = m_actualMaps[m_nMap];
-    CMemoryMap& expected = m_expectedMaps[m_nMap];
-    if (!isEqual("definitions", actual.getNumMultiTextures(), expected.getNumMultiTextures())) {
-        return false;
-    }
-    for (int i = 0; i < actual.getNumMultiTextures(); ++i) {
-        const qxCMapMultiTexture& a = *actual.getMultiTexture(i);
-        const qxCMapMultiTexture& b = *expected.getMultiTexture(i);
-        if (a.tint1 != b.tint1 || a.tint2 != b.tint2 || !isSame(a.blend, b.blend) ||
-            !isSame(a.variation, b.variation)) {
-            return report(text("definition", i, a.blend, a.variation, "instead of", b.blend, b.variation));
-        }
-    }
-    for (int i = 0; i < actual.getNumTerrainDefs(); ++i) {
-        if (!isSame(*actual.getTerrainDef(i), *expected.getTerrainDef(i))) {
-            return report(text("terrain type", i));
-        }
-    }
-    if (actual.getAmbient() != expected.getAmbient() || actual.getDiffuse() != expected.getDiffuse()) {
-        return report("material colours");
-    }
-    for (const qxMapLayerType layer : {qxMapLayerSmooth, qxMapLayerRough, qxMapLayerWater}) {
-        if (!isEqual("base texture", indexOf(m_actualScene, actual.getTexture(layer)),
-                     indexOf(m_expectedScene, expected.getTexture(layer)))) {
-            return false;
-        }
-    }
-    return isEqual("current definition", actual.getCurrentMultiTexture(),
-                   expected.getCurrentMultiTexture()) &&
-           isEqual("tiling", actual.getTextureTiling(), expected.getTextureTiling()) &&
-           isEqual("map flag", actual.hasFlag(qxMapFlagChecker), expected.hasFlag(qxMapFlagChecker));
-}
-
-bool CRandomSession::compareScene() {
-    if (!isEqual("fog", m_actualScene.getFogMode(), m_expectedScene.getFogMode()) ||
-        !isEqual("textures", m_actualScene.getNumTextures(), m_expectedScene.getNumTextures())) {
-        return false;
-    }
-    for (int i = 0; i < m_actualScene.getNumTextures(); ++i) {
-        const qxCTexture& a = *m_actualScene.getTexture(i);
-        const qxCTexture& b = *m_expectedScene.getTexture(i);
-        if (std::strcmp(a.name.getString(), b.name.getString()) != 0 ||
-            std::strcmp(a.getFilename(), b.getFilename()) != 0 || a.getSize() != b.getSize() ||
-            a.getPixelFormat() != b.getPixelFormat()) {
-            return report(text("texture", i, a.name.getString()));
-        }
-    }
-    return true;
-}
-
 bool CRandomSession::compareControls() {
+    const std::vector<int> ids = m_driver.controls();
     const Seen actual = m_driver.shown();
-    const Seen expected = m_reference.shown();
+    const Seen expected = m_reference.shown(ids);
     const auto [a, b] = std::ranges::mismatch(actual, expected);
     return a == actual.end() ||
-           report(text("control", PANEL_CONTROLS[static_cast<std::size_t>(a - actual.begin())], *a,
-                       "instead of", *b));
+           report(text("control", ids[static_cast<std::size_t>(a - actual.begin())], *a, "instead of", *b));
 }

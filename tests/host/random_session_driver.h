@@ -63,18 +63,18 @@ public:
     virtual void slide(int /*strength*/) {}
     /// Open a dialog with the panel's button `opener` and take these steps, of which the last one ends it.
     virtual Seen runDialog(int /*opener*/, const std::vector<DialogStep>& /*steps*/) { return {}; }
-    /// What the controls in PANEL_CONTROLS show.
+    /// The ids of all controls of the open panel, and what they show.
+    virtual std::vector<int> controls() const { return {}; }
     virtual Seen shown() const { return {}; }
 };
 
-/// What is compared of the panel: every control that can change. And what of the two dialogs.
-extern const std::vector<int> PANEL_CONTROLS;
-extern const std::vector<int> TYPE_EDITOR_CONTROLS;
-extern const std::vector<int> TEXTURE_LIST_CONTROLS;
-
 /// One control as it is seen, and a colour, in words.
-std::string describe(const std::string& text, bool enabled);
-std::string describe(const qxCColour& colour);
+inline std::string describe(const std::string& text, bool enabled) {
+    return enabled ? text : text + " (disabled)";
+}
+inline std::string describe(const qxCColour& colour) {
+    return std::to_string(colour.r) + ' ' + std::to_string(colour.g) + ' ' + std::to_string(colour.b);
+}
 
 /// The map editor without its panel.
 std::unique_ptr<CSessionDriver> makeCoreDriver();

@@ -17,6 +17,8 @@
 #include <QTabBar>
 #include <QTest>
 
+#include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace {
@@ -34,10 +36,7 @@ public:
         if (!wasOpen) {
             QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); // the panel before
             m_pWindow = ui::dialog(IDD_MAP_EDITOR);
-            m_controls.clear();
-            for (const int id : PANEL_CONTROLS) {
-                m_controls.push_back(&control(id));
-            }
+            m_controls = hands::controlsOf(*m_pWindow);
             m_pWindow->activateWindow();
             waitForKeyboard();
             leaveFields();
@@ -58,13 +57,13 @@ public:
 
     void closeWindow() override { m_pWindow->close(); }
 
-    /// Every fourth time with the mouse, as it takes longer.
+    /// Every sixteenth time with the mouse, as that takes much longer.
     void click(int id) override {
         QWidget& widget = control(id);
         if (!isInReach(widget)) {
             return;
         }
-        if (++m_nClicks % 4 == 0) {
+        if (++m_nClicks % 16 == 0) {
             ui::click(widget, QPoint(8, widget.height() / 2)); // a check box hears only its box and text
         } else {
             dynamic_cast<QAbstractButton&>(widget).click();
@@ -136,11 +135,15 @@ public:
         return seen;
     }
 
+    std::vector<int> controls() const override {
+        std::vector<int> ids;
+        std::ranges::transform(m_controls, std::back_inserter(ids), &hands::Control::id);
+        return ids;
+    }
+
     Seen shown() const override {
         Seen all;
-        for (std::size_t i = 0; i < m_controls.size(); ++i) {
-            all.push_back(hands::describe(*m_controls[i], PANEL_CONTROLS[i]));
-        }
+        std::ranges::transform(m_controls, std::back_inserter(all), &hands::describe);
         return all;
     }
 
@@ -167,7 +170,7 @@ private:
 
     std::string m_strTextureDir;
     QWidget* m_pWindow = nullptr; // the open panel's
-    std::vector<QWidget*> m_controls;
+    std::vector<hands::Control> m_controls;
     int m_nClicks = 0;
 };
 

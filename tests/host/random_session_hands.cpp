@@ -61,10 +61,9 @@ std::string textOf(const QWidget& widget, int id) {
 }
 
 Seen describeDialog(const QWidget& window) {
-    const bool isTypeEditor = window.objectName() == QStringLiteral("dialog-%1").arg(IDD_TERRAIN_TYPE_EDITOR);
     Seen all;
-    for (const int id : isTypeEditor ? TYPE_EDITOR_CONTROLS : TEXTURE_LIST_CONTROLS) {
-        all.push_back(std::to_string(id) + ": " + describe(ui::control(window, id), id));
+    for (const Control& control : controlsOf(window)) {
+        all.push_back(std::to_string(control.id) + ": " + describe(control));
     }
     return all;
 }
@@ -156,8 +155,19 @@ QTabBar& tabBar(QWidget& tabs) {
     return bar != nullptr ? *bar : *tabs.findChild<QTabBar*>();
 }
 
-std::string describe(const QWidget& widget, int id) {
-    return ::describe(textOf(widget, id), widget.isEnabled());
+std::vector<Control> controlsOf(const QWidget& dialog) {
+    std::vector<Control> controls;
+    for (QWidget* const widget : dialog.findChildren<QWidget*>()) {
+        if (const int id = widget->objectName().toInt(); id > 0) {
+            controls.push_back({id, widget});
+        }
+    }
+    std::ranges::sort(controls, {}, &Control::id);
+    return controls;
+}
+
+std::string describe(const Control& control) {
+    return ::describe(textOf(*control.widget, control.id), control.widget->isEnabled());
 }
 
 void type(QWidget& edit, const std::string& text, Leaving leaving) {

@@ -12,8 +12,15 @@
 namespace hands {
 
 QTabBar& tabBar(QWidget& tabs);
-/// What the control `id` shows. Of a list: all entries, a star before the chosen one.
-std::string describe(const QWidget& widget, int id);
+/// A control of a dialog that has an id of its own.
+struct Control {
+    int id;
+    QWidget* widget;
+};
+/// All of a dialog, by their ids.
+std::vector<Control> controlsOf(const QWidget& dialog);
+/// What a control shows. Of a list: all entries, a star before the chosen one.
+std::string describe(const Control& control);
 /// Replace an edit's text and leave it.
 void type(QWidget& edit, const std::string& text, Leaving leaving);
 /// Read a message box and press Return.

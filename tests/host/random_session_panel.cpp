@@ -19,9 +19,10 @@ constexpr int CANCEL = 2;
 const std::vector<int> SWATCHES = {IDC_TINT_COLOUR, IDC_TINT_1, IDC_TINT_2, IDC_AMBIENT_COLOUR,
                                    IDC_DIFFUSE_COLOUR};
 const std::vector<float> SHARES = {0.0F, 0.04F, 0.25F, 1.0F / 3.0F, 0.7F, 0.95F, 1.0F};
-const std::vector<std::string> NUMBERS = {"0",     "0.25",        "0.5",  "0.333333", "1",   "7",   "-3",
-                                          "-0.04", "1e+10",       "12",   "345",      "256", "257", "1023",
-                                          "1024",  "99999999999", "soft", "",         "1,5"};
+/// To be typed; a field that keeps one shows it in these words.
+const std::vector<std::string> NUMBERS = {"0",   "0.25",  "0.5",   "0.333333", "1",   "7",
+                                          "-3",  "-0.04", "1e+10", "12",       "345", "256",
+                                          "257", "1023",  "1024",  "soft",     "",    "1,5"};
 
 std::string inWords(const std::vector<DialogStep>& steps) {
     std::string all;
@@ -150,7 +151,8 @@ void CRandomSession::walkDefinitions() {
 
 void CRandomSession::typeNumber() {
     const int id = anyOf<int>({IDC_HEIGHT, IDC_BLEND, IDC_VARIATION, IDC_TILING});
-    const std::string& number = anyOf(NUMBERS);
+    const bool isWhole = id == IDC_HEIGHT || id == IDC_TILING;
+    const std::string number = isWhole && chance(5) ? "99999999999" : anyOf(NUMBERS);
     const Leaving leaving = chance(50) ? Leaving::ENTER : Leaving::TAB;
     both(text("type", id, number), [&](auto& editor) { return editor.type(id, number, leaving); });
 }

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <cstdio>
 #include <deque>
 #include <initializer_list>
 #include <limits>
@@ -25,12 +26,22 @@ inline bool isAnyOf(int value, std::initializer_list<int> values) {
     return std::find(values.begin(), values.end(), value) != values.end();
 }
 
+/// A number as a field shows it.
+inline std::string digits(float value) {
+    char text[40];
+    std::snprintf(text, sizeof text, "%.6g", static_cast<double>(value));
+    return text;
+}
+
 /// The map editor written down as plainly as can be, for comparison: whole-map copies, membership tests over
 /// every point of the grid, no shortcuts. Works on maps of its own, so that after every operation they can be
 /// compared value by value with those of the editor under test. Not for big maps.
 class CReferenceEditor {
 public:
     static constexpr int HISTORY_CAPACITY = 100'000;
+    /// The ids of the buttons, in the order of tools and brush sizes.
+    static const std::vector<int> TOOLS;
+    static const std::vector<int> BRUSHES;
 
     /// What CSessionDriver's functions of these names do.
     void open(CMemoryMap& newMap, bool fullEditing);
@@ -49,7 +60,8 @@ public:
     void spin(int id, bool up);
     void slide(int strength);
     Seen runDialog(int opener, const std::vector<DialogStep>& steps);
-    Seen shown() const;
+    /// What these controls show.
+    Seen shown(const std::vector<int>& ids) const;
 
     /// Enabled and in sight.
     bool isInReach(int id) const;
@@ -121,7 +133,7 @@ private:
     void colourChanged(int swatch);
     Seen editTypes(const std::vector<DialogStep>& steps);
     Seen listTextures(int picker, const std::vector<DialogStep>& steps);
-    std::string shownText(int id) const;
+    std::map<int, std::string> shownTexts() const;
 
     struct {
         bool valid = false;

@@ -5,9 +5,9 @@
 #include "resources/resource_ids.h"
 
 #include <cctype>
-#include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <map>
 
 namespace {
 
@@ -18,12 +18,8 @@ const std::vector<std::pair<std::string, int>> SIZES = {
     {"Empty", 0},  {"1x1", 1},    {"2x2", 2},    {"4x4", 4},       {"8x8", 8},
     {"16x16", 16}, {"32x32", 32}, {"64x64", 64}, {"128x128", 128}, {"256x256", 256}};
 constexpr std::size_t LONGEST_NAME = 12;
-
-std::string digits(float value) {
-    char text[40];
-    std::snprintf(text, sizeof text, "%.6g", static_cast<double>(value));
-    return text;
-}
+constexpr int OK = 1;
+constexpr int CANCEL = 2;
 
 std::string lower(std::string text) {
     for (char& c : text) {
@@ -72,26 +68,28 @@ public:
         } else if (step.leaving == Leaving::NOT_YET) {
             m_nTyping = step.id;
             m_strTyped = step.text;
-        } else if (step.id > IDCANCEL && !store(step.id, step.text)) {
+        } else if (step.id > CANCEL && !store(step.id, step.text)) {
             seen.push_back("Enter a number.");
         }
     }
 
     void look(Seen& seen) const {
-        for (const int id : TYPE_EDITOR_CONTROLS) {
-            if (id == IDC_TERRAIN_TYPE) {
-                seen.push_back(line(id, listed(m_types, m_nChosen, [](const auto* t) { return t->name; })));
-            } else if (id == IDC_PRESERVE_FLAT_AREAS) {
-                seen.push_back(line(id, type().preserveFlatAreas ? "1" : "0"));
-            } else {
-                seen.push_back(line(id, id == m_nTyping ? m_strTyped : digits(value(id))));
-            }
+        std::map<int, std::string> texts = {{OK, ""}, {CANCEL, ""}, {IDC_NORMALIZE, ""}};
+        texts[IDC_TERRAIN_TYPE] = listed(m_types, m_nChosen, [](const auto* t) { return t->name; });
+        texts[IDC_PRESERVE_FLAT_AREAS] = type().preserveFlatAreas ? "1" : "0";
+        std::vector<int> fields = {IDC_NOISE, IDC_EFFECT_ON_NEIGHBOURS, IDC_WEIGHTING};
+        for (int id = IDC_FILTER_FIRST; id <= IDC_FILTER_LAST; ++id) {
+            fields.push_back(id);
+        }
+        for (const int id : fields) {
+            texts[id] = id == m_nTyping ? m_strTyped : digits(value(id));
+        }
+        for (const auto& [id, text] : texts) {
+            seen.push_back(line(id, text));
         }
     }
 
 private:
-    static constexpr int IDCANCEL = 2;
-
     _qxMapTerrainDef& type() const { return *m_types[static_cast<std::size_t>(m_nChosen)]; }
 
     float& value(int id) const {
@@ -156,10 +154,14 @@ public:
             row = m_scene.getTexture(i) == m_pChosen ? i + 1 : row;
         }
         const bool isTexture = m_pChosen != nullptr;
+        seen.push_back(line(OK, ""));
+        seen.push_back(line(CANCEL, ""));
+        seen.push_back(line(IDC_DELETE_TEXTURE, "", false));
         seen.push_back(line(IDC_TEXTURES, listed(names, row, [](const auto& name) { return name; })));
+        seen.push_back(line(IDC_IMPORT_TEXTURE, ""));
         seen.push_back(line(IDC_TEXTURE_FORMAT, listed(FORMATS, m_nFormat, caption), isTexture));
         seen.push_back(line(IDC_TEXTURE_SIZE, listed(SIZES, m_nSize, caption), isTexture));
-        seen.push_back(line(IDC_DELETE_TEXTURE, "", false));
+        seen.push_back(line(IDC_TEXTURE_IMAGE, ""));
     }
 
 private:
@@ -221,7 +223,6 @@ Seen CReferenceEditor::runDialog(int opener, const std::vector<DialogStep>& step
 }
 
 Seen CReferenceEditor::listTextures(int picker, const std::vector<DialogStep>& steps) {
-    constexpr int OK = 1;
     CTextureList list(*map->getScene(), panel.pickers[picker]);
     const Seen seen = play(list, steps);
     if (!isAnyOf(steps.back().id, {OK, STEP_DOUBLE_CLICK})) {

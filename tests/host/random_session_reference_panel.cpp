@@ -5,31 +5,33 @@
 #include "resources/resource_ids.h"
 
 #include <cmath>
-#include <cstdio>
 #include <cstdlib>
 
 namespace {
 
-const std::vector<int> TOOLS = {1399, 1401, 1403, 1405, 1410, 1428, 1144, 1402,
-                                1422, 1430, 2007, 2018, 1218, 1219, 1220};
-const std::vector<int> BRUSHES = {2006, 2009, 2010, 2011, 2014, 2017};
 constexpr int ADD_POINT_DETAIL = 5;
 constexpr int DETAIL_TOOLS = 8;
 constexpr int TERRAIN_TOOLS = 13;
-const std::vector<int> RIGHT_COLUMN = {1637, 1638, 1639, 2001, 2002, 1629, 1635, 1630, 1523, 2003,
-                                       2004, 1412, 1642, 1020, 1021, 1022, 1062, 1473, 1063, 1474};
-const std::vector<int> NEED_A_DEFINITION = {2001, 2002, 1629, 1630, 1062, 1063};
+std::vector<int> joined(std::initializer_list<std::vector<int>> lists) {
+    std::vector<int> all;
+    for (const std::vector<int>& list : lists) {
+        all.insert(all.end(), list.begin(), list.end());
+    }
+    return all;
+}
+
+const std::vector<int> NEED_A_DEFINITION =
+    joined({{IDC_TINT_1, IDC_TINT_2, IDC_BLEND, IDC_VARIATION}, {IDC_GLOBAL_SMOOTH, IDC_TERRAIN_TYPES}});
+const std::vector<int> RIGHT_COLUMN =
+    joined({NEED_A_DEFINITION,
+            {IDC_DELETE_DEFINITION, IDC_INSERT_DEFINITION, IDC_DUPLICATE_DEFINITION},
+            {IDC_BLEND_SPIN, IDC_VARIATION_SPIN, IDC_AMBIENT_COLOUR, IDC_DIFFUSE_COLOUR, IDC_TILING},
+            {IDC_TILING_SPIN, IDC_SMOOTH_TEXTURE, IDC_ROUGH_TEXTURE, IDC_WATER_TEXTURE},
+            {IDC_SELECT_ALL, IDC_DESELECT}});
 
 int placeOf(const std::vector<int>& ids, int id) {
     const auto found = std::find(ids.begin(), ids.end(), id);
     return found == ids.end() ? -1 : static_cast<int>(found - ids.begin());
-}
-
-/// A number as a field shows it.
-std::string digits(float value) {
-    char text[40];
-    std::snprintf(text, sizeof text, "%.6g", static_cast<double>(value));
-    return text;
 }
 
 float asRead(float value) {
@@ -56,6 +58,14 @@ qxCColour opaque(const qxCColour& colour) {
 }
 
 } // namespace
+
+const std::vector<int> CReferenceEditor::TOOLS =
+    joined({{IDC_TOOL_SELECT, IDC_TOOL_RAISE, IDC_TOOL_FLATTEN, IDC_TOOL_SET_HEIGHT, IDC_TOOL_GET_HEIGHT},
+            {IDC_TOOL_TINT, IDC_TOOL_SMOOTH, IDC_TOOL_FLOOD, IDC_TOOL_DRAIN, IDC_TOOL_PAINT},
+            {IDC_TOOL_GET_GRADIENT, IDC_TOOL_MAGNET, IDC_TOOL_ROUGHEN},
+            {IDC_TOOL_UNUSED_13, IDC_TOOL_UNUSED_14}});
+const std::vector<int> CReferenceEditor::BRUSHES = joined(
+    {{IDC_BRUSH_VERTEX, IDC_BRUSH_EDGE, IDC_BRUSH_CELL}, {IDC_BRUSH_PLUS, IDC_BRUSH_2X2, IDC_BRUSH_DISC}});
 
 void CReferenceEditor::initPanel() {
     panel.swatches[IDC_TINT_COLOUR] = {255, 255, 255, 255};
@@ -363,55 +373,40 @@ void CReferenceEditor::colourChanged(int swatch) {
     }
 }
 
-Seen CReferenceEditor::shown() const {
+Seen CReferenceEditor::shown(const std::vector<int>& ids) const {
+    std::map<int, std::string> texts = shownTexts();
     Seen all;
-    for (const int id : PANEL_CONTROLS) {
-        all.push_back(describe(shownText(id), !panel.disabled.contains(id)));
+    for (const int id : ids) {
+        all.push_back(describe(texts[id], !panel.disabled.contains(id)));
     }
     return all;
 }
 
-std::string CReferenceEditor::shownText(int id) const {
-    const auto checked = [](bool is) { return std::string(is ? "1" : "0"); };
-    if (const auto picker = panel.pickers.find(id); picker != panel.pickers.end()) {
-        return picker->second != nullptr ? picker->second->name.getString() : "-NONE-";
+std::map<int, std::string> CReferenceEditor::shownTexts() const {
+    std::map<int, std::string> texts = {
+        {IDC_TOOL_TABS, std::to_string(panel.isDetailsTab)},
+        {IDC_HIDE_CURSOR, std::to_string(panel.hideCursor)},
+        {IDC_MAP_FLAG, std::to_string(panel.mapFlag)},
+        {IDC_FOG, std::to_string(panel.fog)},
+        {IDC_STRENGTH, std::to_string(within(panel.strength, 1, 10))},
+        {IDC_STRENGTH_TEXT, panel.strengthText},
+        {IDC_HEIGHT, std::to_string(panel.height)},
+        {IDC_GRADIENT, digits(panel.gradient)},
+        {IDC_TEXTURE_NUMBER, std::to_string(panel.number)},
+        {IDC_BLEND, digits(panel.blend)},
+        {IDC_VARIATION, digits(panel.variation)},
+        {IDC_TILING, std::to_string(panel.tiling)},
+        {IDC_UNDO_FILL, std::to_string(panel.fill)},
+        {IDC_EXPAND, panel.expanded ? "Simple Controls<<" : "Advanced Controls >>"},
+    };
+    for (const int tool : TOOLS) {
+        texts[tool] = std::to_string(panel.tool == placeOf(TOOLS, tool));
     }
-    if (placeOf(BRUSHES, id) >= 0) {
-        return checked(panel.brush == placeOf(BRUSHES, id));
+    for (const int brush : BRUSHES) {
+        texts[brush] = std::to_string(panel.brush == placeOf(BRUSHES, brush));
     }
-    if (placeOf(TOOLS, id) >= 0) {
-        return checked(panel.tool == placeOf(TOOLS, id));
+    for (const auto& [picker, texture] : panel.pickers) {
+        texts[picker] = texture != nullptr ? texture->name.getString() : "-NONE-";
     }
-    switch (id) {
-    case IDC_TOOL_TABS:
-        return checked(panel.isDetailsTab);
-    case IDC_HIDE_CURSOR:
-        return checked(panel.hideCursor);
-    case IDC_MAP_FLAG:
-        return checked(panel.mapFlag);
-    case IDC_FOG:
-        return checked(panel.fog);
-    case IDC_STRENGTH:
-        return std::to_string(within(panel.strength, 1, 10));
-    case IDC_STRENGTH_TEXT:
-        return panel.strengthText;
-    case IDC_HEIGHT:
-        return std::to_string(panel.height);
-    case IDC_GRADIENT:
-        return digits(panel.gradient);
-    case IDC_TEXTURE_NUMBER:
-        return std::to_string(panel.number);
-    case IDC_BLEND:
-        return digits(panel.blend);
-    case IDC_VARIATION:
-        return digits(panel.variation);
-    case IDC_TILING:
-        return std::to_string(panel.tiling);
-    case IDC_UNDO_FILL:
-        return std::to_string(panel.fill);
-    case IDC_EXPAND:
-        return panel.expanded ? "Simple Controls<<" : "Advanced Controls >>";
-    default:
-        return {};
-    }
+    return texts;
 }

@@ -14,7 +14,7 @@ namespace {
 #ifdef __SANITIZE_ADDRESS__
 constexpr std::uint64_t SUITE_SHARE = 1;
 #else
-constexpr std::uint64_t SUITE_SHARE = 8;
+constexpr std::uint64_t SUITE_SHARE = 6;
 #endif
 
 std::uint64_t setting(const char* name, std::uint64_t standard) {
@@ -44,7 +44,7 @@ void playSessions(CSessionDriver& driver, std::uint64_t standardCount) {
 } // namespace
 
 TEST(RandomSession, TheCoreStaysAlikeToTheReference) {
-    playSessions(*makeCoreDriver(), SUITE_SHARE * 10'000);
+    playSessions(*makeCoreDriver(), SUITE_SHARE * 20'000);
 }
 
 TEST(RandomSession, ExportsAndPanelStayAlikeToTheReference) {
@@ -53,5 +53,5 @@ TEST(RandomSession, ExportsAndPanelStayAlikeToTheReference) {
         QFile file(directory.filePath(QString::fromStdString(name)));
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     }
-    playSessions(*makeExportsDriver(directory.path().toStdString()), SUITE_SHARE * 2'500);
+    playSessions(*makeExportsDriver(directory.path().toStdString()), SUITE_SHARE * 10'000);
 }
