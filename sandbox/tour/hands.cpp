@@ -69,6 +69,12 @@ void CHands::click(QWidget& widget, QPointF place) {
     release(Qt::LeftButton);
 }
 
+void CHands::doubleClick(QWidget& widget) {
+    moveTo(widget, QRectF(widget.rect()).center());
+    activate(*m_pWindow);
+    QTest::mouseDClick(m_pWindow, Qt::LeftButton, Qt::NoModifier, m_place);
+}
+
 void CHands::turnWheel(QWidget& widget, QPointF place, int steps) {
     moveTo(widget, place);
     constexpr int ONE_STEP = 120;

@@ -21,6 +21,7 @@ public:
     void drag(QWidget& widget, QPointF from, QPointF to, Qt::MouseButton button, int steps = 12);
     void click(QWidget& widget, QPointF place);
     void click(QWidget& widget) { click(widget, QRectF(widget.rect()).center()); }
+    void doubleClick(QWidget& widget);
     void turnWheel(QWidget& widget, QPointF place, int steps);
     /// Strike a key while the widget's window has the keyboard.
     void strike(QWidget& widget, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);

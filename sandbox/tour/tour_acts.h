@@ -19,24 +19,49 @@ void saveMap(CTourStage& stage);
 void showCursor(CTourStage& stage);
 void raiseGround(CTourStage& stage);
 void drawCone(CTourStage& stage);
+void getHeight(CTourStage& stage);
+void getGradient(CTourStage& stage);
+void flattenCell(CTourStage& stage);
 void levelRoad(CTourStage& stage);
 void selectField(CTourStage& stage);
 void raiseField(CTourStage& stage);
 void roughenField(CTourStage& stage);
 void smoothField(CTourStage& stage);
 void undoStroke(CTourStage& stage);
+void hideCursor(CTourStage& stage);
+void selectAll(CTourStage& stage);
 
-// Water, light and texture: tour_surface_acts.cpp.
+// Water, light, colour and texture: tour_surface_acts.cpp.
 void floodValley(CTourStage& stage);
+void drainValley(CTourStage& stage);
 void showCheckerboard(CTourStage& stage);
 void showFog(CTourStage& stage);
 void listTextures(CTourStage& stage);
 void coverGround(CTourStage& stage);
+void chooseTint(CTourStage& stage);
+void tintGround(CTourStage& stage);
 void paintGround(CTourStage& stage);
+
+// Textures, their definitions and the terrain types: tour_definition_acts.cpp.
+void importTextures(CTourStage& stage);
+void addDefinition(CTourStage& stage);
+void tintDefinition(CTourStage& stage);
+void dragTint(CTourStage& stage);
+void removeDefinition(CTourStage& stage);
+void editTerrainTypes(CTourStage& stage);
+
+// Details: tour_detail_acts.cpp.
+void addQuad(CTourStage& stage);
+void scaleDetail(CTourStage& stage);
+void rotateDetail(CTourStage& stage);
+void moveDetail(CTourStage& stage);
+void duplicateDetail(CTourStage& stage);
+void flipDetail(CTourStage& stage);
+void deleteDetail(CTourStage& stage);
 void plantDetails(CTourStage& stage);
+void showDetailHighlight(CTourStage& stage);
 
 // Edit cursors: tour_cursor_acts.cpp.
 void showEveryCursor(CTourStage& stage);
-void showDetailHighlight(CTourStage& stage);
 
 } // namespace tour

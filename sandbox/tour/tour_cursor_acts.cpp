@@ -86,15 +86,4 @@ void showEveryCursor(CTourStage& stage) {
     stage.setStepPicture(composeSheet(closeUps));
 }
 
-void showDetailHighlight(CTourStage& stage) {
-    stage.hands().moveTo(stage.view(), stage.placeOfCell(BUSH_X + 4, BUSH_Z));
-    const CDetailList& details = stage.map().getDetails();
-    int highlighted = 0;
-    for (int i = 0; i < details.size(); ++i) {
-        highlighted += details[i].highlighted;
-    }
-    require(highlighted == 1,
-            QString("%1 details are highlighted, not the one under the pointer").arg(highlighted));
-}
-
 } // namespace tour

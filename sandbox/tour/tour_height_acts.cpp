@@ -79,6 +79,36 @@ void levelRoad(CTourStage& stage) {
     }
 }
 
+void getHeight(CTourStage& stage) {
+    stage.chooseTool(TOOL_GET_HEIGHT);
+    constexpr double NEAR = 0.15; // of a cell, from the corner that is meant
+    stage.hands().click(stage.view(), stage.placeOf(CONE_X + 1 - NEAR, CONE_Z + 1 - NEAR));
+    const int height = stage.map().getPointHeight(CONE_X + 1, CONE_Z + 1);
+    require(stage.textOf(HEIGHT) == QString::number(height),
+            QString("the panel shows %1, the corner is %2 high").arg(stage.textOf(HEIGHT)).arg(height));
+}
+
+void getGradient(CTourStage& stage) {
+    stage.chooseTool(TOOL_GET_GRADIENT);
+    stage.hands().click(stage.view(), stage.placeOfCell(CONE_X + 3, CONE_Z));
+    const float gradient = stage.map().getGradient(CONE_X + 3, CONE_Z);
+    require(gradient > 1.0F && std::abs(stage.textOf(GRADIENT).toFloat() - gradient) < 0.01F,
+            QString("the panel shows %1, the slope is %2").arg(stage.textOf(GRADIENT)).arg(gradient));
+}
+
+void flattenCell(CTourStage& stage) {
+    const auto height = [&](int corner) {
+        return stage.map().getPointHeight(CONE_X + corner % 2, CONE_Z + 3 + corner / 2);
+    };
+    const int level = (height(0) + height(1) + height(2) + height(3)) / 4;
+    require(height(0) != level || height(3) != level, "the cell is level already");
+    stage.chooseTool(TOOL_FLATTEN);
+    stage.hands().click(stage.view(), stage.placeOfCell(CONE_X, CONE_Z + 3));
+    for (int corner = 0; corner < 4; ++corner) {
+        require(height(corner) == level, QString("corner %1 is not at the average height").arg(corner));
+    }
+}
+
 void selectField(CTourStage& stage) {
     stage.chooseTool(TOOL_SELECT);
     stage.hands().drag(stage.view(), stage.placeOfCell(FIELD_X0, FIELD_Z0),
@@ -127,6 +157,30 @@ void undoStroke(CTourStage& stage) {
     require(stage.mapHash() != before, "a downward drag changes nothing");
     stage.clickControl(UNDO);
     require(stage.mapHash() == before, "Undo does not bring the ground back");
+}
+
+void hideCursor(CTourStage& stage) {
+    stage.clickControl(HIDE_CURSOR);
+    const QPointF from = stage.placeOfCell(HILL_X, HILL_Z);
+    stage.hands().moveTo(stage.view(), from);
+    require(!stage.map().getEditCursors().empty(), "the cursor is hidden before the stroke");
+    stage.hands().press(Qt::LeftButton);
+    stage.hands().moveTo(stage.view(), from - QPointF(0, 30));
+    require(stage.map().getEditCursors().empty(), "the cursor shows during the stroke");
+    stage.setStepPicture(stage.takePicture());
+    stage.hands().release(Qt::LeftButton);
+    stage.clickControl(UNDO);
+    stage.clickControl(HIDE_CURSOR);
+}
+
+void selectAll(CTourStage& stage) {
+    stage.clickControl(SELECT_ALL);
+    const int outline = 4 * (stage.map().getGridDim() - 1);
+    require(stage.markedPoints() == outline,
+            QString("%1 marked points, not %2").arg(stage.markedPoints()).arg(outline));
+    stage.setStepPicture(stage.takePicture());
+    stage.clickControl(DESELECT);
+    require(stage.markedPoints() == 0, "the selection's outline is still there");
 }
 
 } // namespace tour

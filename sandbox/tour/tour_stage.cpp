@@ -1,6 +1,6 @@
 #include "sandbox/tour/tour_stage.h"
 
-#include "sandbox/tour/tour_controls.h"
+#include "engine/memory/engine_directories.h"
 
 #include <QAbstractButton>
 #include <QAction>
@@ -12,6 +12,7 @@
 #include <QToolBar>
 #include <algorithm>
 #include <bit>
+#include <filesystem>
 #include <utility>
 
 namespace {
@@ -38,6 +39,9 @@ void require(bool condition, const QString& reason) {
 }
 
 CTourStage::CTourStage(CMainWindow& window) : m_window(window) {
+    std::vector<std::filesystem::path> folders = CEngineDirectories::getDirectories();
+    folders.emplace_back(m_delivery.path().toStdString());
+    CEngineDirectories::setDirectories(folders);
     // How fast this machine draws is not part of the session.
     if (auto* pace = window.findChild<QWidget*>("pace")) {
         pace->hide();
@@ -83,11 +87,29 @@ void CTourStage::showTab(int index) {
     require(bar->currentIndex() == index, QString("tab %1 does not come forward").arg(index));
 }
 
-void CTourStage::enterNumber(QWidget& field, int number) {
+void CTourStage::enterText(QWidget& field, const QString& text) {
     m_hands.click(field, QPointF(PANEL_MARGIN / 2.0, field.height() / 2.0)); // clear of a spin box's arrows
     m_hands.strike(field, Qt::Key_A, Qt::ControlModifier);
-    m_hands.type(field, QString::number(number));
+    m_hands.type(field, text);
     m_hands.strike(field, Qt::Key_Return);
+}
+
+QString CTourStage::textOf(int id) {
+    return control(id).property("text").toString();
+}
+
+QColor CTourStage::swatchColour(int id) {
+    QWidget& swatch = control(id);
+    return swatch.grab().toImage().pixelColor(swatch.width() / 2, swatch.height() / 2);
+}
+
+void CTourStage::dragColour(int from, int to) {
+    const QColor colour = swatchColour(from);
+    m_hands.moveTo(control(from), QRectF(control(from).rect()).center());
+    m_hands.press(Qt::LeftButton);
+    m_hands.moveTo(control(to), QRectF(control(to).rect()).center());
+    m_hands.release(Qt::LeftButton);
+    require(swatchColour(to) == colour, QString("the colour does not reach swatch %1").arg(to));
 }
 
 void CTourStage::clickToolBar(const char* action) {

@@ -2,9 +2,13 @@
 
 #include "sandbox/app/main_window.h"
 #include "sandbox/tour/hands.h"
+#include "sandbox/tour/tour_controls.h"
 
 #include <QImage>
+#include <QTemporaryDir>
+#include <functional>
 #include <stdexcept>
+#include <vector>
 
 /// Why a step of the tour did not do what it should.
 class CTourFailure : public std::runtime_error {
@@ -37,10 +41,27 @@ public:
     void setStrength(Qt::Key end);
     /// Bring a tab forward: 0 Terrain, 1 Details.
     void showTab(int index);
-    /// Put a number into a field of the panel or of the tool bar, in place of what stands there, and Enter.
-    void enterNumber(QWidget& field, int number);
+    /// Put a text into a field of a panel or of the tool bar, in place of what stands there, and Enter.
+    void enterText(QWidget& field, const QString& text);
+    void enterNumber(QWidget& field, int number) { enterText(field, QString::number(number)); }
+    /// What is written in a field of the panel.
+    QString textOf(int id);
+    /// The colour that a swatch of the panel shows.
+    QColor swatchColour(int id);
+    /// Choose a colour for a swatch in the colour dialog. Returns the picture of the dialog.
+    QImage chooseColour(int swatch, const QColor& colour);
+    /// Drop the colour of one swatch on another.
+    void dragColour(int from, int to);
     /// Click the tool bar's button for the action of this object name.
     void clickToolBar(const char* action);
+    /// Do `open`, which brings up modal dialogs one after the other, and with each of them what stands for it
+    /// in `acts`. Each act must end its dialog. The dialogs' own loops run meanwhile.
+    void answer(const std::function<void()>& open, std::vector<std::function<void(QWidget&)>> acts);
+    /// Choose a texture in the list that a picker button opens. Returns the picture of the list.
+    QImage chooseTexture(int picker, const QString& name);
+    /// A folder of the session's own where the engine finds image files, gone with the tour.
+    QString deliveryFolder() const { return m_delivery.path(); }
+
     /// Where a point of the map is seen in the view.
     QPointF placeOf(double x, double z);
     /// Where the middle of a cell is seen.
@@ -63,4 +84,5 @@ private:
     CMainWindow& m_window;
     CHands m_hands;
     QImage m_stepPicture;
+    QTemporaryDir m_delivery;
 };

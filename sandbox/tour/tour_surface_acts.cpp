@@ -1,65 +1,23 @@
 #include "sandbox/tour/tour_acts.h"
 #include "sandbox/tour/tour_controls.h"
 
-#include "engine/memory/memory_scene.h"
 #include "engine/qx_texture.h"
 
-#include <QAbstractItemView>
-#include <QTimer>
-#include <set>
+#include <algorithm>
+#include <cstddef>
+#include <cstdlib>
 
 namespace tour {
 
 namespace {
 
-constexpr int TEXTURE_LIST = 148;
-constexpr int TEXTURE_NAMES = 1073; // controls of the texture list
-constexpr int OK = 1;
-
-/// What is done to the texture list while it is open: pick a name and press OK. Returns the reason of a
-/// failure.
-QString pickInList(CTourStage& stage, const QString& name, QImage& picture) {
-    QWidget* list = stage.dialog(TEXTURE_LIST);
-    auto* names = list->findChild<QAbstractItemView*>(QString::number(TEXTURE_NAMES));
-    auto* ok = list->findChild<QWidget*>(QString::number(OK));
-    if (names == nullptr || ok == nullptr) {
-        return "the texture list lacks its controls";
-    }
-    const QModelIndexList found =
-        names->model()->match(names->model()->index(0, 0), Qt::DisplayRole, name, 1, Qt::MatchExactly);
-    if (found.isEmpty()) {
-        return "the texture list has no " + name;
-    }
-    stage.hands().click(*names->viewport(), QRectF(names->visualRect(found.first())).center());
-    picture = stage.takePicture();
-    stage.hands().click(*ok);
-    return {};
-}
-
-/// Choose a texture with a picker button. The list it opens is modal, so what is done in it hangs on a timer.
-/// Returns the picture of the list with the texture chosen.
-QImage chooseTexture(CTourStage& stage, int picker, const QString& name) {
-    QImage picture;
-    QString failure = "no texture list opens";
-    QTimer poll;
-    QObject::connect(&poll, &QTimer::timeout, [&] {
-        if (stage.dialog(TEXTURE_LIST) != nullptr) {
-            poll.stop();
-            failure = pickInList(stage, name, picture);
-            if (!failure.isEmpty() && stage.dialog(TEXTURE_LIST) != nullptr) {
-                stage.dialog(TEXTURE_LIST)->close();
-            }
-        }
-    });
-    poll.start(10);
-    stage.clickControl(picker);
-    require(waitUntil([&] { return !poll.isActive() && stage.dialog(TEXTURE_LIST) == nullptr; }), failure);
-    require(failure.isEmpty(), failure);
-    return picture;
-}
-
 QString textureName(const qxCTexture* texture) {
     return texture != nullptr ? QString(texture->name.getString()) : QString("none");
+}
+
+std::ptrdiff_t rockyPoints(CTourStage& stage) {
+    const auto blends = stage.map().getBlends();
+    return std::ranges::count_if(blends, [](int blend) { return blend > CMemoryMap::MAX_BLEND / 2; });
 }
 
 } // namespace
@@ -68,9 +26,23 @@ void floodValley(CTourStage& stage) {
     stage.clickToolBar("reset-camera");
     stage.enterNumber(*stage.window().findChild<QWidget*>("water-level"), WATER_LEVEL);
     require(stage.map().getWaterHeight() == WATER_LEVEL, "the water level is not taken over");
+    const int before = stage.waterPoints();
     stage.chooseTool(TOOL_FLOOD);
     stage.hands().click(stage.view(), stage.placeOfCell(VALLEY_X, VALLEY_Z));
-    require(stage.waterPoints() > 4000, QString("only %1 points of water").arg(stage.waterPoints()));
+    const int flooded = stage.waterPoints() - before;
+    require(flooded > 4000, QString("only %1 points are flooded").arg(flooded));
+}
+
+void drainValley(CTourStage& stage) {
+    const int flooded = stage.waterPoints();
+    stage.chooseTool(TOOL_DRAIN);
+    stage.hands().click(stage.view(), stage.placeOfCell(VALLEY_X, VALLEY_Z));
+    require(stage.waterPoints() < flooded - 4000,
+            QString("%1 of %2 points are still under water").arg(stage.waterPoints()).arg(flooded));
+    stage.setStepPicture(stage.takePicture());
+    stage.chooseTool(TOOL_FLOOD); // the lake stays for the rest of the session
+    stage.hands().click(stage.view(), stage.placeOfCell(VALLEY_X, VALLEY_Z));
+    require(stage.waterPoints() == flooded, "the lake does not come back");
 }
 
 void showCheckerboard(CTourStage& stage) {
@@ -84,25 +56,52 @@ void showFog(CTourStage& stage) {
     require(!stage.map().hasFlag(qxMapFlagChecker), "the checkerboard is still on");
     stage.clickControl(FOG);
     require(stage.map().getScene()->getFogMode() == qxFogModeOn, "the fog is not on");
+    stage.setStepPicture(stage.takePicture());
+    stage.clickControl(FOG);
+    require(stage.map().getScene()->getFogMode() == qxFogModeOff, "the fog is still on");
 }
 
 void listTextures(CTourStage& stage) {
-    stage.setStepPicture(chooseTexture(stage, SMOOTH_TEXTURE, "grass"));
+    stage.setStepPicture(stage.chooseTexture(SMOOTH_TEXTURE, "grass"));
     require(textureName(stage.map().getTexture(qxMapLayerSmooth)) == "grass",
             "the smooth texture is not grass");
 }
 
 void coverGround(CTourStage& stage) {
-    chooseTexture(stage, ROUGH_TEXTURE, "rock");
+    stage.chooseTexture(ROUGH_TEXTURE, "rock");
     require(textureName(stage.map().getTexture(qxMapLayerRough)) == "rock", "the rough texture is not rock");
-    const int before = stage.map().getNumMultiTextures();
-    stage.clickControl(INSERT_DEFINITION);
-    require(stage.map().getNumMultiTextures() == before + 1, "no texture definition is added");
-    stage.enterNumber(stage.control(BLEND), 1);
-    require(stage.map().getMultiTexture(before)->blend == 1.0F, "the blend is not taken over");
+    const int before = stage.map().getTextureTiling();
+    QWidget& spin = stage.control(TILING_SPIN);
+    stage.hands().click(spin, QPointF(spin.width() / 2.0, spin.height() / 4.0));
+    require(stage.map().getTextureTiling() == before + 1, "the arrow up does not repeat the texture oftener");
+}
+
+/// Tint the field with a colour from the colour dialog; the picture is taken with the dialog open.
+void chooseTint(CTourStage& stage) {
+    stage.chooseTool(TOOL_TINT);
+    stage.clickControl(BRUSH_DISC);
+    stage.setStepPicture(stage.chooseColour(TOOL_COLOUR, QColor(0xd0, 0x8c, 0x46)));
+}
+
+void tintGround(CTourStage& stage) {
+    const QColor target = stage.swatchColour(TOOL_COLOUR);
+    const auto distance = [&] {
+        const qxCColour colour = stage.map().getPointColour(0, FIELD_X0 + 6, FIELD_Z0 + 4);
+        return std::abs(colour.r - target.red()) + std::abs(colour.g - target.green()) +
+               std::abs(colour.b - target.blue());
+    };
+    const int before = distance();
+    stage.setStrength(Qt::Key_End);
+    for (int z = FIELD_Z0; z <= FIELD_Z1 - 2; z += 2) {
+        stage.hands().drag(stage.view(), stage.placeOfCell(FIELD_X0, z), stage.placeOfCell(FIELD_X1 - 3, z),
+                           Qt::LeftButton, 30);
+    }
+    require(distance() < before * 3 / 4,
+            QString("the ground is %1 away from the colour, before it was %2").arg(distance()).arg(before));
 }
 
 void paintGround(CTourStage& stage) {
+    const auto before = rockyPoints(stage);
     stage.chooseTool(TOOL_PAINT);
     stage.clickControl(BRUSH_DISC);
     stage.setStrength(Qt::Key_End);
@@ -110,22 +109,8 @@ void paintGround(CTourStage& stage) {
         stage.hands().drag(stage.view(), stage.placeOfCell(HILL_X - 4, z), stage.placeOfCell(HILL_X + 8, z),
                            Qt::LeftButton, 40);
     }
-    const auto blends = stage.map().getBlends();
-    const auto rocky =
-        std::ranges::count_if(blends, [](int blend) { return blend > CMemoryMap::MAX_BLEND / 2; });
-    require(rocky > 60, QString("only %1 points are rocky").arg(rocky));
-}
-
-void plantDetails(CTourStage& stage) {
-    stage.showTab(1);
-    chooseTexture(stage, DETAIL_TEXTURE, "bush");
-    stage.chooseTool(TOOL_ADD_POINT_DETAIL);
-    const int before = stage.map().getDetails().size();
-    for (int i = 0; i < BUSHES; ++i) {
-        stage.hands().click(stage.view(), stage.placeOfCell(BUSH_X + i * 2, BUSH_Z + i % 2));
-    }
-    const int planted = stage.map().getDetails().size() - before;
-    require(planted == BUSHES, QString("%1 details planted, not %2").arg(planted).arg(BUSHES));
+    const auto rocky = rockyPoints(stage) - before;
+    require(rocky > 60, QString("only %1 points have become rocky").arg(rocky));
 }
 
 } // namespace tour

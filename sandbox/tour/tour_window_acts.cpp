@@ -44,7 +44,6 @@ void openEditor(CTourStage& stage) {
 }
 
 void expandPanel(CTourStage& stage) {
-    stage.clickControl(FOG);
     const int narrow = stage.dialog(MAP_EDITOR)->width();
     stage.clickControl(EXPAND);
     stage.movePanelAside();
