@@ -11,11 +11,24 @@
 #include <QLabel>
 #include <QSpinBox>
 #include <QStatusBar>
+#include <algorithm>
 #include <cmath>
 
 namespace {
 
 constexpr double EASY_UNIT = 0.01; // world units that a pixel of drag should move the ground at least
+
+/// The panel opens over the middle of its host, where the ground is. At the view's left edge it is out of the
+/// way and has room for its right half.
+constexpr QPoint FIRST_PANEL_PLACE(12, 12);
+
+/// The map editor's window, or null.
+QWidget* findPanel() {
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    const auto found = std::ranges::find(windows, QStringLiteral("dialog-212"),
+                                         [](const QWidget* w) { return w->objectName(); });
+    return found != windows.end() ? *found : nullptr;
+}
 
 HWND handleOf(const QWidget& widget) {
     return reinterpret_cast<HWND>(widget.winId());
@@ -79,6 +92,9 @@ void CMainWindow::toggleEditor(bool open) {
 void CMainWindow::openEditor() {
     const QByteArray folder = m_document.textureFolder().toUtf8();
     vuCreateEditor(handleOf(*this), &m_document.map(), CString(folder.constData()), nullptr, true, nullptr);
+    if (QWidget* panel = findPanel()) {
+        panel->move(pos() + m_panelPlace.value_or(m_pView->mapTo(this, FIRST_PANEL_PLACE)));
+    }
     followState();
 }
 
@@ -90,6 +106,9 @@ void CMainWindow::closeEditor() {
 
 void CMainWindow::followState() {
     const bool open = vuIsEditorActive();
+    if (const QWidget* panel = findPanel(); panel != nullptr && panel->isVisible()) {
+        m_panelPlace = panel->pos() - pos();
+    }
     if (m_pEditorAction->isChecked() != open) {
         m_pEditorAction->setChecked(open);
         if (!open) {
@@ -122,7 +141,7 @@ void CMainWindow::watchTextures() {
         const char* file = scene.getTexture(i)->getFilename();
         if (*file != '\0' && !CEngineDirectories::resolve(file).has_value()) {
             statusBar()->showMessage(
-                tr("No image for the texture %1: put it into %2").arg(file, m_document.textureFolder()));
+                tr("No image for the texture %1: put it into %2").arg(file, m_document.placeForTextures()));
         }
     }
 }

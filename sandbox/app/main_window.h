@@ -5,6 +5,7 @@
 #include "sandbox/view/map_view.h"
 
 #include <QMainWindow>
+#include <optional>
 
 class QAction;
 class QComboBox;
@@ -71,6 +72,7 @@ private:
     CMapDocument m_document;
     CRecentFiles m_recentFiles;
     CMapView* m_pView;
+    std::optional<QPoint> m_panelPlace; // where the person put the panel, from the window's corner
     int m_nWatchedTextures = 0;
     bool m_bHeightsAreEnough = false; // the person said so of this map
     QAction* m_pSaveAction = nullptr;

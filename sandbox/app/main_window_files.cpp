@@ -124,9 +124,12 @@ bool CMainWindow::saveProjectAs() {
     }
     // A folder that is there already is entered by the dialog, where its project file can be picked; the
     // dialog then asks whether it may be replaced.
-    const QString path = QFileDialog::getSaveFileName(this, tr("Save Project As: Name of Its Folder"), place,
-                                                      tr(NEW_PROJECT_FILTER));
-    return !path.isEmpty() && tell(saveProject(projectFolderOf(path)));
+    QFileDialog dialog(this, tr("Save Project As"), QFileInfo(place).absolutePath(), tr(NEW_PROJECT_FILTER));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setLabelText(QFileDialog::FileName, tr("New folder:"));
+    dialog.selectFile(QFileInfo(place).fileName());
+    return dialog.exec() == QDialog::Accepted &&
+           tell(saveProject(projectFolderOf(dialog.selectedFiles().first())));
 }
 
 bool CMainWindow::saveHeightmapAs() {

@@ -186,6 +186,14 @@ void CMapDocument::lookForTexturesIn(const QString& mapFolder) {
     m_strTextureFolder = QFileInfo(folders.first()).isDir() ? folders.first() : folders.last();
 }
 
+QString CMapDocument::placeForTextures() const {
+    if (m_strPath.isEmpty()) {
+        return "the textures folder of a project of yours";
+    }
+    const QString folder = m_kind == EKind::project ? m_strPath : QFileInfo(m_strPath).absolutePath();
+    return folder + '/' + PROJECT_TEXTURE_FOLDER;
+}
+
 CMapDocument::Outcome CMapDocument::saveHeightmap(const QString& path) {
     const std::span<const std::uint16_t> heights = m_map->getHeights();
     const QString reason =

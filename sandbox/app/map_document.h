@@ -54,6 +54,8 @@ public:
 
     /// Where the import of textures begins: the map's own folder of textures where there is one.
     const QString& textureFolder() const { return m_strTextureFolder; }
+    /// Where images of the person's own belong, for a sentence: a folder, which may not be there yet.
+    QString placeForTextures() const;
 
     /// Level of standing water in height units.
     int waterLevel() const;
