@@ -151,7 +151,7 @@ void CRandomSession::operateOpen() {
         clickTool();
     } else if (kind <= 780) {
         usePanel();
-    } else if (kind <= 870) {
+    } else if (kind <= 900) {
         strayCall();
     } else if (kind <= 960) {
         click(IDC_UNDO);
