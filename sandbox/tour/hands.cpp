@@ -32,6 +32,7 @@ void CHands::moveTo(QWidget& widget, QPointF place) {
     }
     m_pWindow = window;
     m_place = widget.mapTo(widget.window(), place.toPoint());
+    m_lastScreenPlace = m_pWindow->mapToGlobal(m_place);
     QTest::mouseMove(m_pWindow, m_place);
 }
 
@@ -99,7 +100,7 @@ void CHands::type(QWidget& widget, const QString& text) {
 }
 
 QPoint CHands::screenPlace() const {
-    return m_pWindow != nullptr ? m_pWindow->mapToGlobal(m_place) : QPoint();
+    return m_pWindow != nullptr ? m_pWindow->mapToGlobal(m_place) : m_lastScreenPlace;
 }
 
 bool waitUntil(const std::function<bool()>& condition) {

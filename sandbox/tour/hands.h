@@ -34,7 +34,8 @@ private:
     void glideTo(QWidget& widget, QPointF place, Qt::MouseButton held);
 
     QPointer<QWindow> m_pWindow;
-    QPoint m_place; // in the window
+    QPoint m_place;           // in the window
+    QPoint m_lastScreenPlace; // for when the window is gone
 };
 
 /// Handle events until `condition` holds; false when it has not come about in ten seconds.

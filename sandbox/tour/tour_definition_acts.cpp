@@ -92,7 +92,6 @@ void importTextures(CTourStage& stage) {
                                   "the long name is not refused");
                           stage.hands().click(*message->button(QMessageBox::Ok));
                       }});
-        stage.setStepPicture(stage.takePicture());
         stage.hands().click(part(list, CANCEL));
     };
     stage.answer([&] { stage.clickControl(WATER_TEXTURE); }, {inList});

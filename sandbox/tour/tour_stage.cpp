@@ -30,6 +30,41 @@ void drawPointer(QImage& picture, QPointF tip) {
         QPolygonF({{0, 0}, {0, 17}, {4, 13.2}, {6.8, 19.5}, {9.4, 18.4}, {6.7, 12.3}, {12, 12}}));
 }
 
+/// The dialogs that are open, those behind first.
+QWidgetList openDialogs() {
+    QWidgetList dialogs = QApplication::topLevelWidgets();
+    dialogs.removeIf([](const QWidget* widget) {
+        return !widget->isVisible() || widget->windowType() != Qt::Dialog ||
+               widget->frameGeometry() != widget->geometry();
+    });
+    const auto layer = [](const QWidget* dialog) {
+        return dialog == QApplication::activeModalWidget() ? 2 : (dialog->isModal() ? 1 : 0);
+    };
+    std::ranges::stable_sort(dialogs, {}, layer);
+    return dialogs;
+}
+
+/// Without a window manager, as under a virtual display, a dialog has no frame and cannot be told from what
+/// it stands on. The picture gets the frame that it would have.
+void drawFrames(QImage& picture, QPoint origin) {
+    constexpr int CAPTION = 22;
+    const QColor colour(0x3a, 0x4d, 0x66);
+    QPainter painter(&picture);
+    QRegion free(picture.rect());
+    QWidgetList dialogs = openDialogs();
+    std::ranges::reverse(dialogs);
+    for (const QWidget* dialog : std::as_const(dialogs)) {
+        const QRect inside = dialog->geometry().translated(-origin);
+        const QRect outside = inside.adjusted(-1, -CAPTION, 1, 1);
+        painter.setClipRegion(free & (QRegion(outside) - inside));
+        painter.fillRect(outside, colour);
+        painter.setPen(Qt::white);
+        painter.drawText(QRect(outside.topLeft(), QSize(outside.width(), CAPTION)).adjusted(8, 0, 0, 0),
+                         Qt::AlignVCenter, dialog->windowTitle());
+        free -= outside;
+    }
+}
+
 } // namespace
 
 void require(bool condition, const QString& reason) {
@@ -157,6 +192,7 @@ QImage CTourStage::takePicture() {
     const QRect frame = m_window.geometry();
     QImage picture = screen.grabWindow(0, frame.x(), frame.y(), frame.width(), frame.height()).toImage();
     require(!picture.isNull(), "the screen cannot be seen");
+    drawFrames(picture, frame.topLeft());
     drawPointer(picture, m_hands.screenPlace() - frame.topLeft());
     return picture;
 }

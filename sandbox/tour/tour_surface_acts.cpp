@@ -62,12 +62,15 @@ void showFog(CTourStage& stage) {
 }
 
 void listTextures(CTourStage& stage) {
-    stage.setStepPicture(stage.chooseTexture(SMOOTH_TEXTURE, "grass"));
-    require(textureName(stage.map().getTexture(qxMapLayerSmooth)) == "grass",
-            "the smooth texture is not grass");
+    stage.setStepPicture(stage.chooseTexture(SMOOTH_TEXTURE, "sand"));
+    require(textureName(stage.map().getTexture(qxMapLayerSmooth)) == "sand",
+            "the smooth texture is not sand");
 }
 
 void coverGround(CTourStage& stage) {
+    stage.chooseTexture(SMOOTH_TEXTURE, "turf");
+    require(textureName(stage.map().getTexture(qxMapLayerSmooth)) == "turf",
+            "the smooth texture is not turf");
     stage.chooseTexture(ROUGH_TEXTURE, "rock");
     require(textureName(stage.map().getTexture(qxMapLayerRough)) == "rock", "the rough texture is not rock");
     const int before = stage.map().getTextureTiling();
