@@ -5,6 +5,7 @@
 #include <QJsonDocument>
 #include <array>
 #include <charconv>
+#include <cmath>
 #include <cstring>
 #include <limits>
 #include <utility>
@@ -19,7 +20,8 @@ constexpr int MOST_DEFINITIONS = 10000;
 constexpr int MOST_TERRAIN_TYPES = 1000;
 constexpr int MOST_DETAILS = 1000000;
 constexpr int HIGHEST_TILING = 256;
-constexpr double LARGEST_NUMBER = 1e9;
+// Whatever number a person types into the panel must come back, sensible or not.
+constexpr double LARGEST_NUMBER = std::numeric_limits<float>::max();
 constexpr double SMALLEST_SCALE = 1e-9;
 constexpr int FILTER_SIZE = _qxMapTerrainDef::FILTER_EDGE * _qxMapTerrainDef::FILTER_EDGE;
 
@@ -52,8 +54,8 @@ void readDefinitions(CJsonReader& reader, std::vector<qxCMapMultiTexture>& defin
         qxCMapMultiTexture definition;
         definition.tint1 = entry.readColour("tint1");
         definition.tint2 = entry.readColour("tint2");
-        definition.blend = entry.readFloat("blend", 0.0, 1.0);
-        definition.variation = entry.readFloat("variation", 0.0, 1.0);
+        definition.blend = entry.readFloat("blend", -LARGEST_NUMBER, LARGEST_NUMBER);
+        definition.variation = entry.readFloat("variation", -LARGEST_NUMBER, LARGEST_NUMBER);
         definitions.push_back(definition);
     }
 }
@@ -117,7 +119,11 @@ QString colourText(const qxCColour& colour) {
 }
 
 /// The double whose text is the shortest that reads back as the same float: 0.3 and not 0.30000001192092896.
+/// JSON has no infinity and no "not a number"; the nearest that it has take their place.
 double shortest(float value) {
+    if (!std::isfinite(value)) {
+        return std::isnan(value) ? 0.0 : std::copysign(LARGEST_NUMBER, value);
+    }
     std::array<char, 32> text{};
     std::to_chars(text.data(), text.data() + text.size(), value);
     return QByteArray(text.data()).toDouble();

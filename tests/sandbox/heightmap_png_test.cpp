@@ -53,6 +53,7 @@ template <class Value> Bytes makePng(const CPicture& picture, Value value) {
         }
         rows.push_back(std::move(row));
     }
+    pointers.reserve(rows.size());
     for (Bytes& row : rows) {
         pointers.push_back(row.data());
     }

@@ -11,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <limits>
 
 namespace {
 
@@ -106,6 +107,24 @@ TEST_F(Project, EverythingSurvivesSavingAndOpening) {
         const auto newMap = buildMap(opened, *newScene);
         EXPECT_EQ(contents(*newMap, *newScene), contents(map, scene));
     }
+}
+
+TEST_F(Project, WhateverIsTypedIntoThePanelCanBeOpenedAgain) {
+    constexpr float LARGEST = std::numeric_limits<float>::max();
+    map.getMultiTexture(0)->blend = 2.5F;
+    map.getMultiTexture(1)->variation = -7.0F;
+    map.getTerrainDef(0)->filter[3] = 1e30F;
+    map.getTerrainDef(0)->noise = std::numeric_limits<float>::infinity();
+    map.getTerrainDef(0)->weighting = std::numeric_limits<float>::quiet_NaN();
+    CProject project = captureProject(map, scene);
+    save(project);
+    CProject opened;
+    ASSERT_EQ(readProject(folder(), opened).reason.toStdString(), "");
+    EXPECT_EQ(opened.settings.definitions[0].blend, 2.5F);
+    EXPECT_EQ(opened.settings.definitions[1].variation, -7.0F);
+    EXPECT_EQ(opened.settings.terrainTypes[0].filter[3], 1e30F);
+    EXPECT_EQ(opened.settings.terrainTypes[0].noise, LARGEST);
+    EXPECT_EQ(opened.settings.terrainTypes[0].weighting, 0.0F);
 }
 
 TEST_F(Project, NumbersAreWrittenAsPeopleWriteThem) {
