@@ -34,6 +34,7 @@ constexpr std::array ALL_CHANGES = {EMapChange::heights,    EMapChange::surface,
 
 std::vector<std::uint64_t> changesOf(const CMemoryMap& map) {
     std::vector<std::uint64_t> counts;
+    counts.reserve(ALL_CHANGES.size());
     for (const EMapChange kind : ALL_CHANGES) {
         counts.push_back(map.getChangeCount(kind));
     }

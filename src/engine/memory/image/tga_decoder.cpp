@@ -181,14 +181,14 @@ std::vector<qxCColour> decodePixels(const TgaHeader& header, Bytes file) {
     const std::size_t channels = header.isWord() ? 2 : 4;
     const std::unique_ptr<std::uint8_t, void (*)(void*)> samples(loadTga(file, static_cast<int>(channels)),
                                                                  freeTga);
-    std::vector<qxCColour> pixels;
     if (!samples)
-        return pixels;
-    pixels.reserve(header.pixelCount());
-    for (const std::uint8_t *sample = samples.get(), *end = sample + header.pixelCount() * channels;
-         sample != end; sample += channels) {
-        pixels.push_back(header.isWord() ? colourOfWord(sample[0] | sample[1] << 8, header.hasAlphaBit())
-                                         : qxCColour(sample[0], sample[1], sample[2], sample[3]));
+        return {};
+    std::vector<qxCColour> pixels(header.pixelCount());
+    const std::uint8_t* sample = samples.get();
+    for (qxCColour& pixel : pixels) {
+        pixel = header.isWord() ? colourOfWord(sample[0] | sample[1] << 8, header.hasAlphaBit())
+                                : qxCColour(sample[0], sample[1], sample[2], sample[3]);
+        sample += channels;
     }
     return pixels;
 }
