@@ -7,6 +7,8 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QHeaderView>
+#include <QTreeView>
 
 #include <algorithm>
 
@@ -41,6 +43,13 @@ void applyPreset(QFileDialog& dialog, const CString& preset) {
     }
 }
 
+/// Sizes and dates are cut short at the width that the columns begin with.
+void showColumnsWhole(QFileDialog& dialog) {
+    if (const auto* const files = dialog.findChild<QTreeView*>(QStringLiteral("treeView"))) {
+        files->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    }
+}
+
 } // namespace
 
 CFileDialog::CFileDialog(BOOL bOpenFileDialog, LPCTSTR lpszDefExt, LPCTSTR lpszFileName, DWORD dwFlags,
@@ -68,6 +77,7 @@ INT_PTR CFileDialog::DoModal() {
     dialog->setDefaultSuffix(QString::fromUtf8(m_extension.GetString()));
     applyPreset(*dialog, m_ofn.lpstrFile != nullptr && *m_ofn.lpstrFile != '\0' ? CString(m_ofn.lpstrFile)
                                                                                 : m_fileName);
+    showColumnsWhole(*dialog);
     m_paths.clear();
     const bool chosen = qtbackend::runDialog(dialog.data());
     if (chosen) {

@@ -8,6 +8,8 @@
 #include <QAbstractSpinBox>
 #include <QFocusEvent>
 #include <QLineEdit>
+#include <QStyle>
+#include <QStyleOptionSpinBox>
 
 #include <algorithm>
 #include <utility>
@@ -36,6 +38,14 @@ public:
 
 protected:
     StepEnabled stepEnabled() const override { return StepUpEnabled | StepDownEnabled; }
+
+    /// What a style leaves for the text lies outside, so that the arrows are all there is.
+    void initStyleOption(QStyleOptionSpinBox* option) const override {
+        QAbstractSpinBox::initStyleOption(option);
+        const QRect arrows = style()->subControlRect(QStyle::CC_SpinBox, option, QStyle::SC_SpinBoxUp, this);
+        constexpr int EDGE = 1; // the line that divides them from the text
+        option->rect.setLeft(option->rect.left() - std::max(0, arrows.left() - EDGE));
+    }
 
 private:
     /// A dialog took the release of the button: without one the arrow would step on for ever.
