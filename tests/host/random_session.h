@@ -63,6 +63,7 @@ private:
     void usePanel();
     void walkDefinitions();
     void typeNumber();
+    void spin(int id);
     void pickColour();
     void dragColour();
     void editTypes();

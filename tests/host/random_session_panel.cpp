@@ -21,8 +21,8 @@ const std::vector<int> SWATCHES = {IDC_TINT_COLOUR, IDC_TINT_1, IDC_TINT_2, IDC_
 const std::vector<float> SHARES = {0.0F, 0.04F, 0.25F, 1.0F / 3.0F, 0.7F, 0.95F, 1.0F};
 /// To be typed; a field that keeps one shows it in these words.
 const std::vector<std::string> NUMBERS = {"0",   "0.25",  "0.5",   "0.333333", "1",   "7",
-                                          "-3",  "-0.04", "1e+10", "12",       "345", "256",
-                                          "257", "1023",  "1024",  "soft",     "",    "1,5"};
+                                          "-3",  "-0.04", "1e+10", "0.15",     "345", "256",
+                                          "257", "0.95",  "1024",  "soft",     "",    "1,5"};
 
 std::string inWords(const std::vector<DialogStep>& steps) {
     std::string all;
@@ -120,20 +120,18 @@ void CRandomSession::usePanel() {
         walkDefinitions();
     } else if (kind <= 560) {
         typeNumber();
+    } else if (kind <= 660) {
+        spin(anyOf<int>({IDC_BLEND_SPIN, IDC_VARIATION_SPIN, IDC_TILING_SPIN}));
     } else if (kind <= 700) {
-        const int id = anyOf<int>({IDC_BLEND_SPIN, IDC_VARIATION_SPIN, IDC_TILING_SPIN});
-        const bool up = chance(60);
-        both(text("spin", id, up), [=](auto& editor) { editor.spin(id, up); });
-    } else if (kind <= 740) {
         const int strength = pick(1, 10);
         both(text("slide", strength), [=](auto& editor) { editor.slide(strength); });
-    } else if (kind <= 860) {
+    } else if (kind <= 830) {
         dragColour();
-    } else if (kind <= 980) {
+    } else if (kind <= 950) {
         click(anyOf<int>({IDC_HIDE_CURSOR, IDC_MAP_FLAG, IDC_FOG, IDC_REDO, IDC_GLOBAL_SMOOTH, IDC_EXPAND}));
-    } else if (kind <= 984) {
+    } else if (kind <= 960) {
         pickColour();
-    } else if (kind <= 992) {
+    } else if (kind <= 980) {
         editTypes();
     } else {
         listTextures();
@@ -155,6 +153,14 @@ void CRandomSession::typeNumber() {
     const std::string number = isWhole && chance(5) ? "99999999999" : anyOf(NUMBERS);
     const Leaving leaving = chance(50) ? Leaving::ENTER : Leaving::TAB;
     both(text("type", id, number), [&](auto& editor) { return editor.type(id, number, leaving); });
+    if (id != IDC_HEIGHT && chance(40)) {
+        spin(id == IDC_TILING ? IDC_TILING_SPIN : id == IDC_BLEND ? IDC_BLEND_SPIN : IDC_VARIATION_SPIN);
+    }
+}
+
+void CRandomSession::spin(int id) {
+    const bool up = chance(60);
+    both(text("spin", id, up), [=](auto& editor) { editor.spin(id, up); });
 }
 
 void CRandomSession::pickColour() {
@@ -166,10 +172,13 @@ void CRandomSession::pickColour() {
 }
 
 void CRandomSession::dragColour() {
-    const auto isInSight = [this](int id) { return id == IDC_TINT_COLOUR || m_reference.panel.expanded; };
-    const int from = anyOf(SWATCHES);
-    const int to = chance(85) ? anyOf(SWATCHES) : IDC_TEXTURE_PREVIEW;
-    if (isInSight(from) && (to == IDC_TEXTURE_PREVIEW || isInSight(to))) {
+    const int beside = IDC_STRENGTH_TEXT; // a press that starts nothing, a release that is missed
+    const int from = chance(80) ? anyOf(SWATCHES) : beside;
+    const int to = chance(85) ? anyOf(SWATCHES) : beside;
+    const auto isInSight = [=, this](int id) {
+        return id == beside || id == IDC_TINT_COLOUR || m_reference.panel.expanded;
+    };
+    if (isInSight(from) && isInSight(to)) {
         both(text("drag colour", from, to), [=](auto& editor) { editor.dragColour(from, to); });
     }
 }
@@ -205,7 +214,7 @@ void CRandomSession::listTextures() {
         const int id = anyOf<int>({IDC_TEXTURES, IDC_TEXTURES, IDC_TEXTURE_FORMAT, IDC_TEXTURE_SIZE});
         steps.push_back({.id = id, .row = pick(0, id == IDC_TEXTURES ? textures : 7)});
     }
-    if (textures < MOST_TEXTURES && chance(30)) {
+    if (textures < MOST_TEXTURES && chance(50)) {
         std::vector<std::string> files = FILES;
         std::ranges::shuffle(files, m_random);
         files.resize(static_cast<std::size_t>(pick(0, 3)));

@@ -345,7 +345,7 @@ Seen CReferenceEditor::pickColour(int swatch, const qxCColour* colour) {
 }
 
 void CReferenceEditor::dragColour(int from, int to) {
-    if (isInReach(from)) {
+    if (panel.swatches.contains(from) && isInReach(from)) {
         m_nSwatchPressed = from;
         m_swatchColour = panel.swatches[from];
     }

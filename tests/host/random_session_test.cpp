@@ -53,5 +53,5 @@ TEST(RandomSession, ExportsAndPanelStayAlikeToTheReference) {
         QFile file(directory.filePath(QString::fromStdString(name)));
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     }
-    playSessions(*makeExportsDriver(directory.path().toStdString()), SUITE_SHARE * 10'000);
+    playSessions(*makeExportsDriver(directory.path().toStdString()), SUITE_SHARE * 12'000);
 }
