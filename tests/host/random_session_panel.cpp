@@ -5,8 +5,9 @@
 #include <algorithm>
 #include <cstring>
 
+/// The last one has a name that is too long.
 const std::vector<std::string> CRandomSession::FILES = {"moss.tga", "rock.v2.tga", "abcdefghijkl.tga",
-                                                        "abcdefghijklm.tga", "seven.leagues.long.tga"};
+                                                        "seven.leagues.long.tga", "abcdefghijklm.tga"};
 
 namespace {
 
@@ -214,10 +215,13 @@ void CRandomSession::listTextures() {
         const int id = anyOf<int>({IDC_TEXTURES, IDC_TEXTURES, IDC_TEXTURE_FORMAT, IDC_TEXTURE_SIZE});
         steps.push_back({.id = id, .row = pick(0, id == IDC_TEXTURES ? textures : 7)});
     }
-    if (textures < MOST_TEXTURES && chance(50)) {
-        std::vector<std::string> files = FILES;
-        std::ranges::shuffle(files, m_random);
-        files.resize(static_cast<std::size_t>(pick(0, 3)));
+    if (chance(50)) {
+        std::vector<std::string> files = {FILES.back()};
+        if (textures < MOST_TEXTURES) {
+            files = FILES;
+            std::ranges::shuffle(files, m_random);
+            files.resize(static_cast<std::size_t>(pick(0, 3)));
+        }
         steps.push_back({.id = IDC_IMPORT_TEXTURE, .files = files});
     }
     const int end = anyOf<int>({OK, OK, CANCEL, STEP_ESCAPE, STEP_DOUBLE_CLICK});
