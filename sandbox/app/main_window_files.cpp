@@ -4,6 +4,7 @@
 #include "sandbox/project/project_folder.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -32,6 +33,15 @@ QString placeFor(const CMapDocument& document) {
     return QDir::home().filePath(document.name().remove(" (sample)"));
 }
 
+/// The pointer tells that the window is busy, for as long as this lives: a large map takes seconds.
+class CBusyPointer {
+public:
+    CBusyPointer() { QApplication::setOverrideCursor(Qt::WaitCursor); }
+    ~CBusyPointer() { QApplication::restoreOverrideCursor(); }
+    CBusyPointer(const CBusyPointer&) = delete;
+    CBusyPointer& operator=(const CBusyPointer&) = delete;
+};
+
 /// A project is named by its folder, but its project file may be picked as well.
 QString projectFolderOf(const QString& path) {
     const QFileInfo info(path);
@@ -41,6 +51,7 @@ QString projectFolderOf(const QString& path) {
 } // namespace
 
 QString CMainWindow::openMap(const QString& path) {
+    const CBusyPointer busy;
     const bool editorWasOpen = vuIsEditorActive();
     const CMapDocument::Outcome outcome = m_document.open(path, [this] {
         closeEditor();
@@ -64,10 +75,12 @@ QString CMainWindow::openMap(const QString& path) {
 }
 
 QString CMainWindow::saveHeightmap(const QString& path) {
+    const CBusyPointer busy;
     return settleSave(path, m_document.saveHeightmap(path));
 }
 
 QString CMainWindow::saveProject(const QString& folder) {
+    const CBusyPointer busy;
     return settleSave(folder, m_document.saveProject(folder));
 }
 

@@ -289,6 +289,17 @@ TEST_F(MainWindow, AHeightmapSaysWhatItCannotKeep) {
     EXPECT_TRUE(std::ranges::equal(saved.water, map().getWaterFlags()));
 }
 
+TEST_F(MainWindow, OfAProjectTheHeightsAreSavedAsACopy) {
+    saveProjectAs(folder());
+    map().setPointHeight(4, 4, 444, true);
+    map().addWater(EDGE / 2, 3);
+    const QString copy = scratch.filePath("copy.png");
+    converse({chooseFile(copy)}, [&] { choose("save-heightmap-as"); });
+    EXPECT_EQ(readHeightmapFile(copy).map.heights[4 * EDGE + 4], 444);
+    EXPECT_EQ(document().path().toStdString(), folder().toStdString());
+    EXPECT_TRUE(document().hasHeightChanges()) << "the project itself is not saved";
+}
+
 TEST_F(MainWindow, AProjectThatCannotBeOpenedLeavesTheMapAtHand) {
     saveProjectAs(folder());
     const QString projectFile = folder() + '/' + PROJECT_FILE_NAME;
