@@ -303,7 +303,12 @@ void CEventGestures::typeIntoAnyField(QWidget& window) {
 
 void CEventGestures::hostCall() {
     for (int calls = m_dice.between(1, 6); calls > 0; --calls) {
-        if (m_dice.oneIn(3)) {
+        if (m_dice.oneIn(12)) {
+            add(EventKind::MAP_EDIT, "of the host", [this] {
+                m_stage.editMap();
+                return true;
+            });
+        } else if (m_dice.oneIn(3)) {
             add(EventKind::HOVER, "of the host", [this] {
                 m_stage.hover();
                 return true;

@@ -16,6 +16,8 @@
 
 namespace {
 
+const QString VIEW_NAME = QStringLiteral("view");
+
 void addTexture(CMemoryScene& scene, const char* name, const char* fileName) {
     qxCTexture* const texture = scene.createTexture();
     texture->name.setString(name);
@@ -139,14 +141,24 @@ void CEventStage::makeWindow() {
     m_window = std::make_unique<QWidget>();
     m_window->setObjectName("host");
     m_window->resize(400, 300);
+    auto* const view = new QWidget(m_window.get());
+    view->setObjectName(VIEW_NAME);
+    view->setGeometry(0, 40, 400, 260);
     m_window->show();
 }
 
+/// What a host has to offer as a parent: its window, the view in it, nothing.
+HWND CEventStage::anyHostHandle() {
+    const QWidget* const view = m_window->findChild<QWidget*>(VIEW_NAME);
+    const std::array<const QWidget*, 3> parents = {m_window.get(), view, nullptr};
+    const QWidget* const parent = m_dice.of(parents);
+    return parent != nullptr ? reinterpret_cast<HWND>(parent->winId()) : nullptr;
+}
+
 void CEventStage::openEditor() {
-    const HWND host = m_dice.oneIn(4) ? nullptr : reinterpret_cast<HWND>(m_window->winId());
     const bool wasOpen = vuIsEditorActive();
-    vuCreateEditor(host, m_map.get(), m_directory.path().toUtf8().constData(), nullptr, !m_dice.oneIn(6),
-                   nullptr);
+    vuCreateEditor(anyHostHandle(), m_map.get(), m_directory.path().toUtf8().constData(), nullptr,
+                   !m_dice.oneIn(6), nullptr);
     m_bOpen = vuIsEditorActive();
     m_tally.opened += m_bOpen && !wasOpen ? 1 : 0;
 }
@@ -201,6 +213,21 @@ void CEventStage::stroke() {
         return;
     default:
         vuUpdateEditing(coordinate(), coordinate(), 0, 0, 0, m_dice.between(-40, 40));
+    }
+}
+
+void CEventStage::editMap() {
+    switch (m_dice.below(5)) {
+    case 0:
+        return m_map->removeMultiTexture(m_dice.below(4));
+    case 1:
+        return addDefinitions();
+    case 2:
+        return m_map->setTexture(qxMapLayerRough, m_dice.oneIn(2) ? nullptr : m_scene->getTexture(1));
+    case 3:
+        return m_map->setTextureTiling(m_dice.between(1, 256));
+    default:
+        vuDestroySettings(); // may come at any time, and empties the history
     }
 }
 

@@ -4,6 +4,7 @@
 #include "engine/memory/memory_scene.h"
 #include "host/ui_events/event_dice.h"
 #include "host/ui_events/event_tally.h"
+#include "platform/window_handle.h"
 
 #include <QByteArray>
 #include <QMap>
@@ -31,6 +32,8 @@ public:
     /// One call for a stroke: a start, an update or a stop, at any cell of the map or beyond.
     void stroke();
     void hover();
+    /// The host changes of its map what the panel shows: definitions, base textures, the tiling.
+    void editMap();
     /// Tells the user's ways to close the panel from the host's own.
     void observe();
     /// Closes and frees everything.
@@ -50,13 +53,14 @@ private:
     void addDetails();
     void makeWindow();
     void countImports();
+    HWND anyHostHandle();
     int coordinate();
 
     CEventDice& m_dice;
     EventTally& m_tally;
     QTemporaryDir m_directory;
     QMap<QString, QByteArray> m_files;
-    std::unique_ptr<QWidget> m_window;
+    std::unique_ptr<QWidget> m_window; // with the view that shows the map
     std::unique_ptr<CMemoryScene> m_scene;
     std::unique_ptr<CMemoryMap> m_map;
     int m_nOwnTextures = 0;

@@ -4,8 +4,8 @@
 
 const char* nameOf(EventKind kind) {
     constexpr std::array<const char*, EVENT_KINDS> NAMES = {
-        "press", "double click", "context press", "move",   "release", "key",   "wheel",
-        "focus", "resize",       "close",         "stroke", "hover",   "editor"};
+        "press", "double click", "context press", "move",   "release", "key",      "wheel",
+        "focus", "resize",       "close",         "stroke", "hover",   "map edit", "editor"};
     return NAMES[static_cast<std::size_t>(kind)];
 }
 

@@ -19,6 +19,7 @@ enum class EventKind {
     CLOSE,
     STROKE,
     HOVER,
+    MAP_EDIT,
     EDITOR,
     COUNT
 };

@@ -12,12 +12,7 @@
 
 namespace {
 
-/// An instrumented build takes longer for the same session.
-#ifdef __SANITIZE_ADDRESS__
-constexpr std::uint64_t SUITE_SHARE = 20'000;
-#else
-constexpr std::uint64_t SUITE_SHARE = 25'000;
-#endif
+constexpr std::uint64_t SUITE_SHARE = 30'000;
 
 std::uint64_t setting(const char* name, std::uint64_t standard) {
     const char* const value = std::getenv(name);
@@ -49,7 +44,8 @@ void expectNotIdle(EventTally& tally) {
 
 } // namespace
 
-// A longer session by hand: VESK_EVENTS=1000000 VESK_EVENTS_SEED=7 bin/test_ui_events
+// Another session by hand: VESK_EVENTS=1000000 VESK_EVENTS_SEED=7 bin/test_ui_events. One of less than some
+// 20,000 events need not come to every way to leave every dialog.
 TEST(UiEvents, RandomEventsNeitherCrashNorHangNorLeak) {
     const std::uint64_t seed = setting("VESK_EVENTS_SEED", 1);
     const int count = static_cast<int>(setting("VESK_EVENTS", SUITE_SHARE));
