@@ -91,6 +91,7 @@ private:
     bool compareControls();
     bool comparePanel();
     bool compareRecords();
+    template <class Get> bool compareEach(const char* kind, int count, int expected, Get get);
     bool isEqual(const char* what, std::int64_t actual, std::int64_t expected);
     bool isSeenAlike(const Seen& actual, const Seen& expected);
     bool report(const std::string& what);

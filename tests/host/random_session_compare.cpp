@@ -42,63 +42,30 @@ int indexOf(const CMemoryScene& scene, const qxCTexture* texture) {
     return texture == nullptr ? -1 : -2;
 }
 
-/// What the records of a map and its scene hold, value by value.
-struct Records {
-    std::vector<float> numbers;
-    std::vector<std::string> names;
+bool isSame(const qxCVector3d& a, const qxCVector3d& b) {
+    return isSame(a.x, b.x) && isSame(a.y, b.y) && isSame(a.z, b.z);
+}
 
-    void add(std::initializer_list<float> values) { numbers.insert(numbers.end(), values); }
-    void add(const qxCColour& c) {
-        for (const int channel : {c.r, c.g, c.b, c.a}) {
-            numbers.push_back(static_cast<float>(channel));
-        }
-    }
-    void add(const qxCVector3d& v) { add({v.x, v.y, v.z}); }
-    void add(int value) { numbers.push_back(static_cast<float>(value)); }
-};
+bool isSame(const qxCMapDetailRecord& a, const qxCMapDetailRecord& b) {
+    return a.type == b.type && a.highlighted == b.highlighted && isSame(a.scalar, b.scalar) &&
+           isSame(a.point0, b.point0) && isSame(a.point1, b.point1) && isSame(a.point2, b.point2);
+}
 
-Records recordsOf(CMemoryMap& map, const CMemoryScene& scene) {
-    Records all;
-    for (int i = 0; i < map.getDetails().size(); ++i) {
-        const qxCMapDetailRecord& detail = map.getDetails()[i];
-        all.add(indexOf(scene, detail.texture));
-        all.add(detail.type);
-        all.add({static_cast<float>(detail.highlighted), detail.scalar});
-        all.add(detail.point0);
-        all.add(detail.point1);
-        all.add(detail.point2);
-    }
-    for (int i = 0; i < map.getNumMultiTextures(); ++i) {
-        const qxCMapMultiTexture& definition = *map.getMultiTexture(i);
-        all.add(definition.tint1);
-        all.add(definition.tint2);
-        all.add({definition.blend, definition.variation});
-    }
-    for (int i = 0; i < map.getNumTerrainDefs(); ++i) {
-        const _qxMapTerrainDef& type = *map.getTerrainDef(i);
-        all.names.emplace_back(type.name);
-        all.add(type.preserveFlatAreas);
-        all.add({type.noise, type.effectOnNeighbours, type.weighting});
-        all.numbers.insert(all.numbers.end(), std::begin(type.filter), std::end(type.filter));
-    }
-    for (const qxMapLayerType layer : {qxMapLayerSmooth, qxMapLayerRough, qxMapLayerWater}) {
-        all.add(indexOf(scene, map.getTexture(layer)));
-    }
-    all.add(map.getAmbient());
-    all.add(map.getDiffuse());
-    for (const int value :
-         {map.getCurrentMultiTexture(), map.getTextureTiling(),
-          static_cast<int>(map.hasFlag(qxMapFlagChecker)), static_cast<int>(scene.getFogMode())}) {
-        all.add(value);
-    }
-    for (int i = 0; i < scene.getNumTextures(); ++i) {
-        const qxCTexture& texture = *scene.getTexture(i);
-        all.names.emplace_back(texture.name.getString());
-        all.names.emplace_back(texture.getFilename());
-        all.add(texture.getSize());
-        all.add(texture.getPixelFormat());
-    }
-    return all;
+bool isSame(const qxCMapMultiTexture& a, const qxCMapMultiTexture& b) {
+    return a.tint1 == b.tint1 && a.tint2 == b.tint2 && isSame(a.blend, b.blend) &&
+           isSame(a.variation, b.variation);
+}
+
+bool isSame(const _qxMapTerrainDef& a, const _qxMapTerrainDef& b) {
+    return std::strcmp(a.name, b.name) == 0 && a.preserveFlatAreas == b.preserveFlatAreas &&
+           isSame(a.noise, b.noise) && isSame(a.effectOnNeighbours, b.effectOnNeighbours) &&
+           isSame(a.weighting, b.weighting) && std::memcmp(a.filter, b.filter, sizeof a.filter) == 0;
+}
+
+bool isSame(const qxCTexture& a, const qxCTexture& b) {
+    return std::strcmp(a.name.getString(), b.name.getString()) == 0 &&
+           std::strcmp(a.getFilename(), b.getFilename()) == 0 && a.getSize() == b.getSize() &&
+           a.getPixelFormat() == b.getPixelFormat();
 }
 
 } // namespace
@@ -160,19 +127,53 @@ bool CRandomSession::compare() {
            (!m_reference.isOpen || comparePanel());
 }
 
-/// Details, texture definitions, terrain types, material, and the scene's textures.
-bool CRandomSession::compareRecords() {
-    const CMemoryMap& map = m_actualMaps[m_nMap];
-    const Records actual = recordsOf(m_actualMaps[m_nMap], m_actualScene);
-    const Records expected = recordsOf(m_expectedMaps[m_nMap], m_expectedScene);
-    const auto differ = std::ranges::mismatch(actual.numbers, expected.numbers,
-                                              [](float a, float b) { return isSame(a, b); });
-    if (actual.numbers.size() != expected.numbers.size() || differ.in1 != actual.numbers.end()) {
-        return report(text("records: with", map.getDetails().size(), "details and", map.getNumMultiTextures(),
-                           "definitions, of", actual.numbers.size(), "instead of", expected.numbers.size(),
-                           "numbers the one at", differ.in1 - actual.numbers.begin()));
+/// Report the first of `count` records of a kind that differs, each got by its index.
+template <class Get> bool CRandomSession::compareEach(const char* kind, int count, int expected, Get get) {
+    for (int i = 0; i < std::min(count, expected); ++i) {
+        const auto [a, b] = get(i);
+        if (!isSame(*a, *b)) {
+            return report(text(kind, i));
+        }
     }
-    return actual.names == expected.names || report("names of terrain types or textures");
+    return isEqual(kind, count, expected);
+}
+
+bool CRandomSession::compareRecords() {
+    CMemoryMap& actual = m_actualMaps[m_nMap];
+    CMemoryMap& expected = m_expectedMaps[m_nMap];
+    const auto isSameTexture = [this](const char* what, const qxCTexture* a, const qxCTexture* b) {
+        return isEqual(what, indexOf(m_actualScene, a), indexOf(m_expectedScene, b));
+    };
+    const CDetailList& details = actual.getDetails();
+    const CDetailList& otherDetails = expected.getDetails();
+    bool alike = compareEach("details", details.size(), otherDetails.size(),
+                             [&](int i) { return std::pair(&details[i], &otherDetails[i]); });
+    for (int i = 0; alike && i < details.size(); ++i) {
+        alike = isSameTexture("detail's texture", details[i].texture, otherDetails[i].texture);
+    }
+    for (const qxMapLayerType layer : {qxMapLayerSmooth, qxMapLayerRough, qxMapLayerWater}) {
+        alike = alike && isSameTexture("base texture", actual.getTexture(layer), expected.getTexture(layer));
+    }
+    if (alike &&
+        (actual.getAmbient() != expected.getAmbient() || actual.getDiffuse() != expected.getDiffuse())) {
+        return report("material colours");
+    }
+    return alike &&
+           compareEach(
+               "definitions", actual.getNumMultiTextures(), expected.getNumMultiTextures(),
+               [&](int i) { return std::pair(actual.getMultiTexture(i), expected.getMultiTexture(i)); }) &&
+           compareEach(
+               "terrain types", actual.getNumTerrainDefs(), expected.getNumTerrainDefs(),
+               [&](int i) { return std::pair(actual.getTerrainDef(i), expected.getTerrainDef(i)); }) &&
+           compareEach("textures", m_actualScene.getNumTextures(), m_expectedScene.getNumTextures(),
+                       [&](int i) {
+                           return std::pair(m_actualScene.getTexture(i), m_expectedScene.getTexture(i));
+                       }) &&
+           isEqual("current definition", actual.getCurrentMultiTexture(),
+                   expected.getCurrentMultiTexture()) &&
+           isEqual("tiling", actual.getTextureTiling(), expected.getTextureTiling()) &&
+           isEqual("map flag", actual.hasFlag(qxMapFlagChecker), expected.hasFlag(qxMapFlagChecker)) &&
+           isEqual("fog", m_actualScene.getFogMode(), m_expectedScene.getFogMode());
 }
 
 bool CRandomSession::comparePanel() {
@@ -208,7 +209,7 @@ bool CRandomSession::comparePanel() {
 }
 
 bool CRandomSession::compareControls() {
-    const std::vector<int> ids = m_driver.controls();
+    const std::vector<int>& ids = m_driver.controls();
     const Seen actual = m_driver.shown();
     const Seen expected = m_reference.shown(ids);
     const auto [a, b] = std::ranges::mismatch(actual, expected);

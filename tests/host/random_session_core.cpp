@@ -109,7 +109,10 @@ public:
         return swatch == IDC_TINT_COLOUR ? Seen{describe(before)} : Seen{};
     }
 
+    const std::vector<int>& controls() const override { return m_noControls; }
+
 private:
+    const std::vector<int> m_noControls;
     std::unique_ptr<CPanel> m_pPanel;
     bool m_bEditing = false;
 };

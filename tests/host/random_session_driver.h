@@ -64,13 +64,13 @@ public:
     /// Open a dialog with the panel's button `opener` and take these steps, of which the last one ends it.
     virtual Seen runDialog(int /*opener*/, const std::vector<DialogStep>& /*steps*/) { return {}; }
     /// The ids of all controls of the open panel, and what they show.
-    virtual std::vector<int> controls() const { return {}; }
+    virtual const std::vector<int>& controls() const = 0;
     virtual Seen shown() const { return {}; }
 };
 
 /// One control as it is seen, and a colour, in words.
 inline std::string describe(const std::string& text, bool enabled) {
-    return enabled ? text : text + " (disabled)";
+    return enabled ? text : text + " off";
 }
 inline std::string describe(const qxCColour& colour) {
     return std::to_string(colour.r) + ' ' + std::to_string(colour.g) + ' ' + std::to_string(colour.b);

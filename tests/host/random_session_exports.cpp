@@ -37,6 +37,8 @@ public:
             QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); // the panel before
             m_pWindow = ui::dialog(IDD_MAP_EDITOR);
             m_controls = hands::controlsOf(*m_pWindow);
+            m_ids.clear();
+            std::ranges::transform(m_controls, std::back_inserter(m_ids), &hands::Control::id);
             m_pWindow->activateWindow();
             waitForKeyboard();
             leaveFields();
@@ -135,14 +137,11 @@ public:
         return seen;
     }
 
-    std::vector<int> controls() const override {
-        std::vector<int> ids;
-        std::ranges::transform(m_controls, std::back_inserter(ids), &hands::Control::id);
-        return ids;
-    }
+    const std::vector<int>& controls() const override { return m_ids; }
 
     Seen shown() const override {
         Seen all;
+        all.reserve(m_controls.size());
         std::ranges::transform(m_controls, std::back_inserter(all), &hands::describe);
         return all;
     }
@@ -171,6 +170,7 @@ private:
     std::string m_strTextureDir;
     QWidget* m_pWindow = nullptr; // the open panel's
     std::vector<hands::Control> m_controls;
+    std::vector<int> m_ids; // theirs
     int m_nClicks = 0;
 };
 

@@ -133,7 +133,7 @@ private:
     void colourChanged(int swatch);
     Seen editTypes(const std::vector<DialogStep>& steps);
     Seen listTextures(int picker, const std::vector<DialogStep>& steps);
-    std::map<int, std::string> shownTexts() const;
+    std::string shownText(int id) const;
 
     struct {
         bool valid = false;

@@ -374,39 +374,51 @@ void CReferenceEditor::colourChanged(int swatch) {
 }
 
 Seen CReferenceEditor::shown(const std::vector<int>& ids) const {
-    std::map<int, std::string> texts = shownTexts();
     Seen all;
+    all.reserve(ids.size());
     for (const int id : ids) {
-        all.push_back(describe(texts[id], !panel.disabled.contains(id)));
+        all.push_back(describe(shownText(id), !panel.disabled.contains(id)));
     }
     return all;
 }
 
-std::map<int, std::string> CReferenceEditor::shownTexts() const {
-    std::map<int, std::string> texts = {
-        {IDC_TOOL_TABS, std::to_string(panel.isDetailsTab)},
-        {IDC_HIDE_CURSOR, std::to_string(panel.hideCursor)},
-        {IDC_MAP_FLAG, std::to_string(panel.mapFlag)},
-        {IDC_FOG, std::to_string(panel.fog)},
-        {IDC_STRENGTH, std::to_string(within(panel.strength, 1, 10))},
-        {IDC_STRENGTH_TEXT, panel.strengthText},
-        {IDC_HEIGHT, std::to_string(panel.height)},
-        {IDC_GRADIENT, digits(panel.gradient)},
-        {IDC_TEXTURE_NUMBER, std::to_string(panel.number)},
-        {IDC_BLEND, digits(panel.blend)},
-        {IDC_VARIATION, digits(panel.variation)},
-        {IDC_TILING, std::to_string(panel.tiling)},
-        {IDC_UNDO_FILL, std::to_string(panel.fill)},
-        {IDC_EXPAND, panel.expanded ? "Simple Controls<<" : "Advanced Controls >>"},
-    };
-    for (const int tool : TOOLS) {
-        texts[tool] = std::to_string(panel.tool == placeOf(TOOLS, tool));
+std::string CReferenceEditor::shownText(int id) const {
+    if (const auto picker = panel.pickers.find(id); picker != panel.pickers.end()) {
+        return picker->second != nullptr ? picker->second->name.getString() : "-NONE-";
     }
-    for (const int brush : BRUSHES) {
-        texts[brush] = std::to_string(panel.brush == placeOf(BRUSHES, brush));
+    if (const int tool = placeOf(TOOLS, id); tool >= 0) {
+        return panel.tool == tool ? "1" : "0";
     }
-    for (const auto& [picker, texture] : panel.pickers) {
-        texts[picker] = texture != nullptr ? texture->name.getString() : "-NONE-";
+    if (const int brush = placeOf(BRUSHES, id); brush >= 0) {
+        return panel.brush == brush ? "1" : "0";
     }
-    return texts;
+    switch (id) {
+    case IDC_STRENGTH_TEXT:
+        return panel.strengthText;
+    case IDC_GRADIENT:
+        return digits(panel.gradient);
+    case IDC_BLEND:
+        return digits(panel.blend);
+    case IDC_VARIATION:
+        return digits(panel.variation);
+    case IDC_EXPAND:
+        return panel.expanded ? "Simple Controls<<" : "Advanced Controls >>";
+    default:
+        break;
+    }
+    const std::pair<int, int> numbers[] = {{IDC_TOOL_TABS, panel.isDetailsTab},
+                                           {IDC_HIDE_CURSOR, panel.hideCursor},
+                                           {IDC_MAP_FLAG, panel.mapFlag},
+                                           {IDC_FOG, panel.fog},
+                                           {IDC_STRENGTH, within(panel.strength, 1, 10)},
+                                           {IDC_HEIGHT, panel.height},
+                                           {IDC_TEXTURE_NUMBER, panel.number},
+                                           {IDC_TILING, panel.tiling},
+                                           {IDC_UNDO_FILL, panel.fill}};
+    for (const auto& [control, number] : numbers) {
+        if (control == id) {
+            return std::to_string(number);
+        }
+    }
+    return {};
 }
