@@ -109,6 +109,8 @@ int main(int argc, char** argv) {
     if (parser.isSet(tourOption)) {
         QTimer::singleShot(0, &window,
                            [&] { QApplication::exit(runTour(window, parser.value(tourOption))); });
+    } else {
+        QTimer::singleShot(0, &window, &CMainWindow::offerAutosave);
     }
     return QApplication::exec();
 }

@@ -11,12 +11,16 @@
 #include <QLabel>
 #include <QSpinBox>
 #include <QStatusBar>
+#include <QTimer>
 #include <algorithm>
+#include <chrono>
 #include <cmath>
 
 namespace {
 
 constexpr double EASY_UNIT = 0.01; // world units that a pixel of drag should move the ground at least
+
+constexpr std::chrono::minutes AUTOSAVE_PERIOD(1);
 
 /// The panel opens over the middle of its host, where the ground is. At the view's left edge it is out of the
 /// way and has room for its right half.
@@ -50,6 +54,10 @@ CMainWindow::CMainWindow() : m_pView(new CMapView(this)) {
     // followed whenever the application falls idle.
     connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this,
             &CMainWindow::followState);
+    auto* autosaves = new QTimer(this);
+    autosaves->setObjectName("autosave");
+    connect(autosaves, &QTimer::timeout, this, &CMainWindow::autosave);
+    autosaves->start(AUTOSAVE_PERIOD);
 }
 
 CMainWindow::~CMainWindow() {
@@ -82,6 +90,7 @@ void CMainWindow::closeEvent(QCloseEvent* event) {
         return;
     }
     closeEditor();
+    m_document.dropAutosave(); // its changes are saved or given up
     event->accept();
 }
 

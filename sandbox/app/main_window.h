@@ -24,6 +24,8 @@ public:
     /// Open a heightmap or a project in place of the map that is open, without asking. Returns what to tell
     /// on failure.
     QString openMap(const QString& path);
+    /// Ask whether the unsaved work of a program that ended unasked is to be taken up, if there is any.
+    void offerAutosave();
     /// Save the heights to a file. Returns what to tell on failure.
     QString saveHeightmap(const QString& path);
     /// Save all of the map to a folder. Returns what to tell on failure.
@@ -45,6 +47,9 @@ private:
     void connectView();
 
     // Files: main_window_files.cpp. Each save is false when it failed or was called off.
+    CMapDocument::Outcome
+    replaceMap(const std::function<CMapDocument::Outcome(const std::function<void()>& beforeSwap)>& open);
+    void autosave();
     void chooseProject();
     void chooseHeightmap();
     void openAsked(const QString& path);

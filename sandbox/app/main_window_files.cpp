@@ -52,26 +52,64 @@ QString projectFolderOf(const QString& path) {
 
 QString CMainWindow::openMap(const QString& path) {
     const CBusyPointer busy;
+    const CMapDocument::Outcome outcome = replaceMap(
+        [&](const std::function<void()>& beforeSwap) { return m_document.open(path, beforeSwap); });
+    if (outcome.error.isEmpty()) {
+        m_bHeightsAreEnough = false;
+        m_recentFiles.add(QFileInfo(path).absoluteFilePath());
+        statusBar()->showMessage(
+            outcome.note.isEmpty() ? tr("%1 x %1 cells").arg(m_document.map().getGridDim()) : outcome.note);
+    }
+    return outcome.error;
+}
+
+CMapDocument::Outcome CMainWindow::replaceMap(
+    const std::function<CMapDocument::Outcome(const std::function<void()>& beforeSwap)>& open) {
     const bool editorWasOpen = vuIsEditorActive();
-    const CMapDocument::Outcome outcome = m_document.open(path, [this] {
+    CMapDocument::Outcome outcome = open([this] {
         closeEditor();
         m_pView->setMap(nullptr);
         vuDestroySettings(); // what it remembers is matched to the old map's address, which is about to be
                              // freed
     });
-    if (!outcome.error.isEmpty()) {
-        return outcome.error;
+    if (outcome.error.isEmpty()) {
+        adoptMap();
+        if (editorWasOpen) {
+            openEditor();
+        }
     }
-    adoptMap();
-    m_bHeightsAreEnough = false;
-    m_recentFiles.add(QFileInfo(path).absoluteFilePath());
-    if (editorWasOpen) {
-        openEditor();
+    return outcome;
+}
+
+void CMainWindow::offerAutosave() {
+    if (!m_document.hasAutosave()) {
+        return;
     }
-    const CMemoryMap& map = m_document.map();
-    statusBar()->showMessage(outcome.note.isEmpty() ? tr("%1 x %1 cells").arg(map.getGridDim())
-                                                    : outcome.note);
-    return {};
+    QMessageBox box(QMessageBox::Question, tr("Terrain sandbox"),
+                    tr("There is an automatic copy of %1 with changes that were never saved. Open the copy?")
+                        .arg(m_document.name()),
+                    QMessageBox::NoButton, this);
+    box.setObjectName("autosave-question");
+    const QPushButton* open = box.addButton(tr("&Open Copy"), QMessageBox::AcceptRole);
+    const QPushButton* remove = box.addButton(tr("&Delete Copy"), QMessageBox::DestructiveRole);
+    box.exec();
+    if (box.clickedButton() == open) {
+        tell(replaceMap([&](const std::function<void()>& beforeSwap) {
+                 return m_document.openAutosave(beforeSwap);
+             }).error);
+    } else if (box.clickedButton() == remove) {
+        m_document.dropAutosave();
+    }
+}
+
+void CMainWindow::autosave() {
+    if (vuIsEditingInProgress()) {
+        return; // the next time will do
+    }
+    const QString failure = m_document.autosave().error;
+    if (!failure.isEmpty()) {
+        statusBar()->showMessage(failure); // no window: the person asked for nothing
+    }
 }
 
 QString CMainWindow::saveHeightmap(const QString& path) {
@@ -118,9 +156,14 @@ void CMainWindow::chooseHeightmap() {
 }
 
 void CMainWindow::openAsked(const QString& path) {
-    if (mayDropMap() && !tell(openMap(path))) {
-        m_recentFiles.remove(path);
+    if (!mayDropMap()) {
+        return;
     }
+    if (!tell(openMap(path))) {
+        m_recentFiles.remove(path);
+        return;
+    }
+    offerAutosave();
 }
 
 bool CMainWindow::save() {

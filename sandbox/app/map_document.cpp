@@ -11,6 +11,8 @@
 #include <QHash>
 #include <QSet>
 #include <algorithm>
+#include <chrono>
+#include <new>
 
 namespace {
 
@@ -85,6 +87,14 @@ void listTextures(CMemoryScene& scene, const QString& mapFolder) {
     }
 }
 
+CProjectFault writeCopy(const QString& folder, CProject project) {
+    try {
+        return writeProject(folder, project);
+    } catch (const std::bad_alloc&) {
+        return {folder, "there is not enough memory"};
+    }
+}
+
 QString failedTo(const char* what, const QString& path, const QString& reason) {
     return QString("Failed to %1 %2: %3").arg(what, path, reason);
 }
@@ -136,6 +146,7 @@ CMapDocument::Outcome CMapDocument::openHeightmap(const QString& path,
     const QFileInfo info(path);
     adopt(makeContents(reading.map, info.absolutePath()), beforeSwap);
     m_projectFile = {};
+    dropAutosave(); // of what was open: its changes are saved or given up
     belongTo(EKind::heightmap, path);
     lookForTexturesIn(info.absolutePath());
     if (reading.isCropped()) { // saving a part of a picture over the whole would lose the rest of it
@@ -145,6 +156,12 @@ CMapDocument::Outcome CMapDocument::openHeightmap(const QString& path,
     return {{}, cropNote(reading)};
 }
 
+CMapDocument::CContents CMapDocument::contentsOf(const CProject& project) {
+    CContents made{buildScene(project), nullptr};
+    made.map = buildMap(project, *made.scene);
+    return made;
+}
+
 CMapDocument::Outcome CMapDocument::openProject(const QString& path,
                                                 const std::function<void()>& beforeSwap) {
     CProject project;
@@ -152,12 +169,11 @@ CMapDocument::Outcome CMapDocument::openProject(const QString& path,
     if (!fault.reason.isEmpty()) {
         return {failedTo("open", fault.path, fault.reason), {}};
     }
-    CContents contents{buildScene(project), nullptr};
-    contents.map = buildMap(project, *contents.scene);
-    adopt(std::move(contents), beforeSwap);
+    adopt(contentsOf(project), beforeSwap);
     m_projectFile = project.original;
     const QFileInfo info(path);
     const QString folder = info.isDir() ? info.absoluteFilePath() : info.absolutePath();
+    dropAutosave(); // of what was open
     belongTo(EKind::project, folder);
     lookForTexturesIn(folder);
     return {};
@@ -165,6 +181,7 @@ CMapDocument::Outcome CMapDocument::openProject(const QString& path,
 
 void CMapDocument::adopt(CContents contents, const std::function<void()>& beforeSwap) {
     beforeSwap();
+    endAutosave();
     m_map = std::move(contents.map);
     m_scene = std::move(contents.scene);
 }
@@ -202,8 +219,11 @@ CMapDocument::Outcome CMapDocument::saveHeightmap(const QString& path) {
         return {failedTo("save", path, reason), {}};
     }
     if (m_kind != EKind::project) {
-        belongTo(EKind::heightmap, path);
         m_nSavedHeights = m_map->getChangeCount(EMapChange::heights);
+        if (!isModified()) {
+            dropAutosave();
+        }
+        belongTo(EKind::heightmap, path);
     }
     return {};
 }
@@ -218,10 +238,65 @@ CMapDocument::Outcome CMapDocument::saveProject(const QString& folder) {
     if (!fault.reason.isEmpty()) {
         return {failedTo("save", fault.path, fault.reason), {}};
     }
+    dropAutosave();
     belongTo(EKind::project, folder);
+    dropAutosave();
     lookForTexturesIn(m_strPath.isEmpty() ? folder : m_strPath);
     rememberState();
     return {};
+}
+
+CMapDocument::Outcome CMapDocument::autosave() {
+    if (m_autosaving.valid() && m_autosaving.wait_for(std::chrono::seconds(0)) != std::future_status::ready) {
+        return {};
+    }
+    const CProjectFault fault = m_autosaving.valid() ? m_autosaving.get() : CProjectFault();
+    if (!fault.reason.isEmpty()) {
+        m_nAutosaved = 0;
+        return {failedTo("save", fault.path, fault.reason), {}};
+    }
+    const std::uint64_t state = qHashMulti(m_map->getChangeCount(EMapChange::heights), otherState());
+    if (m_strPath.isEmpty() || !isModified() || state == m_nAutosaved) {
+        return {};
+    }
+    CProject project = captureProject(*m_map, *m_scene);
+    project.original = m_projectFile;
+    m_autosaving = std::async(std::launch::async, writeCopy, autosaveFolder(), std::move(project));
+    m_nAutosaved = state;
+    return {};
+}
+
+void CMapDocument::endAutosave() {
+    if (m_autosaving.valid()) {
+        m_autosaving.get();
+    }
+    m_nAutosaved = 0;
+}
+
+bool CMapDocument::hasAutosave() const {
+    return !m_strPath.isEmpty() && QFileInfo(autosaveFolder() + '/' + PROJECT_FILE_NAME).isFile();
+}
+
+CMapDocument::Outcome CMapDocument::openAutosave(const std::function<void()>& beforeSwap) {
+    CProject project;
+    const CProjectFault fault = readProject(autosaveFolder(), project);
+    if (!fault.reason.isEmpty()) {
+        return {failedTo("open", fault.path, fault.reason), {}};
+    }
+    adopt(contentsOf(project), beforeSwap);
+    m_projectFile = project.original;
+    rememberState();
+    constexpr std::uint64_t NEVER = ~std::uint64_t{0};
+    m_nSavedHeights = NEVER;
+    m_nSavedOther ^= NEVER;
+    return {};
+}
+
+void CMapDocument::dropAutosave() {
+    endAutosave();
+    if (hasAutosave()) {
+        QDir(autosaveFolder()).removeRecursively();
+    }
 }
 
 bool CMapDocument::hasHeightChanges() const {

@@ -2,15 +2,14 @@
 
 #include "engine/memory/memory_map.h"
 #include "engine/memory/memory_scene.h"
-#include "sandbox/core/heightmap_png.h"
+#include "sandbox/project/project_folder.h"
 
 #include <QJsonObject>
 #include <QString>
 #include <QStringList>
 #include <functional>
+#include <future>
 #include <memory>
-
-struct CProject;
 
 /// The map that is being worked on, its scene and the file or folder it belongs to. Owned by the main window.
 class CMapDocument {
@@ -35,6 +34,17 @@ public:
     /// Write all of it to a folder, the textures' images included. The folder becomes the document's. After a
     /// failure the folder holds the project that it held before.
     Outcome saveProject(const QString& folder);
+
+    /// Write all of it to a folder beside the document's own, when it has unsaved changes that are not in
+    /// that copy yet. Nothing is done for a map without a place of its own, nor for one that takes long to
+    /// write.
+    Outcome autosave();
+    /// There is such a copy: the program came to an end that nobody wanted, and the copy is newer than the
+    /// map.
+    bool hasAutosave() const;
+    /// Replace the map by the copy, as unsaved changes of the document. On failure the map stays.
+    Outcome openAutosave(const std::function<void()>& beforeSwap);
+    void dropAutosave();
 
     CMemoryMap& map() { return *m_map; }
     const CMemoryMap& map() const { return *m_map; }
@@ -68,9 +78,12 @@ private:
     };
 
     static CContents makeContents(const CHeightmap& heights, const QString& mapFolder);
+    static CContents contentsOf(const CProject& project);
     Outcome openHeightmap(const QString& path, const std::function<void()>& beforeSwap);
     Outcome openProject(const QString& path, const std::function<void()>& beforeSwap);
     void adopt(CContents contents, const std::function<void()>& beforeSwap);
+    void endAutosave();
+    QString autosaveFolder() const { return m_strPath + ".autosave"; }
     void belongTo(EKind kind, const QString& path);
     void lookForTexturesIn(const QString& mapFolder);
     std::uint64_t otherState() const;
@@ -85,4 +98,6 @@ private:
     QJsonObject m_projectFile; // as read or written last, for the keys that this program does not know
     std::uint64_t m_nSavedHeights = 0;
     std::uint64_t m_nSavedOther = 0;
+    std::uint64_t m_nAutosaved = 0;          // state that the copy holds
+    std::future<CProjectFault> m_autosaving; // the copy that is being written, or was and is not yet judged
 };

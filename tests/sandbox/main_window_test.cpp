@@ -349,6 +349,42 @@ TEST_F(MainWindow, AFailedSaveIsToldAndTheMapStaysUnsaved) {
     EXPECT_TRUE(window->isWindowModified());
 }
 
+TEST_F(MainWindow, WorkThatNobodySavedIsOfferedAgain) {
+    saveProjectAs(folder());
+    const QString question =
+        "There is an automatic copy of my map with changes that were never saved. Open the copy?";
+    const QString copy = folder() + ".autosave";
+    const auto openProject = [&] { choose("open-project"); };
+    const auto workAndCrash = [&] {
+        map().getMultiTexture(0)->blend = 0.25F;
+        map().setPointHeight(4, 4, 444, true);
+        // A minute passes.
+        QMetaObject::invokeMethod(window->findChild<QTimer*>("autosave"), "timeout");
+        openWindow(); // the old one goes without being asked
+        ASSERT_TRUE(QDir(copy).exists());
+    };
+    workAndCrash();
+    CProject saved;
+    ASSERT_EQ(readProject(folder(), saved).reason, "");
+    EXPECT_EQ(saved.settings.definitions[0].blend, 0.05F) << "the project itself is as it was saved";
+    converse({chooseFile(folder() + "/project.json"), answer(question, "Open Copy")}, openProject);
+    EXPECT_EQ(map().getMultiTexture(0)->blend, 0.25F);
+    EXPECT_EQ(map().getPointHeight(4, 4), 444);
+    EXPECT_TRUE(document().hasHeightChanges() && document().hasOtherChanges());
+    choose("save");
+    EXPECT_FALSE(document().isModified());
+    EXPECT_FALSE(QDir(copy).exists());
+    ASSERT_EQ(readProject(folder(), saved).reason, "");
+    EXPECT_EQ(saved.settings.definitions[0].blend, 0.25F);
+
+    map().setPointHeight(5, 5, 555, true);
+    workAndCrash();
+    converse({chooseFile(folder() + "/project.json"), answer(question, "Delete Copy")}, openProject);
+    EXPECT_NE(map().getPointHeight(5, 5), 555);
+    EXPECT_FALSE(document().isModified());
+    EXPECT_FALSE(QDir(copy).exists());
+}
+
 TEST_F(MainWindow, RecentHoldsProjectsAndHeightmaps) {
     saveProjectAs(folder());
     auto* recent = window->findChild<QMenu*>("recent");
