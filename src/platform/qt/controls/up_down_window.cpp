@@ -39,12 +39,14 @@ public:
 protected:
     StepEnabled stepEnabled() const override { return StepUpEnabled | StepDownEnabled; }
 
-    /// What a style leaves for the text lies outside, so that the arrows are all there is.
-    void initStyleOption(QStyleOptionSpinBox* option) const override {
-        QAbstractSpinBox::initStyleOption(option);
-        const QRect arrows = style()->subControlRect(QStyle::CC_SpinBox, option, QStyle::SC_SpinBoxUp, this);
-        constexpr int EDGE = 1; // the line that divides them from the text
-        option->rect.setLeft(option->rect.left() - std::max(0, arrows.left() - EDGE));
+    /// What the style leaves for the text beside the arrows is not shown.
+    void resizeEvent(QResizeEvent* event) override {
+        QAbstractSpinBox::resizeEvent(event);
+        QStyleOptionSpinBox option;
+        initStyleOption(&option);
+        const QRect arrows = style()->subControlRect(QStyle::CC_SpinBox, &option, QStyle::SC_SpinBoxUp, this);
+        constexpr int LINE = 1; // divides them from the text
+        setMask(rect().adjusted(std::max(0, arrows.left() - LINE), 0, 0, 0));
     }
 
 private:
