@@ -112,7 +112,7 @@ public:
     const std::vector<int>& controls() const override { return m_noControls; }
 
 private:
-    const std::vector<int> m_noControls;
+    const std::vector<int> m_noControls{};
     std::unique_ptr<CPanel> m_pPanel;
     bool m_bEditing = false;
 };

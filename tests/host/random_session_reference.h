@@ -63,9 +63,6 @@ public:
     /// What these controls show.
     Seen shown(const std::vector<int>& ids) const;
 
-    /// Enabled and in sight.
-    bool isInReach(int id) const;
-
     struct Record {
         bool start;
         int x;
@@ -120,6 +117,7 @@ private:
     void readControls(int refused = 0);
     void initPanel();
     void enable(int id, bool enabled);
+    bool isInReach(int id) const; // enabled and in sight
     void refreshTools();
     void refreshBrushes();
     void refreshDefinition();
@@ -131,7 +129,6 @@ private:
     Seen leave(int edit, const std::string& text);
     void settle(int edit);
     void colourChanged(int swatch);
-    Seen editTypes(const std::vector<DialogStep>& steps);
     Seen listTextures(int picker, const std::vector<DialogStep>& steps);
     std::string shownText(int id) const;
 
