@@ -248,7 +248,8 @@ void CMainWindow::fillRecentMenu(QMenu& menu) {
     menu.clear();
     for (const QString& path : m_recentFiles.paths()) {
         const QFileInfo info(path);
-        const QString text = tr("%1 - in %2").arg(info.fileName(), info.absolutePath());
+        QString text = tr("%1 - in %2").arg(info.fileName(), info.absolutePath());
+        text.replace('&', "&&"); // a name's own, not the mark of a shortcut
         QAction* action = menu.addAction(text, this, [this, path] { openAsked(path); });
         action->setEnabled(info.exists());
     }

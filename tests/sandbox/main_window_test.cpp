@@ -243,6 +243,22 @@ TEST_F(MainWindow, EveryKindOfWorkCountsAsAChange) {
     EXPECT_FALSE(document().isModified()) << "to look around is no change";
 }
 
+TEST_F(MainWindow, KeysOfOthersOutliveASave) {
+    saveProjectAs(folder());
+    QFile file(folder() + '/' + PROJECT_FILE_NAME);
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+    QJsonObject json = QJsonDocument::fromJson(file.readAll()).object();
+    json["author"] = "Ada";
+    file.seek(0);
+    file.write(QJsonDocument(json).toJson());
+    file.close();
+    ASSERT_EQ(window->openMap(folder()), "");
+    map().setPointHeight(1, 1, 999, true);
+    choose("save");
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_EQ(QJsonDocument::fromJson(file.readAll())["author"].toString(), "Ada");
+}
+
 TEST_F(MainWindow, UnsavedChangesAreAskedAfter) {
     saveProjectAs(folder());
     const QString question = "Save the changes to my map first?";
