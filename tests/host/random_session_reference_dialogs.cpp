@@ -238,3 +238,45 @@ Seen CReferenceEditor::listTextures(int picker, const std::vector<DialogStep>& s
     }
     return seen;
 }
+
+Seen CReferenceEditor::pickColour(int swatch, const qxCColour* colour) {
+    if (hasControls && !isInReach(swatch)) {
+        return {};
+    }
+    m_nSwatchPressed = 0;
+    const Seen offered = {describe(panel.swatches[swatch])};
+    if (colour != nullptr) {
+        panel.swatches[swatch] = *colour;
+        colourChanged(swatch);
+    }
+    return offered;
+}
+
+void CReferenceEditor::dragColour(int from, int to) {
+    if (panel.swatches.contains(from) && isInReach(from)) {
+        m_nSwatchPressed = from;
+        m_swatchColour = panel.swatches[from];
+    }
+    if (!panel.swatches.contains(to) || !isInReach(to)) {
+        return;
+    }
+    if (m_nSwatchPressed != 0 && m_nSwatchPressed != to) {
+        panel.swatches[to] = m_swatchColour;
+        colourChanged(to);
+    }
+    m_nSwatchPressed = 0;
+}
+
+void CReferenceEditor::colourChanged(int swatch) {
+    const qxCColour colour = panel.swatches[swatch];
+    if (swatch == IDC_AMBIENT_COLOUR) {
+        map->setAmbient(colour);
+    } else if (swatch == IDC_DIFFUSE_COLOUR) {
+        map->setDiffuse(colour);
+    } else if (swatch != IDC_TINT_COLOUR && definition() != nullptr) {
+        (swatch == IDC_TINT_1 ? definition()->tint1 : definition()->tint2) = colour;
+    }
+    if (hasControls) {
+        showPreview();
+    }
+}

@@ -12,6 +12,7 @@ namespace {
 constexpr int ADD_POINT_DETAIL = 5;
 constexpr int DETAIL_TOOLS = 8;
 constexpr int TERRAIN_TOOLS = 13;
+
 std::vector<int> joined(std::initializer_list<std::vector<int>> lists) {
     std::vector<int> all;
     for (const std::vector<int>& list : lists) {
@@ -38,19 +39,11 @@ float asRead(float value) {
     return std::strtof(digits(value).c_str(), nullptr);
 }
 
-float within(float value, float low, float high) {
-    return value < low ? low : value > high ? high : value;
-}
-
-int within(int value, int low, int high) {
-    return std::min(std::max(value, low), high);
-}
-
 float tenthStep(float value, bool up) {
     const double tenth = 0.1F;
     const double s = up ? value + tenth : value - tenth;
     const double r = s >= 0 ? std::trunc(s * 10 + 0.5) * tenth : -(std::trunc(-s * 10 + 0.5) * tenth);
-    return within(static_cast<float>(r), 0.0F, 1.0F);
+    return std::clamp(static_cast<float>(r), 0.0F, 1.0F);
 }
 
 qxCColour opaque(const qxCColour& colour) {
@@ -105,7 +98,7 @@ bool CReferenceEditor::isInReach(int id) const {
 
 void CReferenceEditor::readControls(int refused) {
     panel.tool = panel.tool < 0 || panel.tool > 14 ? -1 : panel.tool;
-    panel.strength = within(panel.strength, 1, 10);
+    panel.strength = std::clamp(panel.strength, 1, 10);
     if (refused == IDC_HEIGHT) {
         return;
     }
@@ -294,11 +287,11 @@ Seen CReferenceEditor::leave(int edit, const std::string& text) {
 /// What comes of a field when the panel has read its controls.
 void CReferenceEditor::settle(int edit) {
     if (edit == IDC_TILING) {
-        panel.tiling = within(panel.tiling, 1, 256);
+        panel.tiling = std::clamp(panel.tiling, 1, 256);
         map->setTextureTiling(panel.tiling);
     } else if (edit != IDC_HEIGHT && definition() != nullptr) {
         float& field = edit == IDC_BLEND ? panel.blend : panel.variation;
-        field = within(field, 0.0F, 1.0F);
+        field = std::clamp(field, 0.0F, 1.0F);
         (edit == IDC_BLEND ? definition()->blend : definition()->variation) = field;
         showPreview();
     }
@@ -310,7 +303,7 @@ void CReferenceEditor::spin(int id, bool up) {
     }
     const int buddy = id == IDC_TILING_SPIN ? IDC_TILING : id == IDC_BLEND_SPIN ? IDC_BLEND : IDC_VARIATION;
     if (buddy == IDC_TILING) {
-        panel.tiling = within(panel.tiling + (up ? 1 : -1), 1, 256);
+        panel.tiling = std::clamp(panel.tiling + (up ? 1 : -1), 1, 256);
         map->setTextureTiling(panel.tiling);
     } else if (definition() != nullptr) {
         float& field = buddy == IDC_BLEND ? panel.blend : panel.variation;
@@ -324,52 +317,10 @@ void CReferenceEditor::spin(int id, bool up) {
 }
 
 void CReferenceEditor::slide(int strength) {
-    if (strength != within(panel.strength, 1, 10)) {
+    if (strength != std::clamp(panel.strength, 1, 10)) {
         readControls();
         panel.strength = strength;
         refreshBrushes();
-    }
-}
-
-Seen CReferenceEditor::pickColour(int swatch, const qxCColour* colour) {
-    if (hasControls && !isInReach(swatch)) {
-        return {};
-    }
-    m_nSwatchPressed = 0;
-    const Seen offered = {describe(panel.swatches[swatch])};
-    if (colour != nullptr) {
-        panel.swatches[swatch] = *colour;
-        colourChanged(swatch);
-    }
-    return offered;
-}
-
-void CReferenceEditor::dragColour(int from, int to) {
-    if (panel.swatches.contains(from) && isInReach(from)) {
-        m_nSwatchPressed = from;
-        m_swatchColour = panel.swatches[from];
-    }
-    if (!panel.swatches.contains(to) || !isInReach(to)) {
-        return;
-    }
-    if (m_nSwatchPressed != 0 && m_nSwatchPressed != to) {
-        panel.swatches[to] = m_swatchColour;
-        colourChanged(to);
-    }
-    m_nSwatchPressed = 0;
-}
-
-void CReferenceEditor::colourChanged(int swatch) {
-    const qxCColour colour = panel.swatches[swatch];
-    if (swatch == IDC_AMBIENT_COLOUR) {
-        map->setAmbient(colour);
-    } else if (swatch == IDC_DIFFUSE_COLOUR) {
-        map->setDiffuse(colour);
-    } else if (swatch != IDC_TINT_COLOUR && definition() != nullptr) {
-        (swatch == IDC_TINT_1 ? definition()->tint1 : definition()->tint2) = colour;
-    }
-    if (hasControls) {
-        showPreview();
     }
 }
 
@@ -410,7 +361,7 @@ std::string CReferenceEditor::shownText(int id) const {
                                            {IDC_HIDE_CURSOR, panel.hideCursor},
                                            {IDC_MAP_FLAG, panel.mapFlag},
                                            {IDC_FOG, panel.fog},
-                                           {IDC_STRENGTH, within(panel.strength, 1, 10)},
+                                           {IDC_STRENGTH, std::clamp(panel.strength, 1, 10)},
                                            {IDC_HEIGHT, panel.height},
                                            {IDC_TEXTURE_NUMBER, panel.number},
                                            {IDC_TILING, panel.tiling},
