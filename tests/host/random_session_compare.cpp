@@ -59,7 +59,8 @@ bool isSame(const qxCMapMultiTexture& a, const qxCMapMultiTexture& b) {
 bool isSame(const _qxMapTerrainDef& a, const _qxMapTerrainDef& b) {
     return std::strcmp(a.name, b.name) == 0 && a.preserveFlatAreas == b.preserveFlatAreas &&
            isSame(a.noise, b.noise) && isSame(a.effectOnNeighbours, b.effectOnNeighbours) &&
-           isSame(a.weighting, b.weighting) && std::memcmp(a.filter, b.filter, sizeof a.filter) == 0;
+           isSame(a.weighting, b.weighting) &&
+           std::ranges::equal(a.filter, b.filter, [](float x, float y) { return isSame(x, y); });
 }
 
 bool isSame(const qxCTexture& a, const qxCTexture& b) {
