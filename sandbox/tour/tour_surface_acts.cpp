@@ -26,9 +26,11 @@ void floodValley(CTourStage& stage) {
     stage.clickToolBar("reset-camera");
     stage.enterNumber(*stage.window().findChild<QWidget*>("water-level"), WATER_LEVEL);
     require(stage.map().getWaterHeight() == WATER_LEVEL, "the water level is not taken over");
-    if (stage.map().getPointWater(VALLEY_X, VALLEY_Z)) { // the map came with a lake there
-        stage.chooseTool(TOOL_DRAIN);
-        stage.hands().click(stage.view(), stage.placeOfCell(VALLEY_X, VALLEY_Z));
+    if (stage.waterPoints() > 0) { // a map that comes with a lake there is drained first
+        for (const int tool : {TOOL_FLOOD, TOOL_DRAIN}) {
+            stage.chooseTool(tool);
+            stage.hands().click(stage.view(), stage.placeOfCell(VALLEY_X, VALLEY_Z));
+        }
     }
     const int before = stage.waterPoints();
     stage.chooseTool(TOOL_FLOOD);
