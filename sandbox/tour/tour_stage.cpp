@@ -67,12 +67,6 @@ void drawFrames(QImage& picture, QPoint origin) {
 
 } // namespace
 
-void require(bool condition, const QString& reason) {
-    if (!condition) {
-        throw CTourFailure(reason);
-    }
-}
-
 CTourStage::CTourStage(CMainWindow& window) : m_window(window) {
     std::vector<std::filesystem::path> folders = CEngineDirectories::getDirectories();
     folders.emplace_back(m_delivery.path().toStdString());

@@ -17,7 +17,11 @@ public:
 };
 
 /// Throws CTourFailure with the reason unless the condition holds.
-void require(bool condition, const QString& reason);
+inline void require(bool condition, const QString& reason) {
+    if (!condition) {
+        throw CTourFailure(reason);
+    }
+}
 
 /// What the steps of a tour work with: the window, the hands, the panel's controls by their ids, and a camera
 /// for pictures of the screen. Lives for one tour.
