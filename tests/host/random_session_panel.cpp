@@ -3,7 +3,7 @@
 #include "resources/resource_ids.h"
 
 #include <algorithm>
-#include <cstring>
+#include <cstdio>
 
 /// The last one has a name that is too long.
 const std::vector<std::string> CRandomSession::FILES = {"moss.tga", "rock.v2.tga", "abcdefghijkl.tga",
@@ -67,7 +67,8 @@ void CRandomSession::makeMaps() {
             map.waterLevel = 30.25F;
             const char* const names[] = {"Rock", "Grass", "sand", "Snow", "Tundra"};
             for (int i = 0; i < map.getNumTerrainDefs(); ++i) {
-                std::strcpy(map.getTerrainDef(i)->name, names[i]);
+                _qxMapTerrainDef& type = *map.getTerrainDef(i);
+                std::snprintf(type.name, sizeof type.name, "%s", names[i]);
             }
         });
     }

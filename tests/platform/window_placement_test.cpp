@@ -26,7 +26,7 @@ protected:
         })));
     }
     CRect windowRect(int id) {
-        CRect rect;
+        CRect rect(0, 0, 0, 0);
         (id == 0 ? &dialog : dialog.GetDlgItem(id))->GetWindowRect(rect);
         return rect;
     }
@@ -59,8 +59,7 @@ TEST_F(WindowPlacement, ChildrenComeInTheOrderOfTheTemplate) {
 TEST_F(WindowPlacement, TheDialogTakesTheSizeItIsGivenAndNoOther) {
     const CRect before = windowRect(0);
     dialog.SetWindowPos(nullptr, 0, 0, 123, 77, SWP_NOMOVE | SWP_NOZORDER);
-    const CPoint corner = windowRect(0).TopLeft();
-    EXPECT_EQ(corner.x, before.left);
+    EXPECT_EQ(windowRect(0).TopLeft().x, before.left);
     EXPECT_EQ(windowRect(0).Width(), 123);
     EXPECT_EQ(windowRect(0).Height(), 77);
     EXPECT_EQ(ui::dialog(RecordingDialog::templateId)->minimumSize(), QSize(123, 77));
