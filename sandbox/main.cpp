@@ -110,7 +110,9 @@ int main(int argc, char** argv) {
         QTimer::singleShot(0, &window,
                            [&] { QApplication::exit(runTour(window, parser.value(tourOption))); });
     } else {
-        QTimer::singleShot(0, &window, &CMainWindow::offerAutosave);
+        // The panel stands by the window, whose place is known when the window manager has shown it.
+        waitUntil([&] { return window.windowHandle()->isExposed(); });
+        window.startWork();
     }
     return QApplication::exec();
 }

@@ -94,6 +94,13 @@ void CMainWindow::closeEvent(QCloseEvent* event) {
     event->accept();
 }
 
+void CMainWindow::startWork() {
+    offerAutosave();
+    if (!vuIsEditorActive()) {
+        openEditor();
+    }
+}
+
 void CMainWindow::toggleEditor(bool open) {
     open ? openEditor() : closeEditor();
 }
@@ -102,7 +109,7 @@ void CMainWindow::openEditor() {
     const QByteArray folder = m_document.textureFolder().toUtf8();
     vuCreateEditor(handleOf(*this), &m_document.map(), CString(folder.constData()), nullptr, true, nullptr);
     if (QWidget* panel = findPanel()) {
-        panel->move(pos() + m_panelPlace.value_or(m_pView->mapTo(this, FIRST_PANEL_PLACE)));
+        panel->move(m_panelPlace ? pos() + *m_panelPlace : m_pView->mapToGlobal(FIRST_PANEL_PLACE));
     }
     followState();
 }

@@ -24,8 +24,8 @@ public:
     /// Open a heightmap or a project in place of the map that is open, without asking. Returns what to tell
     /// on failure.
     QString openMap(const QString& path);
-    /// Ask whether the unsaved work of a program that ended unasked is to be taken up, if there is any.
-    void offerAutosave();
+    /// Begin a person's session: offer unsaved work of an earlier one, then open the map editor.
+    void startWork();
     /// Save the heights to a file. Returns what to tell on failure.
     QString saveHeightmap(const QString& path);
     /// Save all of the map to a folder. Returns what to tell on failure.
@@ -49,6 +49,8 @@ private:
     // Files: main_window_files.cpp. Each save is false when it failed or was called off.
     CMapDocument::Outcome
     replaceMap(const std::function<CMapDocument::Outcome(const std::function<void()>& beforeSwap)>& open);
+    /// Ask whether the unsaved work of a program that ended unasked is to be taken up, if there is any.
+    void offerAutosave();
     void autosave();
     void chooseProject();
     void chooseHeightmap();

@@ -365,6 +365,16 @@ TEST_F(MainWindow, AFailedSaveIsToldAndTheMapStaysUnsaved) {
     EXPECT_TRUE(window->isWindowModified());
 }
 
+TEST_F(MainWindow, ASessionBeginsWithTheMapEditorBesideTheView) {
+    EXPECT_EQ(ui::dialog(MAP_EDITOR), nullptr);
+    window->startWork();
+    const QWidget* panel = ui::dialog(MAP_EDITOR);
+    ASSERT_NE(panel, nullptr);
+    EXPECT_TRUE(window->findChild<QAction*>("map-editor")->isChecked());
+    const QRect view(window->view().mapToGlobal(QPoint()), window->view().size());
+    EXPECT_TRUE(view.contains(panel->frameGeometry().topLeft())) << "clear of the menus and tool bar";
+}
+
 TEST_F(MainWindow, WorkThatNobodySavedIsOfferedAgain) {
     saveProjectAs(folder());
     const QString question =
