@@ -20,6 +20,13 @@
 // leave them out. The figures for a whole update through the export have them, on both sides, and ours also
 // asks the panel for its tab.
 
+// Keeps the optimiser from what it knows of the map's class: a host's map is reached through its interface.
+#ifdef __clang__
+#define VESK_OPAQUE [[gnu::noinline]]
+#else
+#define VESK_OPAQUE [[gnu::noipa]]
+#endif
+
 namespace {
 
 constexpr int GRID = 1024;
@@ -77,8 +84,7 @@ void pinToOneCore() {
     sched_setaffinity(0, sizeof cores, &cores);
 }
 
-// Kept from the optimiser's knowledge of the map's class: a host's map is reached through its interface.
-[[gnu::noipa]] void readBlock(const qxCMap& map, int x, int z) {
+VESK_OPAQUE void readBlock(const qxCMap& map, int x, int z) {
     for (int dx = 0; dx < BLOCK; ++dx) {
         for (int dz = 0; dz < BLOCK; ++dz) {
             map.getPointBlendQ(1, x + dx, z + dz);
@@ -88,7 +94,7 @@ void pinToOneCore() {
     }
 }
 
-[[gnu::noipa]] void tintDisc(qxCMap& map, int x, int z) {
+VESK_OPAQUE void tintDisc(qxCMap& map, int x, int z) {
     for (const auto [dx, dz] : DISC) {
         if (!map.getPointWater(x + dx, z + dz) || map.getPointHeight(x + dx, z + dz) > 0) {
             const qxCColour colour = map.getPointColour(0, x + dx, z + dz);
@@ -97,7 +103,7 @@ void pinToOneCore() {
     }
 }
 
-[[gnu::noipa]] void paintDisc(qxCMap& map, int x, int z) {
+VESK_OPAQUE void paintDisc(qxCMap& map, int x, int z) {
     for (const auto [dx, dz] : DISC) {
         map.paintMultiTexture(x + dx, z + dz, STRENGTH * 0.1F);
     }
@@ -113,7 +119,7 @@ void paintBare(qxCMap& map, int x, int z) {
     paintDisc(map, x, z);
 }
 
-[[gnu::noipa]] void markBare(qxCMap& map, int x, int z, const qxCColour& colour) {
+VESK_OPAQUE void markBare(qxCMap& map, int x, int z, const qxCColour& colour) {
     map.lockMarkerLayer();
     map.setMarkerPixel(qxMapMarkerStroke, x, z, colour);
     map.setMarkerPixel(qxMapMarkerStroke, x, z, colour);

@@ -97,6 +97,7 @@ public:
             --m_nCount;
         }
         Node* const node = new Node{record, m_pTail, nullptr};
+        // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDelete): the oldest of a full list is never its last
         (m_pTail != nullptr ? m_pTail->next : m_pHead) = node;
         m_pTail = node;
         ++m_nCount;
