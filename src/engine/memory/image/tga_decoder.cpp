@@ -62,8 +62,6 @@ struct TgaHeader {
     std::size_t pixelOffset() const {
         return mapOffset() + (hasMap ? static_cast<std::size_t>(mapLength) * bytesFor(mapBits) : 0);
     }
-    /// True colour of 15 or 16 bits.
-    bool isWord() const { return kind == KIND_COLOUR && pixelBits <= 16; }
     /// The top bit of a 16-bit colour is its alpha.
     bool hasAlphaBit() const { return (kind == KIND_MAPPED ? mapBits : pixelBits) == 16 && declaresAlpha(); }
     bool declaresAlpha() const { return (descriptor & ALPHA_BITS) != 0; }
@@ -126,69 +124,82 @@ qxCColour colourOfWord(int word, bool hasAlphaBit) {
     return {channel(10), channel(5), channel(0), !hasAlphaBit || (word & 0x8000) != 0 ? 255 : 0};
 }
 
-qxCColour mapEntry(const std::uint8_t* bytes, int bits, bool hasAlphaBit) {
-    if (bits >= 24)
-        return {bytes[2], bytes[1], bytes[0], bits == 32 ? bytes[3] : 255};
-    return colourOfWord(bytes[0] | bytes[1] << 8, hasAlphaBit);
-}
-
-// The colour map with an entry of 32 bits for every index that a pixel can hold. An index outside the file's
-// map has no colour: transparent black.
-std::vector<std::uint8_t> wholeMap(const TgaHeader& header, Bytes bytes) {
-    constexpr int MOST_ENTRIES = 0xFFFF; // that the header can tell
-    const int count = std::min(1 << header.pixelBits, MOST_ENTRIES);
-    std::vector<std::uint8_t> map;
-    map.reserve(std::size_t{4} * static_cast<std::size_t>(count));
-    for (int i = 0; i < count; ++i) {
-        qxCColour colour;
-        if (i >= header.mapFirst && i - header.mapFirst < header.mapLength) {
-            const std::size_t entry =
-                static_cast<std::size_t>(i - header.mapFirst) * bytesFor(header.mapBits);
-            colour =
-                mapEntry(bytes.data() + header.mapOffset() + entry, header.mapBits, header.hasAlphaBit());
-        }
-        map.insert(map.end(), {colour.b, colour.g, colour.r, colour.a});
+std::vector<qxCColour> colourMap(const TgaHeader& header, Bytes bytes) {
+    std::vector<qxCColour> map;
+    if (header.kind != KIND_MAPPED)
+        return map;
+    map.reserve(static_cast<std::size_t>(header.mapLength));
+    const std::uint8_t* entry = bytes.data() + header.mapOffset();
+    for (int i = 0; i < header.mapLength; ++i, entry += bytesFor(header.mapBits)) {
+        map.push_back(header.mapBits <= 16
+                          ? colourOfWord(entry[0] | entry[1] << 8, header.hasAlphaBit())
+                          : qxCColour(entry[2], entry[1], entry[0], header.mapBits == 32 ? entry[3] : 255));
     }
     return map;
 }
 
 // The same image as a file that the library reads to the last bit. As it stands the library loses the alpha
-// bit of 16-bit colours and the first index of a colour map: colours of 16 bits become two plain channels,
-// low and high byte, and a map becomes a whole one of 32 bits.
+// bit of 16-bit colours and the first index of a colour map, so words and indices are handed to it as plain
+// greys of one or two channels: what it unpacks then are the bytes as they were stored.
 std::vector<std::uint8_t> plainFile(const TgaHeader& header, Bytes bytes, Bytes pixels) {
-    const std::vector<std::uint8_t> map =
-        header.kind == KIND_MAPPED ? wholeMap(header, bytes) : std::vector<std::uint8_t>();
-    const int mapLength = static_cast<int>(map.size() / 4);
     std::vector<std::uint8_t> file(HEADER_SIZE);
-    const auto put = [&file](std::size_t offset, int value) {
-        file[offset] = static_cast<std::uint8_t>(value);
-    };
-    put(1, map.empty() ? 0 : 1);
-    put(2, (header.isWord() ? KIND_GREY : header.kind) | (header.isPacked ? PACKED : 0));
-    put(5, mapLength & 0xFF);
-    put(6, mapLength >> 8);
-    put(7, map.empty() ? 0 : 32);
+    const std::size_t size = bytesFor(header.pixelBits);
+    file[2] =
+        static_cast<std::uint8_t>((size <= 2 ? KIND_GREY : KIND_COLOUR) | (header.isPacked ? PACKED : 0));
     std::copy_n(bytes.begin() + 12, 4, file.begin() + 12); // width and height
-    put(16, header.isWord() ? 16 : header.pixelBits);
-    put(17, header.descriptor & FROM_TOP);
-    file.insert(file.end(), map.begin(), map.end());
+    file[16] = static_cast<std::uint8_t>(8 * size);
+    file[17] = static_cast<std::uint8_t>(header.descriptor & FROM_TOP);
     file.insert(file.end(), pixels.begin(), pixels.end());
     return file;
 }
 
-// The library's decoding, rows from the top, as a file without a right-to-left order.
-std::vector<qxCColour> decodePixels(const TgaHeader& header, Bytes file) {
-    const std::size_t channels = header.isWord() ? 2 : 4;
-    const std::unique_ptr<std::uint8_t, void (*)(void*)> samples(loadTga(file, static_cast<int>(channels)),
+// The colour of a pixel as the library gives it: its stored bytes, with blue and red changed over from three
+// bytes on.
+class CPixelReader {
+public:
+    CPixelReader(const TgaHeader& header, Bytes bytes) : m_header(header), m_map(colourMap(header, bytes)) {}
+
+    qxCColour operator()(const std::uint8_t* bytes) const {
+        if (m_header.kind == KIND_MAPPED)
+            return mapped(m_header.pixelBits == 16 ? bytes[0] | bytes[1] << 8 : bytes[0]);
+        switch (bytesFor(m_header.pixelBits)) {
+        case 1:
+            return {bytes[0], bytes[0], bytes[0], 255};
+        case 2:
+            return m_header.kind == KIND_GREY
+                       ? qxCColour(bytes[0], bytes[0], bytes[0], bytes[1])
+                       : colourOfWord(bytes[0] | bytes[1] << 8, m_header.hasAlphaBit());
+        case 3:
+            return {bytes[0], bytes[1], bytes[2], 255};
+        default:
+            return {bytes[0], bytes[1], bytes[2], bytes[3]};
+        }
+    }
+
+private:
+    // An index outside the map has no colour: transparent black.
+    qxCColour mapped(int index) const {
+        const int entry = index - m_header.mapFirst;
+        return entry >= 0 && entry < m_header.mapLength ? m_map[static_cast<std::size_t>(entry)]
+                                                        : qxCColour();
+    }
+
+    const TgaHeader& m_header;
+    std::vector<qxCColour> m_map;
+};
+
+// Rows from the top, still in the file's order from left or right.
+std::vector<qxCColour> decodePixels(const TgaHeader& header, Bytes file, const CPixelReader& read) {
+    const std::size_t size = bytesFor(header.pixelBits);
+    const std::unique_ptr<std::uint8_t, void (*)(void*)> samples(loadTga(file, static_cast<int>(size)),
                                                                  freeTga);
     if (!samples)
         return {};
     std::vector<qxCColour> pixels(header.pixelCount());
     const std::uint8_t* sample = samples.get();
     for (qxCColour& pixel : pixels) {
-        pixel = header.isWord() ? colourOfWord(sample[0] | sample[1] << 8, header.hasAlphaBit())
-                                : qxCColour(sample[0], sample[1], sample[2], sample[3]);
-        sample += channels;
+        pixel = read(sample);
+        sample += size;
     }
     return pixels;
 }
@@ -204,7 +215,8 @@ std::optional<CDecodedImage> decodeTga(std::span<const std::uint8_t> bytes) {
     const std::optional<Bytes> stored = storedPixels(header, bytes);
     if (!stored)
         return std::nullopt;
-    CDecodedImage image{header.width, header.height, decodePixels(header, plainFile(header, bytes, *stored))};
+    CDecodedImage image{header.width, header.height,
+                        decodePixels(header, plainFile(header, bytes, *stored), CPixelReader(header, bytes))};
     if (image.pixels.empty())
         return std::nullopt;
     if ((header.descriptor & FROM_RIGHT) != 0) {
