@@ -59,7 +59,7 @@ TEST_F(WindowPlacement, ChildrenComeInTheOrderOfTheTemplate) {
 TEST_F(WindowPlacement, TheDialogTakesTheSizeItIsGivenAndNoOther) {
     const CRect before = windowRect(0);
     dialog.SetWindowPos(nullptr, 0, 0, 123, 77, SWP_NOMOVE | SWP_NOZORDER);
-    EXPECT_EQ(windowRect(0).TopLeft().x, before.left);
+    EXPECT_EQ(windowRect(0).left, before.left);
     EXPECT_EQ(windowRect(0).Width(), 123);
     EXPECT_EQ(windowRect(0).Height(), 77);
     EXPECT_EQ(ui::dialog(RecordingDialog::templateId)->minimumSize(), QSize(123, 77));
