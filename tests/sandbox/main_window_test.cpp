@@ -4,8 +4,7 @@
 #include "engine/qx_texture.h"
 #include "host/veskutil.h"
 #include "sandbox/app/heightmap_file.h"
-#include "sandbox/project/project_json.h"
-#include "sandbox/project/project_map.h"
+#include "sandbox/project_contents.h"
 #include "support/modal_steps.h"
 #include "support/ui_driver.h"
 
@@ -30,21 +29,6 @@ constexpr int EXPAND = 2012;
 constexpr int INSERT_DEFINITION = 1638;
 constexpr int BLEND = 1629;
 constexpr int TILING = 1412;
-
-/// Everything that a project keeps, as text, layers included.
-QByteArray contents(CMapDocument& document) {
-    const CProject project = captureProject(document.map(), document.scene());
-    QByteArray bytes = writeProjectJson(project.settings, {});
-    const auto append = [&bytes](const auto& values) {
-        bytes.append(reinterpret_cast<const char*>(values.data()),
-                     static_cast<qsizetype>(values.size() * sizeof values[0]));
-    };
-    append(project.heights);
-    append(project.blends);
-    append(project.colours);
-    append(project.water);
-    return bytes;
-}
 
 /// Answer a question or a message: see its text, press a button by its caption.
 ModalSteps::Step answer(const QString& text, const QString& button) {
@@ -187,7 +171,7 @@ TEST_F(MainWindow, AProjectSavedFromTheMenuOpensTheSameInAnotherWindow) {
     ASSERT_EQ(map().getMultiTexture(map().getNumMultiTextures() - 1)->blend, 0.7F);
     ASSERT_EQ(map().getTextureTiling(), 5);
     ASSERT_TRUE(map().getPointWater(EDGE / 2, 9));
-    const QByteArray saved = contents(document());
+    const QByteArray saved = contents(map(), document().scene());
     saveProjectAs(folder());
     EXPECT_FALSE(window->isWindowModified());
     EXPECT_EQ(window->windowTitle().toStdString(), "my map[*] - Terrain sandbox");
@@ -196,7 +180,7 @@ TEST_F(MainWindow, AProjectSavedFromTheMenuOpensTheSameInAnotherWindow) {
     openWindow();
     const QString projectFile = folder() + '/' + PROJECT_FILE_NAME;
     converse({chooseFile(projectFile)}, [&] { strike(Qt::Key_O); });
-    EXPECT_EQ(contents(document()), saved);
+    EXPECT_EQ(contents(map(), document().scene()), saved);
     EXPECT_EQ(document().path().toStdString(), folder().toStdString());
     EXPECT_FALSE(window->isWindowModified());
     const auto image = CEngineDirectories::resolve(map().getTexture(qxMapLayerRough)->getFilename());
@@ -334,7 +318,7 @@ TEST_F(MainWindow, AProjectThatCannotBeOpenedLeavesTheMapAtHand) {
     ASSERT_EQ(window->openMap(heightmap()), "");
     choose("map-editor");
     const CMemoryMap* before = &map();
-    const QByteArray contentsBefore = contents(document());
+    const QByteArray contentsBefore = contents(map(), document().scene());
     for (const Case& c :
          {Case{newer, "it was written by a newer version of this program (format 2, known up to 1)"},
           Case{damaged, "\"tiling\" is not a whole number from 1 to 256"}}) {
@@ -346,7 +330,7 @@ TEST_F(MainWindow, AProjectThatCannotBeOpenedLeavesTheMapAtHand) {
                   answer(QString("Failed to open %1: %2").arg(projectFile, c.reason), "OK")},
                  [&] { choose("open-project"); });
         EXPECT_EQ(&map(), before);
-        EXPECT_EQ(contents(document()), contentsBefore);
+        EXPECT_EQ(contents(map(), document().scene()), contentsBefore);
         EXPECT_EQ(window->windowTitle().toStdString(), "hills.png[*] - Terrain sandbox");
         EXPECT_TRUE(vuIsEditorActive());
     }

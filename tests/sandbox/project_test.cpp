@@ -2,6 +2,7 @@
 
 #include "engine/memory/engine_directories.h"
 #include "sandbox/project/project_json.h"
+#include "sandbox/project_contents.h"
 
 #include <QDir>
 #include <QFile>
@@ -81,21 +82,6 @@ protected:
     CMemoryScene scene;
     CMemoryMap map{DIM, &scene};
 };
-
-/// Everything that a project keeps, as text, layers included.
-QByteArray contents(CMemoryMap& map, const CMemoryScene& scene) {
-    const CProject project = captureProject(map, scene);
-    QByteArray bytes = writeProjectJson(project.settings, {});
-    const auto append = [&bytes](const auto& values) {
-        bytes.append(reinterpret_cast<const char*>(values.data()),
-                     static_cast<qsizetype>(values.size() * sizeof values[0]));
-    };
-    append(project.heights);
-    append(project.blends);
-    append(project.colours);
-    append(project.water);
-    return bytes;
-}
 
 TEST_F(Project, EverythingSurvivesSavingAndOpening) {
     CProject project = captureProject(map, scene);
