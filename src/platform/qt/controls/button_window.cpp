@@ -156,6 +156,9 @@ void ButtonWindow::setIcon(HICON icon) {
 
 /// The caption of a button that shows an icon is for tool tip and accessibility.
 void ButtonWindow::setText(const QString& text) {
+    if (text == m_text) {
+        return; // panels set their captions more often than they change
+    }
     m_text = text;
     m_button.setText(isIconic() ? QString() : text);
     if (isIconic()) {
