@@ -5,6 +5,8 @@
 #include "platform/qt/foreign_window.h"
 #include "platform/qt/window_registry.h"
 
+#include <QLabel>
+
 #include <utility>
 
 using qtbackend::DialogWidget;
@@ -37,21 +39,18 @@ std::unique_ptr<DialogWidget> makeWidget(const DialogTemplate& layout, const Win
     return widget;
 }
 
-/// What a screen reader calls a control without a text of its own: the static text that stands before it.
-QString labelBefore(const DialogTemplate& layout, std::size_t index) {
-    if (index == 0) {
-        return {};
+/// A control without a text of its own is called, by a screen reader, what the label before it says.
+void labelControl(QWidget* before, QWidget& control) {
+    auto* const label = qobject_cast<QLabel*>(before);
+    if (label != nullptr && !label->text().isEmpty() && qobject_cast<QLabel*>(&control) == nullptr) {
+        label->setBuddy(&control);
     }
-    const DialogItem& before = layout.items[index - 1];
-    const bool isLabel =
-        QString::fromStdString(before.windowClass).compare("Static", Qt::CaseInsensitive) == 0;
-    return isLabel ? QString::fromStdString(before.text).remove(QLatin1Char('&')) : QString();
 }
 
 /// False when the template names a class that nobody registered.
 bool addControls(DialogWindow& dialog, const DialogTemplate& layout) {
-    for (std::size_t index = 0; index < layout.items.size(); ++index) {
-        const DialogItem& item = layout.items[index];
+    QWidget* before = nullptr;
+    for (const DialogItem& item : layout.items) {
         const qtbackend::ControlTraits traits{{item.id, item.style, item.windowClass},
                                               item.exStyle,
                                               QString::fromStdString(item.text),
@@ -60,9 +59,10 @@ bool addControls(DialogWindow& dialog, const DialogTemplate& layout) {
         if (control == nullptr) {
             return false;
         }
-        if (traits.text.isEmpty() && control->widget()->accessibleName().isEmpty()) {
-            control->widget()->setAccessibleName(labelBefore(layout, index));
+        if (traits.text.isEmpty()) {
+            labelControl(before, *control->widget());
         }
+        before = control->widget();
     }
     return true;
 }

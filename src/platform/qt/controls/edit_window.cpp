@@ -15,8 +15,9 @@ namespace {
 
 /// A field that the template disables is there to be read, so what stands in it is not greyed.
 void letBeRead(QLineEdit& edit) {
-    QPalette colours = edit.palette();
-    colours.setColor(QPalette::Disabled, QPalette::Text, colours.color(QPalette::Active, QPalette::Text));
+    QPalette colours; // with nothing of its own but this
+    colours.setColor(QPalette::Disabled, QPalette::Text,
+                     edit.palette().color(QPalette::Active, QPalette::Text));
     edit.setPalette(colours);
 }
 

@@ -51,12 +51,12 @@ OwnerDrawWindow::OwnerDrawWindow(Window& parent, const ControlTraits& traits)
     OwnerDrawWindow::setText(traits.text);
 }
 
-/// The picture is the object's; the text is for tool tip and accessibility. Its first line is the name.
+/// The picture is the object's; the text is for tool tip and accessibility. Its first line is the name; the
+/// tool tip serves as the description.
 void OwnerDrawWindow::setText(const QString& text) {
     m_text = text;
     widget()->setToolTip(text);
     widget()->setAccessibleName(text.section(QLatin1Char('\n'), 0, 0));
-    widget()->setAccessibleDescription(text.section(QLatin1Char('\n'), 1));
 }
 
 LRESULT OwnerDrawWindow::process(UINT message, WPARAM wParam, LPARAM lParam) {

@@ -41,7 +41,9 @@ AbstractSliderWindow::AbstractSliderWindow(QAbstractSlider* slider, Window& pare
     : Window(slider, &parent, traits.window), m_slider(*slider) {
     m_slider.setFocusPolicy((style() & WS_TABSTOP) != 0 ? Qt::StrongFocus : Qt::ClickFocus);
     m_slider.installEventFilter(this);
-    m_slider.setAccessibleName(traits.text);
+    if (!traits.text.isEmpty()) {
+        m_slider.setAccessibleName(traits.text);
+    }
     QObject::connect(&m_slider, &QAbstractSlider::actionTriggered, this,
                      [this](int action) { m_code = codeOf(action); });
     QObject::connect(&m_slider, &QAbstractSlider::valueChanged, this, [this] {

@@ -10,6 +10,7 @@
 #include <QLineEdit>
 #include <QStyle>
 #include <QStyleOptionSpinBox>
+#include <QStylePainter>
 
 #include <algorithm>
 #include <utility>
@@ -40,13 +41,14 @@ protected:
     StepEnabled stepEnabled() const override { return StepUpEnabled | StepDownEnabled; }
 
     /// What the style leaves for the text beside the arrows is not shown.
-    void resizeEvent(QResizeEvent* event) override {
-        QAbstractSpinBox::resizeEvent(event);
+    void paintEvent(QPaintEvent*) override {
         QStyleOptionSpinBox option;
         initStyleOption(&option);
         const QRect arrows = style()->subControlRect(QStyle::CC_SpinBox, &option, QStyle::SC_SpinBoxUp, this);
         constexpr int LINE = 1; // divides them from the text
-        setMask(rect().adjusted(std::max(0, arrows.left() - LINE), 0, 0, 0));
+        QStylePainter painter(this);
+        painter.setClipRect(rect().adjusted(std::max(0, arrows.left() - LINE), 0, 0, 0));
+        painter.drawComplexControl(QStyle::CC_SpinBox, option);
     }
 
 private:
