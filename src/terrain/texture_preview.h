@@ -53,7 +53,7 @@ private:
     void compositeRow(int y);
 
     std::array<bool, ITEM_COUNT> m_ready = {};
-    bool m_bHasComposite = false;                          ///< the composite made last is a picture to show
+    bool m_bHasComposite = false; ///< the composite made last is a picture to show
     // Row y, column x; made with the first picture, as half a megabyte would slow the opening of every panel.
     std::vector<qxCColour> m_tintMap;
     std::vector<float> m_blendMap;

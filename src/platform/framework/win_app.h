@@ -15,8 +15,8 @@ public:
 };
 
 /// Lets the library's windows work in a host that runs no message loop for them: handles what has come in and
-/// paints. Does nothing where the host has a loop of its own that does, from inside such a call (a dialog that
-/// it opened runs its own loop), and while there are no windows yet.
+/// paints. Does nothing where the host has a loop of its own that does, from inside such a call (a dialog
+/// that it opened runs its own loop), and while there are no windows yet.
 void AfxServeWindows();
 
 CWinApp* AfxGetApp();

@@ -29,9 +29,9 @@ struct HGDIOBJ__ {
 /// A pen or brush that always exists; null for an unknown number.
 HGDIOBJ GetStockObject(int object);
 
-/// A picture in memory for SetDIBitsToDevice and StretchDIBits: 32 bits a pixel, 0xFFRRGGBB. The top byte means
-/// nothing, and is 0xFF so that a back end can copy the pixels as they stand.
-/// A negative height means rows from the top, as the toolkit's images have them.
+/// A picture in memory for SetDIBitsToDevice and StretchDIBits: 32 bits a pixel, 0xFFRRGGBB. The top byte
+/// means nothing, and is 0xFF so that a back end can copy the pixels as they stand. A negative height means
+/// rows from the top, as the toolkit's images have them.
 struct BITMAPINFOHEADER {
     DWORD biSize = sizeof(BITMAPINFOHEADER);
     LONG biWidth = 0;
