@@ -116,8 +116,13 @@ void CMainWindow::openEditor() {
 
 void CMainWindow::closeEditor() {
     vuDestroyEditor();
-    m_document.map().clearEditCursors();
+    clearPointing();
     followState();
+}
+
+void CMainWindow::clearPointing() {
+    m_document.map().clearEditCursors();
+    m_document.map().clearDetailHighlights();
 }
 
 void CMainWindow::followState() {
@@ -128,7 +133,7 @@ void CMainWindow::followState() {
     if (m_pEditorAction->isChecked() != open) {
         m_pEditorAction->setChecked(open);
         if (!open) {
-            m_document.map().clearEditCursors(); // a cursor without an editor would promise a stroke
+            clearPointing();
         }
     }
     if (isWindowModified() != m_document.isModified()) {

@@ -65,6 +65,9 @@ private:
     void toggleEditor(bool open);
     void openEditor();
     void closeEditor();
+    /// Take the cursor and the highlighted detail off the ground: without an editor they would promise a
+    /// stroke.
+    void clearPointing();
     /// Follow what changed behind the menus' back: the panel was closed, the map was edited.
     void followState();
     void showTitle();

@@ -66,6 +66,10 @@ void closePanel(CTourStage& stage) {
     QAction* action = stage.window().findChild<QAction*>("map-editor");
     require(waitUntil([&] { return !action->isChecked(); }), "the menu still shows the panel as open");
     require(stage.map().getEditCursors().empty(), "the edit cursor is still on the ground");
+    const CDetailList& details = stage.map().getDetails();
+    for (int i = 0; i < details.size(); ++i) {
+        require(details[i].highlighted == 0, "a detail is still highlighted");
+    }
 }
 
 void reopenPanel(CTourStage& stage) {

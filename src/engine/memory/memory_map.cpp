@@ -295,6 +295,11 @@ void CMemoryMap::clearEditCursors() {
     countChange(EMapChange::editCursors);
 }
 
+void CMemoryMap::clearDetailHighlights() {
+    for (int i = 0; i < m_details.size(); ++i)
+        m_details[i].highlighted = 0;
+}
+
 void CMemoryMap::lockMarkerLayer() {
     ++m_nMarkerLocks;
 }

@@ -104,6 +104,8 @@ public:
     void removeDetail(qxCMapDetailRecord* detail) override;
     qxCMapDetailRecord* findDetail(float x, float z) override;
     const CDetailList& getDetails() const { return m_details; }
+    /// Draw no detail highlighted, as when the editor is gone that pointed at one.
+    void clearDetailHighlights();
 
     void addEditCursor(int x, int z, int kind) override;
     void clearEditCursors() override;

@@ -41,6 +41,7 @@ public:
     const qxCMapDetailRecord& operator[](int index) const {
         return *m_records[static_cast<std::size_t>(index)];
     }
+    qxCMapDetailRecord& operator[](int index) { return *m_records[static_cast<std::size_t>(index)]; }
 
 private:
     std::vector<std::unique_ptr<qxCMapDetailRecord>> m_records;
