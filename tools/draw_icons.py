@@ -508,11 +508,88 @@ def detail_flip(canvas):
         canvas.box(15, y, 16, y + 1, RED)
 
 
+# The movie editor: a lens looks closer or wider at the timeline; the player's signs are those of any player
+
+def lens(canvas):
+    grip = Canvas()
+    for i in range(9):
+        grip.box(19 + i, 19 + i, 21 + i, 21 + i, MAROON)
+    canvas.paste(grip, BLACK)
+    canvas.area(lambda x, y: math.hypot(x - 13, y - 13) < 11, BLACK)
+    canvas.area(lambda x, y: math.hypot(x - 13, y - 13) < 8.6, WHITE)
+    canvas.box(8, 12, 17, 13, BLUE)
+
+
+def zoom_in(canvas):
+    lens(canvas)
+    canvas.box(12, 8, 13, 17, BLUE)
+
+
+def zoom_out(canvas):
+    lens(canvas)
+
+
+def zoom_fit(canvas):
+    canvas.box(2, 4, 3, 27, BLACK)
+    canvas.box(28, 4, 29, 27, BLACK)
+    canvas.polygon([(6, 16), (13, 9), (13, 14), (19, 14), (19, 9), (26, 16), (19, 23), (19, 18), (13, 18),
+                    (13, 23)], BLUE)
+
+
+def player_triangle(canvas, left, right, colour=BLUE):
+    canvas.polygon([(left, 4), (right, 16), (left, 28)], colour)
+
+
+def player_bar(canvas, left, colour=BLUE):
+    bar = Canvas()
+    bar.box(left, 5, left + 3, 27, colour)
+    canvas.paste(bar, BLACK)
+
+
+def go_to_end(canvas):
+    player_triangle(canvas, 3, 14)
+    player_triangle(canvas, 14, 25)
+    player_bar(canvas, 25)
+
+
+def step_forward(canvas):
+    player_bar(canvas, 6)
+    player_triangle(canvas, 13, 26)
+
+
+def go_to_start(canvas):
+    forward = Canvas()
+    go_to_end(forward)
+    canvas.paste(forward.mirrored())
+
+
+def step_back(canvas):
+    forward = Canvas()
+    step_forward(forward)
+    canvas.paste(forward.mirrored())
+
+
+def play(canvas):
+    canvas.polygon([(7, 3), (27, 16), (7, 29)], GREEN)
+
+
+def stop(canvas):
+    canvas.box(5, 5, 26, 26, BLACK)
+    canvas.box(6, 6, 25, 25, RED)
+
+
+def pause(canvas):
+    for left in (7, 18):
+        canvas.box(left, 4, left + 7, 27, BLACK)
+        canvas.box(left + 1, 5, left + 6, 26, BLUE)
+
+
 ICONS = [brush_vertex, brush_edge, brush_cell, brush_plus, brush_2x2, brush_disc, tool_select, tool_raise,
          tool_flatten, tool_set_height, tool_get_height, tool_tint, tool_smooth, tool_flood, tool_drain,
          tool_paint, tool_get_gradient, undo, tool_magnet, redo, map_flag, detail_add_quad, detail_delete,
          detail_move, detail_rotate, tool_roughen, fog, detail_scale, detail_add_point, detail_duplicate,
-         detail_flip]
+         detail_flip, zoom_in, zoom_out, zoom_fit, go_to_start, step_back, play, stop, pause, step_forward,
+         go_to_end]
 
 
 def ico_bytes(canvas):

@@ -30,8 +30,11 @@
 #define CBS_SORT 0x100L
 
 #define ES_AUTOHSCROLL 0x80L
+#define ES_READONLY 0x800L
 
 #define LBS_NOTIFY 0x1L
+#define LBS_SORT 0x2L
+#define LBS_EXTENDEDSEL 0x800L
 
 #define SS_BLACKFRAME 0x7L
 
