@@ -20,8 +20,9 @@ std::size_t allocation_watch::largest() {
 
 void* operator new(std::size_t size) {
     g_largest = std::max(g_largest, size);
-    if (void* memory = std::malloc(size))
+    if (void* memory = std::malloc(size)) {
         return memory;
+    }
     throw std::bad_alloc();
 }
 

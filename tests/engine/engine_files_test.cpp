@@ -19,8 +19,9 @@ protected:
 
     static std::string contentOf(const char* name) {
         qxCFile file;
-        if (!file.open(name, qxFileModeRead))
+        if (!file.open(name, qxFileModeRead)) {
             return "(none)";
+        }
         std::string content(static_cast<std::size_t>(file.getLength()), '?');
         EXPECT_EQ(file.read(content.data(), file.getLength(), false), file.getLength());
         return content;
@@ -28,8 +29,9 @@ protected:
 
     static std::vector<std::string> search(const char* pattern) {
         std::vector<std::string> names;
-        for (const char* name = qxCFile::findFirst(pattern); name != nullptr; name = qxCFile::findNext())
+        for (const char* name = qxCFile::findFirst(pattern); name != nullptr; name = qxCFile::findNext()) {
             names.emplace_back(name);
+        }
         return names;
     }
 
@@ -56,8 +58,9 @@ TEST_F(EngineFiles, NamesResolveInDirectoryOrderWithoutRegardToCase) {
         {"a..b", "dots"},           {"snow.wav", "(none)"},
         {"wind", "(none)"},         {"", "(none)"},
     };
-    for (const auto& c : cases)
+    for (const auto& c : cases) {
         EXPECT_EQ(contentOf(c.name), c.content) << c.name;
+    }
 }
 
 TEST_F(EngineFiles, NoNameLeavesTheDirectories) {
@@ -119,10 +122,12 @@ TEST_F(EngineFiles, ReadStartsAtTheBeginningAndStopsAtTheEnd) {
 }
 
 TEST_F(EngineFiles, SearchListsMatchingNamesOnceSorted) {
-    for (const char* name : {"b.wav", "C.WAV", "a.tga", "wav"})
+    for (const char* name : {"b.wav", "C.WAV", "a.tga", "wav"}) {
         m_first.write(name, "");
-    for (const char* name : {"B.WAV", "a.wav", "ab.wav"})
+    }
+    for (const char* name : {"B.WAV", "a.wav", "ab.wav"}) {
         m_second.write(name, "");
+    }
     m_second.write("Two.mid", "");
     m_second.write("TWO.mid", "");
     fs::create_directory(m_second.path() / "d.wav");
@@ -139,8 +144,9 @@ TEST_F(EngineFiles, SearchListsMatchingNamesOnceSorted) {
         {"*.mp3", {}},
         {"", {}},
     };
-    for (const auto& c : cases)
+    for (const auto& c : cases) {
         EXPECT_EQ(search(c.pattern), c.names) << c.pattern;
+    }
     EXPECT_EQ(qxCFile::findNext(), nullptr);
     EXPECT_EQ(qxCFile::findFirst(nullptr), nullptr);
 }

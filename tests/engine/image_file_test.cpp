@@ -26,9 +26,10 @@ TEST_F(ImageFile, LoadsByBareNameAndHoldsItsPixels) {
     ASSERT_EQ(m_image.width, TestPicture::WIDTH);
     ASSERT_EQ(m_image.height, TestPicture::HEIGHT);
     for (int y = 0; y < m_image.height; ++y) {
-        for (int x = 0; x < m_image.width; ++x)
+        for (int x = 0; x < m_image.width; ++x) {
             ASSERT_EQ(m_image.getPixel(x, y),
                       picture.pixels[static_cast<std::size_t>(y * m_image.width + x)]);
+        }
     }
     EXPECT_EQ(m_image.getPixel(TestPicture::WIDTH, 0), qxCColour());
     EXPECT_EQ(m_image.getPixel(0, -1), qxCColour());

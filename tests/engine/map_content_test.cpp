@@ -46,8 +46,9 @@ TEST_F(MapContent, TheCurrentDefinitionAlwaysExists) {
     } const cases[] = {{0, 0, 0}, {0, 2, 0}, {1, 0, 0}, {1, 1, 1}, {2, 0, 1}, {2, 2, 1}};
     for (const auto& c : cases) {
         CMemoryMap map(4, nullptr);
-        for (int i = 0; i < 3; ++i)
+        for (int i = 0; i < 3; ++i) {
             map.addMultiTexture();
+        }
         map.setCurrentMultiTexture(c.current);
         map.setCurrentMultiTexture(3);
         map.setCurrentMultiTexture(-1);
@@ -104,8 +105,9 @@ TEST_F(MapContent, TerrainTypesAreComplete) {
         EXPECT_GT(std::strlen(type.name), 0U);
         EXPECT_EQ(type.weighting, std::accumulate(std::begin(type.filter), std::end(type.filter), 0.0F))
             << type.name;
-        for (std::size_t k = 0; k < 25; ++k)
+        for (std::size_t k = 0; k < 25; ++k) {
             EXPECT_EQ(type.filter[k], type.filter[k % 5 * 5 + k / 5]) << type.name << ", element " << k;
+        }
     }
 }
 
@@ -121,8 +123,9 @@ TEST_F(MapContent, ADetailIsFoundInTheCellsItsFootprintCovers) {
     } const cases[] = {{3, 4, quad},    {3.9F, 4.9F, quad}, {2, 4, nullptr},        {4, 4, nullptr},
                        {3, 3, nullptr}, {3, 5, nullptr},    {8, 9, point},          {9, 9, nullptr},
                        {8, 8, nullptr}, {-1, -1, nullptr},  {INFINITE, 4, nullptr}, {NAN, NAN, nullptr}};
-    for (const auto& c : cases)
+    for (const auto& c : cases) {
         EXPECT_EQ(m_map.findDetail(c.x, c.z), c.found) << c.x << ", " << c.z;
+    }
     EXPECT_EQ(point->point0, qxCVector3d(8, 0.25F, 9));
     EXPECT_EQ(point->point1, qxCVector3d(9, 0.25F, 9));
     EXPECT_EQ(point->point2, qxCVector3d(8, 0.25F, 10));
@@ -178,8 +181,9 @@ TEST_F(MapContent, DetailsWithoutASensibleFootprintAreRefused) {
         EXPECT_EQ(m_map.addDetail(qxDetailTypeQuad, nullptr, good, good, bad, 1.0F), nullptr);
     }
     EXPECT_EQ(m_map.addDetail(qxDetailTypeQuad, nullptr, good, good, good, NAN), nullptr);
-    for (const float halfSize : {0.0F, -1.0F, INFINITE, NAN})
+    for (const float halfSize : {0.0F, -1.0F, INFINITE, NAN}) {
         EXPECT_EQ(m_map.addDetail(qxDetailTypePoint, nullptr, {1, 0, 1}, halfSize, 0.0F, 1.0F), nullptr);
+    }
     EXPECT_EQ(m_map.getDetails().size(), 0);
     EXPECT_EQ(m_map.getChangeCount(EMapChange::details), 0U);
 }
@@ -202,8 +206,9 @@ TEST_F(MapContent, ASceneListsOnlyItsOwnTexturesEachOnce) {
     qxCTexture* second = m_scene.createTexture();
     EXPECT_EQ(m_scene.getNumTextures(), 0);
     qxCTexture stranger;
-    for (qxCTexture* texture : {second, static_cast<qxCTexture*>(nullptr), &stranger, first, second})
+    for (qxCTexture* texture : {second, static_cast<qxCTexture*>(nullptr), &stranger, first, second}) {
         m_scene.addTexture(texture);
+    }
     ASSERT_EQ(m_scene.getNumTextures(), 2);
     EXPECT_EQ(m_scene.getTexture(0), second);
     EXPECT_EQ(m_scene.getTexture(1), first);

@@ -106,10 +106,12 @@ TEST_F(MapPoints, HeightsAndBlendsAreHeldToSixteenBits) {
 TEST_F(MapPoints, OtherLayersReadAsZeroAndIgnoreWrites) {
     m_map.setPointBlend(1, 1, 1, 8);
     const Snapshot before(m_map);
-    for (const int layer : {-1, 1, 2})
+    for (const int layer : {-1, 1, 2}) {
         m_map.setPointColour(layer, 1, 1, RED);
-    for (const int layer : {-1, 0, 2})
+    }
+    for (const int layer : {-1, 0, 2}) {
         m_map.setPointBlend(layer, 1, 1, 9);
+    }
     m_map.setMarkerPixel(static_cast<qxMapMarkerType>(1), 1, 1, RED);
     EXPECT_EQ(Snapshot(m_map), before);
     EXPECT_EQ(m_map.getPointColour(1, 1, 1), qxCColour());
@@ -135,8 +137,9 @@ TEST_F(MapPoints, WhatTheStoredReadsGaveRestoresThePointAfterAnyChange) {
         m_map.setPointHeight(x, z, upTo(80000) - 5000, true);
         m_map.setPointColour(0, x, z, qxCColour(upTo(255), upTo(255), upTo(255), upTo(255)));
         m_map.paintMultiTexture(x, z, static_cast<float>(upTo(20)) * 0.05F);
-        if (step % 4 == 0)
+        if (step % 4 == 0) {
             continue;
+        }
         m_map.setPointHeight(x, z, height, false);
         m_map.setPointColour(0, x, z, colour);
         m_map.setPointBlend(1, x, z, blend);
@@ -147,14 +150,16 @@ TEST_F(MapPoints, WhatTheStoredReadsGaveRestoresThePointAfterAnyChange) {
 TEST_F(MapPoints, GradientOfAPlaneIsItsSlopeEverywhere) {
     m_map.heightScale = 0.25F;
     for (int z = 0; z <= GRID; ++z) {
-        for (int x = 0; x <= GRID; ++x)
+        for (int x = 0; x <= GRID; ++x) {
             m_map.setPointHeight(x, z, 500 + 12 * x - 16 * z, true);
+        }
     }
     // 3 and 4 world units a cell along the axes: steepest descent 5.
     const float expected = std::atan(5.0F) * 180.0F / std::acos(-1.0F);
     for (int z = 0; z <= GRID; ++z) {
-        for (int x = 0; x <= GRID; ++x)
+        for (int x = 0; x <= GRID; ++x) {
             ASSERT_NEAR(m_map.getGradient(x, z), expected, 1e-3F) << x << ", " << z;
+        }
     }
 }
 

@@ -102,13 +102,15 @@ TEST(Painting, WeightMovesThePointTowardsTheDefinitionAndArrives) {
     map.paintMultiTexture(5, 5, 0.5F);
     EXPECT_EQ(map.getPointBlendQ(1, 5, 5), 40535);
     EXPECT_EQ(map.getPointColour(0, 5, 5), qxCColour(155, 255, 205, 255));
-    for (int i = 0; i < 400; ++i)
+    for (int i = 0; i < 400; ++i) {
         map.paintMultiTexture(5, 5, 0.05F);
+    }
     EXPECT_EQ(map.getPointBlendQ(1, 5, 5), 65535);
     EXPECT_EQ(map.getPointColour(0, 5, 5), qxCColour(55, 255, 155, 255));
     definition.blend = 0.0F;
-    for (int i = 0; i < 400; ++i)
+    for (int i = 0; i < 400; ++i) {
         map.paintMultiTexture(5, 5, 0.05F);
+    }
     EXPECT_EQ(map.getPointBlendQ(1, 5, 5), 0);
 }
 
@@ -116,8 +118,9 @@ TEST(Painting, BadWeightsAndValuesStayInBounds) {
     CMemoryMap map(16, nullptr);
     qxCMapMultiTexture& definition = *map.addMultiTexture();
     definition.blend = 0.5F;
-    for (const float weight : {0.0F, -1.0F, NOT_A_NUMBER})
+    for (const float weight : {0.0F, -1.0F, NOT_A_NUMBER}) {
         map.paintMultiTexture(2, 2, weight);
+    }
     EXPECT_EQ(map.getChangeCount(EMapChange::surface), 0U);
     map.paintMultiTexture(2, 2, 9.0F);
     EXPECT_EQ(map.getPointBlendQ(1, 2, 2), 32768);
@@ -145,16 +148,18 @@ class Water : public testing::Test {
 protected:
     void dig(const Art& heights) {
         for (int z = 0; z < 7; ++z) {
-            for (int x = 0; x < 7; ++x)
+            for (int x = 0; x < 7; ++x) {
                 m_map.setPointHeight(x, z, at(heights, x, z) - '0', true);
+            }
         }
     }
     Art water() const {
         Art art(7, std::string(7, '.'));
         for (int z = 0; z < 7; ++z) {
             for (int x = 0; x < 7; ++x) {
-                if (m_map.getPointWater(x, z))
+                if (m_map.getPointWater(x, z)) {
                     art[static_cast<std::size_t>(z)][static_cast<std::size_t>(x)] = '~';
+                }
             }
         }
         return art;
@@ -243,8 +248,9 @@ TEST(WaterArea, ALargeMapFillsAndDrainsWhole) {
     CMemoryMap map(1024, nullptr);
     // A wall that leaves one winding channel: the longest way the water can take.
     for (int z = 1; z < 1024; z += 2) {
-        for (int x = 0; x <= 1024; ++x)
+        for (int x = 0; x <= 1024; ++x) {
             map.setPointHeight(x, z, x == (z % 4 == 1 ? 1024 : 0) ? 0 : 9, true);
+        }
     }
     map.addWater(0, 0);
     constexpr std::uint64_t CHANNEL = 513ULL * 1025 + 512;

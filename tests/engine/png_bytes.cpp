@@ -30,8 +30,9 @@ std::vector<std::uint8_t> makePng(int width, int height, int colourType, int dep
     }
     std::vector<png_bytep> rows;
     const std::size_t rowSize = samples.size() / static_cast<std::size_t>(height);
-    for (std::size_t at = 0; at < samples.size(); at += rowSize)
+    for (std::size_t at = 0; at < samples.size(); at += rowSize) {
         rows.push_back(&samples[at]);
+    }
     png_set_rows(png, info, rows.data());
     png_write_png(png, info, PNG_TRANSFORM_IDENTITY, nullptr);
     png_destroy_write_struct(&png, &info);

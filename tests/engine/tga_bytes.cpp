@@ -16,10 +16,12 @@ void append(Bytes& bytes, const Bytes& more) {
 
 // Where no alpha bit is declared, or none exists, its place holds noise.
 Bytes colourBytes(const qxCColour& c, int bits, int alphaBits) {
-    if (bits == 24)
+    if (bits == 24) {
         return {c.b, c.g, c.r};
-    if (bits == 32)
+    }
+    if (bits == 32) {
         return {c.b, c.g, c.r, c.a};
+    }
     Bytes bytes;
     const bool hasAlphaBit = bits == 16 && alphaBits > 0;
     const auto five = [](int channel) { return channel >> 3; };
@@ -46,15 +48,17 @@ std::vector<qxCColour> inFileOrder(const TgaLayout& layout, const std::vector<qx
 std::vector<qxCColour> coloursOf(const std::vector<qxCColour>& pixels) {
     std::vector<qxCColour> map;
     for (const qxCColour& pixel : pixels) {
-        if (std::ranges::find(map, pixel) == map.end())
+        if (std::ranges::find(map, pixel) == map.end()) {
             map.push_back(pixel);
+        }
     }
     return map;
 }
 
 Bytes pixelBytes(const TgaLayout& layout, const std::vector<qxCColour>& map, const qxCColour& pixel) {
-    if (layout.kind == 2)
+    if (layout.kind == 2) {
         return colourBytes(pixel, layout.pixelBits, layout.alphaBits);
+    }
     const int value = layout.kind == 3
                           ? pixel.r | pixel.a << 8
                           : static_cast<int>(std::ranges::find(map, pixel) - map.begin()) + layout.mapFirst;
@@ -69,17 +73,20 @@ void putPacked(Bytes& bytes, const std::vector<Bytes>& pixels) {
     std::size_t i = 0;
     while (i < pixels.size()) {
         std::size_t run = 1;
-        while (i + run < pixels.size() && pixels[i + run] == pixels[i])
+        while (i + run < pixels.size() && pixels[i + run] == pixels[i]) {
             ++run;
+        }
         std::size_t end = i + run;
         if (run == 1) {
-            while (end < pixels.size() && (end + 1 == pixels.size() || pixels[end] != pixels[end + 1]))
+            while (end < pixels.size() && (end + 1 == pixels.size() || pixels[end] != pixels[end + 1])) {
                 ++end;
+            }
         }
         const std::size_t count = end - i;
         bytes.push_back(static_cast<std::uint8_t>((run > 1 ? 0x80U : 0U) | (count - 1)));
-        for (std::size_t k = i; k < (run > 1 ? i + 1 : end); ++k)
+        for (std::size_t k = i; k < (run > 1 ? i + 1 : end); ++k) {
             append(bytes, pixels[k]);
+        }
         i = end;
     }
 }
@@ -92,10 +99,11 @@ TestPicture::TestPicture(bool isGrey, bool hasAlpha) {
     for (int i = 0; i < WIDTH * HEIGHT; ++i) {
         const int code = i < 9 ? i : (i < 14 ? 9 : (i == 16 ? 14 : i - 2));
         const int alpha = hasAlpha && code % 5 == 2 ? 0 : 255;
-        if (isGrey)
+        if (isGrey) {
             pixels.emplace_back(code * 9, code * 9, code * 9, alpha);
-        else
+        } else {
             pixels.emplace_back(LEVELS[code % 3], LEVELS[code / 3 % 3], LEVELS[code / 9 % 3], alpha);
+        }
     }
 }
 
@@ -112,10 +120,12 @@ Bytes tgaHeader(int kind, int width, int height, int pixelBits) {
 
 Bytes makeTga(const TgaLayout& layout, const TestPicture& picture) {
     std::vector<qxCColour> map;
-    if (layout.kind == 1)
+    if (layout.kind == 1) {
         map = coloursOf(picture.pixels);
-    if (layout.hasUnusedMap)
+    }
+    if (layout.hasUnusedMap) {
         map.assign(2, qxCColour(1, 2, 3, 4));
+    }
     Bytes bytes = tgaHeader(layout.kind | (layout.isPacked ? 8 : 0), TestPicture::WIDTH, TestPicture::HEIGHT,
                             layout.pixelBits);
     bytes[0] = static_cast<std::uint8_t>(layout.idLength);
@@ -126,16 +136,19 @@ Bytes makeTga(const TgaLayout& layout, const TestPicture& picture) {
     bytes[17] = static_cast<std::uint8_t>(layout.alphaBits | (layout.fromRight ? 0x10 : 0) |
                                           (layout.fromTop ? 0x20 : 0));
     append(bytes, Bytes(static_cast<std::size_t>(layout.idLength), 0xEE));
-    for (const qxCColour& colour : map)
+    for (const qxCColour& colour : map) {
         append(bytes, colourBytes(colour, layout.mapBits, layout.alphaBits));
+    }
     std::vector<Bytes> pixels;
-    for (const qxCColour& pixel : inFileOrder(layout, picture.pixels))
+    for (const qxCColour& pixel : inFileOrder(layout, picture.pixels)) {
         pixels.push_back(pixelBytes(layout, map, pixel));
+    }
     if (layout.isPacked) {
         putPacked(bytes, pixels);
     } else {
-        for (const Bytes& pixel : pixels)
+        for (const Bytes& pixel : pixels) {
             append(bytes, pixel);
+        }
     }
     return bytes;
 }

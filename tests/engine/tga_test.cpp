@@ -66,9 +66,10 @@ TEST(Tga, EveryKindFromEveryCornerGivesThePicture) {
 TEST(Tga, NothingComesOfAFileThatEndsEarlyAndExtraBytesDoNoHarm) {
     forEachVariant([](const TgaLayout& layout) {
         Bytes file = makeTga(layout, pictureFor(layout));
-        for (std::size_t size = 0; size < file.size(); ++size)
+        for (std::size_t size = 0; size < file.size(); ++size) {
             ASSERT_FALSE(decodeImage(std::span(file).first(size)))
                 << size << " of " << file.size() << " bytes";
+        }
         file.resize(file.size() + 26);
         EXPECT_TRUE(decodeImage(file));
     });
@@ -77,8 +78,9 @@ TEST(Tga, NothingComesOfAFileThatEndsEarlyAndExtraBytesDoNoHarm) {
 TEST(Tga, AlphaThatNobodyMeantIsOpaque) {
     const TgaLayout undeclared = {.what = "", .kind = 2, .pixelBits = 32};
     TestPicture picture(false, true);
-    for (qxCColour& pixel : picture.pixels)
+    for (qxCColour& pixel : picture.pixels) {
         pixel.a = 0;
+    }
     EXPECT_EQ(decodeImage(makeTga(undeclared, picture))->pixels[0].a, 255);
     TgaLayout declared = undeclared;
     declared.alphaBits = 8;
@@ -91,8 +93,9 @@ TEST(Tga, AnIndexOutsideTheMapIsTransparentBlack) {
     file[3] = 10;
     file[5] = 2;
     file[7] = 24;
-    for (const int byte : {1, 2, 3, 4, 5, 6, 9, 11, 12})
+    for (const int byte : {1, 2, 3, 4, 5, 6, 9, 11, 12}) {
         file.push_back(static_cast<std::uint8_t>(byte));
+    }
     const auto image = decodeImage(file);
     ASSERT_TRUE(image);
     EXPECT_EQ(image->pixels, (std::vector{qxCColour(), qxCColour(6, 5, 4, 255), qxCColour()}));
@@ -100,8 +103,9 @@ TEST(Tga, AnIndexOutsideTheMapIsTransparentBlack) {
 
 TEST(Tga, APacketMayRunPastTheLastPixel) {
     Bytes file = tgaHeader(10, 2, 1, 24);
-    for (const int byte : {0xFF, 7, 8, 9})
+    for (const int byte : {0xFF, 7, 8, 9}) {
         file.push_back(static_cast<std::uint8_t>(byte));
+    }
     const auto image = decodeImage(file);
     ASSERT_TRUE(image);
     EXPECT_EQ(image->pixels, std::vector(2, qxCColour(9, 8, 7, 255)));

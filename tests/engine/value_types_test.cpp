@@ -31,8 +31,9 @@ TEST(Colour, InterpolateMeetsBothEndsAndNeverStalls) {
     EXPECT_EQ(interpolate(qxCColour(0, 100, 50, 0), qxCColour(100, 0, 50, 10), 0.5F),
               qxCColour(50, 50, 50, 5));
     qxCColour colour = dark;
-    for (int i = 0; i < 1000; ++i)
+    for (int i = 0; i < 1000; ++i) {
         colour = interpolate(colour, light, 0.01F);
+    }
     EXPECT_EQ(colour, light);
 }
 
@@ -83,8 +84,9 @@ TEST(Matrix, TurningAboutACentreLeavesTheCentre) {
 
 TEST(Random, IsTheStandardMersenneTwister) {
     qxCRandom random;
-    for (int i = 1; i < 10000; ++i)
+    for (int i = 1; i < 10000; ++i) {
         random.get(1.0F);
+    }
     // The standard gives 4123659995 as the 10000th output of the generator's default seed.
     EXPECT_NEAR(random.get(16777215.0F), 4123659995U >> 8U, 1.0);
 }

@@ -43,21 +43,24 @@ template <class Visit> void forEachFileName(const fs::path& directory, Visit vis
     fs::directory_iterator entry(directory, error);
     for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
         const std::string name = entry->path().filename().string();
-        if (isBareName(name) && isFile(entry->path()))
+        if (isBareName(name) && isFile(entry->path())) {
             visit(name);
+        }
     }
 }
 
 std::optional<fs::path> findInDirectory(const fs::path& directory, std::string_view bareName) {
     const fs::path exact = directory / bareName;
-    if (isFile(exact))
+    if (isFile(exact)) {
         return exact;
+    }
     const std::string wanted = lowered(bareName);
     std::string found;
     forEachFileName(directory, [&](const std::string& name) {
         // The order of a directory's entries is chance, so the smallest spelling decides.
-        if (lowered(name) == wanted && (found.empty() || name < found))
+        if (lowered(name) == wanted && (found.empty() || name < found)) {
             found = name;
+        }
     });
     return found.empty() ? std::nullopt : std::optional(directory / found);
 }
@@ -104,11 +107,13 @@ const std::vector<fs::path>& CEngineDirectories::getDirectories() {
 }
 
 std::optional<fs::path> CEngineDirectories::resolve(std::string_view bareName) {
-    if (!isBareName(bareName))
+    if (!isBareName(bareName)) {
         return std::nullopt;
+    }
     for (const fs::path& directory : directoryList()) {
-        if (std::optional<fs::path> found = findInDirectory(directory, bareName))
+        if (std::optional<fs::path> found = findInDirectory(directory, bareName)) {
             return found;
+        }
     }
     return std::nullopt;
 }
@@ -120,17 +125,20 @@ std::vector<std::string> CEngineDirectories::findMatching(std::string_view patte
         std::map<std::string, std::string> here;
         forEachFileName(directory, [&](const std::string& name) {
             const std::string key = lowered(name);
-            if (!matches(key, wanted))
+            if (!matches(key, wanted)) {
                 return;
+            }
             const auto [entry, isNew] = here.emplace(key, name);
-            if (!isNew)
+            if (!isNew) {
                 entry->second = std::min(entry->second, name);
+            }
         });
         found.merge(here);
     }
     std::vector<std::string> names;
     names.reserve(found.size());
-    for (const auto& [key, name] : found)
+    for (const auto& [key, name] : found) {
         names.push_back(name);
+    }
     return names;
 }

@@ -30,8 +30,9 @@ public:
     void add(int x, int z) {
         ++m_nChanges;
         // Nearly every write falls into what is dirty already.
-        if (x < m_rect.x0 || x > m_rect.x1 || z < m_rect.z0 || z > m_rect.z1) [[unlikely]]
-            m_rect.grow(x, z);
+        if (x < m_rect.x0 || x > m_rect.x1 || z < m_rect.z0 || z > m_rect.z1) {
+            [[unlikely]] m_rect.grow(x, z);
+        }
     }
 
     /// The smallest rectangle around the changes since the last call; it is empty afterwards.

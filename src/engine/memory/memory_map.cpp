@@ -29,8 +29,9 @@ template <class T> bool isIndexOf(const std::vector<T>& values, int index) {
 
 // Writes where the layer has the point; a value that stands there already is no change.
 template <class T> void setPoint(CPointLayer<T>& layer, CGridRegion& changes, int x, int z, const T& value) {
-    if (!layer.contains(x, z) || layer.at(x, z) == value)
+    if (!layer.contains(x, z) || layer.at(x, z) == value) {
         return;
+    }
     layer.at(x, z) = value;
     changes.add(x, z);
 }
@@ -81,8 +82,9 @@ qxCColour CMemoryMap::getPointColour(int layer, int x, int z) const {
 }
 
 void CMemoryMap::setPointColour(int layer, int x, int z, const qxCColour& colour) {
-    if (layer == COLOUR_LAYER)
+    if (layer == COLOUR_LAYER) {
         setPoint(m_colours, m_surfaceChanges, x, z, colour);
+    }
 }
 
 bool CMemoryMap::getPointWater(int x, int z) const {
@@ -117,14 +119,16 @@ int CMemoryMap::getPointBlendQ(int layer, int x, int z) const {
 }
 
 void CMemoryMap::setPointBlend(int layer, int x, int z, int value) {
-    if (layer == BLEND_LAYER)
+    if (layer == BLEND_LAYER) {
         setPoint(m_blends, m_surfaceChanges, x, z,
                  static_cast<std::uint16_t>(std::clamp(value, 0, MAX_BLEND)));
+    }
 }
 
 void CMemoryMap::paintMultiTexture(int x, int z, float weight) {
-    if (!(weight > 0.0F) || !m_blends.contains(x, z) || !isIndexOf(m_definitions, m_nCurrentDefinition))
+    if (!(weight > 0.0F) || !m_blends.contains(x, z) || !isIndexOf(m_definitions, m_nCurrentDefinition)) {
         return;
+    }
     const float held = std::min(weight, 1.0F);
     const qxCMapMultiTexture& definition = *m_definitions[static_cast<std::size_t>(m_nCurrentDefinition)];
     const CSurfacePattern::Sample target =
@@ -148,11 +152,13 @@ void CMemoryMap::setPointWater(int x, int z, bool water) {
 }
 
 int CMemoryMap::getWaterHeight() const {
-    if (!(heightScale > 0.0F))
+    if (!(heightScale > 0.0F)) {
         return -1;
+    }
     const float level = waterLevel / heightScale;
-    if (!(level > -1.0F))
+    if (!(level > -1.0F)) {
         return -1;
+    }
     return static_cast<int>(std::min(level, static_cast<float>(MAX_HEIGHT)));
 }
 
@@ -171,18 +177,21 @@ qxCMapMultiTexture* CMemoryMap::addMultiTexture() {
 }
 
 void CMemoryMap::removeMultiTexture(int index) {
-    if (!isIndexOf(m_definitions, index))
+    if (!isIndexOf(m_definitions, index)) {
         return;
+    }
     m_definitions.erase(m_definitions.begin() + index);
-    if (index < m_nCurrentDefinition)
+    if (index < m_nCurrentDefinition) {
         --m_nCurrentDefinition;
+    }
     m_nCurrentDefinition = std::clamp(m_nCurrentDefinition, 0, std::max(getNumMultiTextures() - 1, 0));
     countChange(EMapChange::textures);
 }
 
 void CMemoryMap::setCurrentMultiTexture(int index) {
-    if (isIndexOf(m_definitions, index))
+    if (isIndexOf(m_definitions, index)) {
         m_nCurrentDefinition = index;
+    }
 }
 
 int CMemoryMap::getCurrentMultiTexture() const {
@@ -191,8 +200,9 @@ int CMemoryMap::getCurrentMultiTexture() const {
 
 void CMemoryMap::setTexture(qxMapLayerType layer, qxCTexture* texture) {
     const auto index = static_cast<std::size_t>(layer);
-    if (index >= m_textures.size() || m_textures[index] == texture)
+    if (index >= m_textures.size() || m_textures[index] == texture) {
         return;
+    }
     m_textures[index] = texture;
     countChange(EMapChange::textures);
 }
@@ -204,8 +214,9 @@ qxCTexture* CMemoryMap::getTexture(qxMapLayerType layer) const {
 
 void CMemoryMap::setTextureTiling(int tiling) {
     const int held = std::clamp(tiling, MIN_TILING, MAX_TILING);
-    if (held == m_nTiling)
+    if (held == m_nTiling) {
         return;
+    }
     m_nTiling = held;
     countChange(EMapChange::textures);
 }
@@ -269,14 +280,16 @@ qxCMapDetailRecord* CMemoryMap::addDetail(qxDetailType type, qxCTexture* texture
 }
 
 qxCMapDetailRecord* CMemoryMap::counted(qxCMapDetailRecord* added) {
-    if (added != nullptr)
+    if (added != nullptr) {
         countChange(EMapChange::details);
+    }
     return added;
 }
 
 void CMemoryMap::removeDetail(qxCMapDetailRecord* detail) {
-    if (m_details.remove(detail))
+    if (m_details.remove(detail)) {
         countChange(EMapChange::details);
+    }
 }
 
 qxCMapDetailRecord* CMemoryMap::findDetail(float x, float z) {
@@ -284,8 +297,9 @@ qxCMapDetailRecord* CMemoryMap::findDetail(float x, float z) {
 }
 
 void CMemoryMap::addEditCursor(int x, int z, int kind) {
-    if (kind < 0 || kind > MAX_CURSOR_KIND)
+    if (kind < 0 || kind > MAX_CURSOR_KIND) {
         return;
+    }
     m_editCursors.push_back({x, z, kind});
     countChange(EMapChange::editCursors);
 }
@@ -296,8 +310,9 @@ void CMemoryMap::clearEditCursors() {
 }
 
 void CMemoryMap::clearDetailHighlights() {
-    for (int i = 0; i < m_details.size(); ++i)
+    for (int i = 0; i < m_details.size(); ++i) {
         m_details[i].highlighted = 0;
+    }
 }
 
 void CMemoryMap::lockMarkerLayer() {
@@ -309,8 +324,9 @@ void CMemoryMap::unlockMarkerLayer() {
 }
 
 void CMemoryMap::setMarkerPixel(qxMapMarkerType type, int x, int z, const qxCColour& colour) {
-    if (type == qxMapMarkerStroke)
+    if (type == qxMapMarkerStroke) {
         setPoint(m_markers, m_markerChanges, x, z, colour);
+    }
 }
 
 std::uint64_t CMemoryMap::getChangeCount(EMapChange kind) const {

@@ -16,8 +16,9 @@ qxCTexture* CMemoryScene::createTexture() {
 void CMemoryScene::addTexture(qxCTexture* texture) {
     const bool isOurs =
         std::ranges::any_of(m_created, [texture](const auto& own) { return own.get() == texture; });
-    if (isOurs && std::ranges::find(m_list, texture) == m_list.end())
+    if (isOurs && std::ranges::find(m_list, texture) == m_list.end()) {
         m_list.push_back(texture);
+    }
 }
 
 int CMemoryScene::getNumTextures() const {

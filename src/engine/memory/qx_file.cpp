@@ -43,14 +43,17 @@ qxCFile::~qxCFile() = default;
 
 bool qxCFile::open(const char* fileName, qxFileMode mode) {
     close();
-    if (fileName == nullptr || mode != qxFileModeRead)
+    if (fileName == nullptr || mode != qxFileModeRead) {
         return false;
+    }
     const auto path = CEngineDirectories::resolve(fileName);
-    if (!path)
+    if (!path) {
         return false;
+    }
     m_pState->stream.open(*path, std::ios::binary);
-    if (!m_pState->stream.is_open())
+    if (!m_pState->stream.is_open()) {
         return false;
+    }
     m_pState->name = fileName;
     m_pState->length = lengthOf(*path);
     return true;
@@ -62,8 +65,9 @@ int qxCFile::getLength() const {
 
 int qxCFile::read(void* destination, int byteCount, bool /*flag*/) {
     std::ifstream& stream = m_pState->stream;
-    if (!stream.is_open() || destination == nullptr || byteCount <= 0)
+    if (!stream.is_open() || destination == nullptr || byteCount <= 0) {
         return 0;
+    }
     stream.clear();
     stream.seekg(0);
     stream.read(static_cast<char*>(destination), byteCount);
@@ -81,8 +85,9 @@ void qxCFile::close() {
 const char* qxCFile::findFirst(const char* pattern) {
     FileSearch& search = currentSearch();
     search = FileSearch();
-    if (pattern != nullptr)
+    if (pattern != nullptr) {
         search.names = CEngineDirectories::findMatching(pattern);
+    }
     return findNext();
 }
 
@@ -96,14 +101,17 @@ void qxCFile::findClose() {
 }
 
 bool qxCFile::getFullPathName(const char* fileName, char* buffer) {
-    if (fileName == nullptr || buffer == nullptr)
+    if (fileName == nullptr || buffer == nullptr) {
         return false;
+    }
     const auto path = CEngineDirectories::resolve(fileName);
-    if (!path)
+    if (!path) {
         return false;
+    }
     const std::string text = path->string();
-    if (text.size() >= MAX_PATH_LENGTH)
+    if (text.size() >= MAX_PATH_LENGTH) {
         return false;
+    }
     std::memcpy(buffer, text.c_str(), text.size() + 1);
     return true;
 }

@@ -15,8 +15,9 @@ constexpr std::uintmax_t MAX_FILE_SIZE = 256U << 20;
 std::vector<std::uint8_t> readFile(const std::filesystem::path& path) {
     std::error_code error;
     const std::uintmax_t size = std::filesystem::file_size(path, error);
-    if (error || size > MAX_FILE_SIZE)
+    if (error || size > MAX_FILE_SIZE) {
         return {};
+    }
     std::vector<std::uint8_t> bytes(size);
     std::ifstream stream(path, std::ios::binary);
     stream.read(reinterpret_cast<char*>(bytes.data()), static_cast<std::streamsize>(size));
@@ -35,11 +36,13 @@ bool qxCImageFile::load(const char* fileName, bool /*flag*/) {
     height = 0;
     m_pixels.clear();
     const auto path = fileName != nullptr ? CEngineDirectories::resolve(fileName) : std::nullopt;
-    if (!path)
+    if (!path) {
         return false;
+    }
     std::optional<CDecodedImage> image = decodeImage(readFile(*path));
-    if (!image)
+    if (!image) {
         return false;
+    }
     width = image->width;
     height = image->height;
     m_pixels = std::move(image->pixels);
@@ -61,14 +64,16 @@ qxCColour qxCImageFile::getPixel(int x, int y) const {
 
 void qxCImageFile::setPixel(int x, int y, const qxCColour& colour) {
     const std::size_t index = indexOf(x, y);
-    if (index < m_pixels.size())
+    if (index < m_pixels.size()) {
         m_pixels[index] = colour;
+    }
 }
 
 // Past the end of the pixels for a point outside the image. The size is public, so it is not taken at its
 // word.
 std::size_t qxCImageFile::indexOf(int x, int y) const {
-    if (x < 0 || x >= width || y < 0 || y >= height)
+    if (x < 0 || x >= width || y < 0 || y >= height) {
         return m_pixels.size();
+    }
     return static_cast<std::size_t>(y) * static_cast<std::size_t>(width) + static_cast<std::size_t>(x);
 }

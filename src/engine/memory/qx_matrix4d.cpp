@@ -50,8 +50,9 @@ qxCMatrix4d operator*(const qxCMatrix4d& a, const qxCMatrix4d& b) {
     for (std::size_t row = 0; row < 4; ++row) {
         for (std::size_t column = 0; column < 4; ++column) {
             float sum = 0.0F;
-            for (std::size_t i = 0; i < 4; ++i)
+            for (std::size_t i = 0; i < 4; ++i) {
                 sum += a.m_rows[row][i] * b.m_rows[i][column];
+            }
             product.m_rows[row][column] = sum;
         }
     }

@@ -48,11 +48,13 @@ bool isPng(std::span<const std::uint8_t> bytes) {
 
 std::optional<CDecodedImage> decodePng(std::span<const std::uint8_t> bytes) {
     PngImage image;
-    if (png_image_begin_read_from_memory(&image, bytes.data(), bytes.size()) == 0)
+    if (png_image_begin_read_from_memory(&image, bytes.data(), bytes.size()) == 0) {
         return std::nullopt;
+    }
     constexpr auto MAX_EDGE = static_cast<png_uint_32>(qxCImageFile::MAX_EDGE);
-    if (image.width > MAX_EDGE || image.height > MAX_EDGE || !canHold(bytes, image.width, image.height))
+    if (image.width > MAX_EDGE || image.height > MAX_EDGE || !canHold(bytes, image.width, image.height)) {
         return std::nullopt;
+    }
     // Blue, green, red, alpha bytes are the layout of qxCColour. Samples of 16 bits are colour values like
     // those of eight bits, not linear light.
     image.format = PNG_FORMAT_BGRA;
@@ -61,7 +63,8 @@ std::optional<CDecodedImage> decodePng(std::span<const std::uint8_t> bytes) {
     result.width = static_cast<int>(image.width);
     result.height = static_cast<int>(image.height);
     result.pixels.resize(std::size_t{image.width} * image.height);
-    if (png_image_finish_read(&image, nullptr, result.pixels.data(), 0, nullptr) == 0)
+    if (png_image_finish_read(&image, nullptr, result.pixels.data(), 0, nullptr) == 0) {
         return std::nullopt;
+    }
     return result;
 }

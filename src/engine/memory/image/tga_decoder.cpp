@@ -95,13 +95,15 @@ bool isSupported(const TgaHeader& header, Bytes bytes) {
 std::optional<std::size_t> packedSize(Bytes bytes, std::size_t pixelCount, std::size_t pixelSize) {
     std::size_t offset = 0;
     while (pixelCount > 0) {
-        if (offset >= bytes.size())
+        if (offset >= bytes.size()) {
             return std::nullopt;
+        }
         const bool isRepeat = (bytes[offset] & REPEAT) != 0;
         const std::size_t count = std::min<std::size_t>((bytes[offset] & ~REPEAT & 0xFFU) + 1, pixelCount);
         const std::size_t size = 1 + (isRepeat ? pixelSize : count * pixelSize);
-        if (bytes.size() - offset < size)
+        if (bytes.size() - offset < size) {
             return std::nullopt;
+        }
         offset += size;
         pixelCount -= count;
     }
@@ -114,8 +116,9 @@ std::optional<Bytes> storedPixels(const TgaHeader& header, Bytes bytes) {
     const std::size_t pixelSize = bytesFor(header.pixelBits);
     const std::optional<std::size_t> size =
         header.isPacked ? packedSize(data, header.pixelCount(), pixelSize) : header.pixelCount() * pixelSize;
-    if (!size || *size > data.size())
+    if (!size || *size > data.size()) {
         return std::nullopt;
+    }
     return data.first(*size);
 }
 
@@ -126,8 +129,9 @@ qxCColour colourOfWord(int word, bool hasAlphaBit) {
 
 std::vector<qxCColour> colourMap(const TgaHeader& header, Bytes bytes) {
     std::vector<qxCColour> map;
-    if (header.kind != KIND_MAPPED)
+    if (header.kind != KIND_MAPPED) {
         return map;
+    }
     map.reserve(static_cast<std::size_t>(header.mapLength));
     const std::uint8_t* entry = bytes.data() + header.mapOffset();
     for (int i = 0; i < header.mapLength; ++i, entry += bytesFor(header.mapBits)) {
@@ -160,8 +164,9 @@ public:
     CPixelReader(const TgaHeader& header, Bytes bytes) : m_header(header), m_map(colourMap(header, bytes)) {}
 
     qxCColour operator()(const std::uint8_t* bytes) const {
-        if (m_header.kind == KIND_MAPPED)
+        if (m_header.kind == KIND_MAPPED) {
             return mapped(m_header.pixelBits == 16 ? bytes[0] | bytes[1] << 8 : bytes[0]);
+        }
         switch (bytesFor(m_header.pixelBits)) {
         case 1:
             return {bytes[0], bytes[0], bytes[0], 255};
@@ -193,8 +198,9 @@ std::vector<qxCColour> decodePixels(const TgaHeader& header, Bytes file, const C
     const std::size_t size = bytesFor(header.pixelBits);
     const std::unique_ptr<std::uint8_t, void (*)(void*)> samples(loadTga(file, static_cast<int>(size)),
                                                                  freeTga);
-    if (!samples)
+    if (!samples) {
         return {};
+    }
     std::vector<qxCColour> pixels(header.pixelCount());
     const std::uint8_t* sample = samples.get();
     for (qxCColour& pixel : pixels) {
@@ -207,26 +213,32 @@ std::vector<qxCColour> decodePixels(const TgaHeader& header, Bytes file, const C
 } // namespace
 
 std::optional<CDecodedImage> decodeTga(std::span<const std::uint8_t> bytes) {
-    if (bytes.size() < HEADER_SIZE)
+    if (bytes.size() < HEADER_SIZE) {
         return std::nullopt;
+    }
     const TgaHeader header(bytes);
-    if (!isSupported(header, bytes))
+    if (!isSupported(header, bytes)) {
         return std::nullopt;
+    }
     const std::optional<Bytes> stored = storedPixels(header, bytes);
-    if (!stored)
+    if (!stored) {
         return std::nullopt;
+    }
     CDecodedImage image{header.width, header.height,
                         decodePixels(header, plainFile(header, bytes, *stored), CPixelReader(header, bytes))};
-    if (image.pixels.empty())
+    if (image.pixels.empty()) {
         return std::nullopt;
+    }
     if ((header.descriptor & FROM_RIGHT) != 0) {
-        for (auto row = image.pixels.begin(); row != image.pixels.end(); row += header.width)
+        for (auto row = image.pixels.begin(); row != image.pixels.end(); row += header.width) {
             std::reverse(row, row + header.width);
+        }
     }
     const auto isTransparent = [](const qxCColour& pixel) { return pixel.a == 0; };
     if (!header.declaresAlpha() && std::ranges::all_of(image.pixels, isTransparent)) {
-        for (qxCColour& pixel : image.pixels)
+        for (qxCColour& pixel : image.pixels) {
             pixel.a = 255;
+        }
     }
     return image;
 }

@@ -19,8 +19,9 @@ bool covers(const qxCMapDetailRecord& detail, float x, float z) {
     const qxCVector3d side = detail.point1 - detail.point0;
     const qxCVector3d depth = detail.point2 - detail.point0;
     const float area = side.x * depth.z - side.z * depth.x;
-    if (area == 0.0F)
+    if (area == 0.0F) {
         return false;
+    }
     const float px = x - detail.point0.x;
     const float pz = z - detail.point0.z;
     const float along = (px * depth.z - pz * depth.x) / area;
@@ -36,8 +37,9 @@ CDetailList::~CDetailList() = default;
 
 qxCMapDetailRecord* CDetailList::add(qxDetailType type, qxCTexture* texture, const qxCVector3d& p0,
                                      const qxCVector3d& p1, const qxCVector3d& p2, float scalar) {
-    if (!isFinite(p0) || !isFinite(p1) || !isFinite(p2) || !std::isfinite(scalar))
+    if (!isFinite(p0) || !isFinite(p1) || !isFinite(p2) || !std::isfinite(scalar)) {
         return nullptr;
+    }
     auto record = std::make_unique<qxCMapDetailRecord>();
     record->texture = texture;
     record->point0 = p0;
@@ -51,8 +53,9 @@ qxCMapDetailRecord* CDetailList::add(qxDetailType type, qxCTexture* texture, con
 
 qxCMapDetailRecord* CDetailList::add(qxDetailType type, qxCTexture* texture, const qxCVector3d& position,
                                      float halfSize, float elevation, float scalar) {
-    if (!(halfSize > 0.0F))
+    if (!(halfSize > 0.0F)) {
         return nullptr;
+    }
     const qxCVector3d base = position + qxCVector3d(0.0F, elevation, 0.0F);
     return add(type, texture, base + qxCVector3d(-halfSize, 0.0F, -halfSize),
                base + qxCVector3d(halfSize, 0.0F, -halfSize), base + qxCVector3d(-halfSize, 0.0F, halfSize),
@@ -71,8 +74,9 @@ qxCMapDetailRecord* CDetailList::find(float x, float z) const {
     for (const auto& record : m_records) {
         const qxCVector3d middle = middleOf(*record);
         const bool standsInCell = std::floor(middle.x) == cellX && std::floor(middle.z) == cellZ;
-        if (!standsInCell && !covers(*record, cellX + 0.5F, cellZ + 0.5F))
+        if (!standsInCell && !covers(*record, cellX + 0.5F, cellZ + 0.5F)) {
             continue;
+        }
         const float distance = std::hypot(middle.x - cellX - 0.5F, middle.z - cellZ - 0.5F);
         if (distance <= nearestDistance) {
             nearest = record.get();

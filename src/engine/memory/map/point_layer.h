@@ -21,8 +21,9 @@ public:
 
     /// The value of the point, or of the edge point nearest to it.
     const T& nearest(int x, int z) const {
-        if (contains(x, z)) [[likely]]
-            return at(x, z);
+        if (contains(x, z)) {
+            [[likely]] return at(x, z);
+        }
         const int last = static_cast<int>(m_nSide) - 1;
         return at(std::clamp(x, 0, last), std::clamp(z, 0, last));
     }

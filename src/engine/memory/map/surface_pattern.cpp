@@ -34,13 +34,15 @@ void CSurfacePattern::build(const qxCMapMultiTexture& definition) {
     qxCRandom random;
     random.setSeed(TINT_SEED);
     for (auto& row : m_tints) {
-        for (qxCColour& node : row)
+        for (qxCColour& node : row) {
             node = interpolate(definition.tint1, definition.tint2, random.get(1.0F));
+        }
     }
     random.setSeed(BLEND_SEED);
     for (auto& row : m_blends) {
-        for (float& node : row)
+        for (float& node : row) {
             node = limited(definition.blend + random.get(-definition.variation, definition.variation));
+        }
     }
     m_definition = definition;
     m_bBuilt = true;
@@ -48,8 +50,9 @@ void CSurfacePattern::build(const qxCMapMultiTexture& definition) {
 
 CSurfacePattern::Sample CSurfacePattern::sample(const qxCMapMultiTexture& definition, int texelX,
                                                 int texelZ) {
-    if (!m_bBuilt || !isSame(definition, m_definition))
+    if (!m_bBuilt || !isSame(definition, m_definition)) {
         build(definition);
+    }
     const auto x = static_cast<std::size_t>(texelX / SPACING);
     const auto z = static_cast<std::size_t>(texelZ / SPACING);
     const float w = static_cast<float>(texelX % SPACING) / SPACING;

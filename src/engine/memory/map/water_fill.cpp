@@ -20,23 +20,28 @@ template <class IsOpen, class Close> std::vector<Run> takeJoined(int x, int z, I
     std::vector<Run> area;
     const auto takeRunThrough = [&](int middle, int row) {
         Run run = {row, middle, middle};
-        while (isOpen(run.x0 - 1, row))
+        while (isOpen(run.x0 - 1, row)) {
             --run.x0;
-        while (isOpen(run.x1 + 1, row))
+        }
+        while (isOpen(run.x1 + 1, row)) {
             ++run.x1;
-        for (int at = run.x0; at <= run.x1; ++at)
+        }
+        for (int at = run.x0; at <= run.x1; ++at) {
             close(at, row);
+        }
         area.push_back(run);
         return run.x1;
     };
-    if (isOpen(x, z))
+    if (isOpen(x, z)) {
         takeRunThrough(x, z);
+    }
     for (std::size_t i = 0; i < area.size(); ++i) {
         const Run run = area[i];
         for (const int row : {run.z - 1, run.z + 1}) {
             for (int at = run.x0; at <= run.x1; ++at) {
-                if (isOpen(at, row))
+                if (isOpen(at, row)) {
                     at = takeRunThrough(at, row);
+                }
             }
         }
     }
@@ -54,8 +59,9 @@ void floodWater(const CPointLayer<std::uint16_t>& heights, CPointLayer<std::uint
     const auto visit = [&](int px, int pz) { water.at(px, pz) |= VISITED; };
     for (const Run& run : takeJoined(x, z, isOpen, visit)) {
         for (int px = run.x0; px <= run.x1; ++px) {
-            if ((water.at(px, run.z) & WATER) == 0)
+            if ((water.at(px, run.z) & WATER) == 0) {
                 changes.add(px, run.z);
+            }
             water.at(px, run.z) = WATER;
         }
     }
