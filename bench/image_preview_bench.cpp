@@ -72,12 +72,12 @@ public:
     explicit PreviewDraw(const qxCImageFile& image) {
         m_context.CreateCompatibleDC(nullptr);
         m_bitmap.CreateCompatibleBitmap(nullptr, EDGE, EDGE);
-        m_former = m_context.SelectObject(&m_bitmap);
+        m_pFormer = m_context.SelectObject(&m_bitmap);
         m_preview.setImage(&image, 1, 1);
         m_item.hDC = m_context.m_hDC;
         m_item.rcItem = {0, 0, EDGE, EDGE};
     }
-    ~PreviewDraw() { m_context.SelectObject(m_former); }
+    ~PreviewDraw() { m_context.SelectObject(m_pFormer); }
     PreviewDraw(const PreviewDraw&) = delete;
     PreviewDraw& operator=(const PreviewDraw&) = delete;
 
@@ -92,7 +92,7 @@ private:
     CImagePreview m_preview;
     CDC m_context;
     CBitmap m_bitmap;
-    CBitmap* m_former = nullptr;
+    CBitmap* m_pFormer = nullptr;
     DRAWITEMSTRUCT m_item;
 };
 

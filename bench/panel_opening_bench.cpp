@@ -191,7 +191,7 @@ class Openings {
 public:
     Openings() {
         open();
-        m_straight = std::make_unique<StraightDialog>(*openPanel());
+        m_pStraight = std::make_unique<StraightDialog>(*openPanel());
         close();
     }
     ~Openings() { vuDestroySettings(); }
@@ -201,7 +201,7 @@ public:
         close();
     }
     void straight() {
-        m_straight->open().reset();
+        m_pStraight->open().reset();
         turnEventLoop();
     }
     void panelPainted() {
@@ -210,12 +210,12 @@ public:
         close();
     }
     void straightPainted() {
-        auto dialog = m_straight->open();
+        auto dialog = m_pStraight->open();
         QApplication::processEvents();
         dialog.reset();
         turnEventLoop();
     }
-    std::size_t widgetCount() const { return m_straight->widgetCount(); }
+    std::size_t widgetCount() const { return m_pStraight->widgetCount(); }
 
 private:
     void open() { vuCreateEditor(nullptr, &m_map, "", nullptr, true, nullptr); }
@@ -232,7 +232,7 @@ private:
 
     CMemoryScene m_scene;
     CMemoryMap m_map{64, &m_scene};
-    std::unique_ptr<StraightDialog> m_straight;
+    std::unique_ptr<StraightDialog> m_pStraight;
 };
 
 std::function<void()> repeated(std::function<void()> opening) {

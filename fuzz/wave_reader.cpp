@@ -14,20 +14,20 @@ namespace {
 /// A file without a disk, written anew for each input.
 class MemoryFile {
 public:
-    MemoryFile() : m_file(memfd_create("wave", 0)), m_path("/proc/self/fd/" + std::to_string(m_file)) {}
+    MemoryFile() : m_nFile(memfd_create("wave", 0)), m_strPath("/proc/self/fd/" + std::to_string(m_nFile)) {}
 
     const char* write(const std::uint8_t* data, std::size_t size) const {
         const auto length = static_cast<ssize_t>(size);
-        const bool written = pwrite(m_file, data, size, 0) == length && ftruncate(m_file, length) == 0;
+        const bool written = pwrite(m_nFile, data, size, 0) == length && ftruncate(m_nFile, length) == 0;
         if (!written) {
             std::abort();
         }
-        return m_path.c_str();
+        return m_strPath.c_str();
     }
 
 private:
-    int m_file;
-    std::string m_path;
+    int m_nFile;
+    std::string m_strPath;
 };
 
 /// To the end of the data, or to where reading fails; how many bytes came.

@@ -182,8 +182,8 @@ CMapDocument::Outcome CMapDocument::openProject(const QString& path,
 void CMapDocument::adopt(CContents contents, const std::function<void()>& beforeSwap) {
     beforeSwap();
     endAutosave();
-    m_map = std::move(contents.map);
-    m_scene = std::move(contents.scene);
+    m_pMap = std::move(contents.map);
+    m_pScene = std::move(contents.scene);
 }
 
 void CMapDocument::belongTo(EKind kind, const QString& path) {
@@ -212,14 +212,14 @@ QString CMapDocument::placeForTextures() const {
 }
 
 CMapDocument::Outcome CMapDocument::saveHeightmap(const QString& path) {
-    const std::span<const std::uint16_t> heights = m_map->getHeights();
+    const std::span<const std::uint16_t> heights = m_pMap->getHeights();
     const QString reason =
-        writeHeightmapFile(path, {m_map->getGridDim() + 1, {heights.begin(), heights.end()}});
+        writeHeightmapFile(path, {m_pMap->getGridDim() + 1, {heights.begin(), heights.end()}});
     if (!reason.isEmpty()) {
         return {failedTo("save", path, reason), {}};
     }
     if (m_kind != EKind::project) {
-        m_nSavedHeights = m_map->getChangeCount(EMapChange::heights);
+        m_nSavedHeights = m_pMap->getChangeCount(EMapChange::heights);
         if (!isModified()) {
             dropAutosave();
         }
@@ -229,7 +229,7 @@ CMapDocument::Outcome CMapDocument::saveHeightmap(const QString& path) {
 }
 
 CMapDocument::Outcome CMapDocument::saveProject(const QString& folder) {
-    CProject project = captureProject(*m_map, *m_scene);
+    CProject project = captureProject(*m_pMap, *m_pScene);
     project.original = m_projectFile;
     CProjectFault fault = copyTextures(project, folder);
     if (fault.reason.isEmpty()) {
@@ -255,11 +255,11 @@ CMapDocument::Outcome CMapDocument::autosave() {
         m_nAutosaved = 0;
         return {failedTo("save", fault.path, fault.reason), {}};
     }
-    const std::uint64_t state = qHashMulti(m_map->getChangeCount(EMapChange::heights), otherState());
+    const std::uint64_t state = qHashMulti(m_pMap->getChangeCount(EMapChange::heights), otherState());
     if (m_strPath.isEmpty() || !isModified() || state == m_nAutosaved) {
         return {};
     }
-    CProject project = captureProject(*m_map, *m_scene);
+    CProject project = captureProject(*m_pMap, *m_pScene);
     project.original = m_projectFile;
     m_autosaving = std::async(std::launch::async, writeCopy, autosaveFolder(), std::move(project));
     m_nAutosaved = state;
@@ -300,7 +300,7 @@ void CMapDocument::dropAutosave() {
 }
 
 bool CMapDocument::hasHeightChanges() const {
-    return m_map->getChangeCount(EMapChange::heights) != m_nSavedHeights;
+    return m_pMap->getChangeCount(EMapChange::heights) != m_nSavedHeights;
 }
 
 bool CMapDocument::hasOtherChanges() const {
@@ -308,19 +308,19 @@ bool CMapDocument::hasOtherChanges() const {
 }
 
 std::uint64_t CMapDocument::otherState() const {
-    return qHashMulti(m_map->getChangeCount(EMapChange::surface), recordsHash(*m_map, *m_scene));
+    return qHashMulti(m_pMap->getChangeCount(EMapChange::surface), recordsHash(*m_pMap, *m_pScene));
 }
 
 void CMapDocument::rememberState() {
-    m_nSavedHeights = m_map->getChangeCount(EMapChange::heights);
+    m_nSavedHeights = m_pMap->getChangeCount(EMapChange::heights);
     m_nSavedOther = otherState();
 }
 
 int CMapDocument::waterLevel() const {
-    return m_map->getWaterHeight();
+    return m_pMap->getWaterHeight();
 }
 
 void CMapDocument::setWaterLevel(int heightUnits) {
     // Half a unit above, so that dividing by the scale again gives the same whole number.
-    m_map->waterLevel = (static_cast<float>(heightUnits) + 0.5F) * m_map->heightScale;
+    m_pMap->waterLevel = (static_cast<float>(heightUnits) + 0.5F) * m_pMap->heightScale;
 }

@@ -46,9 +46,9 @@ public:
     Outcome openAutosave(const std::function<void()>& beforeSwap);
     void dropAutosave();
 
-    CMemoryMap& map() { return *m_map; }
-    const CMemoryMap& map() const { return *m_map; }
-    CMemoryScene& scene() { return *m_scene; }
+    CMemoryMap& map() { return *m_pMap; }
+    const CMemoryMap& map() const { return *m_pMap; }
+    CMemoryScene& scene() { return *m_pScene; }
     EKind kind() const { return m_kind; }
     /// File or folder to save to; empty when saving would overwrite more than was opened, or nothing was
     /// opened, or what was opened is one of the samples that come with the program.
@@ -89,8 +89,8 @@ private:
     std::uint64_t otherState() const;
     void rememberState();
 
-    std::unique_ptr<CMemoryScene> m_scene; // outlives the map
-    std::unique_ptr<CMemoryMap> m_map;
+    std::unique_ptr<CMemoryScene> m_pScene; // outlives the map
+    std::unique_ptr<CMemoryMap> m_pMap;
     EKind m_kind = EKind::nothing;
     QString m_strPath;
     QString m_strName;

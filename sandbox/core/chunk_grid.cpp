@@ -9,7 +9,7 @@ namespace {
 /// last cells early where the grid is not a whole number of steps.
 class CCoarseGround {
 public:
-    CCoarseGround(const CHeightField& field, int step) : m_field(field), m_step(step) {}
+    CCoarseGround(const CHeightField& field, int step) : m_field(field), m_nStep(step) {}
 
     double height(int x, int z) const {
         const auto [x0, x1] = cellOf(x);
@@ -28,15 +28,15 @@ public:
 
 private:
     std::array<int, 2> cellOf(int position) const {
-        const int start = position / m_step * m_step;
-        return {start, std::min(start + m_step, m_field.gridDim)};
+        const int start = position / m_nStep * m_nStep;
+        return {start, std::min(start + m_nStep, m_field.gridDim)};
     }
     static double fraction(int position, int start, int end) {
         return end > start ? static_cast<double>(position - start) / (end - start) : 0.0;
     }
 
     const CHeightField& m_field;
-    int m_step;
+    int m_nStep;
 };
 
 int chunkOf(int position, int chunksPerSide) {
@@ -46,10 +46,10 @@ int chunkOf(int position, int chunksPerSide) {
 } // namespace
 
 void CChunkGrid::rebuild(const CHeightField& field) {
-    m_gridDim = field.gridDim;
-    m_heightScale = field.heightScale;
-    m_chunksPerSide = (field.gridDim + CHUNK_CELLS - 1) / CHUNK_CELLS;
-    m_chunks.assign(static_cast<std::size_t>(m_chunksPerSide) * static_cast<std::size_t>(m_chunksPerSide),
+    m_nGridDim = field.gridDim;
+    m_fHeightScale = field.heightScale;
+    m_nChunksPerSide = (field.gridDim + CHUNK_CELLS - 1) / CHUNK_CELLS;
+    m_chunks.assign(static_cast<std::size_t>(m_nChunksPerSide) * static_cast<std::size_t>(m_nChunksPerSide),
                     Chunk{});
     update(field, {0, 0, field.gridDim, field.gridDim});
 }
@@ -58,12 +58,12 @@ int CChunkGrid::update(const CHeightField& field, const CGridRect& changed) {
     if (changed.isEmpty()) {
         return 0;
     }
-    m_heightScale = field.heightScale;
+    m_fHeightScale = field.heightScale;
     // A point on the border belongs to the chunks on both sides of it, hence the minus one.
-    const int firstX = chunkOf(changed.x0 - 1, m_chunksPerSide);
-    const int firstZ = chunkOf(changed.z0 - 1, m_chunksPerSide);
-    const int lastX = chunkOf(changed.x1, m_chunksPerSide);
-    const int lastZ = chunkOf(changed.z1, m_chunksPerSide);
+    const int firstX = chunkOf(changed.x0 - 1, m_nChunksPerSide);
+    const int firstZ = chunkOf(changed.z0 - 1, m_nChunksPerSide);
+    const int lastX = chunkOf(changed.x1, m_nChunksPerSide);
+    const int lastZ = chunkOf(changed.z1, m_nChunksPerSide);
     for (int chunkZ = firstZ; chunkZ <= lastZ; ++chunkZ) {
         for (int chunkX = firstX; chunkX <= lastX; ++chunkX) {
             measure(field, chunkX, chunkZ);
@@ -96,7 +96,7 @@ void CChunkGrid::measure(const CHeightField& field, int chunkX, int chunkZ) {
         }
         chunk.errors[static_cast<std::size_t>(level)] = static_cast<int>(std::ceil(worst));
     }
-    m_chunks[static_cast<std::size_t>(chunkZ * m_chunksPerSide + chunkX)] = chunk;
+    m_chunks[static_cast<std::size_t>(chunkZ * m_nChunksPerSide + chunkX)] = chunk;
 }
 
 std::vector<CChunkGrid::Visible> CChunkGrid::select(const CViewCamera& camera, double aspect, int viewHeight,
@@ -104,15 +104,15 @@ std::vector<CChunkGrid::Visible> CChunkGrid::select(const CViewCamera& camera, d
     const CFrustum frustum = camera.frustum(aspect);
     const double errorPerDistance = tolerance * 2.0 * camera.tanHalfFov() / std::max(viewHeight, 1);
     std::vector<Visible> visible;
-    for (int chunkZ = 0; chunkZ < m_chunksPerSide; ++chunkZ) {
-        for (int chunkX = 0; chunkX < m_chunksPerSide; ++chunkX) {
-            const Chunk& chunk = m_chunks[static_cast<std::size_t>(chunkZ * m_chunksPerSide + chunkX)];
+    for (int chunkZ = 0; chunkZ < m_nChunksPerSide; ++chunkZ) {
+        for (int chunkX = 0; chunkX < m_nChunksPerSide; ++chunkX) {
+            const Chunk& chunk = m_chunks[static_cast<std::size_t>(chunkZ * m_nChunksPerSide + chunkX)];
             const double x0 = chunkX * CHUNK_CELLS;
             const double z0 = chunkZ * CHUNK_CELLS;
-            const std::array<double, 3> low{x0, chunk.low * m_heightScale, z0};
-            const std::array<double, 3> high{std::min<double>(x0 + CHUNK_CELLS, m_gridDim),
-                                             chunk.high * m_heightScale,
-                                             std::min<double>(z0 + CHUNK_CELLS, m_gridDim)};
+            const std::array<double, 3> low{x0, chunk.low * m_fHeightScale, z0};
+            const std::array<double, 3> high{std::min<double>(x0 + CHUNK_CELLS, m_nGridDim),
+                                             chunk.high * m_fHeightScale,
+                                             std::min<double>(z0 + CHUNK_CELLS, m_nGridDim)};
             if (frustum.mayContain(low, high)) {
                 visible.push_back(choose(camera, chunkX, chunkZ, errorPerDistance));
             }
@@ -123,7 +123,7 @@ std::vector<CChunkGrid::Visible> CChunkGrid::select(const CViewCamera& camera, d
 
 CChunkGrid::Visible CChunkGrid::choose(const CViewCamera& camera, int chunkX, int chunkZ,
                                        double errorPerDistance) const {
-    const Chunk& chunk = m_chunks[static_cast<std::size_t>(chunkZ * m_chunksPerSide + chunkX)];
+    const Chunk& chunk = m_chunks[static_cast<std::size_t>(chunkZ * m_nChunksPerSide + chunkX)];
     const std::array<double, 3> eye = camera.eye();
     const auto reach = [](double position, double low, double high) {
         return std::array<double, 2>{std::max({low - position, 0.0, position - high}),
@@ -132,19 +132,19 @@ CChunkGrid::Visible CChunkGrid::choose(const CViewCamera& camera, int chunkX, in
     const double x0 = chunkX * CHUNK_CELLS;
     const double z0 = chunkZ * CHUNK_CELLS;
     const auto alongX = reach(eye[0], x0, x0 + CHUNK_CELLS);
-    const auto alongY = reach(eye[1], chunk.low * m_heightScale, chunk.high * m_heightScale);
+    const auto alongY = reach(eye[1], chunk.low * m_fHeightScale, chunk.high * m_fHeightScale);
     const auto alongZ = reach(eye[2], z0, z0 + CHUNK_CELLS);
     const double nearest = std::hypot(alongX[0], alongY[0], alongZ[0]);
     const double farthest = std::hypot(alongX[1], alongY[1], alongZ[1]);
     Visible visible{chunkX * CHUNK_CELLS, chunkZ * CHUNK_CELLS, 0, 0.0F};
     while (visible.level + 1 < LEVELS &&
-           chunk.errors[static_cast<std::size_t>(visible.level) + 1] * m_heightScale <=
+           chunk.errors[static_cast<std::size_t>(visible.level) + 1] * m_fHeightScale <=
                errorPerDistance * nearest) {
         ++visible.level;
     }
     // A neighbour shares a border that is at most `farthest` away, so its own error there is at most this.
-    const double own = chunk.errors[static_cast<std::size_t>(visible.level)] * m_heightScale;
-    visible.skirt = static_cast<float>(own + errorPerDistance * farthest + m_heightScale);
+    const double own = chunk.errors[static_cast<std::size_t>(visible.level)] * m_fHeightScale;
+    visible.skirt = static_cast<float>(own + errorPerDistance * farthest + m_fHeightScale);
     return visible;
 }
 
@@ -160,6 +160,6 @@ std::array<int, 2> CChunkGrid::heightRange() const {
 }
 
 int CChunkGrid::error(int chunkX, int chunkZ, int level) const {
-    return m_chunks[static_cast<std::size_t>(chunkZ * m_chunksPerSide + chunkX)]
+    return m_chunks[static_cast<std::size_t>(chunkZ * m_nChunksPerSide + chunkX)]
         .errors[static_cast<std::size_t>(level)];
 }

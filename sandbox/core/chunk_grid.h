@@ -50,7 +50,7 @@ private:
     Visible choose(const CViewCamera& camera, int chunkX, int chunkZ, double errorPerDistance) const;
 
     std::vector<Chunk> m_chunks; // row by row
-    int m_chunksPerSide = 0;
-    int m_gridDim = 0;
-    double m_heightScale = 1.0;
+    int m_nChunksPerSide = 0;
+    int m_nGridDim = 0;
+    double m_fHeightScale = 1.0;
 };

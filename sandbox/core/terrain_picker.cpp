@@ -84,34 +84,34 @@ std::pair<double, double> clipToMap(const CRay& ray, double gridDim) {
 class CGridAxis {
 public:
     CGridAxis(double origin, double direction, double enter, int gridDim)
-        : m_cell(std::clamp(static_cast<int>(std::floor(origin + direction * enter)), 0, gridDim - 1))
-        , m_step(direction > 0.0 ? 1 : -1)
-        , m_gridDim(gridDim)
-        , m_origin(origin)
-        , m_direction(direction) {
+        : m_nCell(std::clamp(static_cast<int>(std::floor(origin + direction * enter)), 0, gridDim - 1))
+        , m_nStep(direction > 0.0 ? 1 : -1)
+        , m_nGridDim(gridDim)
+        , m_fOrigin(origin)
+        , m_fDirection(direction) {
         findNext();
     }
 
-    int cell() const { return m_cell; }
-    double next() const { return m_next; }
+    int cell() const { return m_nCell; }
+    double next() const { return m_fNext; }
     bool advance() {
-        m_cell += m_step;
+        m_nCell += m_nStep;
         findNext();
-        return m_cell >= 0 && m_cell < m_gridDim;
+        return m_nCell >= 0 && m_nCell < m_nGridDim;
     }
 
 private:
     void findNext() {
-        const double border = m_cell + (m_step > 0 ? 1 : 0);
-        m_next = m_direction == 0.0 ? NEVER : (border - m_origin) / m_direction;
+        const double border = m_nCell + (m_nStep > 0 ? 1 : 0);
+        m_fNext = m_fDirection == 0.0 ? NEVER : (border - m_fOrigin) / m_fDirection;
     }
 
-    int m_cell;
-    int m_step;
-    int m_gridDim;
-    double m_origin;
-    double m_direction;
-    double m_next = NEVER;
+    int m_nCell;
+    int m_nStep;
+    int m_nGridDim;
+    double m_fOrigin;
+    double m_fDirection;
+    double m_fNext = NEVER;
 };
 
 /// False when the ray passes wholly above or below the cell between two distances.

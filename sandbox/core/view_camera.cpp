@@ -43,27 +43,29 @@ bool CFrustum::mayContain(const Vector& low, const Vector& high) const {
 
 void CViewCamera::frameMap(double mapWidth, double groundHeight) {
     const Vector middle{mapWidth / 2.0, groundHeight, mapWidth * 0.53};
-    m_yaw = 0.0;
-    m_pitch = FIRST_PITCH;
-    m_pivotDistance = std::max(mapWidth * 1.15, NEAREST_PIVOT);
-    m_eye = plus(middle, forward(), -m_pivotDistance);
-    m_far = std::max(mapWidth * 6.0, 100.0);
+    m_fYaw = 0.0;
+    m_fPitch = FIRST_PITCH;
+    m_fPivotDistance = std::max(mapWidth * 1.15, NEAREST_PIVOT);
+    m_eye = plus(middle, forward(), -m_fPivotDistance);
+    m_fFar = std::max(mapWidth * 6.0, 100.0);
 }
 
 Vector CViewCamera::forward() const {
-    return {std::cos(m_pitch) * std::sin(m_yaw), std::sin(m_pitch), -std::cos(m_pitch) * std::cos(m_yaw)};
+    return {std::cos(m_fPitch) * std::sin(m_fYaw), std::sin(m_fPitch),
+            -std::cos(m_fPitch) * std::cos(m_fYaw)};
 }
 
 Vector CViewCamera::right() const {
-    return {std::cos(m_yaw), 0.0, std::sin(m_yaw)};
+    return {std::cos(m_fYaw), 0.0, std::sin(m_fYaw)};
 }
 
 Vector CViewCamera::up() const {
-    return {-std::sin(m_pitch) * std::sin(m_yaw), std::cos(m_pitch), std::sin(m_pitch) * std::cos(m_yaw)};
+    return {-std::sin(m_fPitch) * std::sin(m_fYaw), std::cos(m_fPitch),
+            std::sin(m_fPitch) * std::cos(m_fYaw)};
 }
 
 Vector CViewCamera::pivot() const {
-    return plus(m_eye, forward(), m_pivotDistance);
+    return plus(m_eye, forward(), m_fPivotDistance);
 }
 
 double CViewCamera::tanHalfFov() const {
@@ -77,9 +79,9 @@ CRay CViewCamera::ray(double viewX, double viewY, double aspect) const {
 
 QMatrix4x4 CViewCamera::viewProjection(double aspect) const {
     QMatrix4x4 matrix;
-    const double nearDistance = std::max(m_pivotDistance * NEAR_FRACTION, NEAREST_NEAR);
+    const double nearDistance = std::max(m_fPivotDistance * NEAR_FRACTION, NEAREST_NEAR);
     matrix.perspective(static_cast<float>(2.0 * HALF_FOV / RADIANS), static_cast<float>(aspect),
-                       static_cast<float>(nearDistance), static_cast<float>(m_far));
+                       static_cast<float>(nearDistance), static_cast<float>(m_fFar));
     matrix.lookAt(toFloats(m_eye), toFloats(plus(m_eye, forward(), 1.0)), toFloats(up()));
     return matrix;
 }
@@ -97,14 +99,14 @@ CFrustum CViewCamera::frustum(double aspect) const {
 }
 
 void CViewCamera::look(double yaw, double pitch) {
-    m_yaw = std::remainder(m_yaw + yaw, 2.0 * std::numbers::pi);
-    m_pitch = std::clamp(m_pitch + pitch, -MAX_PITCH, MAX_PITCH);
+    m_fYaw = std::remainder(m_fYaw + yaw, 2.0 * std::numbers::pi);
+    m_fPitch = std::clamp(m_fPitch + pitch, -MAX_PITCH, MAX_PITCH);
 }
 
 void CViewCamera::orbit(double yaw, double pitch) {
     const Vector centre = pivot();
     look(yaw, pitch);
-    m_eye = plus(centre, forward(), -m_pivotDistance);
+    m_eye = plus(centre, forward(), -m_fPivotDistance);
 }
 
 void CViewCamera::move(double ahead, double sideways, double rise) {
@@ -114,29 +116,29 @@ void CViewCamera::move(double ahead, double sideways, double rise) {
 
 void CViewCamera::approach(double factor) {
     const Vector centre = pivot();
-    m_pivotDistance = std::clamp(m_pivotDistance * factor, NEAREST_PIVOT, m_far / 2.0);
-    m_eye = plus(centre, forward(), -m_pivotDistance);
+    m_fPivotDistance = std::clamp(m_fPivotDistance * factor, NEAREST_PIVOT, m_fFar / 2.0);
+    m_eye = plus(centre, forward(), -m_fPivotDistance);
 }
 
 void CViewCamera::approachPoint(const Vector& point, double factor) {
     const Vector way = plus(point, m_eye, -1.0);
     const double distance = std::sqrt(dot(way, way));
-    if (distance * factor < NEAREST_PIVOT || distance * factor > m_far / 2.0) {
+    if (distance * factor < NEAREST_PIVOT || distance * factor > m_fFar / 2.0) {
         return;
     }
     m_eye = plus(m_eye, way, 1.0 - factor);
-    setPivotDistance(m_pivotDistance * factor);
+    setPivotDistance(m_fPivotDistance * factor);
 }
 
 void CViewCamera::setPivotDistance(double distance) {
-    m_pivotDistance = std::clamp(distance, NEAREST_PIVOT, m_far / 2.0);
+    m_fPivotDistance = std::clamp(distance, NEAREST_PIVOT, m_fFar / 2.0);
 }
 
 void CViewCamera::lookFrom(const Vector& eye, const Vector& target) {
     const Vector way = plus(target, eye, -1.0);
     m_eye = eye;
-    m_yaw = std::atan2(way[0], -way[2]);
-    m_pitch = std::clamp(std::atan2(way[1], std::hypot(way[0], way[2])), -MAX_PITCH, MAX_PITCH);
+    m_fYaw = std::atan2(way[0], -way[2]);
+    m_fPitch = std::clamp(std::atan2(way[1], std::hypot(way[0], way[2])), -MAX_PITCH, MAX_PITCH);
     setPivotDistance(std::sqrt(dot(way, way)));
 }
 

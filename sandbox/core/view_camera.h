@@ -55,18 +55,18 @@ public:
     void approachPoint(const Vector& point, double factor);
     /// Make a point straight ahead, this far away, the pivot.
     void setPivotDistance(double distance);
-    double pivotDistance() const { return m_pivotDistance; }
+    double pivotDistance() const { return m_fPivotDistance; }
     /// Stand at `eye` and look at `target`, which becomes the pivot.
     void lookFrom(const Vector& eye, const Vector& target);
     /// Lift the eye to at least this height.
     void keepAbove(double height);
     /// Range of depths that are drawn; set when a map is framed.
-    double farDistance() const { return m_far; }
+    double farDistance() const { return m_fFar; }
 
 private:
     Vector m_eye{};
-    double m_yaw = 0.0;   // 0 looks along -z, positive turns to the right
-    double m_pitch = 0.0; // positive looks up
-    double m_pivotDistance = 1.0;
-    double m_far = 1000.0;
+    double m_fYaw = 0.0;   // 0 looks along -z, positive turns to the right
+    double m_fPitch = 0.0; // positive looks up
+    double m_fPivotDistance = 1.0;
+    double m_fFar = 1000.0;
 };

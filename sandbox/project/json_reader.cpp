@@ -6,11 +6,11 @@
 #include <utility>
 
 CJsonReader::CJsonReader(const QJsonObject& object, QString path, QString& error)
-    : m_object(object), m_path(std::move(path)), m_error(error) {}
+    : m_object(object), m_strPath(std::move(path)), m_error(error) {}
 
 void CJsonReader::fail(const QString& key, const QString& reason) {
     if (m_error.isEmpty()) {
-        m_error = QString("\"%1%2\" %3").arg(m_path, key, reason);
+        m_error = QString("\"%1%2\" %3").arg(m_strPath, key, reason);
     }
 }
 
@@ -90,7 +90,7 @@ qxCVector3d CJsonReader::readVector(const char* key, double limit) {
 
 CJsonReader CJsonReader::readObject(const char* key) {
     const QJsonValue value = require(key, QJsonValue::Object, "an object");
-    return {value.toObject(), m_path + key + ".", m_error};
+    return {value.toObject(), m_strPath + key + ".", m_error};
 }
 
 QJsonArray CJsonReader::readList(const char* key, int longest) {
@@ -118,5 +118,5 @@ CJsonReader CJsonReader::entry(const char* key, const QJsonArray& list, int inde
     if (!list[index].isObject()) {
         fail(name, "is not an object");
     }
-    return {list[index].toObject(), m_path + name + ".", m_error};
+    return {list[index].toObject(), m_strPath + name + ".", m_error};
 }

@@ -40,6 +40,6 @@ private:
     float toFloat(const QJsonValue& value, const QString& key, double lowest, double highest);
 
     QJsonObject m_object;
-    QString m_path; ///< where this object stands in the file, "" or "details[3]."
+    QString m_strPath; ///< where this object stands in the file, "" or "details[3]."
     QString& m_error;
 };

@@ -19,55 +19,56 @@ namespace {
 class CAnswers {
 public:
     explicit CAnswers(std::vector<std::function<void(QWidget&)>> acts)
-        : m_acts(std::move(acts)), m_former(QApplication::activeModalWidget()) {
+        : m_acts(std::move(acts)), m_pFormer(QApplication::activeModalWidget()) {
         QObject::connect(&m_poll, &QTimer::timeout, [this] { look(); });
         constexpr int PACE = 10; // milliseconds
         m_poll.start(PACE);
     }
 
-    bool areOver() const { return !m_busy && QApplication::activeModalWidget() == m_former && isPlayed(); }
+    bool areOver() const { return !m_bBusy && QApplication::activeModalWidget() == m_pFormer && isPlayed(); }
     QString failure() const {
-        return !m_failure.isEmpty() || isPlayed() ? m_failure
-                                                  : QString("dialog %1 does not open").arg(m_next + 1);
+        return !m_strFailure.isEmpty() || isPlayed() ? m_strFailure
+                                                     : QString("dialog %1 does not open").arg(m_nNext + 1);
     }
 
 private:
-    bool isPlayed() const { return m_next == m_acts.size() || !m_failure.isEmpty(); }
+    bool isPlayed() const { return m_nNext == m_acts.size() || !m_strFailure.isEmpty(); }
 
     void look() {
         const QPointer<QWidget> dialog = QApplication::activeModalWidget();
-        if (m_busy || dialog == nullptr || dialog == m_former || dialog == m_last || !dialog->isVisible()) {
+        if (m_bBusy || dialog == nullptr || dialog == m_pFormer || dialog == m_pLast ||
+            !dialog->isVisible()) {
             return;
         }
-        m_busy = true;
-        m_last = dialog;
+        m_bBusy = true;
+        m_pLast = dialog;
         if (!isPlayed()) {
             play(*dialog);
         }
         if (dialog != nullptr && dialog->isVisible()) {
-            if (m_failure.isEmpty()) {
-                m_failure = "a dialog stays open: " + dialog->windowTitle();
+            if (m_strFailure.isEmpty()) {
+                m_strFailure = "a dialog stays open: " + dialog->windowTitle();
             }
             dialog->close();
         }
-        m_busy = false;
+        m_bBusy = false;
     }
 
     void play(QWidget& dialog) {
         try {
-            m_acts[m_next++](dialog);
+            m_acts[m_nNext++](dialog);
         } catch (const CTourFailure& failure) {
-            m_failure = failure.what();
+            m_strFailure = failure.what();
         }
     }
 
     std::vector<std::function<void(QWidget&)>> m_acts;
-    QPointer<QWidget> m_former;
-    QPointer<QWidget> m_last;
+    QPointer<QWidget> m_pFormer;
+    QPointer<QWidget> m_pLast;
     QTimer m_poll;
-    std::size_t m_next = 0;
-    bool m_busy = false;
-    QString m_failure;
+    std::size_t m_nNext = 0;
+    bool m_bBusy = false;
+    QString m_strFailure;
 };
 
 /// Where the colour dialog takes a colour as text.

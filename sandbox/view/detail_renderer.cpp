@@ -15,41 +15,41 @@ constexpr QRgb PLAIN = qRgb(190, 180, 170);
 }
 
 void CDetailRenderer::create() {
-    m_program = makeProgram("detail");
+    m_pProgram = makeProgram("detail");
     QImage image(1, 1, QImage::Format_ARGB32);
     image.fill(PLAIN);
-    m_plain = std::make_unique<QOpenGLTexture>(image);
+    m_pPlain = std::make_unique<QOpenGLTexture>(image);
     m_arrays.create();
     const QOpenGLVertexArrayObject::Binder bound(&m_arrays);
     m_buffer.create();
     m_buffer.setUsagePattern(QOpenGLBuffer::StreamDraw);
     m_buffer.bind();
     for (int attribute = 0; attribute < 3; ++attribute) {
-        m_program->enableAttributeArray(attribute);
+        m_pProgram->enableAttributeArray(attribute);
     }
-    m_program->setAttributeBuffer(0, GL_FLOAT, offsetof(CDetailVertex, place), 3, sizeof(CDetailVertex));
-    m_program->setAttributeBuffer(1, GL_FLOAT, offsetof(CDetailVertex, texture), 2, sizeof(CDetailVertex));
-    m_program->setAttributeBuffer(2, GL_FLOAT, offsetof(CDetailVertex, highlight), 1, sizeof(CDetailVertex));
+    m_pProgram->setAttributeBuffer(0, GL_FLOAT, offsetof(CDetailVertex, place), 3, sizeof(CDetailVertex));
+    m_pProgram->setAttributeBuffer(1, GL_FLOAT, offsetof(CDetailVertex, texture), 2, sizeof(CDetailVertex));
+    m_pProgram->setAttributeBuffer(2, GL_FLOAT, offsetof(CDetailVertex, highlight), 1, sizeof(CDetailVertex));
 }
 
 void CDetailRenderer::destroy() {
     m_textures.clear();
-    m_plain.reset();
+    m_pPlain.reset();
     m_buffer.destroy();
     m_arrays.destroy();
-    m_program.reset();
+    m_pProgram.reset();
 }
 
 QOpenGLTexture& CDetailRenderer::textureOf(const qxCMapDetailRecord& detail) {
     if (detail.texture == nullptr) {
-        return *m_plain;
+        return *m_pPlain;
     }
     const std::string name = detail.texture->getFilename();
     const auto [found, isNew] = m_textures.try_emplace(name);
     if (isNew) {
         found->second = loadBaseTexture(detail.texture);
     }
-    return found->second != nullptr ? *found->second : *m_plain;
+    return found->second != nullptr ? *found->second : *m_pPlain;
 }
 
 void CDetailRenderer::draw(const CMemoryMap& map, const CHeightField& field,

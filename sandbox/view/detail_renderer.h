@@ -21,7 +21,7 @@ public:
     /// Load textures anew when next needed.
     void forgetTextures() { m_textures.clear(); }
     /// The program, bound, for the caller to set the scene's uniforms on before draw().
-    QOpenGLShaderProgram& program() { return *m_program; }
+    QOpenGLShaderProgram& program() { return *m_pProgram; }
     /// `right` is the camera's, for details that turn to it.
     void draw(const CMemoryMap& map, const CHeightField& field, const std::array<double, 3>& right);
 
@@ -29,10 +29,10 @@ private:
     QOpenGLTexture& textureOf(const qxCMapDetailRecord& detail);
     void drawBatch(QOpenGLTexture& texture, const std::vector<CDetailVertex>& vertices);
 
-    std::unique_ptr<QOpenGLShaderProgram> m_program;
+    std::unique_ptr<QOpenGLShaderProgram> m_pProgram;
     QOpenGLVertexArrayObject m_arrays;
     QOpenGLBuffer m_buffer{QOpenGLBuffer::VertexBuffer};
-    std::unique_ptr<QOpenGLTexture> m_plain; // for details without an image
+    std::unique_ptr<QOpenGLTexture> m_pPlain; // for details without an image
     std::map<std::string, std::unique_ptr<QOpenGLTexture>>
         m_textures; // by file name; null for one that fails
 };

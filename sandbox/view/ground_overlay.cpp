@@ -32,25 +32,25 @@ bool isOnMap(const CHeightField& field, const CEditCursor& cursor) {
 } // namespace
 
 void CGroundOverlay::create() {
-    m_program = makeProgram("overlay");
+    m_pProgram = makeProgram("overlay");
     m_arrays.create();
     const QOpenGLVertexArrayObject::Binder bound(&m_arrays);
     m_buffer.create();
     m_buffer.setUsagePattern(QOpenGLBuffer::StreamDraw);
     m_buffer.bind();
     for (int attribute = 0; attribute < 4; ++attribute) {
-        m_program->enableAttributeArray(attribute);
+        m_pProgram->enableAttributeArray(attribute);
     }
-    m_program->setAttributeBuffer(0, GL_FLOAT, offsetof(Vertex, place), 3, sizeof(Vertex));
-    m_program->setAttributeBuffer(1, GL_FLOAT, offsetof(Vertex, other), 3, sizeof(Vertex));
-    m_program->setAttributeBuffer(2, GL_FLOAT, offsetof(Vertex, side), 1, sizeof(Vertex));
-    m_program->setAttributeBuffer(3, GL_UNSIGNED_BYTE, offsetof(Vertex, colour), 4, sizeof(Vertex));
+    m_pProgram->setAttributeBuffer(0, GL_FLOAT, offsetof(Vertex, place), 3, sizeof(Vertex));
+    m_pProgram->setAttributeBuffer(1, GL_FLOAT, offsetof(Vertex, other), 3, sizeof(Vertex));
+    m_pProgram->setAttributeBuffer(2, GL_FLOAT, offsetof(Vertex, side), 1, sizeof(Vertex));
+    m_pProgram->setAttributeBuffer(3, GL_UNSIGNED_BYTE, offsetof(Vertex, colour), 4, sizeof(Vertex));
 }
 
 void CGroundOverlay::destroy() {
     m_buffer.destroy();
     m_arrays.destroy();
-    m_program.reset();
+    m_pProgram.reset();
 }
 
 void CGroundOverlay::draw(const CHeightField& field, std::span<const CEditCursor> cursors,
@@ -76,10 +76,10 @@ void CGroundOverlay::draw(const CHeightField& field, std::span<const CEditCursor
     gl->glEnable(GL_BLEND);
     gl->glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
     gl->glDepthMask(GL_FALSE);
-    m_program->bind();
-    m_program->setUniformValue("uWorldToClip", worldToClip);
-    m_program->setUniformValue("uViewSize", QVector2D(static_cast<float>(viewPixels.width()),
-                                                      static_cast<float>(viewPixels.height())));
+    m_pProgram->bind();
+    m_pProgram->setUniformValue("uWorldToClip", worldToClip);
+    m_pProgram->setUniformValue("uViewSize", QVector2D(static_cast<float>(viewPixels.width()),
+                                                       static_cast<float>(viewPixels.height())));
     sendVertices();
     drawRange(ranges[0], 0.0F);
     drawRange(ranges[1], BORDER_WIDTH * static_cast<float>(pixelRatio));
@@ -131,6 +131,6 @@ void CGroundOverlay::drawRange(const Range& range, float lineWidth) {
         return;
     }
     const QOpenGLVertexArrayObject::Binder bound(&m_arrays);
-    m_program->setUniformValue("uLineWidth", lineWidth);
+    m_pProgram->setUniformValue("uLineWidth", lineWidth);
     glFunctions()->glDrawArrays(GL_TRIANGLES, range.first, range.count);
 }

@@ -41,7 +41,7 @@ private:
     void sendVertices();
     void drawRange(const Range& range, float lineWidth);
 
-    std::unique_ptr<QOpenGLShaderProgram> m_program;
+    std::unique_ptr<QOpenGLShaderProgram> m_pProgram;
     QOpenGLVertexArrayObject m_arrays;
     QOpenGLBuffer m_buffer{QOpenGLBuffer::VertexBuffer};
     std::vector<Vertex> m_vertices;

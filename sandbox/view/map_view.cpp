@@ -83,7 +83,7 @@ void CMapView::resetCamera() {
     }
     const double width = m_pMap->getGridDim();
     m_camera.frameMap(width, groundHeight(heightFieldOf(*m_pMap), width / 2.0, width / 2.0));
-    m_speed = std::max(width * FIRST_SPEED, 1.0);
+    m_fSpeed = std::max(width * FIRST_SPEED, 1.0);
     update();
 }
 
@@ -131,7 +131,7 @@ void CMapView::flyOn() {
     const double seconds =
         m_sinceFlown.isValid() ? static_cast<double>(m_sinceFlown.nsecsElapsed()) * 1e-9 : 0.0;
     m_sinceFlown.start();
-    m_flyKeys.advance(m_camera, std::min(seconds, LONGEST_PAUSE), m_speed);
+    m_flyKeys.advance(m_camera, std::min(seconds, LONGEST_PAUSE), m_fSpeed);
     settleCamera();
 }
 
@@ -259,7 +259,7 @@ void CMapView::mouseReleaseEvent(QMouseEvent* event) {
 void CMapView::wheelEvent(QWheelEvent* event) {
     const double steps = event->angleDelta().y() / WHEEL_STEP;
     if (m_drag == EDrag::look) {
-        m_speed = std::clamp(m_speed * std::pow(SPEED_PER_STEP, steps), 1.0, m_camera.farDistance());
+        m_fSpeed = std::clamp(m_fSpeed * std::pow(SPEED_PER_STEP, steps), 1.0, m_camera.farDistance());
     } else if (m_drag != EDrag::stroke) {
         const double factor = std::pow(ZOOM_PER_STEP, steps);
         if (const auto hit = pick(event->position())) {

@@ -78,7 +78,7 @@ private:
     ECameraMode m_cameraMode = ECameraMode::fly;
     EDrag m_drag = EDrag::none;
     QPointF m_lastPosition;
-    double m_speed = 1.0; // world units a second
+    double m_fSpeed = 1.0; // world units a second
     QElapsedTimer m_sinceFlown;
     QElapsedTimer m_sinceDrawn;
     std::uint64_t m_nDrawnState = 0;

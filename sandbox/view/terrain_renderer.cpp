@@ -28,25 +28,25 @@ int unitOf(CPointTextures::EUnit unit) {
 
 void CTerrainRenderer::create() {
     m_noArrays.create();
-    m_sky = makeProgram("sky");
-    m_ground = makeProgram("terrain");
-    m_water = makeProgram("water");
+    m_pSky = makeProgram("sky");
+    m_pGround = makeProgram("terrain");
+    m_pWater = makeProgram("water");
     m_mesh.create();
     m_details.create();
     m_overlay.create();
     using EUnit = CPointTextures::EUnit;
-    m_ground->bind();
-    m_ground->setUniformValue("uHeights", unitOf(EUnit::heights));
-    m_ground->setUniformValue("uNormals", unitOf(EUnit::normals));
-    m_ground->setUniformValue("uColours", unitOf(EUnit::colours));
-    m_ground->setUniformValue("uBlends", unitOf(EUnit::blends));
-    m_ground->setUniformValue("uMarkers", unitOf(EUnit::markers));
-    m_ground->setUniformValue("uSmooth", FIRST_BASE_UNIT);
-    m_ground->setUniformValue("uRough", FIRST_BASE_UNIT + 1);
-    m_water->bind();
-    m_water->setUniformValue("uHeights", unitOf(EUnit::heights));
-    m_water->setUniformValue("uWater", unitOf(EUnit::water));
-    m_water->setUniformValue("uWaterTexture", FIRST_BASE_UNIT + 2);
+    m_pGround->bind();
+    m_pGround->setUniformValue("uHeights", unitOf(EUnit::heights));
+    m_pGround->setUniformValue("uNormals", unitOf(EUnit::normals));
+    m_pGround->setUniformValue("uColours", unitOf(EUnit::colours));
+    m_pGround->setUniformValue("uBlends", unitOf(EUnit::blends));
+    m_pGround->setUniformValue("uMarkers", unitOf(EUnit::markers));
+    m_pGround->setUniformValue("uSmooth", FIRST_BASE_UNIT);
+    m_pGround->setUniformValue("uRough", FIRST_BASE_UNIT + 1);
+    m_pWater->bind();
+    m_pWater->setUniformValue("uHeights", unitOf(EUnit::heights));
+    m_pWater->setUniformValue("uWater", unitOf(EUnit::water));
+    m_pWater->setUniformValue("uWaterTexture", FIRST_BASE_UNIT + 2);
     if (m_pMap != nullptr) {
         setMap(m_pMap);
     }
@@ -59,16 +59,16 @@ void CTerrainRenderer::destroy() {
     m_overlay.destroy();
     m_baseTextures = {};
     m_noArrays.destroy();
-    m_sky.reset();
-    m_ground.reset();
-    m_water.reset();
+    m_pSky.reset();
+    m_pGround.reset();
+    m_pWater.reset();
 }
 
 void CTerrainRenderer::setMap(CMemoryMap* map) {
     m_pMap = map;
     m_points.destroy();
     m_baseTextures = {};
-    if (map != nullptr && m_ground != nullptr) {
+    if (map != nullptr && m_pGround != nullptr) {
         m_points.create(*map);
         m_chunks.rebuild(heightFieldOf(*map));
         refreshBaseTextures();
@@ -137,9 +137,9 @@ void CTerrainRenderer::setSceneUniforms(QOpenGLShaderProgram& program) const {
 void CTerrainRenderer::drawSky(const QMatrix4x4& worldToClip) {
     QOpenGLFunctions_3_3_Core* gl = glFunctions();
     gl->glDepthMask(GL_FALSE);
-    m_sky->bind();
-    setSceneUniforms(*m_sky);
-    m_sky->setUniformValue("uClipToWorld", worldToClip.inverted());
+    m_pSky->bind();
+    setSceneUniforms(*m_pSky);
+    m_pSky->setUniformValue("uClipToWorld", worldToClip.inverted());
     const QOpenGLVertexArrayObject::Binder bound(&m_noArrays);
     gl->glDrawArrays(GL_TRIANGLES, 0, 3);
     gl->glDepthMask(GL_TRUE);
@@ -151,19 +151,19 @@ void CTerrainRenderer::drawGround(const CViewCamera& camera, QSize viewPixels, c
     const float low = static_cast<float>(heights[0]) * m_pMap->heightScale;
     const float high = static_cast<float>(heights[1]) * m_pMap->heightScale;
     const auto width = static_cast<float>(m_pMap->getGridDim());
-    m_ground->bind();
-    setSceneUniforms(*m_ground);
-    m_ground->setUniformValue("uWorldToClip", camera.viewProjection(aspect));
-    m_ground->setUniformValue("uGridDim", m_pMap->getGridDim());
-    m_ground->setUniformValue("uHeightScale", m_pMap->heightScale);
-    m_ground->setUniformValue("uBase", low - std::max(width * BASE_DEPTH, 1.0F));
-    m_ground->setUniformValue("uHeightRange", QVector2D(low, high));
-    m_ground->setUniformValue("uTiling", static_cast<float>(m_pMap->getTextureTiling()));
-    m_ground->setUniformValue("uAmbient", toVector(m_pMap->getAmbient()));
-    m_ground->setUniformValue("uDiffuse", toVector(m_pMap->getDiffuse()));
-    m_ground->setUniformValue("uChecker", m_pMap->hasFlag(qxMapFlagChecker));
-    m_ground->setUniformValue("uGrid", options.grid);
-    glFunctions()->glUniform2i(m_ground->uniformLocation("uHasTexture"), m_baseTextures[0] != nullptr,
+    m_pGround->bind();
+    setSceneUniforms(*m_pGround);
+    m_pGround->setUniformValue("uWorldToClip", camera.viewProjection(aspect));
+    m_pGround->setUniformValue("uGridDim", m_pMap->getGridDim());
+    m_pGround->setUniformValue("uHeightScale", m_pMap->heightScale);
+    m_pGround->setUniformValue("uBase", low - std::max(width * BASE_DEPTH, 1.0F));
+    m_pGround->setUniformValue("uHeightRange", QVector2D(low, high));
+    m_pGround->setUniformValue("uTiling", static_cast<float>(m_pMap->getTextureTiling()));
+    m_pGround->setUniformValue("uAmbient", toVector(m_pMap->getAmbient()));
+    m_pGround->setUniformValue("uDiffuse", toVector(m_pMap->getDiffuse()));
+    m_pGround->setUniformValue("uChecker", m_pMap->hasFlag(qxMapFlagChecker));
+    m_pGround->setUniformValue("uGrid", options.grid);
+    glFunctions()->glUniform2i(m_pGround->uniformLocation("uHasTexture"), m_baseTextures[0] != nullptr,
                                m_baseTextures[1] != nullptr);
     if (options.wireframe) {
         glFunctions()->glPolygonMode(GL_FRONT_AND_BACK, GL_LINE);
@@ -190,14 +190,14 @@ void CTerrainRenderer::drawWater(const QMatrix4x4& worldToClip) {
     QOpenGLFunctions_3_3_Core* gl = glFunctions();
     gl->glEnable(GL_BLEND);
     gl->glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
-    m_water->bind();
-    setSceneUniforms(*m_water);
-    m_water->setUniformValue("uWorldToClip", worldToClip);
-    m_water->setUniformValue("uGridDim", m_pMap->getGridDim());
-    m_water->setUniformValue("uHeightScale", m_pMap->heightScale);
-    m_water->setUniformValue("uWaterLevel", m_pMap->waterLevel);
-    m_water->setUniformValue("uTiling", static_cast<float>(m_pMap->getTextureTiling()));
-    m_water->setUniformValue("uHasWaterTexture", m_baseTextures[2] != nullptr);
+    m_pWater->bind();
+    setSceneUniforms(*m_pWater);
+    m_pWater->setUniformValue("uWorldToClip", worldToClip);
+    m_pWater->setUniformValue("uGridDim", m_pMap->getGridDim());
+    m_pWater->setUniformValue("uHeightScale", m_pMap->heightScale);
+    m_pWater->setUniformValue("uWaterLevel", m_pMap->waterLevel);
+    m_pWater->setUniformValue("uTiling", static_cast<float>(m_pMap->getTextureTiling()));
+    m_pWater->setUniformValue("uHasWaterTexture", m_baseTextures[2] != nullptr);
     const QOpenGLVertexArrayObject::Binder bound(&m_noArrays);
     gl->glDrawArrays(GL_TRIANGLE_STRIP, 0, 4);
     gl->glDisable(GL_BLEND);

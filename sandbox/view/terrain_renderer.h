@@ -39,9 +39,9 @@ private:
     CDetailRenderer m_details;
     CGroundOverlay m_overlay;
     QOpenGLVertexArrayObject m_noArrays; // core profile: even a draw without attributes needs one
-    std::unique_ptr<QOpenGLShaderProgram> m_sky;
-    std::unique_ptr<QOpenGLShaderProgram> m_ground;
-    std::unique_ptr<QOpenGLShaderProgram> m_water;
+    std::unique_ptr<QOpenGLShaderProgram> m_pSky;
+    std::unique_ptr<QOpenGLShaderProgram> m_pGround;
+    std::unique_ptr<QOpenGLShaderProgram> m_pWater;
     std::array<std::unique_ptr<QOpenGLTexture>, 3> m_baseTextures; // smooth, rough, water; null for none
     std::uint64_t m_nTextureChanges = 0;
     QVector3D m_eye;

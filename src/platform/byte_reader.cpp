@@ -36,12 +36,12 @@ bool isLowSurrogate(std::uint32_t unit) {
 } // namespace
 
 std::span<const std::byte> ByteReader::readBytes(std::size_t count) {
-    if (m_failed || count > remaining()) {
-        m_failed = true;
+    if (m_bFailed || count > remaining()) {
+        m_bFailed = true;
         return {};
     }
-    const auto bytes = m_data.subspan(m_position, count);
-    m_position += count;
+    const auto bytes = m_data.subspan(m_nPosition, count);
+    m_nPosition += count;
     return bytes;
 }
 
@@ -55,8 +55,8 @@ std::uint32_t ByteReader::readLittleEndian(std::size_t count) {
 }
 
 void ByteReader::alignToDword() {
-    const std::size_t padding = (4 - m_position % 4) % 4;
-    m_position += std::min(padding, remaining());
+    const std::size_t padding = (4 - m_nPosition % 4) % 4;
+    m_nPosition += std::min(padding, remaining());
 }
 
 std::string ByteReader::readUtf16Text() {

@@ -11,9 +11,9 @@ class ByteReader {
 public:
     explicit ByteReader(std::span<const std::byte> data) : m_data(data) {}
 
-    bool failed() const { return m_failed; }
-    std::size_t position() const { return m_position; }
-    std::size_t remaining() const { return m_data.size() - m_position; }
+    bool failed() const { return m_bFailed; }
+    std::size_t position() const { return m_nPosition; }
+    std::size_t remaining() const { return m_data.size() - m_nPosition; }
 
     std::uint8_t readU8() { return static_cast<std::uint8_t>(readLittleEndian(1)); }
     std::uint16_t readU16() { return static_cast<std::uint16_t>(readLittleEndian(2)); }
@@ -35,8 +35,8 @@ private:
     std::uint32_t readLittleEndian(std::size_t count);
 
     std::span<const std::byte> m_data;
-    std::size_t m_position = 0;
-    bool m_failed = false;
+    std::size_t m_nPosition = 0;
+    bool m_bFailed = false;
 };
 
 /// A name in a resource: a text or a number.

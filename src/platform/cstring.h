@@ -12,15 +12,15 @@
 class CString {
 public:
     CString() = default;
-    CString(const char* text) : m_text(text != nullptr ? text : "") {} // implicit, as the framework's is
-    CString(const char* text, int length) : m_text(text, static_cast<std::size_t>(length)) {}
+    CString(const char* text) : m_strText(text != nullptr ? text : "") {} // implicit, as the framework's is
+    CString(const char* text, int length) : m_strText(text, static_cast<std::size_t>(length)) {}
 
-    operator const char*() const { return m_text.c_str(); }
-    const char* GetString() const { return m_text.c_str(); }
-    int GetLength() const { return static_cast<int>(m_text.size()); }
-    bool IsEmpty() const { return m_text.empty(); }
-    void Empty() { m_text.clear(); }
-    char GetAt(int index) const { return m_text.at(static_cast<std::size_t>(index)); }
+    operator const char*() const { return m_strText.c_str(); }
+    const char* GetString() const { return m_strText.c_str(); }
+    int GetLength() const { return static_cast<int>(m_strText.size()); }
+    bool IsEmpty() const { return m_strText.empty(); }
+    void Empty() { m_strText.clear(); }
+    char GetAt(int index) const { return m_strText.at(static_cast<std::size_t>(index)); }
 
     /// Replace the text as printf would write it.
     [[gnu::format(printf, 2, 3)]] void Format(const char* format, ...) {
@@ -35,34 +35,36 @@ public:
             std::vsnprintf(text.data(), text.size() + 1, format, arguments);
         }
         va_end(arguments);
-        m_text = std::move(text);
+        m_strText = std::move(text);
     }
 
-    int Find(char wanted, int start = 0) const { return position(m_text.find(wanted, from(start))); }
-    int Find(const char* wanted, int start = 0) const { return position(m_text.find(wanted, from(start))); }
-    int ReverseFind(char wanted) const { return position(m_text.rfind(wanted)); }
+    int Find(char wanted, int start = 0) const { return position(m_strText.find(wanted, from(start))); }
+    int Find(const char* wanted, int start = 0) const {
+        return position(m_strText.find(wanted, from(start)));
+    }
+    int ReverseFind(char wanted) const { return position(m_strText.rfind(wanted)); }
 
     /// Parts of the text; lengths beyond the end are cut.
-    CString Left(int length) const { return of(m_text.substr(0, from(length))); }
+    CString Left(int length) const { return of(m_strText.substr(0, from(length))); }
     CString Right(int length) const { return Mid(std::max(0, GetLength() - std::max(0, length))); }
-    CString Mid(int start) const { return of(m_text.substr(std::min(from(start), m_text.size()))); }
+    CString Mid(int start) const { return of(m_strText.substr(std::min(from(start), m_strText.size()))); }
     CString Mid(int start, int length) const { return Mid(start).Left(length); }
 
     /// Below, equal to or above 0 as this text comes before, with or after the other one.
-    int Compare(const char* other) const { return m_text.compare(other); }
-    int CompareNoCase(const char* other) const { return lowered(m_text).compare(lowered(other)); }
+    int Compare(const char* other) const { return m_strText.compare(other); }
+    int CompareNoCase(const char* other) const { return lowered(m_strText).compare(lowered(other)); }
 
     CString& operator+=(const char* text) {
-        m_text += text != nullptr ? text : "";
+        m_strText += text != nullptr ? text : "";
         return *this;
     }
     CString& operator+=(char character) {
-        m_text += character;
+        m_strText += character;
         return *this;
     }
     friend CString operator+(CString left, const char* right) { return left += right; }
-    friend bool operator==(const CString& a, const CString& b) { return a.m_text == b.m_text; }
-    friend bool operator==(const CString& a, const char* b) { return a.m_text == (b != nullptr ? b : ""); }
+    friend bool operator==(const CString& a, const CString& b) { return a.m_strText == b.m_strText; }
+    friend bool operator==(const CString& a, const char* b) { return a.m_strText == (b != nullptr ? b : ""); }
 
 private:
     static std::size_t from(int index) { return static_cast<std::size_t>(std::max(0, index)); }
@@ -71,7 +73,7 @@ private:
     }
     static CString of(std::string text) {
         CString made;
-        made.m_text = std::move(text);
+        made.m_strText = std::move(text);
         return made;
     }
     static std::string lowered(std::string text) {
@@ -80,5 +82,5 @@ private:
         return text;
     }
 
-    std::string m_text;
+    std::string m_strText;
 };

@@ -30,40 +30,40 @@ class CMultimediaFile {
 public:
     explicit CMultimediaFile(FilePointer file) : m_file(std::move(file)) {}
 
-    std::int64_t position() const { return m_bufferStart + m_next; }
+    std::int64_t position() const { return m_nBufferStart + m_nNext; }
 
     /// Nothing is read until bytes are asked for, so a position past the end costs nothing.
     void moveTo(std::int64_t position) {
-        const std::int64_t inBuffer = position - m_bufferStart;
-        if (inBuffer >= 0 && inBuffer <= m_end) {
-            m_next = static_cast<LONG>(inBuffer);
+        const std::int64_t inBuffer = position - m_nBufferStart;
+        if (inBuffer >= 0 && inBuffer <= m_nEnd) {
+            m_nNext = static_cast<LONG>(inBuffer);
             return;
         }
-        m_bufferStart = position;
-        m_next = m_end = 0;
+        m_nBufferStart = position;
+        m_nNext = m_nEnd = 0;
     }
 
     /// Drops what the buffer holds and fills it from the position; empty at the end of the file.
     void refill() {
-        m_bufferStart = position();
-        m_next = m_end = 0;
-        if (std::fseek(m_file.get(), static_cast<long>(m_bufferStart), SEEK_SET) == 0) {
-            m_end = static_cast<LONG>(std::fread(m_buffer.data(), 1, m_buffer.size(), m_file.get()));
+        m_nBufferStart = position();
+        m_nNext = m_nEnd = 0;
+        if (std::fseek(m_file.get(), static_cast<long>(m_nBufferStart), SEEK_SET) == 0) {
+            m_nEnd = static_cast<LONG>(std::fread(m_buffer.data(), 1, m_buffer.size(), m_file.get()));
         }
     }
 
     LONG read(char* destination, LONG count) {
         LONG done = 0;
         while (done < count) {
-            if (m_next == m_end) {
+            if (m_nNext == m_nEnd) {
                 refill();
-                if (m_end == 0) {
+                if (m_nEnd == 0) {
                     break;
                 }
             }
-            const LONG step = std::min(count - done, m_end - m_next);
-            std::memcpy(destination + done, m_buffer.data() + m_next, static_cast<std::size_t>(step));
-            m_next += step;
+            const LONG step = std::min(count - done, m_nEnd - m_nNext);
+            std::memcpy(destination + done, m_buffer.data() + m_nNext, static_cast<std::size_t>(step));
+            m_nNext += step;
             done += step;
         }
         return done;
@@ -84,27 +84,27 @@ public:
         info.dwFlags = MMIO_ALLOCBUF;
         info.cchBuffer = BUFFER_SIZE;
         info.pchBuffer = m_buffer.data();
-        info.pchNext = m_buffer.data() + m_next;
-        info.pchEndRead = m_buffer.data() + m_end;
+        info.pchNext = m_buffer.data() + m_nNext;
+        info.pchEndRead = m_buffer.data() + m_nEnd;
         info.hmmio = this;
     }
 
     /// Takes over how far a client has read. False when the state is not one of this buffer.
     bool accept(const MMIOINFO& info) {
         const char* first = m_buffer.data();
-        if (info.pchBuffer != first || info.pchEndRead != first + m_end || info.pchNext < first ||
-            info.pchNext > first + m_end) {
+        if (info.pchBuffer != first || info.pchEndRead != first + m_nEnd || info.pchNext < first ||
+            info.pchNext > first + m_nEnd) {
             return false;
         }
-        m_next = static_cast<LONG>(info.pchNext - first);
+        m_nNext = static_cast<LONG>(info.pchNext - first);
         return true;
     }
 
 private:
     FilePointer m_file;
-    std::int64_t m_bufferStart = 0; ///< file offset of the buffer's first byte
-    LONG m_next = 0;
-    LONG m_end = 0;
+    std::int64_t m_nBufferStart = 0; ///< file offset of the buffer's first byte
+    LONG m_nNext = 0;
+    LONG m_nEnd = 0;
     std::array<char, BUFFER_SIZE> m_buffer;
 };
 

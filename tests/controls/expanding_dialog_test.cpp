@@ -81,11 +81,11 @@ END_MESSAGE_MAP()
 class ExpandingDialogTest : public testing::Test {
 protected:
     CTestDialog& open(int frameId = FRAME, int toggleId = TOGGLE, int keepToggle = 1) {
-        m_dialog = std::make_unique<CTestDialog>(frameId, toggleId, keepToggle);
-        EXPECT_TRUE(m_dialog->CreateIndirect(layout(), nullptr));
+        m_pDialog = std::make_unique<CTestDialog>(frameId, toggleId, keepToggle);
+        EXPECT_TRUE(m_pDialog->CreateIndirect(layout(), nullptr));
         window()->activateWindow();
         EXPECT_TRUE(ui::waitUntilActive(window()));
-        return *m_dialog;
+        return *m_pDialog;
     }
 
     static QWidget* window() { return ui::dialog(7); }
@@ -94,23 +94,23 @@ protected:
 
     CRect rectOf(int id) const {
         CRect rect;
-        m_dialog->GetDlgItem(id)->GetWindowRect(&rect);
+        m_pDialog->GetDlgItem(id)->GetWindowRect(&rect);
         return rect;
     }
     CRect dialogRect() const {
         CRect rect;
-        m_dialog->GetWindowRect(&rect);
+        m_pDialog->GetWindowRect(&rect);
         return rect;
     }
-    bool isEnabled(int id) const { return m_dialog->GetDlgItem(id)->IsWindowEnabled() != FALSE; }
-    bool isShown(int id) const { return m_dialog->GetDlgItem(id)->IsWindowVisible() != FALSE; }
+    bool isEnabled(int id) const { return m_pDialog->GetDlgItem(id)->IsWindowEnabled() != FALSE; }
+    bool isShown(int id) const { return m_pDialog->GetDlgItem(id)->IsWindowVisible() != FALSE; }
     CString caption(int id) const {
         CString text;
-        m_dialog->GetDlgItem(id)->GetWindowText(text);
+        m_pDialog->GetDlgItem(id)->GetWindowText(text);
         return text;
     }
 
-    std::unique_ptr<CTestDialog> m_dialog;
+    std::unique_ptr<CTestDialog> m_pDialog;
 };
 
 } // namespace
@@ -200,7 +200,7 @@ TEST_F(ExpandingDialogTest, WithoutFrameOrToggleItNeverChanges) {
         EXPECT_TRUE(isEnabled(ADVANCED));
         EXPECT_FALSE(isEnabled(ADVANCED_OFF));
         EXPECT_TRUE(isShown(FRAME));
-        m_dialog.reset();
+        m_pDialog.reset();
     }
 }
 

@@ -40,8 +40,8 @@ protected:
 class SwatchTest : public testing::Test {
 protected:
     SwatchTest() {
-        m_swatches[0]->setColour(RED);
-        m_swatches[1]->setColour(GREEN);
+        m_pSwatches[0]->setColour(RED);
+        m_pSwatches[1]->setColour(GREEN);
     }
 
     ~SwatchTest() override { drop(m_first.button(0), m_first.button(0)); } // forgets what was dragged
@@ -62,16 +62,16 @@ protected:
         release(from, to);
     }
 
-    std::unique_ptr<CColourButton> m_swatches[3] = {std::make_unique<CColourButton>(),
-                                                    std::make_unique<CColourButton>(),
-                                                    std::make_unique<CColourButton>()};
-    CSurfaceDialog m_first{{m_swatches[0].get(), m_swatches[1].get()}, BS_OWNERDRAW, 50, 50};
-    CSurfaceDialog m_second{{m_swatches[2].get()}, BS_OWNERDRAW, 50, 300};
+    std::unique_ptr<CColourButton> m_pSwatches[3] = {std::make_unique<CColourButton>(),
+                                                     std::make_unique<CColourButton>(),
+                                                     std::make_unique<CColourButton>()};
+    CSurfaceDialog m_first{{m_pSwatches[0].get(), m_pSwatches[1].get()}, BS_OWNERDRAW, 50, 50};
+    CSurfaceDialog m_second{{m_pSwatches[2].get()}, BS_OWNERDRAW, 50, 300};
 };
 
 TEST_F(SwatchTest, ShowsItsColourInABlackFrame) {
-    m_swatches[0]->setColour(qxCColour(12, 200, 99, 0));
-    EXPECT_EQ(m_swatches[0]->getColour(), qxCColour(12, 200, 99, 255));
+    m_pSwatches[0]->setColour(qxCColour(12, 200, 99, 0));
+    EXPECT_EQ(m_pSwatches[0]->getColour(), qxCColour(12, 200, 99, 255));
     const QImage picture = pictureOf(widget(0));
     ASSERT_GT(picture.width(), 20);
     for (int y = 0; y < picture.height(); ++y) {
@@ -88,22 +88,22 @@ TEST_F(SwatchTest, ADragCopiesTheColour) {
     PaintCount paints(*widget(1));
     drop(widget(0), widget(1));
     EXPECT_EQ(paints.count, 1) << "repainted at once";
-    EXPECT_EQ(m_swatches[1]->getColour(), RED);
-    EXPECT_EQ(m_swatches[0]->getColour(), RED);
+    EXPECT_EQ(m_pSwatches[1]->getColour(), RED);
+    EXPECT_EQ(m_pSwatches[0]->getColour(), RED);
     EXPECT_THAT(m_first.m_sent, ElementsAre(changed(1)));
     EXPECT_EQ(widget(1)->grab().toImage().pixelColor(5, 5), QColor(200, 10, 20));
 }
 
 TEST_F(SwatchTest, ADragReachesAnotherPanel) {
     drop(widget(1), widget(2));
-    EXPECT_EQ(m_swatches[2]->getColour(), GREEN);
+    EXPECT_EQ(m_pSwatches[2]->getColour(), GREEN);
     EXPECT_THAT(m_first.m_sent, IsEmpty());
     EXPECT_THAT(m_second.m_sent, ElementsAre(changed(0)));
 }
 
 TEST_F(SwatchTest, AClickDoesNothing) {
     drop(widget(0), widget(0));
-    EXPECT_EQ(m_swatches[0]->getColour(), RED);
+    EXPECT_EQ(m_pSwatches[0]->getColour(), RED);
     EXPECT_THAT(m_first.m_sent, IsEmpty());
     EXPECT_FALSE(widget(0)->hasFocus());
 }
@@ -111,27 +111,27 @@ TEST_F(SwatchTest, AClickDoesNothing) {
 TEST_F(SwatchTest, ADragThatMissedIsRemembered) {
     press(widget(0));
     release(widget(0), widget(0), 100);
-    m_swatches[0]->setColour(BLACK);
+    m_pSwatches[0]->setColour(BLACK);
     release(widget(1), widget(1));
-    EXPECT_EQ(m_swatches[1]->getColour(), RED) << "the colour as it was at the press";
+    EXPECT_EQ(m_pSwatches[1]->getColour(), RED) << "the colour as it was at the press";
     EXPECT_THAT(m_first.m_sent, ElementsAre(changed(1)));
 
     release(widget(2), widget(2));
-    EXPECT_EQ(m_swatches[2]->getColour(), BLACK) << "the first drop ended the drag";
+    EXPECT_EQ(m_pSwatches[2]->getColour(), BLACK) << "the first drop ended the drag";
 }
 
 TEST_F(SwatchTest, AReleaseOverTheSourceEndsTheDrag) {
     drop(widget(0), widget(0));
     release(widget(1), widget(1));
-    EXPECT_EQ(m_swatches[1]->getColour(), GREEN);
+    EXPECT_EQ(m_pSwatches[1]->getColour(), GREEN);
 }
 
 TEST_F(SwatchTest, ASwatchThatIsGoneIsNoSource) {
     press(widget(2));
     m_second.DestroyWindow();
-    m_swatches[2].reset();
+    m_pSwatches[2].reset();
     release(widget(1), widget(1));
-    EXPECT_EQ(m_swatches[1]->getColour(), GREEN);
+    EXPECT_EQ(m_pSwatches[1]->getColour(), GREEN);
     EXPECT_THAT(m_first.m_sent, IsEmpty());
 }
 
@@ -139,13 +139,13 @@ TEST_F(SwatchTest, ASwatchThatIsGoneIsNoSource) {
 TEST_F(SwatchTest, TheParentMayLookAndDragFromItsHandler) {
     qxCColour seen;
     m_first.m_onMessage = [&] {
-        seen = m_swatches[1]->getColour();
+        seen = m_pSwatches[1]->getColour();
         press(widget(1));
     };
     drop(widget(0), widget(1));
     EXPECT_EQ(seen, RED);
     release(widget(2), widget(2));
-    EXPECT_EQ(m_swatches[2]->getColour(), RED);
+    EXPECT_EQ(m_pSwatches[2]->getColour(), RED);
 }
 
 TEST_F(SwatchTest, ADoubleClickAsksForAColour) {
@@ -161,11 +161,11 @@ TEST_F(SwatchTest, ADoubleClickAsksForAColour) {
         EXPECT_TRUE(steps.areDone());
     };
     answer(false);
-    EXPECT_EQ(m_swatches[0]->getColour(), RED);
+    EXPECT_EQ(m_pSwatches[0]->getColour(), RED);
     EXPECT_THAT(m_first.m_sent, IsEmpty());
 
     answer(true);
-    EXPECT_EQ(m_swatches[0]->getColour(), qxCColour(1, 2, 3, 255));
+    EXPECT_EQ(m_pSwatches[0]->getColour(), qxCColour(1, 2, 3, 255));
     EXPECT_THAT(m_first.m_sent, ElementsAre(changed(0)));
     EXPECT_EQ(widget(0)->grab().toImage().pixelColor(5, 5), QColor(1, 2, 3));
 }

@@ -48,13 +48,13 @@ std::vector<std::string> exportedSymbols() {
 /// The library as a host meets it: this program has no application object and links none of it.
 class LibraryTest : public testing::Test {
 protected:
-    LibraryTest() : m_library(dlopen(VESKUTIL_FILE, RTLD_NOW | RTLD_LOCAL)) {}
+    LibraryTest() : m_pLibrary(dlopen(VESKUTIL_FILE, RTLD_NOW | RTLD_LOCAL)) {}
 
     template <class Function> Function* find(const std::string& name) {
-        return reinterpret_cast<Function*>(dlsym(m_library, name.c_str()));
+        return reinterpret_cast<Function*>(dlsym(m_pLibrary, name.c_str()));
     }
 
-    void* m_library;
+    void* m_pLibrary;
 };
 
 } // namespace
@@ -62,12 +62,12 @@ protected:
 TEST_F(LibraryTest, ExportsTheFourteenFunctionsAndNothingElse) {
     EXPECT_THAT(exportedSymbols(), testing::UnorderedElementsAreArray(DECORATED_NAMES));
     for (const std::string& name : DECORATED_NAMES) {
-        EXPECT_NE(dlsym(m_library, name.c_str()), nullptr) << name;
+        EXPECT_NE(dlsym(m_pLibrary, name.c_str()), nullptr) << name;
     }
 }
 
 TEST_F(LibraryTest, OpensAPanelInAProcessThatHasNoApplicationOfTheToolkits) {
-    ASSERT_NE(m_library, nullptr) << dlerror();
+    ASSERT_NE(m_pLibrary, nullptr) << dlerror();
     CMemoryScene scene;
     CMemoryMap map(32, &scene);
     const auto isActive = find<bool()>(DECORATED_NAMES[6]);
@@ -92,6 +92,6 @@ TEST_F(LibraryTest, OpensAPanelInAProcessThatHasNoApplicationOfTheToolkits) {
 TEST_F(LibraryTest, StaysMappedWhenTheHostUnloadsIt) {
     const auto isActive = find<bool()>(DECORATED_NAMES[6]);
     ASSERT_NE(isActive, nullptr);
-    dlclose(m_library);
+    dlclose(m_pLibrary);
     EXPECT_FALSE(isActive());
 }

@@ -20,7 +20,7 @@ enum Id { Push = 11, Tick, RadioA, RadioB, RadioC, Other, Edit, Spin, Slide, Com
 class ControlNotifications : public testing::Test {
 protected:
     void SetUp() override {
-        ASSERT_TRUE(dialog.CreateIndirect(dialogLayout({
+        ASSERT_TRUE(m_dialog.CreateIndirect(dialogLayout({
             dialogItem(Push, "Button", WS_TABSTOP, {0, 0, 40, 14}, "Push"),
             dialogItem(Tick, "Button", BS_AUTOCHECKBOX | WS_TABSTOP, {50, 0, 40, 14}, "Tick"),
             dialogItem(RadioA, "Button", BS_AUTORADIOBUTTON | WS_GROUP, {0, 20, 40, 14}, "A"),
@@ -36,126 +36,126 @@ protected:
             dialogItem(Drawn, "Button", BS_OWNERDRAW, {110, 110, 20, 20}),
         })));
         ASSERT_TRUE(ui::waitUntilActive(ui::dialog(RecordingDialog::templateId)));
-        dialog.takeHeard();
+        m_dialog.takeHeard();
     }
 
-    RecordingDialog dialog;
+    RecordingDialog m_dialog;
 };
 
 TEST_F(ControlNotifications, ButtonsReportTheirClicks) {
-    ui::click(dialog.at(Push));
-    ui::click(dialog.at(Tick));
-    EXPECT_THAT(dialog.takeHeard(), ElementsAre("11 clicked", "12 clicked"));
-    EXPECT_EQ(::SendMessage(::GetDlgItem(dialog.m_hWnd, Tick), BM_GETCHECK, 0, 0), 1);
+    ui::click(m_dialog.at(Push));
+    ui::click(m_dialog.at(Tick));
+    EXPECT_THAT(m_dialog.takeHeard(), ElementsAre("11 clicked", "12 clicked"));
+    EXPECT_EQ(::SendMessage(::GetDlgItem(m_dialog.m_hWnd, Tick), BM_GETCHECK, 0, 0), 1);
 }
 
 TEST_F(ControlNotifications, OneRadioButtonOfAGroupIsChecked) {
-    auto& a = dialog.at<QAbstractButton>(RadioA);
-    auto& c = dialog.at<QAbstractButton>(RadioC);
-    ui::click(dialog.at(Other));
+    auto& a = m_dialog.at<QAbstractButton>(RadioA);
+    auto& c = m_dialog.at<QAbstractButton>(RadioC);
+    ui::click(m_dialog.at(Other));
     ui::click(a);
     ui::click(c);
     ui::click(c);
     EXPECT_FALSE(a.isChecked());
     EXPECT_TRUE(c.isChecked()) << "a second click takes nothing away";
-    EXPECT_TRUE(dialog.at<QAbstractButton>(Other).isChecked()) << "it is another group's";
-    EXPECT_THAT(dialog.takeHeard(), ElementsAre("16 clicked", "13 clicked", "15 clicked", "15 clicked"));
+    EXPECT_TRUE(m_dialog.at<QAbstractButton>(Other).isChecked()) << "it is another group's";
+    EXPECT_THAT(m_dialog.takeHeard(), ElementsAre("16 clicked", "13 clicked", "15 clicked", "15 clicked"));
 }
 
 TEST_F(ControlNotifications, AnEditIsLeftBeforeTheClickThatTookItsFocus) {
-    ui::type(dialog.at(Edit), "5");
-    ui::click(dialog.at(Push));
-    EXPECT_THAT(dialog.takeHeard(), ElementsAre("17 left", "11 clicked"));
+    ui::type(m_dialog.at(Edit), "5");
+    ui::click(m_dialog.at(Push));
+    EXPECT_THAT(m_dialog.takeHeard(), ElementsAre("17 left", "11 clicked"));
 }
 
 TEST_F(ControlNotifications, ArrowsOfAnUpDownStepByClickAndByKey) {
-    QWidget& spin = dialog.at(Spin);
+    QWidget& spin = m_dialog.at(Spin);
     ui::click(spin, {spin.width() / 2, spin.height() / 4});
     ui::click(spin, {spin.width() / 2, 3 * spin.height() / 4});
-    EXPECT_TRUE(dialog.at(Edit).hasFocus()) << "its buddy takes the focus";
+    EXPECT_TRUE(m_dialog.at(Edit).hasFocus()) << "its buddy takes the focus";
     ui::press(Qt::Key_Up);
     ui::press(Qt::Key_Down);
-    EXPECT_THAT(dialog.takeHeard(), ElementsAre("18 steps -1", "18 steps 1", "18 steps -1", "18 steps 1"));
+    EXPECT_THAT(m_dialog.takeHeard(), ElementsAre("18 steps -1", "18 steps 1", "18 steps -1", "18 steps 1"));
 }
 
 TEST_F(ControlNotifications, AVetoedStepLeavesThePosition) {
-    auto* const spin = static_cast<CSpinButtonCtrl*>(dialog.GetDlgItem(Spin));
+    auto* const spin = static_cast<CSpinButtonCtrl*>(m_dialog.GetDlgItem(Spin));
     spin->SetPos(50);
-    dialog.at(Edit).setFocus();
+    m_dialog.at(Edit).setFocus();
     ui::press(Qt::Key_Up);
     EXPECT_EQ(spin->GetPos(), 49);
-    dialog.veto = 1;
+    m_dialog.veto = 1;
     ui::press(Qt::Key_Up);
     EXPECT_EQ(spin->GetPos(), 49);
 }
 
 TEST_F(ControlNotifications, SlidersReportTheUsersMovesOnly) {
-    auto* const slider = static_cast<CSliderCtrl*>(dialog.GetDlgItem(Slide));
+    auto* const slider = static_cast<CSliderCtrl*>(m_dialog.GetDlgItem(Slide));
     slider->SetRange(1, 10);
     slider->SetPos(0);
     EXPECT_EQ(slider->GetPos(), 1) << "held to the range";
-    EXPECT_THAT(dialog.takeHeard(), IsEmpty());
-    dialog.at(Slide).setFocus();
+    EXPECT_THAT(m_dialog.takeHeard(), IsEmpty());
+    m_dialog.at(Slide).setFocus();
     ui::press(Qt::Key_Right);
     ui::press(Qt::Key_End);
     EXPECT_EQ(slider->GetPos(), 10);
-    EXPECT_THAT(dialog.takeHeard(), ElementsAre("19 scrolls 1 0", "19 scrolls 7 0"));
+    EXPECT_THAT(m_dialog.takeHeard(), ElementsAre("19 scrolls 1 0", "19 scrolls 7 0"));
 }
 
 TEST_F(ControlNotifications, CombosSortAndReportTheUsersChoiceOnly) {
-    auto* const combo = static_cast<CComboBox*>(dialog.GetDlgItem(Combo));
+    auto* const combo = static_cast<CComboBox*>(m_dialog.GetDlgItem(Combo));
     EXPECT_EQ(combo->SetItemData(combo->AddString("Rock"), 7), 0);
     EXPECT_EQ(combo->AddString("Grass"), 0);
     combo->SetItemData(0, 9);
     EXPECT_EQ(combo->GetCurSel(), CB_ERR) << "adding selects nothing";
     combo->SetCurSel(0);
     EXPECT_EQ(combo->GetItemData(1), 7U);
-    EXPECT_THAT(dialog.takeHeard(), IsEmpty());
-    dialog.at(Combo).setFocus();
+    EXPECT_THAT(m_dialog.takeHeard(), IsEmpty());
+    m_dialog.at(Combo).setFocus();
     ui::press(Qt::Key_Down);
     EXPECT_EQ(combo->GetCurSel(), 1);
-    EXPECT_THAT(dialog.takeHeard(), ElementsAre("20 selected"));
+    EXPECT_THAT(m_dialog.takeHeard(), ElementsAre("20 selected"));
 }
 
 TEST_F(ControlNotifications, ListsReportSelectionAndDoubleClick) {
-    auto* const list = static_cast<CListBox*>(dialog.GetDlgItem(List));
+    auto* const list = static_cast<CListBox*>(m_dialog.GetDlgItem(List));
     list->AddString("-NONE-");
     list->SetItemData(list->AddString("rock"), 5);
     list->SetCurSel(0);
-    EXPECT_THAT(dialog.takeHeard(), IsEmpty());
-    auto& widget = dialog.at<QListWidget>(List);
+    EXPECT_THAT(m_dialog.takeHeard(), IsEmpty());
+    auto& widget = m_dialog.at<QListWidget>(List);
     const QPoint second = widget.visualItemRect(widget.item(1)).center();
     ui::click(*widget.viewport(), second);
     QTest::mouseDClick(widget.viewport(), Qt::LeftButton, Qt::NoModifier, second);
     EXPECT_EQ(list->GetCurSel(), 1);
     EXPECT_EQ(list->GetItemData(1), 5U);
     EXPECT_EQ(list->GetItemData(2), static_cast<DWORD_PTR>(LB_ERR));
-    EXPECT_THAT(dialog.takeHeard(), ElementsAre("21 selected", "21 list double-clicked"));
+    EXPECT_THAT(m_dialog.takeHeard(), ElementsAre("21 selected", "21 list double-clicked"));
 }
 
 TEST_F(ControlNotifications, TabsReportTheUsersTurnsOnly) {
-    auto* const tabs = static_cast<CTabCtrl*>(dialog.GetDlgItem(Tabs));
+    auto* const tabs = static_cast<CTabCtrl*>(m_dialog.GetDlgItem(Tabs));
     tabs->InsertItem(0, "Terrain");
     tabs->InsertItem(1, "Details");
     tabs->SetCurSel(0);
-    EXPECT_THAT(dialog.takeHeard(), IsEmpty());
-    auto& widget = dialog.at<QTabBar>(Tabs);
+    EXPECT_THAT(m_dialog.takeHeard(), IsEmpty());
+    auto& widget = m_dialog.at<QTabBar>(Tabs);
     ui::click(widget, widget.tabRect(1).center());
     EXPECT_EQ(tabs->GetCurSel(), 1);
-    EXPECT_THAT(dialog.takeHeard(), ElementsAre("22 turned"));
+    EXPECT_THAT(m_dialog.takeHeard(), ElementsAre("22 turned"));
 }
 
 TEST_F(ControlNotifications, OwnerDrawnButtonsReportDoubleClicks) {
-    ui::doubleClick(dialog.at(Drawn));
-    EXPECT_THAT(dialog.takeHeard(), ElementsAre("23 clicked", "23 double-clicked"));
+    ui::doubleClick(m_dialog.at(Drawn));
+    EXPECT_THAT(m_dialog.takeHeard(), ElementsAre("23 clicked", "23 double-clicked"));
 }
 
 TEST_F(ControlNotifications, DisabledControlsHearNoMouse) {
     for (const int id : {Push, RadioA, Spin, Drawn}) {
-        dialog.GetDlgItem(id)->EnableWindow(FALSE);
-        ui::click(dialog.at(id));
+        m_dialog.GetDlgItem(id)->EnableWindow(FALSE);
+        ui::click(m_dialog.at(id));
     }
-    EXPECT_THAT(dialog.takeHeard(), IsEmpty());
+    EXPECT_THAT(m_dialog.takeHeard(), IsEmpty());
 }
 
 } // namespace

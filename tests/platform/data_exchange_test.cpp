@@ -50,16 +50,16 @@ END_MESSAGE_MAP()
 class DataExchange : public testing::Test {
 protected:
     void SetUp() override {
-        dialog.exchange = [this](CDataExchange* pDX) {
-            DDX_Text(pDX, Height, values.height);
-            DDV_MinMaxInt(pDX, values.height, 0, 1023);
-            DDX_Text(pDX, Blend, values.blend);
-            DDX_Text(pDX, Name, values.name);
-            DDX_Check(pDX, Tick, values.tick);
-            DDX_Radio(pDX, RadioA, values.radio);
-            DDX_Slider(pDX, Slide, values.slide);
+        m_dialog.exchange = [this](CDataExchange* pDX) {
+            DDX_Text(pDX, Height, m_values.height);
+            DDV_MinMaxInt(pDX, m_values.height, 0, 1023);
+            DDX_Text(pDX, Blend, m_values.blend);
+            DDX_Text(pDX, Name, m_values.name);
+            DDX_Check(pDX, Tick, m_values.tick);
+            DDX_Radio(pDX, RadioA, m_values.radio);
+            DDX_Slider(pDX, Slide, m_values.slide);
         };
-        ASSERT_TRUE(dialog.CreateIndirect(dialogLayout({
+        ASSERT_TRUE(m_dialog.CreateIndirect(dialogLayout({
             dialogItem(Height, "Edit", WS_TABSTOP, {0, 0, 40, 12}),
             dialogItem(Blend, "Edit", WS_TABSTOP, {50, 0, 40, 12}),
             dialogItem(Name, "Edit", WS_TABSTOP, {100, 0, 40, 12}),
@@ -73,7 +73,7 @@ protected:
         ASSERT_TRUE(ui::waitUntilActive(ui::dialog(RecordingDialog::templateId)));
     }
 
-    QString textAt(int id) { return dialog.at<QLineEdit>(id).text(); }
+    QString textAt(int id) { return m_dialog.at<QLineEdit>(id).text(); }
     /// Answers the next message box and keeps its text.
     ModalSteps::Step dismiss(std::vector<QString>& texts) {
         return [&texts](QWidget* window) {
@@ -82,36 +82,36 @@ protected:
         };
     }
 
-    ExchangingDialog dialog;
-    Values values;
+    ExchangingDialog m_dialog;
+    Values m_values;
 };
 
 TEST_F(DataExchange, MovesEveryKindOfValueBothWays) {
     EXPECT_EQ(textAt(Height), "7");
     EXPECT_EQ(textAt(Blend), "0.1");
     EXPECT_EQ(textAt(Name), "rock");
-    EXPECT_TRUE(dialog.at<QAbstractButton>(RadioB).isChecked());
-    ui::type(dialog.at(Height), "1023");
-    ui::type(dialog.at(Blend), " +2.5e-1 ");
-    dialog.at<QLineEdit>(Name).setText(QStringLiteral("Gr\u00fcn"));
-    ui::click(dialog.at(Tick));
-    ui::click(dialog.at(RadioC));
-    ASSERT_TRUE(dialog.UpdateData(TRUE));
-    EXPECT_EQ(values.height, 1023);
-    EXPECT_EQ(values.blend, 0.25F);
-    EXPECT_STREQ(values.name, "Gr\u00fcn");
-    EXPECT_EQ(values.tick, 0);
-    EXPECT_EQ(values.radio, 2);
-    EXPECT_EQ(values.slide, 40);
+    EXPECT_TRUE(m_dialog.at<QAbstractButton>(RadioB).isChecked());
+    ui::type(m_dialog.at(Height), "1023");
+    ui::type(m_dialog.at(Blend), " +2.5e-1 ");
+    m_dialog.at<QLineEdit>(Name).setText(QStringLiteral("Gr\u00fcn"));
+    ui::click(m_dialog.at(Tick));
+    ui::click(m_dialog.at(RadioC));
+    ASSERT_TRUE(m_dialog.UpdateData(TRUE));
+    EXPECT_EQ(m_values.height, 1023);
+    EXPECT_EQ(m_values.blend, 0.25F);
+    EXPECT_STREQ(m_values.name, "Gr\u00fcn");
+    EXPECT_EQ(m_values.tick, 0);
+    EXPECT_EQ(m_values.radio, 2);
+    EXPECT_EQ(m_values.slide, 40);
 }
 
 TEST_F(DataExchange, MinusOneChecksNoRadioButton) {
-    values.radio = -1;
-    ASSERT_TRUE(dialog.UpdateData(FALSE));
-    EXPECT_FALSE(dialog.at<QAbstractButton>(RadioB).isChecked());
-    values.radio = 0;
-    ASSERT_TRUE(dialog.UpdateData(TRUE));
-    EXPECT_EQ(values.radio, -1);
+    m_values.radio = -1;
+    ASSERT_TRUE(m_dialog.UpdateData(FALSE));
+    EXPECT_FALSE(m_dialog.at<QAbstractButton>(RadioB).isChecked());
+    m_values.radio = 0;
+    ASSERT_TRUE(m_dialog.UpdateData(TRUE));
+    EXPECT_EQ(m_values.radio, -1);
 }
 
 TEST_F(DataExchange, RefusesWhatDoesNotFitAndStaysThere) {
@@ -130,42 +130,42 @@ TEST_F(DataExchange, RefusesWhatDoesNotFitAndStaysThere) {
     };
     for (const auto& refused : cases) {
         SCOPED_TRACE(refused.typed);
-        values = Values();
-        dialog.UpdateData(FALSE);
-        ui::type(dialog.at(Name), "changed");
-        dialog.at<QLineEdit>(refused.id).setText(refused.typed);
-        dialog.takeHeard();
+        m_values = Values();
+        m_dialog.UpdateData(FALSE);
+        ui::type(m_dialog.at(Name), "changed");
+        m_dialog.at<QLineEdit>(refused.id).setText(refused.typed);
+        m_dialog.takeHeard();
         std::vector<QString> texts;
         ModalSteps user({dismiss(texts)});
-        EXPECT_FALSE(dialog.UpdateData(TRUE));
+        EXPECT_FALSE(m_dialog.UpdateData(TRUE));
         EXPECT_THAT(texts, ElementsAre(QString(refused.message)));
-        EXPECT_STREQ(values.name, "rock") << "later members keep their values";
-        ASSERT_TRUE(ui::waitUntil([&] { return dialog.at(refused.id).hasFocus(); }));
-        EXPECT_EQ(dialog.at<QLineEdit>(refused.id).selectedText(), refused.typed);
+        EXPECT_STREQ(m_values.name, "rock") << "later members keep their values";
+        ASSERT_TRUE(ui::waitUntil([&] { return m_dialog.at(refused.id).hasFocus(); }));
+        EXPECT_EQ(m_dialog.at<QLineEdit>(refused.id).selectedText(), refused.typed);
     }
 }
 
 TEST_F(DataExchange, ABadValueLeftByAClickShowsOneBoxAndNoClick) {
-    dialog.takesOver = true;
-    ui::type(dialog.at(Height), "5000");
-    dialog.takeHeard();
+    m_dialog.takesOver = true;
+    ui::type(m_dialog.at(Height), "5000");
+    m_dialog.takeHeard();
     std::vector<QString> texts;
     ModalSteps user({dismiss(texts)});
-    ui::click(dialog.at(Push));
+    ui::click(m_dialog.at(Push));
     EXPECT_EQ(texts.size(), 1U);
-    ASSERT_TRUE(ui::waitUntil([this] { return dialog.at(Height).hasFocus(); }));
-    EXPECT_EQ(dialog.at<QLineEdit>(Height).selectedText(), "5000");
-    EXPECT_THAT(dialog.takeHeard(), ElementsAre("11 left")) << "the click belongs to the box";
+    ASSERT_TRUE(ui::waitUntil([this] { return m_dialog.at(Height).hasFocus(); }));
+    EXPECT_EQ(m_dialog.at<QLineEdit>(Height).selectedText(), "5000");
+    EXPECT_THAT(m_dialog.takeHeard(), ElementsAre("11 left")) << "the click belongs to the box";
 
     ui::settle();
-    ui::type(dialog.at(Height), "50");
-    ui::click(dialog.at(Push));
-    EXPECT_THAT(dialog.takeHeard(), ElementsAre("11 left", "19 clicked"));
-    EXPECT_EQ(values.height, 50);
+    ui::type(m_dialog.at(Height), "50");
+    ui::click(m_dialog.at(Push));
+    EXPECT_THAT(m_dialog.takeHeard(), ElementsAre("11 left", "19 clicked"));
+    EXPECT_EQ(m_values.height, 50);
 }
 
 TEST_F(DataExchange, ABadValueLeftByAKeyOrForAnotherWindowBringsThePersonBack) {
-    dialog.takesOver = true;
+    m_dialog.takesOver = true;
     QWidget other;
     other.show();
     const std::function<void()> leavings[] = {
@@ -179,28 +179,28 @@ TEST_F(DataExchange, ABadValueLeftByAKeyOrForAnotherWindowBringsThePersonBack) {
         QWidget& window = *ui::dialog(RecordingDialog::templateId);
         window.activateWindow();
         ASSERT_TRUE(ui::waitUntilActive(&window));
-        ui::type(dialog.at(Height), "5000");
+        ui::type(m_dialog.at(Height), "5000");
         std::vector<QString> texts;
         ModalSteps user({dismiss(texts)});
         leave();
-        EXPECT_TRUE(ui::waitUntil([&] { return user.areDone() && dialog.at(Height).hasFocus(); }));
+        EXPECT_TRUE(ui::waitUntil([&] { return user.areDone() && m_dialog.at(Height).hasFocus(); }));
         EXPECT_EQ(texts.size(), 1U);
-        EXPECT_EQ(dialog.at<QLineEdit>(Blend).selectedText(), "");
+        EXPECT_EQ(m_dialog.at<QLineEdit>(Blend).selectedText(), "");
     }
-    dialog.takesOver = false;
+    m_dialog.takesOver = false;
 }
 
 TEST_F(DataExchange, NotificationsAreLockedOutWhileItRuns) {
-    ui::type(dialog.at(Height), "bad");
-    dialog.takeHeard();
-    dialog.takesOver = true;
-    dialog.runs = 0;
+    ui::type(m_dialog.at(Height), "bad");
+    m_dialog.takeHeard();
+    m_dialog.takesOver = true;
+    m_dialog.runs = 0;
     std::vector<QString> texts;
     ModalSteps user({dismiss(texts)});
     // The edit loses the focus to the box that tells of its own text.
-    EXPECT_FALSE(dialog.UpdateData(TRUE));
+    EXPECT_FALSE(m_dialog.UpdateData(TRUE));
     EXPECT_EQ(texts.size(), 1U);
-    EXPECT_EQ(dialog.runs, 0);
+    EXPECT_EQ(m_dialog.runs, 0);
 }
 
 TEST(NumberText, ReadsAsTheFrameworkDoesWhateverTheLocale) {

@@ -15,7 +15,7 @@ enum Id { First = 11, Group, Hidden, Off, RadioA, RadioB, RadioC, Second, Push }
 class DialogKeys : public testing::Test {
 protected:
     void open(DWORD pushStyle = BS_PUSHBUTTON) {
-        ASSERT_TRUE(dialog.CreateIndirect(dialogLayout({
+        ASSERT_TRUE(m_dialog.CreateIndirect(dialogLayout({
             dialogItem(Push, "Button", pushStyle | WS_TABSTOP, {0, 100, 40, 14}, "Push"),
             dialogItem(First, "Edit", WS_TABSTOP, {50, 0, 40, 12}, "text"),
             dialogItem(Group, "Button", BS_GROUPBOX, {0, 40, 190, 30}, "Group"),
@@ -27,9 +27,9 @@ protected:
             dialogItem(RadioC, "Button", BS_AUTORADIOBUTTON | BS_PUSHLIKE, {60, 50, 20, 14}),
             dialogItem(Second, "Edit", WS_TABSTOP | WS_GROUP, {0, 80, 40, 12}),
         })));
-        dialog.GetDlgItem(Hidden)->ShowWindow(SW_HIDE);
+        m_dialog.GetDlgItem(Hidden)->ShowWindow(SW_HIDE);
         ASSERT_TRUE(ui::waitUntilActive(ui::dialog(RecordingDialog::templateId)));
-        dialog.takeHeard();
+        m_dialog.takeHeard();
     }
     static QString focused() {
         return QApplication::focusWidget() != nullptr ? QApplication::focusWidget()->objectName() : "";
@@ -43,7 +43,7 @@ protected:
         return ids;
     }
 
-    RecordingDialog dialog;
+    RecordingDialog m_dialog;
 };
 
 TEST_F(DialogKeys, TheFirstControlInTemplateOrderHasTheFocus) {
@@ -54,24 +54,24 @@ TEST_F(DialogKeys, TheFirstControlInTemplateOrderHasTheFocus) {
 TEST_F(DialogKeys, TabWalksTheTemplateOrder) {
     open();
     EXPECT_THAT(walk(Qt::Key_Tab, 4), ElementsAre("11", "15", "18", "19"));
-    ::SendMessage(::GetDlgItem(dialog.m_hWnd, RadioC), BM_SETCHECK, 1, 0);
+    ::SendMessage(::GetDlgItem(m_dialog.m_hWnd, RadioC), BM_SETCHECK, 1, 0);
     EXPECT_THAT(walk(Qt::Key_Backtab, 4, Qt::ShiftModifier), ElementsAre("18", "17", "11", "19"))
         << "a group is entered at its checked button";
     ui::press(Qt::Key_Tab);
-    EXPECT_EQ(dialog.at<QLineEdit>(First).selectedText(), "text");
+    EXPECT_EQ(m_dialog.at<QLineEdit>(First).selectedText(), "text");
 }
 
 TEST_F(DialogKeys, ArrowsCheckTheNextRadioButtonRoundAndRound) {
     open();
-    dialog.at(RadioA).setFocus();
+    m_dialog.at(RadioA).setFocus();
     EXPECT_THAT(walk(Qt::Key_Right, 3), ElementsAre("16", "17", "15"));
     ui::press(Qt::Key_Up);
-    EXPECT_THAT(dialog.takeHeard(), ElementsAre("16 clicked", "17 clicked", "15 clicked", "17 clicked"));
+    EXPECT_THAT(m_dialog.takeHeard(), ElementsAre("16 clicked", "17 clicked", "15 clicked", "17 clicked"));
 }
 
 TEST_F(DialogKeys, ArrowsInAnEditMoveItsCursor) {
     open();
-    auto& edit = dialog.at<QLineEdit>(First);
+    auto& edit = m_dialog.at<QLineEdit>(First);
     edit.setFocus();
     edit.setCursorPosition(0);
     ui::press(Qt::Key_Right);
@@ -82,30 +82,30 @@ TEST_F(DialogKeys, ArrowsInAnEditMoveItsCursor) {
 TEST_F(DialogKeys, EnterPressesTheFocusedButtonElseTheDefaultElseOK) {
     open(BS_PUSHBUTTON);
     ui::press(Qt::Key_Return);
-    dialog.at(First).setFocus();
+    m_dialog.at(First).setFocus();
     ui::press(Qt::Key_Enter);
-    EXPECT_THAT(dialog.takeHeard(), ElementsAre("19 clicked", "OK"));
+    EXPECT_THAT(m_dialog.takeHeard(), ElementsAre("19 clicked", "OK"));
 }
 
 TEST_F(DialogKeys, EnterInAnEditPressesTheDefaultButtonUnlessItIsDisabled) {
     open(BS_DEFPUSHBUTTON);
-    dialog.at(First).setFocus();
-    dialog.takeHeard();
+    m_dialog.at(First).setFocus();
+    m_dialog.takeHeard();
     ui::press(Qt::Key_Return);
-    EXPECT_THAT(dialog.takeHeard(), ElementsAre("19 clicked"));
-    dialog.GetDlgItem(Push)->EnableWindow(FALSE);
+    EXPECT_THAT(m_dialog.takeHeard(), ElementsAre("19 clicked"));
+    m_dialog.GetDlgItem(Push)->EnableWindow(FALSE);
     ui::press(Qt::Key_Return);
-    EXPECT_THAT(dialog.takeHeard(), IsEmpty());
+    EXPECT_THAT(m_dialog.takeHeard(), IsEmpty());
 }
 
 TEST_F(DialogKeys, EscapeAndTheCloseBoxAskForCancel) {
     open();
     ui::press(Qt::Key_Escape);
-    EXPECT_THAT(dialog.takeHeard(), ElementsAre("Cancel"));
+    EXPECT_THAT(m_dialog.takeHeard(), ElementsAre("Cancel"));
     ui::dialog(RecordingDialog::templateId)->close();
-    EXPECT_THAT(dialog.takeHeard(), IsEmpty()) << "the close box posts";
+    EXPECT_THAT(m_dialog.takeHeard(), IsEmpty()) << "the close box posts";
     ui::settle();
-    EXPECT_THAT(dialog.takeHeard(), ElementsAre("Cancel"));
+    EXPECT_THAT(m_dialog.takeHeard(), ElementsAre("Cancel"));
     EXPECT_NE(ui::dialog(RecordingDialog::templateId), nullptr);
 }
 

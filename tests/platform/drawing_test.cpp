@@ -31,18 +31,18 @@ public:
 class Drawing : public testing::Test {
 protected:
     void SetUp() override {
-        dialog.exchange = [this](CDataExchange* pDX) { DDX_Control(pDX, drawnId, picture); };
-        ASSERT_TRUE(dialog.CreateIndirect(
+        m_dialog.exchange = [this](CDataExchange* pDX) { DDX_Control(pDX, drawnId, m_picture); };
+        ASSERT_TRUE(m_dialog.CreateIndirect(
             dialogLayout({dialogItem(drawnId, "Button", BS_OWNERDRAW, {0, 0, 40, 20})})));
     }
-    QImage shown() { return dialog.at(drawnId).grab().toImage(); }
+    QImage shown() { return m_dialog.at(drawnId).grab().toImage(); }
 
-    RecordingDialog dialog;
-    Picture picture;
+    RecordingDialog m_dialog;
+    Picture m_picture;
 };
 
 TEST_F(Drawing, ARectangleHasItsPenAroundItsBrush) {
-    picture.draw = [](CDC& dc, const RECT& area) {
+    m_picture.draw = [](CDC& dc, const RECT& area) {
         CBrush brush(green);
         CGdiObject* const formerPen = dc.SelectStockObject(BLACK_PEN);
         CBrush* const formerBrush = dc.SelectObject(&brush);
@@ -74,7 +74,7 @@ TEST_F(Drawing, APictureInMemoryIsShownPixelByPixel) {
     BITMAPINFO info;
     info.bmiHeader.biWidth = 3;
     info.bmiHeader.biHeight = -2;
-    picture.draw = [&](CDC& dc, const RECT&) {
+    m_picture.draw = [&](CDC& dc, const RECT&) {
         EXPECT_EQ(::SetDIBitsToDevice(dc.m_hDC, 1, 1, 3, 2, 0, 0, 0, 2, pixels.data(), &info, DIB_RGB_COLORS),
                   2);
         EXPECT_EQ(
@@ -94,7 +94,7 @@ TEST_F(Drawing, APictureInMemoryIsShownPixelByPixel) {
 }
 
 TEST_F(Drawing, WhatIsLeftUnpaintedKeepsItsPixels) {
-    QWidget& widget = dialog.at(drawnId);
+    QWidget& widget = m_dialog.at(drawnId);
     QImage canvas(widget.size(), QImage::Format_RGB32);
     widget.render(&canvas); // the first painting shows the dialog's colour
     canvas.fill(Qt::magenta);

@@ -50,54 +50,54 @@ END_MESSAGE_MAP()
 class MouseRouting : public testing::Test {
 protected:
     void SetUp() override {
-        dialog.exchange = [this](CDataExchange* pDX) {
-            DDX_Control(pDX, A, a);
-            DDX_Control(pDX, B, b);
+        m_dialog.exchange = [this](CDataExchange* pDX) {
+            DDX_Control(pDX, A, m_a);
+            DDX_Control(pDX, B, m_b);
         };
-        ASSERT_TRUE(dialog.CreateIndirect(dialogLayout({
+        ASSERT_TRUE(m_dialog.CreateIndirect(dialogLayout({
             dialogItem(Edit, "Edit", WS_TABSTOP, {0, 40, 40, 12}),
             dialogItem(A, "Button", BS_OWNERDRAW, {0, 0, 30, 12}),
             dialogItem(B, "Button", BS_OWNERDRAW, {50, 0, 30, 12}),
             dialogItem(Push, "Button", WS_TABSTOP, {100, 0, 30, 12}),
         })));
         ASSERT_TRUE(ui::waitUntilActive(ui::dialog(RecordingDialog::templateId)));
-        dialog.takeHeard();
+        m_dialog.takeHeard();
     }
 
-    Log log;
-    RecordingDialog dialog;
-    Swatch a{log};
-    Swatch b{log};
+    Log m_log;
+    RecordingDialog m_dialog;
+    Swatch m_a{m_log};
+    Swatch m_b{m_log};
 };
 
 TEST_F(MouseRouting, AReleaseGoesToTheWindowUnderThePointer) {
-    ui::drag(dialog.at(A), dialog.at(B));
-    EXPECT_THAT(log, ElementsAre("11 down", "12 up"));
-    EXPECT_THAT(dialog.takeHeard(), IsEmpty()) << "a kept press is no click";
-    EXPECT_TRUE(dialog.at(Edit).hasFocus()) << "and moves no focus";
+    ui::drag(m_dialog.at(A), m_dialog.at(B));
+    EXPECT_THAT(m_log, ElementsAre("11 down", "12 up"));
+    EXPECT_THAT(m_dialog.takeHeard(), IsEmpty()) << "a kept press is no click";
+    EXPECT_TRUE(m_dialog.at(Edit).hasFocus()) << "and moves no focus";
 }
 
 TEST_F(MouseRouting, ThePlaceBetweenHearsNothing) {
-    ui::drag(dialog.at(A), dialog.at(Push));
-    ui::drag(dialog.at(Edit), dialog.at(B));
-    EXPECT_THAT(log, ElementsAre("11 down")) << "an edit keeps the mouse until its release";
-    EXPECT_THAT(dialog.takeHeard(), IsEmpty());
+    ui::drag(m_dialog.at(A), m_dialog.at(Push));
+    ui::drag(m_dialog.at(Edit), m_dialog.at(B));
+    EXPECT_THAT(m_log, ElementsAre("11 down")) << "an edit keeps the mouse until its release";
+    EXPECT_THAT(m_dialog.takeHeard(), IsEmpty());
     QWidget& background = *ui::dialog(RecordingDialog::templateId);
-    ui::dragFrom(background, {5, background.height() - 5}, dialog.at(B));
-    EXPECT_THAT(log, ElementsAre("11 down", "12 up")) << "a dialog's background does not";
+    ui::dragFrom(background, {5, background.height() - 5}, m_dialog.at(B));
+    EXPECT_THAT(m_log, ElementsAre("11 down", "12 up")) << "a dialog's background does not";
 }
 
 TEST_F(MouseRouting, CaptureKeepsTheReleaseWithItsWindow) {
-    a.captures = true;
-    ui::drag(dialog.at(A), dialog.at(B));
-    EXPECT_THAT(log, ElementsAre("11 down", "11 up outside"));
+    m_a.captures = true;
+    ui::drag(m_dialog.at(A), m_dialog.at(B));
+    EXPECT_THAT(m_log, ElementsAre("11 down", "11 up outside"));
     EXPECT_EQ(::GetCapture(), nullptr);
 }
 
 TEST_F(MouseRouting, ADoubleClickIsReflectedToTheButton) {
-    ui::doubleClick(dialog.at(B));
-    EXPECT_THAT(log, ElementsAre("12 down", "12 up", "12 double-clicked", "12 up"));
-    EXPECT_THAT(dialog.takeHeard(), ElementsAre("12 double-clicked"));
+    ui::doubleClick(m_dialog.at(B));
+    EXPECT_THAT(m_log, ElementsAre("12 down", "12 up", "12 double-clicked", "12 up"));
+    EXPECT_THAT(m_dialog.takeHeard(), ElementsAre("12 double-clicked"));
 }
 
 TEST_F(MouseRouting, AWheelTurnedOnTheWayPastChangesNothing) {

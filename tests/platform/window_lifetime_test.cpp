@@ -56,19 +56,19 @@ END_MESSAGE_MAP()
 class WindowLifetime : public testing::Test {
 protected:
     SelfOwned* open(CWnd* parent = nullptr) {
-        auto* const dialog = new SelfOwned(log);
+        auto* const dialog = new SelfOwned(m_log);
         EXPECT_TRUE(dialog->CreateIndirect(layout(), parent));
         EXPECT_TRUE(ui::waitUntilActive(ui::dialog(RecordingDialog::templateId)));
         return dialog;
     }
     static bool noDialog() { return ui::dialog(RecordingDialog::templateId) == nullptr; }
 
-    std::vector<std::string> log;
+    std::vector<std::string> m_log;
 };
 
 TEST_F(WindowLifetime, DeletingTheObjectDestroysTheWindowWithoutDeletingTwice) {
     delete open();
-    EXPECT_THAT(log, ElementsAre("deleted"));
+    EXPECT_THAT(m_log, ElementsAre("deleted"));
     EXPECT_TRUE(noDialog());
 }
 
@@ -81,7 +81,7 @@ TEST_F(WindowLifetime, AWindowMayEndInItsOwnHandler) {
     };
     const QPointer<QWidget> button = &dialog->at(Push);
     ui::click(*button);
-    EXPECT_THAT(log, ElementsAre("destroyed", "gone", "deleted"));
+    EXPECT_THAT(m_log, ElementsAre("destroyed", "gone", "deleted"));
     EXPECT_TRUE(noDialog());
     ui::settle();
     EXPECT_EQ(button, nullptr);
@@ -101,7 +101,7 @@ TEST_F(WindowLifetime, TheOwnersEndIsTheDialogsEnd) {
     host->show();
     open(CWnd::FromHandle(reinterpret_cast<HWND>(host->winId())));
     host.reset();
-    EXPECT_THAT(log, ElementsAre("destroyed", "gone", "deleted"));
+    EXPECT_THAT(m_log, ElementsAre("destroyed", "gone", "deleted"));
     EXPECT_TRUE(noDialog());
 }
 
@@ -111,10 +111,10 @@ TEST_F(WindowLifetime, TheEndOfAHostsViewIsNot) {
     host->show();
     SelfOwned* const panel = open(CWnd::FromHandle(reinterpret_cast<HWND>(view->winId())));
     delete view;
-    EXPECT_THAT(log, IsEmpty());
+    EXPECT_THAT(m_log, IsEmpty());
     EXPECT_EQ(panel->GetParent(), nullptr);
     host.reset();
-    EXPECT_THAT(log, ElementsAre("destroyed", "gone", "deleted"));
+    EXPECT_THAT(m_log, ElementsAre("destroyed", "gone", "deleted"));
 }
 
 TEST_F(WindowLifetime, AModalDialogGivesItsResult) {
@@ -172,7 +172,7 @@ TEST_F(WindowLifetime, AHostMayEndThePanelUnderItsModalDialog) {
     };
     ui::click(panel->at(Push));
     EXPECT_EQ(result, IDCANCEL);
-    EXPECT_THAT(log, ElementsAre("deleted"));
+    EXPECT_THAT(m_log, ElementsAre("deleted"));
     EXPECT_TRUE(noDialog());
 }
 

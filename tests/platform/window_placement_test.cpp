@@ -18,7 +18,7 @@ enum Id { Frame = 11, Push, Icon, Far };
 class WindowPlacement : public testing::Test {
 protected:
     void SetUp() override {
-        ASSERT_TRUE(dialog.CreateIndirect(dialogLayout({
+        ASSERT_TRUE(m_dialog.CreateIndirect(dialogLayout({
             dialogItem(Frame, "Static", SS_BLACKFRAME, {0, 0, 100, 150}),
             dialogItem(Push, "Button", BS_PUSHBUTTON, {4, 8, 40, 14}, "Push"),
             dialogItem(Icon, "Button", BS_AUTOCHECKBOX | BS_PUSHLIKE | BS_ICON, {4, 30, 20, 20}, "&Raise"),
@@ -27,38 +27,39 @@ protected:
     }
     CRect windowRect(int id) {
         CRect rect(0, 0, 0, 0);
-        (id == 0 ? &dialog : dialog.GetDlgItem(id))->GetWindowRect(rect);
+        (id == 0 ? &m_dialog : m_dialog.GetDlgItem(id))->GetWindowRect(rect);
         return rect;
     }
 
-    RecordingDialog dialog;
+    RecordingDialog m_dialog;
 };
 
 TEST_F(WindowPlacement, DialogUnitsAreThoseOfTheRealFont) {
-    const QFontMetrics font(dialog.at(Push).font());
+    const QFontMetrics font(m_dialog.at(Push).font());
     const CRect push = windowRect(Push);
     const int letter =
         qRound(font.horizontalAdvance("ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz") / 52.0);
     EXPECT_EQ(push.Width(), 10 * letter);
     EXPECT_EQ(windowRect(0).Width(), 50 * letter);
-    EXPECT_EQ(dialog.at(Push).y(), font.height());
+    EXPECT_EQ(m_dialog.at(Push).y(), font.height());
 }
 
 TEST_F(WindowPlacement, ChildrenComeInTheOrderOfTheTemplate) {
     std::vector<int> ids;
-    for (CWnd* child = dialog.GetWindow(GW_CHILD); child != nullptr; child = child->GetWindow(GW_HWNDNEXT)) {
+    for (CWnd* child = m_dialog.GetWindow(GW_CHILD); child != nullptr;
+         child = child->GetWindow(GW_HWNDNEXT)) {
         ids.push_back(child->GetDlgCtrlID());
-        EXPECT_EQ(child->GetParent(), &dialog);
+        EXPECT_EQ(child->GetParent(), &m_dialog);
         EXPECT_EQ(::GetWindow(::GetWindow(child->m_hWnd, GW_HWNDNEXT), GW_HWNDPREV),
                   ids.back() == Far ? nullptr : child->m_hWnd);
     }
     EXPECT_THAT(ids, ElementsAre(Frame, Push, Icon, Far));
-    EXPECT_EQ(dialog.GetDlgItem(99), nullptr);
+    EXPECT_EQ(m_dialog.GetDlgItem(99), nullptr);
 }
 
 TEST_F(WindowPlacement, TheDialogTakesTheSizeItIsGivenAndNoOther) {
     const CRect before = windowRect(0);
-    dialog.SetWindowPos(nullptr, 0, 0, 123, 77, SWP_NOMOVE | SWP_NOZORDER);
+    m_dialog.SetWindowPos(nullptr, 0, 0, 123, 77, SWP_NOMOVE | SWP_NOZORDER);
     EXPECT_EQ(windowRect(0).left, before.left);
     EXPECT_EQ(windowRect(0).Width(), 123);
     EXPECT_EQ(windowRect(0).Height(), 77);
@@ -68,17 +69,17 @@ TEST_F(WindowPlacement, TheDialogTakesTheSizeItIsGivenAndNoOther) {
 
 TEST_F(WindowPlacement, ScreenAndClientPointsAgree) {
     CRect push = windowRect(Push);
-    dialog.ScreenToClient(push);
-    EXPECT_EQ(QPoint(push.left, push.top), dialog.at(Push).pos());
+    m_dialog.ScreenToClient(push);
+    EXPECT_EQ(QPoint(push.left, push.top), m_dialog.at(Push).pos());
     CPoint origin(0, 0);
-    dialog.GetDlgItem(Push)->ClientToScreen(&origin);
+    m_dialog.GetDlgItem(Push)->ClientToScreen(&origin);
     EXPECT_EQ(origin.x, windowRect(Push).left);
 }
 
 TEST_F(WindowPlacement, RepositionBringsTheDialogBackOnTheScreen) {
-    const CRect area = ::GetWorkArea(dialog.m_hWnd);
-    dialog.SetWindowPos(nullptr, area.right - 20, area.top - 500, 0, 0, SWP_NOSIZE);
-    dialog.SendMessage(DM_REPOSITION);
+    const CRect area = ::GetWorkArea(m_dialog.m_hWnd);
+    m_dialog.SetWindowPos(nullptr, area.right - 20, area.top - 500, 0, 0, SWP_NOSIZE);
+    m_dialog.SendMessage(DM_REPOSITION);
     EXPECT_EQ(windowRect(0).right, area.right);
     EXPECT_EQ(windowRect(0).top, area.top);
 }
@@ -102,11 +103,11 @@ TEST_F(WindowPlacement, CentresOverItsOwnerWhichMayBeAChildOfTheHost) {
 }
 
 TEST_F(WindowPlacement, AnIconStandsInForItsCaption) {
-    auto& button = dialog.at<QPushButton>(Icon);
+    auto& button = m_dialog.at<QPushButton>(Icon);
     EXPECT_EQ(button.text(), "");
     EXPECT_EQ(button.toolTip(), "Raise");
     EXPECT_EQ(button.accessibleName(), "Raise");
-    auto* const control = static_cast<CButton*>(dialog.GetDlgItem(Icon));
+    auto* const control = static_cast<CButton*>(m_dialog.GetDlgItem(Icon));
     const HICON icon = ::LoadIcon(nullptr, 2004);
     ASSERT_NE(icon, nullptr);
     EXPECT_EQ(control->SetIcon(icon), nullptr);
@@ -117,7 +118,7 @@ TEST_F(WindowPlacement, AnIconStandsInForItsCaption) {
 }
 
 TEST_F(WindowPlacement, EnablingAndHidingTellTheFormerState) {
-    CWnd* const edit = dialog.GetDlgItem(Far);
+    CWnd* const edit = m_dialog.GetDlgItem(Far);
     EXPECT_TRUE(edit->EnableWindow(TRUE));
     EXPECT_FALSE(edit->EnableWindow(FALSE));
     EXPECT_TRUE(edit->ShowWindow(SW_HIDE));

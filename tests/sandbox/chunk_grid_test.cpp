@@ -13,15 +13,15 @@ constexpr int CELLS = CChunkGrid::CHUNK_CELLS;
 
 class ChunkGrid : public testing::Test {
 protected:
-    explicit ChunkGrid(int gridDim = 150) : m_gridDim(gridDim) {
+    explicit ChunkGrid(int gridDim = 150) : m_nGridDim(gridDim) {
         m_heights.assign(static_cast<std::size_t>(gridDim + 1) * static_cast<std::size_t>(gridDim + 1), 100);
         m_grid.rebuild(field());
     }
 
-    CHeightField field() const { return {m_gridDim, 0.1, m_heights.data()}; }
-    std::uint16_t& at(int x, int z) { return m_heights[static_cast<std::size_t>(z * (m_gridDim + 1) + x)]; }
+    CHeightField field() const { return {m_nGridDim, 0.1, m_heights.data()}; }
+    std::uint16_t& at(int x, int z) { return m_heights[static_cast<std::size_t>(z * (m_nGridDim + 1) + x)]; }
 
-    int m_gridDim;
+    int m_nGridDim;
     std::vector<std::uint16_t> m_heights;
     CChunkGrid m_grid;
 };
@@ -77,8 +77,8 @@ TEST_F(ChunkGrid, AnEdgePeakCountsInBothChunks) {
 /// What the eye sees of a level's error is never more than the tolerance, nearer chunks are never coarser
 /// than the tolerance demands, and the whole map is drawn when all of it is in sight.
 TEST_F(ChunkGrid, ChosenLevelsStayWithinTheTolerance) {
-    for (int z = 0; z <= m_gridDim; ++z) {
-        for (int x = 0; x <= m_gridDim; ++x) {
+    for (int z = 0; z <= m_nGridDim; ++z) {
+        for (int x = 0; x <= m_nGridDim; ++x) {
             at(x, z) =
                 static_cast<std::uint16_t>(300 + 60 * std::sin(x * 0.3) + 40 * std::cos(z * 0.17 + x * 0.05));
         }
@@ -119,13 +119,13 @@ TEST_F(ChunkGrid, ChunksOutOfSightAreLeftOut) {
 }
 
 TEST_F(ChunkGrid, NormalsLeanAwayFromTheSlope) {
-    for (int z = 0; z <= m_gridDim; ++z) {
-        for (int x = 0; x <= m_gridDim; ++x) {
+    for (int z = 0; z <= m_nGridDim; ++z) {
+        for (int x = 0; x <= m_nGridDim; ++x) {
             at(x, z) = static_cast<std::uint16_t>(100 + x * 10); // one world unit a cell: 45 degrees
         }
     }
     const auto expected = static_cast<std::int16_t>(std::lround(-std::sqrt(0.5) * 32767.0));
-    for (const int x : {0, 40, m_gridDim}) {
+    for (const int x : {0, 40, m_nGridDim}) {
         const auto normals = groundNormals(field(), {x, 7, x, 8});
         ASSERT_EQ(normals.size(), 4U);
         EXPECT_EQ(normals[0], expected) << x;

@@ -84,32 +84,32 @@ protected:
     }
 
     MainWindow() {
-        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, scratch.filePath("settings"));
+        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_scratch.filePath("settings"));
         CHeightmap heights{EDGE, {}};
         for (int i = 0; i < EDGE * EDGE; ++i) {
             heights.heights.push_back(static_cast<std::uint16_t>(100 + 10 * std::abs(i % EDGE - EDGE / 2)));
         }
         EXPECT_EQ(writeHeightmapFile(heightmap(), heights), "");
         openWindow();
-        EXPECT_EQ(window->openMap(heightmap()), "");
+        EXPECT_EQ(m_pWindow->openMap(heightmap()), "");
     }
 
     ~MainWindow() override { CEngineDirectories::setDirectories({}); }
 
     void openWindow() {
-        window.reset(); // the toolkit serves one window at a time
-        window = std::make_unique<CMainWindow>();
-        window->resize(700, 500);
-        window->show();
-        ASSERT_TRUE(ui::waitUntilActive(window.get()));
+        m_pWindow.reset(); // the toolkit serves one window at a time
+        m_pWindow = std::make_unique<CMainWindow>();
+        m_pWindow->resize(700, 500);
+        m_pWindow->show();
+        ASSERT_TRUE(ui::waitUntilActive(m_pWindow.get()));
     }
 
-    QString heightmap() const { return scratch.filePath("hills.png"); }
-    QString folder() const { return scratch.filePath("my map"); }
-    CMapDocument& document() const { return window->document(); }
-    CMemoryMap& map() const { return window->document().map(); }
+    QString heightmap() const { return m_scratch.filePath("hills.png"); }
+    QString folder() const { return m_scratch.filePath("my map"); }
+    CMapDocument& document() const { return m_pWindow->document(); }
+    CMemoryMap& map() const { return m_pWindow->document().map(); }
 
-    void choose(const char* action) { window->findChild<QAction*>(action)->trigger(); }
+    void choose(const char* action) { m_pWindow->findChild<QAction*>(action)->trigger(); }
 
     /// A modal conversation that `begin` starts.
     void converse(std::vector<ModalSteps::Step> steps, const std::function<void()>& begin) {
@@ -127,8 +127,8 @@ protected:
 
     /// A shortcut of the window.
     void strike(Qt::Key key) {
-        turnTo(window.get());
-        QTest::keyClick(window.get(), key, Qt::ControlModifier);
+        turnTo(m_pWindow.get());
+        QTest::keyClick(m_pWindow.get(), key, Qt::ControlModifier);
     }
 
     void saveProjectAs(const QString& path) {
@@ -151,7 +151,7 @@ protected:
         map().getTerrainDef(0)->noise = 4.5F;
         map().setTexture(qxMapLayerRough, document().scene().getTexture(1));
         map().setDiffuse({200, 190, 180, 255});
-        window->findChild<QSpinBox*>("water-level")->setValue(130);
+        m_pWindow->findChild<QSpinBox*>("water-level")->setValue(130);
         map().addWater(EDGE / 2, 3);
         map().setPointHeight(2, 2, 777, true);
         map().paintMultiTexture(5, 5, 0.5F);
@@ -161,9 +161,9 @@ protected:
     }
 
     static constexpr int EDGE = 17;
-    CWindowManager manager;
-    QTemporaryDir scratch;
-    std::unique_ptr<CMainWindow> window;
+    CWindowManager m_manager;
+    QTemporaryDir m_scratch;
+    std::unique_ptr<CMainWindow> m_pWindow;
 };
 
 TEST_F(MainWindow, AProjectSavedFromTheMenuOpensTheSameInAnotherWindow) {
@@ -173,8 +173,8 @@ TEST_F(MainWindow, AProjectSavedFromTheMenuOpensTheSameInAnotherWindow) {
     ASSERT_TRUE(map().getPointWater(EDGE / 2, 9));
     const QByteArray saved = contents(map(), document().scene());
     saveProjectAs(folder());
-    EXPECT_FALSE(window->isWindowModified());
-    EXPECT_EQ(window->windowTitle().toStdString(), "my map[*] - Terrain sandbox");
+    EXPECT_FALSE(m_pWindow->isWindowModified());
+    EXPECT_EQ(m_pWindow->windowTitle().toStdString(), "my map[*] - Terrain sandbox");
     EXPECT_TRUE(vuIsEditorActive()) << "saving is no reason to close the editor";
 
     openWindow();
@@ -182,7 +182,7 @@ TEST_F(MainWindow, AProjectSavedFromTheMenuOpensTheSameInAnotherWindow) {
     converse({chooseFile(projectFile)}, [&] { strike(Qt::Key_O); });
     EXPECT_EQ(contents(map(), document().scene()), saved);
     EXPECT_EQ(document().path().toStdString(), folder().toStdString());
-    EXPECT_FALSE(window->isWindowModified());
+    EXPECT_FALSE(m_pWindow->isWindowModified());
     const auto image = CEngineDirectories::resolve(map().getTexture(qxMapLayerRough)->getFilename());
     ASSERT_TRUE(image.has_value());
     EXPECT_EQ(image->parent_path().string(), (folder() + "/textures").toStdString());
@@ -216,12 +216,12 @@ TEST_F(MainWindow, EveryKindOfWorkCountsAsAChange) {
         [&] { map().setFlag(qxMapFlagChecker); },
     };
     for (std::size_t i = 0; i < works.size(); ++i) {
-        ASSERT_EQ(window->saveProject(folder()), "");
+        ASSERT_EQ(m_pWindow->saveProject(folder()), "");
         ASSERT_FALSE(document().isModified()) << i;
         works[i]();
         EXPECT_TRUE(document().isModified()) << i;
     }
-    ASSERT_EQ(window->saveProject(folder()), "");
+    ASSERT_EQ(m_pWindow->saveProject(folder()), "");
     map().setCurrentMultiTexture(1);
     map().addEditCursor(1, 1, 0);
     EXPECT_FALSE(document().isModified()) << "to look around is no change";
@@ -236,7 +236,7 @@ TEST_F(MainWindow, KeysOfOthersOutliveASave) {
     file.seek(0);
     file.write(QJsonDocument(json).toJson());
     file.close();
-    ASSERT_EQ(window->openMap(folder()), "");
+    ASSERT_EQ(m_pWindow->openMap(folder()), "");
     map().setPointHeight(1, 1, 999, true);
     choose("save");
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
@@ -248,19 +248,19 @@ TEST_F(MainWindow, UnsavedChangesAreAskedAfter) {
     const QString question = "Save the changes to my map first?";
     map().getMultiTexture(0)->blend = 0.25F;
 
-    converse({answer(question, "Cancel")}, [&] { EXPECT_FALSE(window->close()); });
-    EXPECT_TRUE(window->isVisible());
-    EXPECT_TRUE(window->isWindowModified()) << "the mark in the title";
+    converse({answer(question, "Cancel")}, [&] { EXPECT_FALSE(m_pWindow->close()); });
+    EXPECT_TRUE(m_pWindow->isVisible());
+    EXPECT_TRUE(m_pWindow->isWindowModified()) << "the mark in the title";
     EXPECT_EQ(map().getMultiTexture(0)->blend, 0.25F);
 
-    converse({answer(question, "Save")}, [&] { EXPECT_TRUE(window->close()); });
+    converse({answer(question, "Save")}, [&] { EXPECT_TRUE(m_pWindow->close()); });
     CProject saved;
     ASSERT_EQ(readProject(folder(), saved).reason, "");
     EXPECT_EQ(saved.settings.definitions[0].blend, 0.25F);
 
-    window->show();
+    m_pWindow->show();
     map().getMultiTexture(0)->blend = 0.5F;
-    converse({answer(question, "Discard")}, [&] { EXPECT_TRUE(window->close()); });
+    converse({answer(question, "Discard")}, [&] { EXPECT_TRUE(m_pWindow->close()); });
     ASSERT_EQ(readProject(folder(), saved).reason, "");
     EXPECT_EQ(saved.settings.definitions[0].blend, 0.25F);
 }
@@ -276,14 +276,14 @@ TEST_F(MainWindow, AHeightmapSaysWhatItCannotKeep) {
     EXPECT_NE(readHeightmapFile(heightmap()).map.heights[4 * EDGE + 4], 444);
     converse({answer(question, "Save Heights Only")}, [&] { strike(Qt::Key_S); });
     EXPECT_EQ(readHeightmapFile(heightmap()).map.heights[4 * EDGE + 4], 444);
-    EXPECT_TRUE(window->isWindowModified()) << "the water is not saved";
+    EXPECT_TRUE(m_pWindow->isWindowModified()) << "the water is not saved";
     map().setPointHeight(4, 4, 445, true);
     converse({}, [&] { choose("save"); }); // asked once for a map
     EXPECT_EQ(readHeightmapFile(heightmap()).map.heights[4 * EDGE + 4], 445);
 
-    const QString copy = scratch.filePath("copy");
+    const QString copy = m_scratch.filePath("copy");
     converse({answer(question, "Save as Project..."), chooseFile(copy)},
-             [&] { EXPECT_TRUE(window->close()); });
+             [&] { EXPECT_TRUE(m_pWindow->close()); });
     CProject saved;
     ASSERT_EQ(readProject(copy, saved).reason, "");
     EXPECT_TRUE(std::ranges::equal(saved.water, map().getWaterFlags()));
@@ -293,7 +293,7 @@ TEST_F(MainWindow, OfAProjectTheHeightsAreSavedAsACopy) {
     saveProjectAs(folder());
     map().setPointHeight(4, 4, 444, true);
     map().addWater(EDGE / 2, 3);
-    const QString copy = scratch.filePath("copy.png");
+    const QString copy = m_scratch.filePath("copy.png");
     converse({chooseFile(copy)}, [&] { choose("save-heightmap-as"); });
     EXPECT_EQ(readHeightmapFile(copy).map.heights[4 * EDGE + 4], 444);
     EXPECT_EQ(document().path().toStdString(), folder().toStdString());
@@ -315,7 +315,7 @@ TEST_F(MainWindow, AProjectThatCannotBeOpenedLeavesTheMapAtHand) {
         QByteArray text;
         QString reason;
     };
-    ASSERT_EQ(window->openMap(heightmap()), "");
+    ASSERT_EQ(m_pWindow->openMap(heightmap()), "");
     choose("map-editor");
     const CMemoryMap* before = &map();
     const QByteArray contentsBefore = contents(map(), document().scene());
@@ -331,7 +331,7 @@ TEST_F(MainWindow, AProjectThatCannotBeOpenedLeavesTheMapAtHand) {
                  [&] { choose("open-project"); });
         EXPECT_EQ(&map(), before);
         EXPECT_EQ(contents(map(), document().scene()), contentsBefore);
-        EXPECT_EQ(window->windowTitle().toStdString(), "hills.png[*] - Terrain sandbox");
+        EXPECT_EQ(m_pWindow->windowTitle().toStdString(), "hills.png[*] - Terrain sandbox");
         EXPECT_TRUE(vuIsEditorActive());
     }
 }
@@ -346,16 +346,16 @@ TEST_F(MainWindow, AFailedSaveIsToldAndTheMapStaysUnsaved) {
     const QString reason = "filename refers to a directory";
     converse({answer(QString("Failed to save %1: %2").arg(projectFile, reason), "OK")},
              [&] { choose("save"); });
-    EXPECT_TRUE(window->isWindowModified());
+    EXPECT_TRUE(m_pWindow->isWindowModified());
 }
 
 TEST_F(MainWindow, ASessionBeginsWithTheMapEditorBesideTheView) {
     EXPECT_EQ(ui::dialog(MAP_EDITOR), nullptr);
-    window->startWork();
+    m_pWindow->startWork();
     const QWidget* panel = ui::dialog(MAP_EDITOR);
     ASSERT_NE(panel, nullptr);
-    EXPECT_TRUE(window->findChild<QAction*>("map-editor")->isChecked());
-    const QRect view(window->view().mapToGlobal(QPoint()), window->view().size());
+    EXPECT_TRUE(m_pWindow->findChild<QAction*>("map-editor")->isChecked());
+    const QRect view(m_pWindow->view().mapToGlobal(QPoint()), m_pWindow->view().size());
     EXPECT_TRUE(view.contains(panel->frameGeometry().topLeft())) << "clear of the menus and tool bar";
 }
 
@@ -369,7 +369,7 @@ TEST_F(MainWindow, WorkThatNobodySavedIsOfferedAgain) {
         map().getMultiTexture(0)->blend = 0.25F;
         map().setPointHeight(4, 4, 444, true);
         // A minute passes.
-        QMetaObject::invokeMethod(window->findChild<QTimer*>("autosave"), "timeout");
+        QMetaObject::invokeMethod(m_pWindow->findChild<QTimer*>("autosave"), "timeout");
         openWindow(); // the old one goes without being asked
         ASSERT_TRUE(QDir(copy).exists());
     };
@@ -397,7 +397,7 @@ TEST_F(MainWindow, WorkThatNobodySavedIsOfferedAgain) {
 
 TEST_F(MainWindow, RecentHoldsProjectsAndHeightmaps) {
     saveProjectAs(folder());
-    auto* recent = window->findChild<QMenu*>("recent");
+    auto* recent = m_pWindow->findChild<QMenu*>("recent");
     const auto texts = [&] {
         emit recent->aboutToShow();
         QStringList list;
@@ -418,7 +418,7 @@ TEST_F(MainWindow, RecentHoldsProjectsAndHeightmaps) {
 }
 
 TEST_F(MainWindow, TheSampleIsNotSavedOver) {
-    ASSERT_EQ(window->openMap(QString(VESK_SAMPLES) + "/jacksboro"), "");
+    ASSERT_EQ(m_pWindow->openMap(QString(VESK_SAMPLES) + "/jacksboro"), "");
     EXPECT_EQ(document().name().toStdString(), "jacksboro (sample)");
     EXPECT_GT(map().getNumMultiTextures(), 4);
     EXPECT_GT(map().getDetails().size(), 100);

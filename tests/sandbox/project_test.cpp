@@ -30,46 +30,46 @@ QByteArray readFile(const QString& path) {
 class Project : public testing::Test {
 protected:
     Project() {
-        map.waterLevel = 3.7F;
-        map.heightScale = 0.05F;
-        map.setTextureTiling(17);
-        map.setAmbient({10, 20, 30, 40});
-        map.setDiffuse({200, 190, 180, 170});
-        map.setFlag(qxMapFlagChecker);
-        scene.setFogMode(qxFogModeOn);
+        m_map.waterLevel = 3.7F;
+        m_map.heightScale = 0.05F;
+        m_map.setTextureTiling(17);
+        m_map.setAmbient({10, 20, 30, 40});
+        m_map.setDiffuse({200, 190, 180, 170});
+        m_map.setFlag(qxMapFlagChecker);
+        m_scene.setFogMode(qxFogModeOn);
         qxCTexture* grass = addTexture("Grass", "grass.tga", qxTextureSize64, qxPixelFormatRgb565);
         qxCTexture* tree = addTexture("B\xc3\xa4ume", "tree.v2.tga", qxTextureSizeEmpty, qxPixelFormat8);
-        map.setTexture(qxMapLayerSmooth, grass);
-        map.setTexture(qxMapLayerWater, tree);
-        *map.addMultiTexture() = {{1, 2, 3, 4}, {250, 251, 252, 253}, 0.3F, 0.1F};
-        *map.addMultiTexture() = {{9, 8, 7, 6}, {5, 4, 3, 2}, 1.0F, 0.0F};
-        map.setCurrentMultiTexture(1);
-        map.getTerrainDef(0)->filter[7] = -0.1F;
-        map.getTerrainDef(0)->preserveFlatAreas = true;
-        map.addDetail(qxDetailTypeQuad, grass, {1, 0, 2}, {2, 0, 2}, {1, 0, 3}, 0.1F);
-        map.addDetail(qxDetailTypePoint, nullptr, {3.3F, 0, 2}, {4, 1, 2}, {3, 0, 5}, 2.0F);
+        m_map.setTexture(qxMapLayerSmooth, grass);
+        m_map.setTexture(qxMapLayerWater, tree);
+        *m_map.addMultiTexture() = {{1, 2, 3, 4}, {250, 251, 252, 253}, 0.3F, 0.1F};
+        *m_map.addMultiTexture() = {{9, 8, 7, 6}, {5, 4, 3, 2}, 1.0F, 0.0F};
+        m_map.setCurrentMultiTexture(1);
+        m_map.getTerrainDef(0)->filter[7] = -0.1F;
+        m_map.getTerrainDef(0)->preserveFlatAreas = true;
+        m_map.addDetail(qxDetailTypeQuad, grass, {1, 0, 2}, {2, 0, 2}, {1, 0, 3}, 0.1F);
+        m_map.addDetail(qxDetailTypePoint, nullptr, {3.3F, 0, 2}, {4, 1, 2}, {3, 0, 5}, 2.0F);
         for (int z = 0; z <= DIM; ++z) {
             for (int x = 0; x <= DIM; ++x) {
-                map.setPointHeight(x, z, (x * 977 + z * 3331) % 65536, false);
-                map.setPointColour(0, x, z, {x * 30, z * 30, x * z, 255 - x});
-                map.setPointBlend(1, x, z, (x * 5003 + z * 17) % 65536);
-                map.setPointWater(x, z, (x + z) % 3 == 0);
+                m_map.setPointHeight(x, z, (x * 977 + z * 3331) % 65536, false);
+                m_map.setPointColour(0, x, z, {x * 30, z * 30, x * z, 255 - x});
+                m_map.setPointBlend(1, x, z, (x * 5003 + z * 17) % 65536);
+                m_map.setPointWater(x, z, (x + z) % 3 == 0);
             }
         }
     }
 
     qxCTexture* addTexture(const char* name, const char* file, qxTextureSize size,
                            qxImagePixelFormat format) {
-        qxCTexture* texture = scene.createTexture();
+        qxCTexture* texture = m_scene.createTexture();
         texture->name.setString(name);
         texture->setFilename(file);
         texture->setSize(size);
         texture->setPixelFormat(format);
-        scene.addTexture(texture);
+        m_scene.addTexture(texture);
         return texture;
     }
 
-    QString folder() const { return scratch.filePath("my map"); }
+    QString folder() const { return m_scratch.filePath("my map"); }
     QString projectFile() const { return QDir(folder()).filePath(PROJECT_FILE_NAME); }
 
     void save(CProject& project) {
@@ -78,31 +78,31 @@ protected:
     }
 
     static constexpr int DIM = 8;
-    QTemporaryDir scratch;
-    CMemoryScene scene;
-    CMemoryMap map{DIM, &scene};
+    QTemporaryDir m_scratch;
+    CMemoryScene m_scene;
+    CMemoryMap m_map{DIM, &m_scene};
 };
 
 TEST_F(Project, EverythingSurvivesSavingAndOpening) {
-    CProject project = captureProject(map, scene);
+    CProject project = captureProject(m_map, m_scene);
     save(project);
     for (const QString& path : {folder(), projectFile()}) {
         CProject opened;
         ASSERT_EQ(readProject(path, opened).reason.toStdString(), "");
         const auto newScene = buildScene(opened);
         const auto newMap = buildMap(opened, *newScene);
-        EXPECT_EQ(contents(*newMap, *newScene), contents(map, scene));
+        EXPECT_EQ(contents(*newMap, *newScene), contents(m_map, m_scene));
     }
 }
 
 TEST_F(Project, WhateverIsTypedIntoThePanelCanBeOpenedAgain) {
     constexpr float LARGEST = std::numeric_limits<float>::max();
-    map.getMultiTexture(0)->blend = 2.5F;
-    map.getMultiTexture(1)->variation = -7.0F;
-    map.getTerrainDef(0)->filter[3] = 1e30F;
-    map.getTerrainDef(0)->noise = std::numeric_limits<float>::infinity();
-    map.getTerrainDef(0)->weighting = std::numeric_limits<float>::quiet_NaN();
-    CProject project = captureProject(map, scene);
+    m_map.getMultiTexture(0)->blend = 2.5F;
+    m_map.getMultiTexture(1)->variation = -7.0F;
+    m_map.getTerrainDef(0)->filter[3] = 1e30F;
+    m_map.getTerrainDef(0)->noise = std::numeric_limits<float>::infinity();
+    m_map.getTerrainDef(0)->weighting = std::numeric_limits<float>::quiet_NaN();
+    CProject project = captureProject(m_map, m_scene);
     save(project);
     CProject opened;
     ASSERT_EQ(readProject(folder(), opened).reason.toStdString(), "");
@@ -114,13 +114,13 @@ TEST_F(Project, WhateverIsTypedIntoThePanelCanBeOpenedAgain) {
 }
 
 TEST_F(Project, NumbersAreWrittenAsPeopleWriteThem) {
-    const QByteArray text = writeProjectJson(captureProject(map, scene).settings, {});
+    const QByteArray text = writeProjectJson(captureProject(m_map, m_scene).settings, {});
     EXPECT_TRUE(text.contains("\"blend\": 0.3,")) << text.toStdString();
     EXPECT_TRUE(text.contains("\"tint1\": \"#04010203\"")) << text.toStdString();
 }
 
 TEST_F(Project, UnknownKeysAreKept) {
-    CProject project = captureProject(map, scene);
+    CProject project = captureProject(m_map, m_scene);
     save(project);
     QJsonObject json = QJsonDocument::fromJson(readFile(projectFile())).object();
     json["author"] = "Ada";
@@ -145,7 +145,7 @@ TEST_F(Project, UnknownKeysAreKept) {
 }
 
 TEST_F(Project, ASaveReplacesItsOwnLayersAndNothingElse) {
-    CProject project = captureProject(map, scene);
+    CProject project = captureProject(m_map, m_scene);
     save(project);
     writeFile(QDir(folder()).filePath("notes.png"), "mine");
     save(project);
@@ -155,7 +155,7 @@ TEST_F(Project, ASaveReplacesItsOwnLayersAndNothingElse) {
 }
 
 TEST_F(Project, AFailedSaveLeavesTheOldProject) {
-    CProject project = captureProject(map, scene);
+    CProject project = captureProject(m_map, m_scene);
     save(project);
     const QByteArray before = readFile(projectFile());
     // A folder in the place of the next layer's temporary name cannot stop a save, but one in the place of
@@ -215,7 +215,7 @@ TEST_F(Project, BadProjectFilesAreRefusedByName) {
          },
          "\"terrainTypes[0].filter\" does not have 25 numbers"},
     };
-    CProject project = captureProject(map, scene);
+    CProject project = captureProject(m_map, m_scene);
     save(project);
     const QJsonObject good = QJsonDocument::fromJson(readFile(projectFile())).object();
     for (const Damage& damage : damages) {
@@ -231,7 +231,7 @@ TEST_F(Project, BadProjectFilesAreRefusedByName) {
 }
 
 TEST_F(Project, CutAtEveryByteNothingIsHalfLoaded) {
-    CProject project = captureProject(map, scene);
+    CProject project = captureProject(m_map, m_scene);
     save(project);
     for (const QString& name : QDir(folder()).entryList(QDir::Files)) {
         const QString path = QDir(folder()).filePath(name);
@@ -250,11 +250,11 @@ TEST_F(Project, CutAtEveryByteNothingIsHalfLoaded) {
 }
 
 TEST_F(Project, LayersMustFitEachOther) {
-    CProject project = captureProject(map, scene);
+    CProject project = captureProject(m_map, m_scene);
     save(project);
-    CMemoryMap smaller(DIM / 2, &scene);
-    CProject other = captureProject(smaller, scene);
-    const QString otherFolder = scratch.filePath("other");
+    CMemoryMap smaller(DIM / 2, &m_scene);
+    CProject other = captureProject(smaller, m_scene);
+    const QString otherFolder = m_scratch.filePath("other");
     ASSERT_EQ(writeProject(otherFolder, other).reason.toStdString(), "");
     for (const QString& name : {project.settings.layers.blends, project.settings.layers.colours}) {
         const QString path = QDir(folder()).filePath(name);
@@ -269,11 +269,11 @@ TEST_F(Project, LayersMustFitEachOther) {
 }
 
 TEST_F(Project, TexturesComeAlong) {
-    const QString images = scratch.filePath("images");
+    const QString images = m_scratch.filePath("images");
     QDir().mkpath(images);
     writeFile(QDir(images).filePath("GRASS.TGA"), "an image");
     CEngineDirectories::setDirectories({images.toStdString()});
-    const CProject project = captureProject(map, scene);
+    const CProject project = captureProject(m_map, m_scene);
     EXPECT_EQ(copyTextures(project, folder()).reason.toStdString(), "");
     EXPECT_EQ(readFile(folder() + "/textures/grass.tga"), "an image");
     writeFile(folder() + "/textures/grass.tga", "changed by hand");

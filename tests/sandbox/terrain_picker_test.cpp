@@ -12,10 +12,10 @@ using Vector = std::array<double, 3>;
 
 class TerrainPicker : public testing::Test {
 protected:
-    CHeightField field() const { return {m_gridDim, 0.05, m_heights.data()}; }
+    CHeightField field() const { return {m_nGridDim, 0.05, m_heights.data()}; }
 
     void makeRandomGround(int gridDim, int roughness) {
-        m_gridDim = gridDim;
+        m_nGridDim = gridDim;
         std::uniform_int_distribution<int> height(0, roughness);
         m_heights.resize(static_cast<std::size_t>(gridDim + 1) * static_cast<std::size_t>(gridDim + 1));
         for (std::uint16_t& value : m_heights) {
@@ -27,7 +27,7 @@ protected:
 
     /// A ray from above, beside or below the map towards some place in or near it.
     CRay randomRay() {
-        const double width = m_gridDim;
+        const double width = m_nGridDim;
         const Vector origin{uniform(-width, 2 * width), uniform(-5.0, 20.0), uniform(-width, 2 * width)};
         const Vector target{uniform(-2.0, width + 2.0), uniform(0.0, 5.0), uniform(-2.0, width + 2.0)};
         const double length = uniform(0.1, 3.0);
@@ -36,7 +36,7 @@ protected:
                  (target[2] - origin[2]) * length}};
     }
 
-    int m_gridDim = 0;
+    int m_nGridDim = 0;
     std::vector<std::uint16_t> m_heights;
     std::mt19937 m_random{20261122};
 };

@@ -21,7 +21,7 @@ public:
 
     explicit ModalSteps(std::vector<Step> steps) : m_steps(std::move(steps)) { wait(); }
 
-    bool areDone() const { return m_next == m_steps.size(); }
+    bool areDone() const { return m_nNext == m_steps.size(); }
 
 private:
     void wait() {
@@ -39,7 +39,7 @@ private:
         if (areDone()) {
             ADD_FAILURE() << "unexpected window: " << shown->windowTitle().toStdString();
         } else {
-            const Step& step = m_steps[m_next++];
+            const Step& step = m_steps[m_nNext++];
             step(shown);
         }
         if (window != nullptr && window->isVisible()) {
@@ -50,5 +50,5 @@ private:
 
     std::vector<Step> m_steps;
     std::vector<QPointer<QWidget>> m_seen;
-    std::size_t m_next = 0;
+    std::size_t m_nNext = 0;
 };

@@ -12,8 +12,8 @@ using Corners = std::array<qxCVector3d, 3>;
 class DetailTools : public TerrainTest {
 protected:
     DetailTools() {
-        panel.isDetails = true;
-        panel.m_pDetailTexture = &texture;
+        m_panel.isDetails = true;
+        m_panel.m_pDetailTexture = &m_texture;
     }
 
     static Corners corners(const qxCMapDetailRecord& detail) {
@@ -29,10 +29,10 @@ protected:
     /// A quad on the cell (8, 8), two units up, under the pointer.
     qxCMapDetailRecord& hoveredQuad() {
         qxCMapDetailRecord* const quad =
-            map.addDetail(qxDetailTypeQuad, &texture, {8, 2, 8}, {9, 2, 8}, {8, 2, 9}, 0.75F);
+            m_map.addDetail(qxDetailTypeQuad, &m_texture, {8, 2, 8}, {9, 2, 8}, {8, 2, 9}, 0.75F);
         useTool(DETAIL_MOVE);
-        updateCursor(panel, 8, 8, 0, 0, false);
-        EXPECT_EQ(panel.m_pCurrentDetail, quad);
+        updateCursor(m_panel, 8, 8, 0, 0, false);
+        EXPECT_EQ(m_panel.m_pCurrentDetail, quad);
         return *quad;
     }
     /// The whole of a stroke at the quad's cell.
@@ -42,7 +42,7 @@ protected:
         stop();
     }
 
-    qxCTexture texture;
+    qxCTexture m_texture;
 };
 
 } // namespace
@@ -50,27 +50,27 @@ protected:
 TEST_F(DetailTools, AddQuadPlacesACellAndDragsIt) {
     useTool(DETAIL_ADD_QUAD);
     start(3, 4);
-    ASSERT_EQ(map.getDetails().size(), 1);
-    const qxCMapDetailRecord& quad = map.getDetails()[0];
+    ASSERT_EQ(m_map.getDetails().size(), 1);
+    const qxCMapDetailRecord& quad = m_map.getDetails()[0];
     EXPECT_EQ(corners(quad), (Corners{{{3, 0, 4}, {4, 0, 4}, {3, 0, 5}}}));
-    EXPECT_EQ(quad.texture, &texture);
+    EXPECT_EQ(quad.texture, &m_texture);
     EXPECT_EQ(quad.scalar, 1.0F);
     EXPECT_EQ(quad.highlighted, 0);
     update(10, 2);
     update(5, 9);
     EXPECT_EQ(corners(quad), (Corners{{{5, 0, 9}, {6, 0, 9}, {5, 0, 10}}}));
     stop();
-    panel.m_pDetailTexture = nullptr;
+    m_panel.m_pDetailTexture = nullptr;
     start(1, 1);
-    EXPECT_EQ(map.getDetails().size(), 1);
-    EXPECT_TRUE(panel.m_stroke.firstUpdate); // not even an update was run
+    EXPECT_EQ(m_map.getDetails().size(), 1);
+    EXPECT_TRUE(m_panel.m_stroke.firstUpdate); // not even an update was run
 }
 
 TEST_F(DetailTools, AddPointStandsInTheMiddleOfTheCell) {
     useTool(DETAIL_ADD_POINT);
     start(3, 4);
-    ASSERT_EQ(map.getDetails().size(), 1);
-    const qxCMapDetailRecord& point = map.getDetails()[0];
+    ASSERT_EQ(m_map.getDetails().size(), 1);
+    const qxCMapDetailRecord& point = m_map.getDetails()[0];
     EXPECT_EQ(point.type, qxDetailTypePoint);
     EXPECT_EQ((point.point1 + point.point2) * 0.5F, qxCVector3d(3.5F, 0.0F, 4.5F));
 }
@@ -80,7 +80,7 @@ TEST_F(DetailTools, MoveKeepsTheHeightAndTheOffsetOfThePointer) {
     useTool(DETAIL_MOVE);
     start(8, 8);
     EXPECT_EQ(quad.highlighted, 0);
-    EXPECT_TRUE(panel.m_stroke.firstUpdate);
+    EXPECT_TRUE(m_panel.m_stroke.firstUpdate);
     update(9, 8); // picked up here
     update(12, 3);
     EXPECT_EQ(corners(quad), (Corners{{{11, 2, 3}, {12, 2, 3}, {11, 2, 4}}}));
@@ -92,7 +92,7 @@ TEST_F(DetailTools, RotateTurnsAboutTheMiddle) {
     useTool(DETAIL_ROTATE);
     strokeAt(0);
     EXPECT_EQ(corners(quad), before);
-    panel.m_pCurrentDetail = &quad;
+    m_panel.m_pCurrentDetail = &quad;
     start(8, 8);
     update(8, 8, 45);
     update(8, 8, 180); // replaces the turn before
@@ -115,7 +115,7 @@ TEST_F(DetailTools, FlipMirrorsInPlaceOnceAStroke) {
     useTool(DETAIL_FLIP);
     strokeAt(0);
     EXPECT_EQ(corners(quad), (Corners{{{9, 2, 8}, {8, 2, 8}, {9, 2, 9}}}));
-    panel.m_pCurrentDetail = &quad;
+    m_panel.m_pCurrentDetail = &quad;
     strokeAt(0);
     EXPECT_EQ(corners(quad), before);
 }
@@ -127,10 +127,10 @@ TEST_F(DetailTools, DuplicateCopiesEveryFieldAndDragsTheCopy) {
     useTool(DETAIL_DUPLICATE);
     start(8, 8);
     update(10, 8);
-    ASSERT_EQ(map.getDetails().size(), 2);
-    const qxCMapDetailRecord& copy = map.getDetails()[1];
+    ASSERT_EQ(m_map.getDetails().size(), 2);
+    const qxCMapDetailRecord& copy = m_map.getDetails()[1];
     EXPECT_EQ(copy.type, qxDetailTypePoint);
-    EXPECT_EQ(copy.texture, &texture);
+    EXPECT_EQ(copy.texture, &m_texture);
     EXPECT_EQ(copy.scalar, 0.75F);
     EXPECT_EQ(corners(copy), (Corners{{{10, 2, 8}, {11, 2, 8}, {10, 2, 9}}}));
     EXPECT_EQ(corners(original), before);
@@ -143,11 +143,11 @@ TEST_F(DetailTools, DeleteRemovesTheDetailAndForgetsItsDrag) {
     start(8, 8);
     update(8, 8);
     stop();
-    panel.m_pCurrentDetail = &quad;
+    m_panel.m_pCurrentDetail = &quad;
     useTool(DETAIL_DELETE);
     start(8, 8);
-    EXPECT_EQ(map.getDetails().size(), 0);
-    EXPECT_EQ(panel.m_pCurrentDetail, nullptr);
+    EXPECT_EQ(m_map.getDetails().size(), 0);
+    EXPECT_EQ(m_panel.m_pCurrentDetail, nullptr);
     useTool(DETAIL_MOVE);
     update(9, 9); // in the same stroke: there is nothing left to move
     stop();
@@ -155,17 +155,17 @@ TEST_F(DetailTools, DeleteRemovesTheDetailAndForgetsItsDrag) {
 
 TEST_F(DetailTools, WithoutACurrentDetailNothingHappens) {
     hoveredQuad();
-    const Corners before = corners(map.getDetails()[0]);
+    const Corners before = corners(m_map.getDetails()[0]);
     for (int tool = 1; tool < DETAIL_TOOL_COUNT; ++tool) {
         if (tool == DETAIL_ADD_POINT) {
             continue;
         }
-        panel.m_pCurrentDetail = nullptr;
+        m_panel.m_pCurrentDetail = nullptr;
         useTool(tool);
         start(1, 1);
         update(2, 2, 20);
         stop();
-        ASSERT_EQ(map.getDetails().size(), 1) << tool;
-        EXPECT_EQ(corners(map.getDetails()[0]), before) << tool;
+        ASSERT_EQ(m_map.getDetails().size(), 1) << tool;
+        EXPECT_EQ(corners(m_map.getDetails()[0]), before) << tool;
     }
 }

@@ -15,11 +15,11 @@ class EditCursor : public TerrainTest {
 protected:
     /// The cursors of a pointer over cell (8, 8), relative to it.
     Cursors cursors(int tool, int brush, int edge, int corner, bool duringStroke = false) {
-        panel.m_nTool = tool;
-        panel.m_nBrushSize = brush;
-        updateCursor(panel, 8, 8, edge, corner, duringStroke);
+        m_panel.m_nTool = tool;
+        m_panel.m_nBrushSize = brush;
+        updateCursor(m_panel, 8, 8, edge, corner, duringStroke);
         Cursors found;
-        for (const CEditCursor& cursor : map.getEditCursors()) {
+        for (const CEditCursor& cursor : m_map.getEditCursors()) {
             found.emplace_back(cursor.x - 8, cursor.z - 8, cursor.kind);
         }
         return found;
@@ -70,25 +70,25 @@ TEST_F(EditCursor, SomeToolsHaveAShapeOfTheirOwn) {
 }
 
 TEST_F(EditCursor, HidesOnlyDuringAStroke) {
-    panel.m_bHideCursor = 1;
+    m_panel.m_bHideCursor = 1;
     EXPECT_EQ(cursors(TOOL_RAISE, 2, 0, 0, true), Cursors{});
     EXPECT_EQ(cursors(TOOL_RAISE, 2, 0, 0, false).size(), 1U);
-    panel.m_bHideCursor = 0;
+    m_panel.m_bHideCursor = 0;
     EXPECT_EQ(cursors(TOOL_RAISE, 2, 0, 0, true).size(), 1U);
 }
 
 TEST_F(EditCursor, HighlightsTheDetailUnderThePointer) {
     qxCMapDetailRecord* const detail =
-        map.addDetail(qxDetailTypeQuad, nullptr, {8, 0, 8}, {9, 0, 8}, {8, 0, 9}, 1.0F);
-    panel.isDetails = true;
+        m_map.addDetail(qxDetailTypeQuad, nullptr, {8, 0, 8}, {9, 0, 8}, {8, 0, 9}, 1.0F);
+    m_panel.isDetails = true;
     EXPECT_EQ(cursors(DETAIL_MOVE, 2, 0, 0), (Cursors{{0, 0, 15}}));
-    EXPECT_EQ(panel.m_pCurrentDetail, detail);
+    EXPECT_EQ(m_panel.m_pCurrentDetail, detail);
     EXPECT_EQ(detail->highlighted, 1);
     cursors(DETAIL_MOVE, 2, 0, 0, true);
     EXPECT_EQ(detail->highlighted, 0);
     cursors(DETAIL_MOVE, 2, 0, 0);
-    updateCursor(panel, 2, 2, 0, 0, false);
-    EXPECT_EQ(panel.m_pCurrentDetail, nullptr);
+    updateCursor(m_panel, 2, 2, 0, 0, false);
+    EXPECT_EQ(m_panel.m_pCurrentDetail, nullptr);
     EXPECT_EQ(detail->highlighted, 0);
     EXPECT_EQ(cursors(DETAIL_TOOL_COUNT, 4, 0, 0).size(),
               1U); // no detail tool: as on the other tab, here Drain
@@ -98,10 +98,10 @@ using Marks = TerrainTest;
 
 TEST_F(Marks, OutlineARectangleInAnyCornerOrder) {
     const Points outline{{3, 4}, {4, 4}, {5, 4}, {3, 5}, {5, 5}, {3, 6}, {4, 6}, {5, 6}};
-    drawMarkRect(map, 5, 4, 3, 6, true);
+    drawMarkRect(m_map, 5, 4, 3, 6, true);
     EXPECT_EQ(marked(), outline);
-    drawMarkRect(map, 4, 5, 4, 5, true);
-    drawMarkRect(map, 3, 6, 5, 4, false);
+    drawMarkRect(m_map, 4, 5, 4, 5, true);
+    drawMarkRect(m_map, 3, 6, 5, 4, false);
     EXPECT_EQ(marked(), (Points{{4, 5}}));
 }
 
@@ -113,7 +113,7 @@ TEST_F(Marks, FollowTheStrokeAndGoWithIt) {
     EXPECT_EQ(marked(), (Points{{5, 6}}));
     stop();
     EXPECT_EQ(marked(), Points{});
-    EXPECT_TRUE(map.getEditCursors().empty());
+    EXPECT_TRUE(m_map.getEditCursors().empty());
 }
 
 TEST_F(Marks, TheRubberBandBecomesTheOutlineOfTheSelection) {
@@ -122,7 +122,7 @@ TEST_F(Marks, TheRubberBandBecomesTheOutlineOfTheSelection) {
     update(3, 3);
     update(5, 12);
     stop();
-    const MapSelection& selection = panel.m_selection;
+    const MapSelection& selection = m_panel.m_selection;
     EXPECT_EQ(std::tuple(selection.x0, selection.z0, selection.x1, selection.z1), std::tuple(5, 10, 10, 12));
     EXPECT_EQ(std::tuple(selection.width, selection.height, selection.exists), std::tuple(6, 3, true));
     EXPECT_EQ(marked().size(), 14U); // 6 x 3 without the inner 4 x 1
@@ -132,14 +132,14 @@ TEST_F(Marks, TheRubberBandBecomesTheOutlineOfTheSelection) {
 
 TEST_F(Marks, SelectAllAndDeselectTakeTheirOutlinesAlong) {
     select(2, 2, 4, 4);
-    selectAll(panel);
-    EXPECT_EQ(std::tuple(panel.m_selection.x1, panel.m_selection.z1, panel.m_selection.width),
+    selectAll(m_panel);
+    EXPECT_EQ(std::tuple(m_panel.m_selection.x1, m_panel.m_selection.z1, m_panel.m_selection.width),
               std::tuple(15, 15, 16));
     EXPECT_EQ(marked().size(), 60U);
-    deselect(panel);
+    deselect(m_panel);
     EXPECT_EQ(marked(), Points{});
-    EXPECT_FALSE(panel.m_selection.exists);
-    EXPECT_EQ(std::tuple(panel.m_selection.x0, panel.m_selection.x1), std::tuple(0, 15));
+    EXPECT_FALSE(m_panel.m_selection.exists);
+    EXPECT_EQ(std::tuple(m_panel.m_selection.x0, m_panel.m_selection.x1), std::tuple(0, 15));
 }
 
 TEST_F(Marks, MagnetKeepsTheSelectionAndLeavesItsPoint) {
@@ -147,11 +147,11 @@ TEST_F(Marks, MagnetKeepsTheSelectionAndLeavesItsPoint) {
     useTool(TOOL_MAGNET);
     start(10, 10);
     stop();
-    EXPECT_TRUE(panel.m_selection.exists);
+    EXPECT_TRUE(m_panel.m_selection.exists);
     EXPECT_TRUE(std::ranges::count(marked(), std::pair(10, 10)) == 1);
     useTool(TOOL_SMOOTH);
     start(12, 12);
-    EXPECT_FALSE(panel.m_selection.exists);
+    EXPECT_FALSE(m_panel.m_selection.exists);
     stop();
     EXPECT_EQ(marked(), (Points{{10, 10}}));
 }
@@ -159,11 +159,11 @@ TEST_F(Marks, MagnetKeepsTheSelectionAndLeavesItsPoint) {
 TEST_F(Marks, TheDetailsTabDrawsNone) {
     select(2, 2, 4, 4);
     const Points outline = marked();
-    panel.isDetails = true;
+    m_panel.isDetails = true;
     useTool(DETAIL_MOVE);
     start(9, 9);
     update(10, 10);
     stop();
     EXPECT_EQ(marked(), outline);
-    EXPECT_TRUE(panel.m_selection.exists);
+    EXPECT_TRUE(m_panel.m_selection.exists);
 }

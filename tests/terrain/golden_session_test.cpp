@@ -58,15 +58,15 @@ using GoldenSession = TerrainTest;
 /// A session with every tool in turn: whatever shifts a point, a rounding or a random draw shows here, in
 /// every build alike.
 TEST_F(GoldenSession, EveryStrokeLeavesTheMapAsItAlwaysDid) {
-    qxCMapMultiTexture* const rock = map.addMultiTexture();
+    qxCMapMultiTexture* const rock = m_map.addMultiTexture();
     rock->tint2 = {120, 60, 30, 255};
     rock->blend = 0.6F;
     rock->variation = 0.3F;
-    map.waterLevel = 96.0F;
+    m_map.waterLevel = 96.0F;
     qxCTexture texture;
-    panel.m_pDetailTexture = &texture;
-    panel.m_nHeight = 90;
-    panel.tint = {30, 200, 90, 255};
+    m_panel.m_pDetailTexture = &texture;
+    m_panel.m_nHeight = 90;
+    m_panel.tint = {30, 200, 90, 255};
     const GoldenStep steps[] = {
         {Tab::TERRAIN, TOOL_RAISE, 5, 10, 14782768038575419912U},
         {Tab::TERRAIN, TOOL_MAGNET, 2, 4, 18367712185021246578U},
@@ -92,20 +92,20 @@ TEST_F(GoldenSession, EveryStrokeLeavesTheMapAsItAlwaysDid) {
         {Tab::DETAILS, DETAIL_DELETE, 2, 1, 2821014603377420422U},
     };
     for (const GoldenStep& step : steps) {
-        panel.isDetails = step.tab == Tab::DETAILS;
-        panel.m_nTool = step.tool;
-        panel.m_nBrushSize = step.brush;
-        panel.m_nStrength = step.strength;
-        updateCursor(panel, 9, 6, 0, 0, false);
+        m_panel.isDetails = step.tab == Tab::DETAILS;
+        m_panel.m_nTool = step.tool;
+        m_panel.m_nBrushSize = step.brush;
+        m_panel.m_nStrength = step.strength;
+        updateCursor(m_panel, 9, 6, 0, 0, false);
         start(6, 5, 5, 2);
         update(7, 7, -13);
         update(9, 6, -29);
         stop();
-        EXPECT_EQ(CMapHash::of(map), step.hash)
-            << (panel.isDetails ? "detail tool " : "tool ") << step.tool << ": " << CMapHash::of(map) << 'U';
+        EXPECT_EQ(CMapHash::of(m_map), step.hash) << (m_panel.isDetails ? "detail tool " : "tool ")
+                                                  << step.tool << ": " << CMapHash::of(m_map) << 'U';
     }
     for (int strokes = 0; strokes < 5; ++strokes) {
-        undo(panel);
+        undo(m_panel);
     }
-    EXPECT_EQ(CMapHash::of(map), 307256068323357238U) << "undone: " << CMapHash::of(map) << 'U';
+    EXPECT_EQ(CMapHash::of(m_map), 307256068323357238U) << "undone: " << CMapHash::of(m_map) << 'U';
 }

@@ -49,7 +49,7 @@ TEST_F(RaiseFootprint, FollowsBrushEdgeAndCorner) {
     for (const FootprintCase& c : cases) {
         SCOPED_TRACE(testing::Message()
                      << "brush " << c.brush << " edge " << c.edge << " corner " << c.corner);
-        panel.m_nBrushSize = c.brush;
+        m_panel.m_nBrushSize = c.brush;
         start(10, 10, c.edge, c.corner);
         update(3, 3, -7); // the pointer moves on, the work stays where it began
         stop();
@@ -60,7 +60,7 @@ TEST_F(RaiseFootprint, FollowsBrushEdgeAndCorner) {
         }
         EXPECT_EQ(changedHeights(), expected);
         EXPECT_EQ(g_mapUndoList.getCount(), c.recorded);
-        undo(panel);
+        undo(m_panel);
         EXPECT_EQ(changedHeights(), Points{});
     }
 }
@@ -78,7 +78,7 @@ TEST_F(HeightTools, RaiseReplacesTheUpdateBefore) {
 }
 
 TEST_F(HeightTools, RaiseLiftsAllCornersOfTheSelectedCells) {
-    map.setPointHeight(3, 4, 50, false);
+    m_map.setPointHeight(3, 4, 50, false);
     select(3, 4, 4, 5);
     useTool(TOOL_RAISE);
     start(0, 0);
@@ -86,31 +86,31 @@ TEST_F(HeightTools, RaiseLiftsAllCornersOfTheSelectedCells) {
     EXPECT_EQ(changedHeights(),
               (Points{{3, 4}, {4, 4}, {5, 4}, {3, 5}, {4, 5}, {5, 5}, {3, 6}, {4, 6}, {5, 6}}));
     EXPECT_EQ(height(3, 4), 60);
-    EXPECT_TRUE(panel.m_selection.exists);
+    EXPECT_TRUE(m_panel.m_selection.exists);
     stop();
-    EXPECT_FALSE(panel.m_selection.exists);
-    undo(panel);
+    EXPECT_FALSE(m_panel.m_selection.exists);
+    undo(m_panel);
     EXPECT_EQ(changedHeights(), (Points{{3, 4}}));
 }
 
 TEST_F(HeightTools, ASettingChangedInMidStrokeReachesNoPointThatWasNotRecorded) {
     useTool(TOOL_RAISE);
     start(8, 8);
-    panel.m_nBrushSize = 5;
+    m_panel.m_nBrushSize = 5;
     update(8, 8, -9);
     stop();
     EXPECT_EQ(changedHeights(), (Points{{9, 8}, {8, 9}, {9, 9}}));
-    undo(panel);
+    undo(m_panel);
     EXPECT_EQ(changedHeights(), Points{});
 
-    panel.m_nStrength = 1;
+    m_panel.m_nStrength = 1;
     useTool(TOOL_MAGNET);
     start(8, 8);
-    panel.m_nStrength = 10;
+    m_panel.m_nStrength = 10;
     update(8, 8, -10);
     stop();
     EXPECT_EQ(changedHeights(), (Points{{8, 8}, {9, 8}, {8, 9}, {9, 9}}));
-    undo(panel);
+    undo(m_panel);
     EXPECT_EQ(changedHeights(), Points{});
 
     useTool(TOOL_TINT); // its stroke takes no heights
@@ -124,9 +124,9 @@ TEST_F(HeightTools, ASettingChangedInMidStrokeReachesNoPointThatWasNotRecorded) 
 
 TEST_F(HeightTools, FlattenTakesTheTruncatedMean) {
     for (const auto& [x, z] : {std::pair{6, 5}, {5, 6}, {6, 6}}) {
-        map.setPointHeight(x, z, 11, false);
+        m_map.setPointHeight(x, z, 11, false);
     }
-    map.setPointHeight(5, 5, 10, false);
+    m_map.setPointHeight(5, 5, 10, false);
     useTool(TOOL_FLATTEN);
     start(5, 5);
     for (const auto& [x, z] : {std::pair{5, 5}, {6, 5}, {5, 6}, {6, 6}}) {
@@ -135,12 +135,12 @@ TEST_F(HeightTools, FlattenTakesTheTruncatedMean) {
 }
 
 TEST_F(HeightTools, SetHeightKnowsTheCellAndTheFourByFourBlock) {
-    panel.m_nHeight = 300;
+    m_panel.m_nHeight = 300;
     useTool(TOOL_SET_HEIGHT);
     const std::array<std::size_t, 6> touched{0, 0, 4, 0, 16, 0};
     for (std::size_t brush = 0; brush < touched.size(); ++brush) {
         SCOPED_TRACE(brush);
-        panel.m_nBrushSize = static_cast<int>(brush);
+        m_panel.m_nBrushSize = static_cast<int>(brush);
         start(5, 7);
         stop();
         EXPECT_EQ(changedHeights().size(), touched[brush]);
@@ -149,41 +149,41 @@ TEST_F(HeightTools, SetHeightKnowsTheCellAndTheFourByFourBlock) {
             EXPECT_EQ(changedHeights().front(), std::pair(4, 6));
             EXPECT_EQ(changedHeights().back(), std::pair(7, 9));
         }
-        undo(panel);
+        undo(m_panel);
     }
 }
 
 TEST_F(HeightTools, GetHeightReadsTheCornerAndShowsIt) {
-    map.setPointHeight(3, 2, 1, false);
-    map.setPointHeight(3, 3, 2, false);
-    map.setPointHeight(2, 3, 3, false);
+    m_map.setPointHeight(3, 2, 1, false);
+    m_map.setPointHeight(3, 3, 2, false);
+    m_map.setPointHeight(2, 3, 3, false);
     useTool(TOOL_GET_HEIGHT);
     const std::array<int, 4> expected{LEVEL, 1, 2, 3};
     for (int corner = 0; corner < 4; ++corner) {
         start(2, 2, 0, corner);
-        EXPECT_EQ(panel.m_nHeight, expected[static_cast<std::size_t>(corner)]);
+        EXPECT_EQ(m_panel.m_nHeight, expected[static_cast<std::size_t>(corner)]);
     }
     start(2, 2, 0, 4);
-    EXPECT_EQ(panel.m_nHeight, 3);
-    EXPECT_EQ(panel.shown, 5);
+    EXPECT_EQ(m_panel.m_nHeight, 3);
+    EXPECT_EQ(m_panel.shown, 5);
     EXPECT_TRUE(g_mapUndoList.isEmpty());
 }
 
 TEST_F(HeightTools, GetGradientReadsAndShowsIt) {
-    map.setPointHeight(5, 5, 900, false);
+    m_map.setPointHeight(5, 5, 900, false);
     useTool(TOOL_GET_GRADIENT);
     start(4, 5);
-    EXPECT_EQ(panel.m_fGradient, map.getGradient(4, 5));
-    EXPECT_GT(panel.m_fGradient, 0.0F);
-    EXPECT_EQ(panel.shown, 1);
+    EXPECT_EQ(m_panel.m_fGradient, m_map.getGradient(4, 5));
+    EXPECT_GT(m_panel.m_fGradient, 0.0F);
+    EXPECT_EQ(m_panel.shown, 1);
 }
 
 TEST_F(HeightTools, SmoothMovesByTenthsTowardsTheMean) {
     for (const auto& [strength, expected] : {std::pair{10, 10}, {1, 82}, {5, 50}}) {
         for (const auto& [x, z] : pointsWhere([](int, int) { return true; })) {
-            map.setPointHeight(x, z, x == 6 && z == 6 ? 90 : 0, false);
+            m_map.setPointHeight(x, z, x == 6 && z == 6 ? 90 : 0, false);
         }
-        panel.m_nStrength = strength;
+        m_panel.m_nStrength = strength;
         useTool(TOOL_SMOOTH);
         start(6, 6);
         EXPECT_EQ(height(6, 6), expected);
@@ -199,7 +199,7 @@ TEST_F(HeightTools, SmoothMovesByTenthsTowardsTheMean) {
 }
 
 TEST_F(HeightTools, SmoothRepeatsTheBorderBeyondTheEdge) {
-    map.setPointHeight(0, 0, 0, false);
+    m_map.setPointHeight(0, 0, 0, false);
     useTool(TOOL_SMOOTH);
     start(0, 0);
     EXPECT_EQ(height(0, 0), 5 * LEVEL / 9); // four of the nine around it are the corner itself
@@ -207,7 +207,7 @@ TEST_F(HeightTools, SmoothRepeatsTheBorderBeyondTheEdge) {
 }
 
 TEST_F(HeightTools, MagnetRaisesABumpWithinItsRadius) {
-    panel.m_nStrength = 1;
+    m_panel.m_nStrength = 1;
     useTool(TOOL_MAGNET);
     start(8, 8);
     EXPECT_EQ(g_mapUndoList.getCount(), 16);
@@ -218,18 +218,18 @@ TEST_F(HeightTools, MagnetRaisesABumpWithinItsRadius) {
     EXPECT_EQ(height(9, 9), LEVEL - 5);
     EXPECT_EQ(g_mapUndoList.getCount(), 16);
 
-    panel.m_nStrength = 10;
+    m_panel.m_nStrength = 10;
     start(8, 8);
     update(8, 8, -100);
     EXPECT_EQ(height(8, 8), LEVEL - 5 + 98); // (1 + cos(pi * 0.7071 / 10.5)) / 2 = 0.9889
 }
 
 TEST_F(HeightTools, RoughenStaysWithinItsStrength) {
-    panel.m_nStrength = 1; // only the very ends of the range reach a whole unit
+    m_panel.m_nStrength = 1; // only the very ends of the range reach a whole unit
     useTool(TOOL_ROUGHEN);
     start(5, 5);
     EXPECT_EQ(changedHeights(), Points{});
-    panel.m_nStrength = 10;
+    m_panel.m_nStrength = 10;
     bool moved = false;
     for (int i = 0; i < 40; ++i) {
         const int before = height(5, 5);
@@ -239,6 +239,6 @@ TEST_F(HeightTools, RoughenStaysWithinItsStrength) {
     }
     EXPECT_TRUE(moved);
     EXPECT_LE(changedHeights().size(), 4U);
-    undo(panel);
+    undo(m_panel);
     EXPECT_EQ(changedHeights(), Points{});
 }

@@ -6,51 +6,51 @@ using SurfaceTools = TerrainTest;
 TEST_F(SurfaceTools, TintMixesByHundredthsOnEveryUpdate) {
     const qxCColour black(0, 0, 0, 255);
     const qxCColour white(255, 255, 255, 255);
-    map.setPointColour(0, 5, 5, black);
-    panel.tint = {255, 255, 255, 0}; // the swatch's alpha counts for nothing
-    panel.m_nBrushSize = 0;
+    m_map.setPointColour(0, 5, 5, black);
+    m_panel.tint = {255, 255, 255, 0}; // the swatch's alpha counts for nothing
+    m_panel.m_nBrushSize = 0;
     useTool(TOOL_TINT);
     start(5, 5);
     const qxCColour once = interpolate(black, white, 0.1F);
-    EXPECT_EQ(map.getPointColour(0, 5, 5), once);
+    EXPECT_EQ(m_map.getPointColour(0, 5, 5), once);
     update(5, 5);
-    EXPECT_EQ(map.getPointColour(0, 5, 5), interpolate(once, white, 0.1F));
+    EXPECT_EQ(m_map.getPointColour(0, 5, 5), interpolate(once, white, 0.1F));
     stop();
     EXPECT_EQ(g_mapUndoList.getCount(), 2); // the corner alone, each time
-    undo(panel);
-    EXPECT_EQ(map.getPointColour(0, 5, 5), black);
+    undo(m_panel);
+    EXPECT_EQ(m_map.getPointColour(0, 5, 5), black);
 }
 
 TEST_F(SurfaceTools, GroundUnderStandingWaterKeepsItsColour) {
-    map.waterLevel = 50.9F;
-    map.heightScale = 0.5F; // water stands at 101
-    panel.tint = {0, 0, 0, 255};
+    m_map.waterLevel = 50.9F;
+    m_map.heightScale = 0.5F; // water stands at 101
+    m_panel.tint = {0, 0, 0, 255};
     const struct {
         int height;
         bool water;
         bool tinted;
     } cases[] = {{101, true, false}, {102, true, true}, {101, false, true}, {0, true, false}};
     useTool(TOOL_TINT);
-    panel.m_nBrushSize = 0;
+    m_panel.m_nBrushSize = 0;
     for (int x = 0; x < 4; ++x) {
-        map.setPointHeight(x, 3, cases[x].height, false);
-        map.setPointWater(x, 3, cases[x].water);
+        m_map.setPointHeight(x, 3, cases[x].height, false);
+        m_map.setPointWater(x, 3, cases[x].water);
         start(x, 3);
         stop();
-        EXPECT_EQ(map.getPointColour(0, x, 3) != qxCColour(255, 255, 255, 255), cases[x].tinted) << x;
+        EXPECT_EQ(m_map.getPointColour(0, x, 3) != qxCColour(255, 255, 255, 255), cases[x].tinted) << x;
     }
 }
 
 TEST_F(SurfaceTools, TintUsesTheSelectionOnceAndDropsIt) {
     select(2, 2, 3, 3);
-    panel.tint = {0, 0, 0, 255};
+    m_panel.tint = {0, 0, 0, 255};
     useTool(TOOL_TINT);
     start(10, 10);
     const auto tinted = [this] {
-        return pointsWhere([this](int x, int z) { return map.getPointColour(0, x, z).r != 255; });
+        return pointsWhere([this](int x, int z) { return m_map.getPointColour(0, x, z).r != 255; });
     };
     EXPECT_EQ(tinted(), (Points{{2, 2}, {3, 2}, {4, 2}, {2, 3}, {3, 3}, {4, 3}, {2, 4}, {3, 4}, {4, 4}}));
-    EXPECT_FALSE(panel.m_selection.exists);
+    EXPECT_FALSE(m_panel.m_selection.exists);
     EXPECT_EQ(marked(), (Points{{10, 10}}));
     update(10, 10);
     EXPECT_EQ(tinted().size(), 13U); // now it is the brush

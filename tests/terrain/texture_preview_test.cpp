@@ -32,7 +32,7 @@ public:
         for (int i = 0; i <= 8; ++i) {
             for (int j = 0; j <= 8; ++j) {
                 const float spread = random.get(-definition.variation, definition.variation);
-                m_blends[i][j] = std::clamp(definition.blend + spread, 0.0F, 1.0F);
+                m_fBlends[i][j] = std::clamp(definition.blend + spread, 0.0F, 1.0F);
             }
         }
     }
@@ -51,8 +51,8 @@ public:
         const int bj = y / 32;
         const float w = static_cast<float>(x % 32) / 32;
         const float u = static_cast<float>(y % 32) / 32;
-        const float left = m_blends[bi][bj] + u * (m_blends[bi][bj + 1] - m_blends[bi][bj]);
-        const float right = m_blends[bi + 1][bj] + u * (m_blends[bi + 1][bj + 1] - m_blends[bi + 1][bj]);
+        const float left = m_fBlends[bi][bj] + u * (m_fBlends[bi][bj + 1] - m_fBlends[bi][bj]);
+        const float right = m_fBlends[bi + 1][bj] + u * (m_fBlends[bi + 1][bj + 1] - m_fBlends[bi + 1][bj]);
         return left + w * (right - left);
     }
 
@@ -63,7 +63,7 @@ public:
 
 private:
     qxCColour m_tints[9][9];
-    float m_blends[9][9] = {};
+    float m_fBlends[9][9] = {};
 };
 
 class TexturePreview : public testing::Test {
@@ -102,7 +102,7 @@ protected:
     std::filesystem::path m_folder;
     CMemoryScene m_scene;
     CMemoryMap m_map{16, &m_scene};
-    std::unique_ptr<CTexturePreview> m_preview = std::make_unique<CTexturePreview>();
+    std::unique_ptr<CTexturePreview> m_pPreview = std::make_unique<CTexturePreview>();
     CTexturePreview::Definition m_definition{{250, 120, 30, 255}, {20, 200, 140, 255}, 0.45F, 0.4F};
 };
 
@@ -113,8 +113,8 @@ TEST_F(TexturePreview, EveryPixelIsWhatTheFormulasGive) {
         writeImage("rough.tga", width, height, 2);
         setBase(qxMapLayerSmooth, "smooth.tga");
         setBase(qxMapLayerRough, "rough.tga");
-        m_preview->invalidateAll();
-        const qxCImageFile* shown = m_preview->showDefinition(m_definition, m_map);
+        m_pPreview->invalidateAll();
+        const qxCImageFile* shown = m_pPreview->showDefinition(m_definition, m_map);
         ASSERT_NE(shown, nullptr);
         ASSERT_EQ(std::pair(shown->width, shown->height), std::pair(width, height));
 
@@ -136,8 +136,8 @@ TEST_F(TexturePreview, NothingIsShownWithoutTwoImagesOfOneSize) {
     writeImage("a.tga", 8, 8, 1);
     writeImage("b.tga", 8, 4, 2);
     const auto show = [&] {
-        m_preview->invalidateAll();
-        return m_preview->showDefinition(m_definition, m_map);
+        m_pPreview->invalidateAll();
+        return m_pPreview->showDefinition(m_definition, m_map);
     };
     EXPECT_EQ(show(), nullptr) << "no base textures";
     setBase(qxMapLayerSmooth, "a.tga");
@@ -166,15 +166,15 @@ TEST_F(TexturePreview, OnlyInvalidatedItemsAreMadeAnew) {
                                  bool swapSmooth, bool swapRough) {
         setBase(qxMapLayerSmooth, "one.tga");
         setBase(qxMapLayerRough, "two.tga");
-        m_preview->invalidateAll();
-        m_preview->showDefinition(m_definition, m_map);
+        m_pPreview->invalidateAll();
+        m_pPreview->showDefinition(m_definition, m_map);
         // From here on everything is different, but only the invalidated items may notice.
         setBase(qxMapLayerSmooth, "two.tga");
         setBase(qxMapLayerRough, "one.tga");
         for (const Item item : invalidated) {
-            m_preview->invalidate(item);
+            m_pPreview->invalidate(item);
         }
-        const qxCImageFile* shown = m_preview->showDefinition(other, m_map);
+        const qxCImageFile* shown = m_pPreview->showDefinition(other, m_map);
         CTexturePreview::Definition expected = m_definition;
         if (swapTints) {
             expected.tint1 = other.tint1;
@@ -211,14 +211,14 @@ TEST_F(TexturePreview, ADetailTakesTheComposite) {
     writeImage("tree.tga", 4, 8, 3);
     setBase(qxMapLayerSmooth, "base.tga");
     setBase(qxMapLayerRough, "base.tga");
-    m_preview->showDefinition(m_definition, m_map);
-    EXPECT_EQ(m_preview->showDetail(nullptr), nullptr);
+    m_pPreview->showDefinition(m_definition, m_map);
+    EXPECT_EQ(m_pPreview->showDetail(nullptr), nullptr);
     qxCTexture tree;
     tree.setFilename("tree.tga");
-    const qxCImageFile* detail = m_preview->showDetail(&tree);
+    const qxCImageFile* detail = m_pPreview->showDetail(&tree);
     ASSERT_NE(detail, nullptr);
     EXPECT_EQ(std::pair(detail->width, detail->height), std::pair(4, 8));
-    const qxCImageFile* back = m_preview->showDefinition(m_definition, m_map);
+    const qxCImageFile* back = m_pPreview->showDefinition(m_definition, m_map);
     ASSERT_NE(back, nullptr);
     EXPECT_EQ(std::pair(back->width, back->height), std::pair(16, 16));
 }
@@ -229,7 +229,7 @@ TEST_F(TexturePreview, HarmlessWithValuesThatAreNoNumbers) {
     setBase(qxMapLayerRough, "base.tga");
     m_definition.blend = std::numeric_limits<float>::quiet_NaN();
     m_definition.variation = std::numeric_limits<float>::infinity();
-    EXPECT_NE(m_preview->showDefinition(m_definition, m_map), nullptr);
+    EXPECT_NE(m_pPreview->showDefinition(m_definition, m_map), nullptr);
 }
 
 } // namespace

@@ -39,10 +39,10 @@ public:
     CString GetNextPathName(POSITION& position) const;
 
 private:
-    bool m_open;
-    CString m_extension;
-    CString m_fileName;
-    CString m_filter;
+    bool m_bOpen;
+    CString m_strExtension;
+    CString m_strFileName;
+    CString m_strFilter;
     HWND m_parent;
     std::vector<CString> m_paths;
 };

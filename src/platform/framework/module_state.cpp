@@ -24,8 +24,8 @@ AFX_MODULE_STATE* AfxGetModuleState() {
 }
 
 AFX_MAINTAIN_STATE2::AFX_MAINTAIN_STATE2(AFX_MODULE_STATE* state)
-    : m_former(std::exchange(g_pSwitchedTo, state)) {}
+    : m_pFormer(std::exchange(g_pSwitchedTo, state)) {}
 
 AFX_MAINTAIN_STATE2::~AFX_MAINTAIN_STATE2() {
-    g_pSwitchedTo = m_former;
+    g_pSwitchedTo = m_pFormer;
 }

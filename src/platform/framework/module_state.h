@@ -28,7 +28,7 @@ public:
     AFX_MAINTAIN_STATE2& operator=(const AFX_MAINTAIN_STATE2&) = delete;
 
 private:
-    AFX_MODULE_STATE* m_former;
+    AFX_MODULE_STATE* m_pFormer;
 };
 
 #define AFX_MANAGE_STATE(state) const AFX_MAINTAIN_STATE2 moduleStateOfThisBlock(state)

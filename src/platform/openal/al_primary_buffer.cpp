@@ -56,7 +56,7 @@ HRESULT CAlPrimaryBuffer::create(std::shared_ptr<CAlDevice> device, const DSBUFF
 }
 
 HRESULT CAlPrimaryBuffer::QueryInterface(REFIID interfaceId, void** object) {
-    if (interfaceId == IID_IDirectSound3DListener && object != nullptr && (m_flags & DSBCAPS_CTRL3D) != 0) {
+    if (interfaceId == IID_IDirectSound3DListener && object != nullptr && (m_nFlags & DSBCAPS_CTRL3D) != 0) {
         *object = static_cast<IDirectSound3DListener*>(new CAlListener(m_pDevice));
         return S_OK;
     }
@@ -67,7 +67,7 @@ HRESULT CAlPrimaryBuffer::GetCaps(DSBCAPS* caps) {
     if (caps == nullptr || caps->dwSize != sizeof *caps) {
         return DSERR_INVALIDPARAM;
     }
-    *caps = {sizeof *caps, m_flags, 0, 0, 0};
+    *caps = {sizeof *caps, m_nFlags, 0, 0, 0};
     return S_OK;
 }
 
@@ -97,7 +97,7 @@ HRESULT CAlPrimaryBuffer::SetCurrentPosition(DWORD) {
 }
 
 HRESULT CAlPrimaryBuffer::SetVolume(LONG volume) {
-    if ((m_flags & DSBCAPS_CTRLVOLUME) == 0) {
+    if ((m_nFlags & DSBCAPS_CTRLVOLUME) == 0) {
         return DSERR_CONTROLUNAVAIL;
     }
     if (!isVolume(volume)) {

@@ -23,8 +23,8 @@ public:
 
 private:
     CAlPrimaryBuffer(std::shared_ptr<CAlDevice> device, DWORD flags)
-        : m_pDevice(std::move(device)), m_flags(flags) {}
+        : m_pDevice(std::move(device)), m_nFlags(flags) {}
 
     std::shared_ptr<CAlDevice> m_pDevice;
-    DWORD m_flags;
+    DWORD m_nFlags;
 };

@@ -67,23 +67,23 @@ HRESULT CAlSoundBuffer::create(std::shared_ptr<CAlDevice> device, const DSBUFFER
 CAlSoundBuffer::CAlSoundBuffer(std::shared_ptr<CAlDevice> device, const DSBUFFERDESC& description)
     : m_pDevice(std::move(device))
     , m_format(*description.lpwfxFormat)
-    , m_flags(description.dwFlags)
+    , m_nFlags(description.dwFlags)
     , m_bytes(description.dwBufferBytes) {}
 
 HRESULT CAlSoundBuffer::makeSource() {
     const CAlDevice::Current current(*m_pDevice);
-    alGenBuffers(1, &m_buffer);
-    alGenSources(1, &m_source);
+    alGenBuffers(1, &m_nBuffer);
+    alGenSources(1, &m_nSource);
     return alGetError() == AL_NO_ERROR ? S_OK : DSERR_OUTOFMEMORY;
 }
 
 CAlSoundBuffer::~CAlSoundBuffer() {
     const CAlDevice::Current current(*m_pDevice);
-    if (m_source != 0) {
-        alDeleteSources(1, &m_source);
+    if (m_nSource != 0) {
+        alDeleteSources(1, &m_nSource);
     }
-    if (m_buffer != 0) {
-        alDeleteBuffers(1, &m_buffer);
+    if (m_nBuffer != 0) {
+        alDeleteBuffers(1, &m_nBuffer);
     }
 }
 
@@ -95,7 +95,7 @@ HRESULT CAlSoundBuffer::GetCaps(DSBCAPS* caps) {
     if (caps == nullptr || caps->dwSize != sizeof *caps) {
         return DSERR_INVALIDPARAM;
     }
-    *caps = {sizeof *caps, m_flags, static_cast<DWORD>(m_bytes.size()), 0, 0};
+    *caps = {sizeof *caps, m_nFlags, static_cast<DWORD>(m_bytes.size()), 0, 0};
     return S_OK;
 }
 
@@ -110,7 +110,7 @@ HRESULT CAlSoundBuffer::GetStatus(DWORD* status) {
 bool CAlSoundBuffer::isPlaying() const {
     const CAlDevice::Current current(*m_pDevice);
     ALint state = AL_INITIAL;
-    alGetSourcei(m_source, AL_SOURCE_STATE, &state);
+    alGetSourcei(m_nSource, AL_SOURCE_STATE, &state);
     return state == AL_PLAYING && m_pDevice->isConnected();
 }
 
@@ -149,11 +149,11 @@ HRESULT CAlSoundBuffer::Unlock(void* part1, DWORD /*size1*/, void* /*part2*/, DW
         return DSERR_OUTOFMEMORY;
     }
     const CAlDevice::Current current(*m_pDevice);
-    alSourceStop(m_source);
-    alSourcei(m_source, AL_BUFFER, 0); // a buffer in use takes no data
-    alBufferData(m_buffer, width == 1 ? AL_FORMAT_STEREO8 : AL_FORMAT_STEREO16, samples.data(),
+    alSourceStop(m_nSource);
+    alSourcei(m_nSource, AL_BUFFER, 0); // a buffer in use takes no data
+    alBufferData(m_nBuffer, width == 1 ? AL_FORMAT_STEREO8 : AL_FORMAT_STEREO16, samples.data(),
                  static_cast<ALsizei>(samples.size()), static_cast<ALsizei>(m_format.nSamplesPerSec));
-    alSourcei(m_source, AL_BUFFER, static_cast<ALint>(m_buffer));
+    alSourcei(m_nSource, AL_BUFFER, static_cast<ALint>(m_nBuffer));
     return alGetError() == AL_NO_ERROR ? S_OK : DSERR_OUTOFMEMORY;
 }
 
@@ -168,7 +168,7 @@ HRESULT CAlSoundBuffer::Play(DWORD /*reserved1*/, DWORD /*reserved2*/, DWORD fla
         return S_OK;
     }
     const CAlDevice::Current current(*m_pDevice);
-    alSourcePlay(m_source);
+    alSourcePlay(m_nSource);
     return alGetError() == AL_NO_ERROR ? S_OK : DSERR_BUFFERLOST;
 }
 
@@ -177,24 +177,24 @@ HRESULT CAlSoundBuffer::SetCurrentPosition(DWORD position) {
         return DSERR_INVALIDPARAM;
     }
     const CAlDevice::Current current(*m_pDevice);
-    alSourcei(m_source, AL_SAMPLE_OFFSET, static_cast<ALint>(position / m_format.nBlockAlign));
+    alSourcei(m_nSource, AL_SAMPLE_OFFSET, static_cast<ALint>(position / m_format.nBlockAlign));
     return alGetError() == AL_NO_ERROR ? S_OK : DSERR_INVALIDPARAM;
 }
 
 HRESULT CAlSoundBuffer::SetVolume(LONG volume) {
-    if ((m_flags & DSBCAPS_CTRLVOLUME) == 0) {
+    if ((m_nFlags & DSBCAPS_CTRLVOLUME) == 0) {
         return DSERR_CONTROLUNAVAIL;
     }
     if (!isVolume(volume)) {
         return DSERR_INVALIDPARAM;
     }
     const CAlDevice::Current current(*m_pDevice);
-    alSourcef(m_source, AL_GAIN, gainOf(volume));
+    alSourcef(m_nSource, AL_GAIN, gainOf(volume));
     return S_OK;
 }
 
 HRESULT CAlSoundBuffer::Stop() {
     const CAlDevice::Current current(*m_pDevice);
-    alSourcePause(m_source);
+    alSourcePause(m_nSource);
     return S_OK;
 }

@@ -36,8 +36,8 @@ private:
 
     std::shared_ptr<CAlDevice> m_pDevice;
     WAVEFORMATEX m_format;
-    DWORD m_flags;
+    DWORD m_nFlags;
     std::vector<BYTE> m_bytes;
-    ALuint m_buffer = 0;
-    ALuint m_source = 0;
+    ALuint m_nBuffer = 0;
+    ALuint m_nSource = 0;
 };

@@ -46,16 +46,16 @@ HGDIOBJ HDC__::select(HGDIOBJ object) {
 }
 
 void HDC__::drawOn(HGDIOBJ bitmap) {
-    if (m_painter != nullptr && m_own == nullptr) {
+    if (m_pPainter != nullptr && m_pOwn == nullptr) {
         return; // a widget's context keeps drawing on the widget
     }
-    m_own.reset();
-    m_painter = nullptr;
+    m_pOwn.reset();
+    m_pPainter = nullptr;
     m_bitmap = bitmap;
     if (bitmap != nullptr) {
         m_picture = imageOf(*bitmap);
-        m_own = std::make_unique<QPainter>(&m_picture);
-        m_painter = m_own.get();
+        m_pOwn = std::make_unique<QPainter>(&m_picture);
+        m_pPainter = m_pOwn.get();
     }
 }
 

@@ -13,12 +13,13 @@ struct HDC__ {
 public:
     HDC__() = default;
     /// Paints with a painter that lives on while this context does.
-    explicit HDC__(QPainter& painter) : m_painter(&painter) {}
+    explicit HDC__(QPainter& painter) : m_pPainter(&painter) {}
     /// Paints a widget with a painter of its own.
-    explicit HDC__(std::unique_ptr<QPainter> painter) : m_own(std::move(painter)), m_painter(m_own.get()) {}
+    explicit HDC__(std::unique_ptr<QPainter> painter)
+        : m_pOwn(std::move(painter)), m_pPainter(m_pOwn.get()) {}
 
     HGDIOBJ select(HGDIOBJ object);
-    QPainter* painter() { return m_painter; }
+    QPainter* painter() { return m_pPainter; }
     /// The bitmap that is drawn on; null when it is none.
     HGDIOBJ bitmap() const { return m_bitmap; }
     QPen pen() const;
@@ -33,6 +34,6 @@ private:
     HGDIOBJ m_brush = GetStockObject(WHITE_BRUSH);
     HGDIOBJ m_bitmap = nullptr;
     QImage m_picture; ///< the bitmap's pixels
-    std::unique_ptr<QPainter> m_own;
-    QPainter* m_painter = nullptr;
+    std::unique_ptr<QPainter> m_pOwn;
+    QPainter* m_pPainter = nullptr;
 };

@@ -58,8 +58,8 @@ void DialogWidget::keyPressEvent(QKeyEvent* event) {
 
 DialogWindow::DialogWindow(std::unique_ptr<DialogWidget> widget, Window* owner, WindowTraits traits)
     : Window(widget.get(), owner, std::move(traits))
-    , m_baseX(averageLetterWidth(widget->font()))
-    , m_baseY(QFontMetrics(widget->font()).height()) {
+    , m_nBaseX(averageLetterWidth(widget->font()))
+    , m_nBaseY(QFontMetrics(widget->font()).height()) {
     widget.release()->installEventFilter(this); // destroyed with the window
 }
 
@@ -91,38 +91,38 @@ QRect DialogWindow::screenGeometry() const {
 }
 
 QRect DialogWindow::mapDialogRect(const DialogRect& rect) const {
-    const QPoint topLeft(scaled(rect.x, m_baseX, 4), scaled(rect.y, m_baseY, 8));
-    const QPoint end(scaled(rect.x + rect.width, m_baseX, 4), scaled(rect.y + rect.height, m_baseY, 8));
+    const QPoint topLeft(scaled(rect.x, m_nBaseX, 4), scaled(rect.y, m_nBaseY, 8));
+    const QPoint end(scaled(rect.x + rect.width, m_nBaseX, 4), scaled(rect.y + rect.height, m_nBaseY, 8));
     return {topLeft, QSize(end.x() - topLeft.x(), end.y() - topLeft.y())};
 }
 
 INT_PTR DialogWindow::run(INT_PTR broken) {
-    if (m_ended) {
+    if (m_bEnded) {
         return m_result;
     }
     const ModalRun keepsThisObject;
     QEventLoop loop;
-    m_loop = &loop;
+    m_pLoop = &loop;
     widget()->setWindowModality(Qt::ApplicationModal);
     widget()->show();
     loop.exec(QEventLoop::DialogExec);
-    m_loop = nullptr;
+    m_pLoop = nullptr;
     if (widget() != nullptr) {
         widget()->hide();
     }
-    return m_ended ? m_result : broken;
+    return m_bEnded ? m_result : broken;
 }
 
 void DialogWindow::end(INT_PTR result) {
-    m_ended = true;
+    m_bEnded = true;
     m_result = result;
     widget()->hide();
     leaveLoop();
 }
 
 void DialogWindow::leaveLoop() {
-    if (m_loop != nullptr) {
-        m_loop->quit();
+    if (m_pLoop != nullptr) {
+        m_pLoop->quit();
     }
 }
 

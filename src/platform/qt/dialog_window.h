@@ -53,11 +53,11 @@ protected:
 private:
     void leaveLoop();
 
-    int m_baseX; ///< pixels of 4 horizontal dialog units
-    int m_baseY; ///< pixels of 8 vertical dialog units
-    bool m_ended = false;
+    int m_nBaseX; ///< pixels of 4 horizontal dialog units
+    int m_nBaseY; ///< pixels of 8 vertical dialog units
+    bool m_bEnded = false;
     INT_PTR m_result = 0;
-    QEventLoop* m_loop = nullptr;
+    QEventLoop* m_pLoop = nullptr;
 };
 
 } // namespace qtbackend

@@ -55,7 +55,7 @@ void showColumnsWhole(QFileDialog& dialog) {
 CFileDialog::CFileDialog(BOOL bOpenFileDialog, LPCTSTR lpszDefExt, LPCTSTR lpszFileName, DWORD dwFlags,
                          LPCTSTR lpszFilter, CWnd* pParentWnd)
     : m_open(bOpenFileDialog != FALSE)
-    , m_extension(lpszDefExt)
+    , m_strExtension(lpszDefExt)
     , m_fileName(lpszFileName)
     , m_filter(lpszFilter)
     , m_parent(pParentWnd != nullptr ? pParentWnd->m_hWnd : nullptr) {
@@ -74,7 +74,7 @@ INT_PTR CFileDialog::DoModal() {
                                  : QFileDialog::AnyFile);
     dialog->setOption(QFileDialog::DontConfirmOverwrite, (m_ofn.Flags & OFN_OVERWRITEPROMPT) == 0);
     dialog->setNameFilters(nameFilters(m_filter));
-    dialog->setDefaultSuffix(QString::fromUtf8(m_extension.GetString()));
+    dialog->setDefaultSuffix(QString::fromUtf8(m_strExtension.GetString()));
     applyPreset(*dialog, m_ofn.lpstrFile != nullptr && *m_ofn.lpstrFile != '\0' ? CString(m_ofn.lpstrFile)
                                                                                 : m_fileName);
     showColumnsWhole(*dialog);

@@ -29,11 +29,11 @@ ForeignWindow::ForeignWindow(HWND handle) : Window(widgetOf(handle), nullptr, {}
 }
 
 QWindow* ForeignWindow::native() const {
-    if (m_native == nullptr && widget() == nullptr && seesForeignWindows()) {
+    if (m_pNative == nullptr && widget() == nullptr && seesForeignWindows()) {
         const auto id = reinterpret_cast<std::uintptr_t>(handle());
-        m_native.reset(QWindow::fromWinId(static_cast<WId>(id)));
+        m_pNative.reset(QWindow::fromWinId(static_cast<WId>(id)));
     }
-    return m_native.get();
+    return m_pNative.get();
 }
 
 void ForeignWindow::adopt(QWidget& dialog) {

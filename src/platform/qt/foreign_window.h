@@ -22,7 +22,7 @@ private:
     /// The window of another toolkit; null when it is a widget or cannot be seen from here.
     QWindow* native() const;
 
-    mutable std::unique_ptr<QWindow> m_native; ///< made on first use, when there is an application object
+    mutable std::unique_ptr<QWindow> m_pNative; ///< made on first use, when there is an application object
 };
 
 } // namespace qtbackend

@@ -29,28 +29,28 @@ void deliver(QObject& target, QEvent& event) {
 
 NativeEvent::NativeEvent(Window& window, UINT message, QObject* target, QEvent* event)
     : m_window(window)
-    , m_message(message)
-    , m_target(target)
-    , m_event(event)
-    , m_outer(std::exchange(g_current, this)) {}
+    , m_nMessage(message)
+    , m_pTarget(target)
+    , m_pEvent(event)
+    , m_pOuter(std::exchange(g_current, this)) {}
 
 NativeEvent::~NativeEvent() {
-    g_current = m_outer;
+    g_current = m_pOuter;
 }
 
 bool NativeEvent::pass(const Window& window, UINT message) {
     NativeEvent* const current = g_current;
-    if (current == nullptr || &current->m_window != &window || current->m_message != message ||
-        current->m_passed) {
+    if (current == nullptr || &current->m_window != &window || current->m_nMessage != message ||
+        current->m_bPassed) {
         return false;
     }
-    current->m_passed = true;
-    deliver(*current->m_target, *current->m_event);
+    current->m_bPassed = true;
+    deliver(*current->m_pTarget, *current->m_pEvent);
     return true;
 }
 
 const QEvent* NativeEvent::current() {
-    return g_current != nullptr ? g_current->m_event : nullptr;
+    return g_current != nullptr ? g_current->m_pEvent : nullptr;
 }
 
 } // namespace qtbackend

@@ -15,7 +15,7 @@ public:
     NativeEvent(const NativeEvent&) = delete;
     NativeEvent& operator=(const NativeEvent&) = delete;
 
-    bool wasPassed() const { return m_passed; }
+    bool wasPassed() const { return m_bPassed; }
     /// Hands the event of this message to its widget when one is on its way.
     static bool pass(const Window& window, UINT message);
     /// The innermost event on its way, or null.
@@ -23,11 +23,11 @@ public:
 
 private:
     Window& m_window;
-    UINT m_message;
-    QObject* m_target;
-    QEvent* m_event;
-    bool m_passed = false;
-    NativeEvent* m_outer;
+    UINT m_nMessage;
+    QObject* m_pTarget;
+    QEvent* m_pEvent;
+    bool m_bPassed = false;
+    NativeEvent* m_pOuter;
 };
 
 } // namespace qtbackend

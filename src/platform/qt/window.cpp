@@ -15,7 +15,7 @@
 namespace qtbackend {
 
 Window::Window(QWidget* widget, Window* parent, WindowTraits traits)
-    : m_widget(widget), m_widgetKey(widget), m_parent(parent), m_traits(std::move(traits)) {}
+    : m_pWidget(widget), m_pWidgetKey(widget), m_pParent(parent), m_traits(std::move(traits)) {}
 
 Window::~Window() = default;
 
@@ -26,33 +26,33 @@ Window* Window::child(int id) const {
 }
 
 void Window::markEnding() {
-    m_ending = true;
+    m_bEnding = true;
     for (Window* control : m_children) {
         control->markEnding();
     }
 }
 
 void Window::setObject(CWnd* object) {
-    m_object = object;
-    if (object != nullptr && m_widget != nullptr) {
-        m_widget->installEventFilter(this); // moves it when it is installed already
+    m_pObject = object;
+    if (object != nullptr && m_pWidget != nullptr) {
+        m_pWidget->installEventFilter(this); // moves it when it is installed already
     }
 }
 
 CWnd* Window::standIn() {
-    if (m_standIn == nullptr) {
-        m_standIn = makeStandIn();
-        m_standIn->m_hWnd = m_handle;
+    if (m_pStandIn == nullptr) {
+        m_pStandIn = makeStandIn();
+        m_pStandIn->m_hWnd = m_handle;
     }
-    return m_standIn.get();
+    return m_pStandIn.get();
 }
 
 CScrollBar* Window::scrollBarStandIn() {
-    if (m_scrollBarStandIn == nullptr) {
-        m_scrollBarStandIn = std::make_unique<CScrollBar>();
-        m_scrollBarStandIn->m_hWnd = m_handle;
+    if (m_pScrollBarStandIn == nullptr) {
+        m_pScrollBarStandIn = std::make_unique<CScrollBar>();
+        m_pScrollBarStandIn->m_hWnd = m_handle;
     }
-    return m_scrollBarStandIn.get();
+    return m_pScrollBarStandIn.get();
 }
 
 std::unique_ptr<CWnd> Window::makeStandIn() const {
@@ -68,37 +68,37 @@ LRESULT Window::process(UINT message, WPARAM, LPARAM) {
 }
 
 void Window::setGeometry(const QRect& rect) {
-    if (m_widget != nullptr) {
-        m_widget->setGeometry(rect);
+    if (m_pWidget != nullptr) {
+        m_pWidget->setGeometry(rect);
     }
 }
 
 QRect Window::screenGeometry() const {
-    return m_widget != nullptr ? QRect(m_widget->mapToGlobal(QPoint(0, 0)), m_widget->size()) : QRect();
+    return m_pWidget != nullptr ? QRect(m_pWidget->mapToGlobal(QPoint(0, 0)), m_pWidget->size()) : QRect();
 }
 
 QRect Window::clientRect() const {
-    return m_widget != nullptr ? m_widget->rect() : QRect();
+    return m_pWidget != nullptr ? m_pWidget->rect() : QRect();
 }
 
 void Window::notify(int code) {
-    if (m_parent != nullptr && !m_ending) {
-        ::SendMessage(m_parent->handle(), WM_COMMAND, MAKEWPARAM(id(), code),
+    if (m_pParent != nullptr && !m_bEnding) {
+        ::SendMessage(m_pParent->handle(), WM_COMMAND, MAKEWPARAM(id(), code),
                       reinterpret_cast<LPARAM>(m_handle));
     }
 }
 
 LRESULT Window::notify(NMHDR& header, UINT code) {
-    if (m_parent == nullptr || m_ending) {
+    if (m_pParent == nullptr || m_bEnding) {
         return 0;
     }
     header = {m_handle, static_cast<UINT_PTR>(id()), code};
-    return ::SendMessage(m_parent->handle(), WM_NOTIFY, header.idFrom, reinterpret_cast<LPARAM>(&header));
+    return ::SendMessage(m_pParent->handle(), WM_NOTIFY, header.idFrom, reinterpret_cast<LPARAM>(&header));
 }
 
 void Window::notifyScroll(Qt::Orientation orientation, int code, int position) {
-    if (m_parent != nullptr && !m_ending) {
-        ::SendMessage(m_parent->handle(), orientation == Qt::Horizontal ? WM_HSCROLL : WM_VSCROLL,
+    if (m_pParent != nullptr && !m_bEnding) {
+        ::SendMessage(m_pParent->handle(), orientation == Qt::Horizontal ? WM_HSCROLL : WM_VSCROLL,
                       MAKEWPARAM(code, position), reinterpret_cast<LPARAM>(m_handle));
     }
 }
@@ -108,7 +108,7 @@ bool Window::onEvent(QObject*, QEvent*) {
 }
 
 bool Window::eventFilter(QObject* watched, QEvent* event) {
-    if (m_ending) {
+    if (m_bEnding) {
         return false;
     }
     switch (event->type()) {

@@ -35,12 +35,12 @@ public:
     HWND handle() const { return m_handle; }
     void setHandle(HWND handle) { m_handle = handle; }
     /// Null once Qt has deleted the widget.
-    QWidget* widget() const { return m_widget; }
+    QWidget* widget() const { return m_pWidget; }
     /// Names the widget even when Qt has deleted it.
-    const QObject* widgetKey() const { return m_widgetKey; }
+    const QObject* widgetKey() const { return m_pWidgetKey; }
     /// The parent of a control, the owner of a dialog, or null.
-    Window* parentWindow() const { return m_parent; }
-    void forgetParent() { m_parent = nullptr; }
+    Window* parentWindow() const { return m_pParent; }
+    void forgetParent() { m_pParent = nullptr; }
     int id() const { return m_traits.id; }
     DWORD style() const { return m_traits.style; }
     const std::string& className() const { return m_traits.className; }
@@ -48,13 +48,13 @@ public:
     std::vector<Window*>& children() { return m_children; }
     Window* child(int id) const;
 
-    CWnd* object() const { return m_object; }
+    CWnd* object() const { return m_pObject; }
     void setObject(CWnd* object);
     /// A stand-in object of the control's class for a window that has none.
     CWnd* standIn();
     CScrollBar* scrollBarStandIn();
 
-    bool isEnding() const { return m_ending; }
+    bool isEnding() const { return m_bEnding; }
     /// Nothing that happens to the widgets of the window and its controls is reported to handlers any more.
     void markEnding();
     /// Whether somebody else made the window.
@@ -67,7 +67,7 @@ public:
     virtual QString text() const { return {}; }
     virtual void setText(const QString&) {}
     /// Whether the mouse is worth messages: to its object, or to the window's own kind.
-    virtual bool hearsMouse() const { return m_object != nullptr; }
+    virtual bool hearsMouse() const { return m_pObject != nullptr; }
     /// Whether an unhandled press keeps the mouse until its release, as buttons do.
     virtual bool capturesMouse() const { return true; }
     /// Sets position and size in the parent's pixels, or on the screen.
@@ -94,15 +94,15 @@ protected:
 
 private:
     HWND m_handle = nullptr;
-    QPointer<QWidget> m_widget;
-    const QObject* m_widgetKey;
-    Window* m_parent;
+    QPointer<QWidget> m_pWidget;
+    const QObject* m_pWidgetKey;
+    Window* m_pParent;
     WindowTraits m_traits;
     std::vector<Window*> m_children;
-    CWnd* m_object = nullptr;
-    std::unique_ptr<CWnd> m_standIn;
-    std::unique_ptr<CScrollBar> m_scrollBarStandIn;
-    bool m_ending = false;
+    CWnd* m_pObject = nullptr;
+    std::unique_ptr<CWnd> m_pStandIn;
+    std::unique_ptr<CScrollBar> m_pScrollBarStandIn;
+    bool m_bEnding = false;
 };
 
 } // namespace qtbackend

@@ -144,13 +144,13 @@ QWidget* windowInUse() {
     return active != nullptr ? active : QApplication::activeModalWidget();
 }
 
-ModalRun::ModalRun() : m_formerlyActive(windowInUse()) {
+ModalRun::ModalRun() : m_pFormerlyActive(windowInUse()) {
     ++g_modalRuns;
 }
 
 ModalRun::~ModalRun() {
-    if (m_formerlyActive != nullptr && m_formerlyActive->isVisible()) {
-        m_formerlyActive->activateWindow();
+    if (m_pFormerlyActive != nullptr && m_pFormerlyActive->isVisible()) {
+        m_pFormerlyActive->activateWindow();
     }
 }
 

@@ -77,7 +77,7 @@ public:
 
 private:
     DispatchScope m_handlersStillRun;
-    QPointer<QWidget> m_formerlyActive;
+    QPointer<QWidget> m_pFormerlyActive;
 };
 
 } // namespace qtbackend

@@ -25,13 +25,13 @@ public:
     explicit PointTinter(CMapEditorModel& model)
         : m_map(*model.m_pMap)
         , m_target(model.getToolTint())
-        , m_waterHeight(truncateSaturating(m_map.waterLevel / m_map.heightScale))
+        , m_nWaterHeight(truncateSaturating(m_map.waterLevel / m_map.heightScale))
         , m_fShare(strengthShare(model, 0.01F)) {
         m_target.a = 255;
     }
 
     void apply(int x, int z) const {
-        if (m_map.getPointWater(x, z) && m_map.getPointHeight(x, z) <= m_waterHeight) {
+        if (m_map.getPointWater(x, z) && m_map.getPointHeight(x, z) <= m_nWaterHeight) {
             return;
         }
         const qxCColour colour = m_map.getPointColour(COLOUR_LAYER, x, z);
@@ -41,7 +41,7 @@ public:
 private:
     qxCMap& m_map;
     qxCColour m_target;
-    int m_waterHeight; // in point-height units
+    int m_nWaterHeight; // in point-height units
     float m_fShare;
 };
 

@@ -14,14 +14,14 @@ QWindow* windowOf(const QWidget& widget) {
 
 void CEventHand::point(QWidget& widget, QPoint place) {
     m_global = widget.mapToGlobal(place);
-    if (!isHolding() || m_window == nullptr) {
-        m_window = windowOf(widget);
+    if (!isHolding() || m_pWindow == nullptr) {
+        m_pWindow = windowOf(widget);
     }
 }
 
 void CEventHand::send(QEvent::Type type, Qt::MouseButton button, Qt::KeyboardModifiers modifiers) {
-    if (m_window != nullptr && m_window->isVisible()) {
-        qt_handleMouseEvent(m_window, m_window->mapFromGlobal(m_global), m_global, m_button, button, type,
+    if (m_pWindow != nullptr && m_pWindow->isVisible()) {
+        qt_handleMouseEvent(m_pWindow, m_pWindow->mapFromGlobal(m_global), m_global, m_button, button, type,
                             modifiers, m_nTime);
     }
 }

@@ -31,7 +31,7 @@ private:
     void send(QEvent::Type type, Qt::MouseButton button, Qt::KeyboardModifiers modifiers);
     void point(QWidget& widget, QPoint place);
 
-    QPointer<QWindow> m_window; // the one that hears the mouse: under the pointer, or pressed on
+    QPointer<QWindow> m_pWindow; // the one that hears the mouse: under the pointer, or pressed on
     QPointF m_global;
     Qt::MouseButton m_button = Qt::NoButton;
     int m_nTime = 1000;

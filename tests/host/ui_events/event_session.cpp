@@ -109,7 +109,7 @@ void CEventSession::send(const EventAct& act) {
 
 void CEventSession::noteTime(std::string next) {
     const double spent = m_watchdog.begin(next);
-    const std::string event = std::exchange(m_event, std::move(next));
+    const std::string event = std::exchange(m_strEvent, std::move(next));
     if (spent > m_tally.slowest && !event.empty()) {
         m_tally.slowest = spent;
         m_tally.slowestEvent = event;

@@ -55,6 +55,6 @@ private:
     int m_nDepth = 0;
     int m_nEndTurns = 0;
     bool m_bStuck = false;
-    std::string m_event; // the one being handled
+    std::string m_strEvent; // the one being handled
     std::vector<OpenDialog> m_dialogs;
 };

@@ -102,25 +102,25 @@ bool CEventStage::isDirectoryIntact() const {
 }
 
 void CEventStage::makeWorld() {
-    m_scene = std::make_unique<CMemoryScene>();
-    addTexture(*m_scene, "grass", "grass.tga");
-    addTexture(*m_scene, "rock", "rock.tga");
-    addTexture(*m_scene, "water", "water.tga");
-    addTexture(*m_scene, "lost", "no_such_file.tga");
-    m_nOwnTextures = m_scene->getNumTextures();
+    m_pScene = std::make_unique<CMemoryScene>();
+    addTexture(*m_pScene, "grass", "grass.tga");
+    addTexture(*m_pScene, "rock", "rock.tga");
+    addTexture(*m_pScene, "water", "water.tga");
+    addTexture(*m_pScene, "lost", "no_such_file.tga");
+    m_nOwnTextures = m_pScene->getNumTextures();
     constexpr std::array<int, 4> SIZES = {1, 16, 64, 200};
-    m_map = std::make_unique<CMemoryMap>(m_dice.of(SIZES), m_scene.get());
-    m_map->waterLevel = static_cast<float>(m_dice.below(50));
-    m_map->setTexture(qxMapLayerSmooth, m_scene->getTexture(0));
-    m_map->setTexture(qxMapLayerRough, m_scene->getTexture(1));
-    m_map->setTexture(qxMapLayerWater, m_scene->getTexture(2));
+    m_pMap = std::make_unique<CMemoryMap>(m_dice.of(SIZES), m_pScene.get());
+    m_pMap->waterLevel = static_cast<float>(m_dice.below(50));
+    m_pMap->setTexture(qxMapLayerSmooth, m_pScene->getTexture(0));
+    m_pMap->setTexture(qxMapLayerRough, m_pScene->getTexture(1));
+    m_pMap->setTexture(qxMapLayerWater, m_pScene->getTexture(2));
     addDefinitions();
     addDetails();
 }
 
 void CEventStage::addDefinitions() {
     for (int i = m_dice.below(4); i > 0; --i) {
-        qxCMapMultiTexture& definition = *m_map->addMultiTexture();
+        qxCMapMultiTexture& definition = *m_pMap->addMultiTexture();
         definition.tint1 = {m_dice.below(256), m_dice.below(256), m_dice.below(256), 255};
         definition.tint2 = {m_dice.below(256), m_dice.below(256), m_dice.below(256), 255};
         definition.blend = static_cast<float>(m_dice.below(11)) * 0.1F;
@@ -130,34 +130,34 @@ void CEventStage::addDefinitions() {
 
 void CEventStage::addDetails() {
     for (int i = 0; i < 20; ++i) {
-        const auto x = static_cast<float>(m_dice.below(m_map->getGridDim()));
-        const auto z = static_cast<float>(m_dice.below(m_map->getGridDim()));
-        m_map->addDetail(qxDetailTypePoint, m_scene->getTexture(2), {x + 0.5F, 0.0F, z + 0.5F}, 0.5F, 0.0F,
-                         1.0F);
+        const auto x = static_cast<float>(m_dice.below(m_pMap->getGridDim()));
+        const auto z = static_cast<float>(m_dice.below(m_pMap->getGridDim()));
+        m_pMap->addDetail(qxDetailTypePoint, m_pScene->getTexture(2), {x + 0.5F, 0.0F, z + 0.5F}, 0.5F, 0.0F,
+                          1.0F);
     }
 }
 
 void CEventStage::makeWindow() {
-    m_window = std::make_unique<QWidget>();
-    m_window->setObjectName("host");
-    m_window->resize(400, 300);
-    auto* const view = new QWidget(m_window.get());
+    m_pWindow = std::make_unique<QWidget>();
+    m_pWindow->setObjectName("host");
+    m_pWindow->resize(400, 300);
+    auto* const view = new QWidget(m_pWindow.get());
     view->setObjectName(VIEW_NAME);
     view->setGeometry(0, 40, 400, 260);
-    m_window->show();
+    m_pWindow->show();
 }
 
 /// What a host has to offer as a parent: its window, the view in it, nothing.
 HWND CEventStage::anyHostHandle() {
-    const QWidget* const view = m_window->findChild<QWidget*>(VIEW_NAME);
-    const std::array<const QWidget*, 3> parents = {m_window.get(), view, nullptr};
+    const QWidget* const view = m_pWindow->findChild<QWidget*>(VIEW_NAME);
+    const std::array<const QWidget*, 3> parents = {m_pWindow.get(), view, nullptr};
     const QWidget* const parent = m_dice.of(parents);
     return parent != nullptr ? reinterpret_cast<HWND>(parent->winId()) : nullptr;
 }
 
 void CEventStage::openEditor() {
     const bool wasOpen = vuIsEditorActive();
-    vuCreateEditor(anyHostHandle(), m_map.get(), m_directory.path().toUtf8().constData(), nullptr,
+    vuCreateEditor(anyHostHandle(), m_pMap.get(), m_directory.path().toUtf8().constData(), nullptr,
                    !m_dice.oneIn(6), nullptr);
     m_bOpen = vuIsEditorActive();
     m_tally.opened += m_bOpen && !wasOpen ? 1 : 0;
@@ -169,15 +169,15 @@ void CEventStage::destroyEditor() {
 }
 
 void CEventStage::countImports() {
-    m_tally.imported += m_scene->getNumTextures() - m_nOwnTextures;
-    m_nOwnTextures = m_scene->getNumTextures();
+    m_tally.imported += m_pScene->getNumTextures() - m_nOwnTextures;
+    m_nOwnTextures = m_pScene->getNumTextures();
 }
 
 void CEventStage::replaceWorld() {
     destroyEditor();
     vuDestroySettings();
     countImports();
-    m_map.reset();
+    m_pMap.reset();
     makeWorld();
 }
 
@@ -189,7 +189,7 @@ bool CEventStage::replaceWindow() {
             return false;
         }
     }
-    m_window.reset();
+    m_pWindow.reset();
     m_bOpen = vuIsEditorActive(); // a panel of this window went with it
     makeWindow();
     return true;
@@ -200,7 +200,7 @@ int CEventStage::coordinate() {
     if (m_dice.oneIn(50)) {
         return m_dice.oneIn(2) ? std::numeric_limits<int>::min() : std::numeric_limits<int>::max();
     }
-    return m_dice.between(-6, m_map->getGridDim() + 6);
+    return m_dice.between(-6, m_pMap->getGridDim() + 6);
 }
 
 void CEventStage::stroke() {
@@ -219,13 +219,13 @@ void CEventStage::stroke() {
 void CEventStage::editMap() {
     switch (m_dice.below(5)) {
     case 0:
-        return m_map->removeMultiTexture(m_dice.below(4));
+        return m_pMap->removeMultiTexture(m_dice.below(4));
     case 1:
         return addDefinitions();
     case 2:
-        return m_map->setTexture(qxMapLayerRough, m_dice.oneIn(2) ? nullptr : m_scene->getTexture(1));
+        return m_pMap->setTexture(qxMapLayerRough, m_dice.oneIn(2) ? nullptr : m_pScene->getTexture(1));
     case 3:
-        return m_map->setTextureTiling(m_dice.between(1, 256));
+        return m_pMap->setTextureTiling(m_dice.between(1, 256));
     default:
         vuDestroySettings(); // may come at any time, and empties the history
     }
@@ -245,10 +245,10 @@ void CEventStage::observe() {
 void CEventStage::end() {
     destroyEditor();
     vuDestroySettings();
-    if (m_scene != nullptr) {
+    if (m_pScene != nullptr) {
         countImports();
     }
-    m_map.reset();
-    m_scene.reset();
-    m_window.reset();
+    m_pMap.reset();
+    m_pScene.reset();
+    m_pWindow.reset();
 }

@@ -39,7 +39,7 @@ public:
     /// Closes and frees everything.
     void end();
 
-    QWidget* window() const { return m_window.get(); }
+    QWidget* window() const { return m_pWindow.get(); }
     QString directory() const { return m_directory.path(); }
     /// The directory holds the files it was given, unchanged, and no others.
     bool isDirectoryIntact() const;
@@ -60,9 +60,9 @@ private:
     EventTally& m_tally;
     QTemporaryDir m_directory;
     QMap<QString, QByteArray> m_files;
-    std::unique_ptr<QWidget> m_window; // with the view that shows the map
-    std::unique_ptr<CMemoryScene> m_scene;
-    std::unique_ptr<CMemoryMap> m_map;
+    std::unique_ptr<QWidget> m_pWindow; // with the view that shows the map
+    std::unique_ptr<CMemoryScene> m_pScene;
+    std::unique_ptr<CMemoryMap> m_pMap;
     int m_nOwnTextures = 0;
     bool m_bOpen = false; // as far as the host knows
 };

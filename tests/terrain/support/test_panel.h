@@ -30,21 +30,21 @@ protected:
 
     TerrainTest() {
         g_mapUndoList.clear();
-        panel.m_pMap = &map;
-        panel.m_nStrength = 10;
-        panel.m_nBrushSize = 2;
-        for (int z = 0; z <= map.getGridDim(); ++z) {
-            for (int x = 0; x <= map.getGridDim(); ++x) {
-                map.setPointHeight(x, z, LEVEL, false);
+        m_panel.m_pMap = &m_map;
+        m_panel.m_nStrength = 10;
+        m_panel.m_nBrushSize = 2;
+        for (int z = 0; z <= m_map.getGridDim(); ++z) {
+            for (int x = 0; x <= m_map.getGridDim(); ++x) {
+                m_map.setPointHeight(x, z, LEVEL, false);
             }
         }
     }
     ~TerrainTest() override { g_mapUndoList.clear(); }
 
-    void useTool(int tool) { panel.m_nTool = tool; }
-    void start(int x, int z, int edge = 0, int corner = 0) { strokeStart(panel, x, z, edge, corner); }
-    void update(int x, int z, int amount = 0) { strokeUpdate(panel, x, z, amount); }
-    void stop() { strokeEnd(panel); }
+    void useTool(int tool) { m_panel.m_nTool = tool; }
+    void start(int x, int z, int edge = 0, int corner = 0) { strokeStart(m_panel, x, z, edge, corner); }
+    void update(int x, int z, int amount = 0) { strokeUpdate(m_panel, x, z, amount); }
+    void stop() { strokeEnd(m_panel); }
     void select(int x0, int z0, int x1, int z1) {
         useTool(TOOL_SELECT);
         start(x0, z0);
@@ -52,17 +52,17 @@ protected:
         stop();
     }
 
-    int height(int x, int z) const { return map.getPointHeight(x, z); }
+    int height(int x, int z) const { return m_map.getPointHeight(x, z); }
     bool isMarked(int x, int z) const {
-        return map.getMarkers()[static_cast<std::size_t>(z * (map.getGridDim() + 1) + x)] ==
+        return m_map.getMarkers()[static_cast<std::size_t>(z * (m_map.getGridDim() + 1) + x)] ==
                qxCColour(255, 255, 255, 32);
     }
 
     /// The points for which `test(x, z)` holds, row by row.
     template <typename Test> Points pointsWhere(const Test& test) const {
         Points points;
-        for (int z = 0; z <= map.getGridDim(); ++z) {
-            for (int x = 0; x <= map.getGridDim(); ++x) {
+        for (int z = 0; z <= m_map.getGridDim(); ++z) {
+            for (int x = 0; x <= m_map.getGridDim(); ++x) {
                 if (test(x, z)) {
                     points.emplace_back(x, z);
                 }
@@ -79,6 +79,6 @@ protected:
 
     static constexpr int LEVEL = 100;
 
-    CMemoryMap map{16, nullptr};
-    CTestPanel panel;
+    CMemoryMap m_map{16, nullptr};
+    CTestPanel m_panel;
 };

@@ -11,7 +11,7 @@ CDC::~CDC() {
 CDC* CDC::FromHandle(HDC hDC) {
     static CDC standIn;
     standIn.m_hDC = hDC;
-    standIn.m_owned = false;
+    standIn.m_bOwned = false;
     return hDC != nullptr ? &standIn : nullptr;
 }
 
@@ -20,12 +20,12 @@ BOOL CDC::Attach(HDC hDC) {
         return FALSE;
     }
     m_hDC = hDC;
-    m_owned = true;
+    m_bOwned = true;
     return TRUE;
 }
 
 HDC CDC::Detach() {
-    m_owned = false;
+    m_bOwned = false;
     return std::exchange(m_hDC, nullptr);
 }
 
@@ -34,7 +34,7 @@ BOOL CDC::CreateCompatibleDC(CDC* pDC) {
 }
 
 BOOL CDC::DeleteDC() {
-    if (m_owned) {
+    if (m_bOwned) {
         ::DeleteDC(m_hDC);
     }
     return Detach() != nullptr ? TRUE : FALSE;

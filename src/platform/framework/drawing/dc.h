@@ -49,7 +49,7 @@ public:
     }
 
 private:
-    bool m_owned = false;
+    bool m_bOwned = false;
     CPen m_formerPen;
     CBrush m_formerBrush;
     CBitmap m_formerBitmap;

@@ -150,16 +150,16 @@ void ButtonWindow::setIcon(HICON icon) {
     m_button.setIcon(icon != nullptr ? iconOf(icon) : QIcon());
     m_button.setIconSize(iconSizeFor(std::min(m_button.width(), m_button.height())));
     if (wasIconic != isIconic()) {
-        setText(m_text);
+        setText(m_strText);
     }
 }
 
 /// The caption of a button that shows an icon is for tool tip and accessibility.
 void ButtonWindow::setText(const QString& text) {
-    if (text == m_text) {
+    if (text == m_strText) {
         return; // panels set their captions more often than they change
     }
-    m_text = text;
+    m_strText = text;
     m_button.setText(isIconic() ? QString() : text);
     if (isIconic()) {
         QString plain = text;

@@ -12,7 +12,7 @@ public:
     ButtonWindow(Window& parent, const ControlTraits& traits);
 
     LRESULT process(UINT message, WPARAM wParam, LPARAM lParam) override;
-    QString text() const override { return m_text; }
+    QString text() const override { return m_strText; }
     void setText(const QString& text) override;
 
 protected:
@@ -29,7 +29,7 @@ private:
     void uncheckGroup();
 
     QAbstractButton& m_button;
-    QString m_text;
+    QString m_strText;
     HICON m_icon = nullptr;
 };
 

@@ -9,18 +9,18 @@ namespace {
 class CustomWidget : public QFrame {
 public:
     explicit CustomWidget(QWidget* parent) : QFrame(parent) { setMouseTracking(true); }
-    void setWindow(CustomWindow* window) { m_window = window; }
+    void setWindow(CustomWindow* window) { m_pWindow = window; }
 
 protected:
     void paintEvent(QPaintEvent* event) override {
         QFrame::paintEvent(event);
-        if (m_window != nullptr) {
-            m_window->paint();
+        if (m_pWindow != nullptr) {
+            m_pWindow->paint();
         }
     }
 
 private:
-    QPointer<CustomWindow> m_window;
+    QPointer<CustomWindow> m_pWindow;
 };
 
 } // namespace

@@ -37,7 +37,7 @@ EditWindow::EditWindow(Window& parent, const ControlTraits& traits)
 }
 
 void EditWindow::setArrowKeysTarget(UpDownWindow* upDown) {
-    m_arrowKeysTarget = upDown;
+    m_pArrowKeysTarget = upDown;
 }
 
 LRESULT EditWindow::process(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -83,10 +83,10 @@ bool EditWindow::onEvent(QObject* watched, QEvent* event) {
         notify(EN_SETFOCUS);
         return true;
     }
-    if (event->type() == QEvent::KeyPress && m_arrowKeysTarget != nullptr) {
+    if (event->type() == QEvent::KeyPress && m_pArrowKeysTarget != nullptr) {
         const int key = static_cast<QKeyEvent*>(event)->key();
         if (key == Qt::Key_Up || key == Qt::Key_Down) {
-            static_cast<UpDownWindow*>(m_arrowKeysTarget.data())->step(key == Qt::Key_Up);
+            static_cast<UpDownWindow*>(m_pArrowKeysTarget.data())->step(key == Qt::Key_Up);
             return true;
         }
     }

@@ -30,7 +30,7 @@ private:
     void onFocusLost(QEvent* event);
 
     QLineEdit& m_edit;
-    QPointer<QObject> m_arrowKeysTarget;
+    QPointer<QObject> m_pArrowKeysTarget;
 };
 
 } // namespace qtbackend

@@ -20,7 +20,7 @@ ListBoxWindow::ListBoxWindow(Window& parent, const ControlTraits& traits)
     }
     if ((style() & LBS_NOTIFY) != 0) {
         QObject::connect(&m_list, &QListWidget::itemSelectionChanged, this, [this] {
-            if (!m_fromProgram) {
+            if (!m_bFromProgram) {
                 notify(LBN_SELCHANGE);
             }
         });
@@ -33,7 +33,7 @@ std::unique_ptr<CWnd> ListBoxWindow::makeStandIn() const {
 }
 
 LRESULT ListBoxWindow::process(UINT message, WPARAM wParam, LPARAM lParam) {
-    const StateScope fromProgram(m_fromProgram, true);
+    const StateScope fromProgram(m_bFromProgram, true);
     const int index = static_cast<int>(wParam);
     switch (message) {
     case LB_ADDSTRING:
@@ -70,7 +70,7 @@ LRESULT ListBoxWindow::process(UINT message, WPARAM wParam, LPARAM lParam) {
     case LB_SETITEMDATA:
         return processItem(message, index, lParam);
     default: {
-        const StateScope fromUser(m_fromProgram, false); // the mouse and the keyboard come this way
+        const StateScope fromUser(m_bFromProgram, false); // the mouse and the keyboard come this way
         return Window::process(message, wParam, lParam);
     }
     }

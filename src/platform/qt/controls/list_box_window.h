@@ -29,7 +29,7 @@ private:
     void moveCaret(int index);
 
     QListWidget& m_list;
-    bool m_fromProgram = false; ///< changes of the selection are not reported
+    bool m_bFromProgram = false; ///< changes of the selection are not reported
 };
 
 } // namespace qtbackend

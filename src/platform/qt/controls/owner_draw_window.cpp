@@ -20,22 +20,22 @@ public:
     explicit OwnerDrawButton(QWidget* parent) : QAbstractButton(parent) {
         setAttribute(Qt::WA_OpaquePaintEvent);
     }
-    void setWindow(OwnerDrawWindow* window) { m_window = window; }
+    void setWindow(OwnerDrawWindow* window) { m_pWindow = window; }
 
 protected:
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
-        if (!std::exchange(m_painted, true)) {
+        if (!std::exchange(m_bPainted, true)) {
             painter.fillRect(rect(), palette().window());
         }
-        if (m_window != nullptr) {
-            m_window->paint(painter);
+        if (m_pWindow != nullptr) {
+            m_pWindow->paint(painter);
         }
     }
 
 private:
-    QPointer<OwnerDrawWindow> m_window;
-    bool m_painted = false;
+    QPointer<OwnerDrawWindow> m_pWindow;
+    bool m_bPainted = false;
 };
 
 } // namespace
@@ -54,7 +54,7 @@ OwnerDrawWindow::OwnerDrawWindow(Window& parent, const ControlTraits& traits)
 /// The picture is the object's; the text is for tool tip and accessibility. Its first line is the name; the
 /// tool tip serves as the description.
 void OwnerDrawWindow::setText(const QString& text) {
-    m_text = text;
+    m_strText = text;
     widget()->setToolTip(text);
     widget()->setAccessibleName(text.section(QLatin1Char('\n'), 0, 0));
 }

@@ -12,7 +12,7 @@ public:
     OwnerDrawWindow(Window& parent, const ControlTraits& traits);
 
     LRESULT process(UINT message, WPARAM wParam, LPARAM lParam) override;
-    QString text() const override { return m_text; }
+    QString text() const override { return m_strText; }
     void setText(const QString& text) override;
 
     bool hearsMouse() const override { return true; }
@@ -26,7 +26,7 @@ protected:
 private:
     UINT itemState() const;
 
-    QString m_text;
+    QString m_strText;
 };
 
 } // namespace qtbackend

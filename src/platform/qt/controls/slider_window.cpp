@@ -45,10 +45,10 @@ AbstractSliderWindow::AbstractSliderWindow(QAbstractSlider* slider, Window& pare
         m_slider.setAccessibleName(traits.text);
     }
     QObject::connect(&m_slider, &QAbstractSlider::actionTriggered, this,
-                     [this](int action) { m_code = codeOf(action); });
+                     [this](int action) { m_nCode = codeOf(action); });
     QObject::connect(&m_slider, &QAbstractSlider::valueChanged, this, [this] {
-        if (!m_fromProgram) {
-            onMoved(std::exchange(m_code, SB_THUMBTRACK));
+        if (!m_bFromProgram) {
+            onMoved(std::exchange(m_nCode, SB_THUMBTRACK));
         }
     });
     QObject::connect(&m_slider, &QAbstractSlider::sliderReleased, this, [this] {
@@ -71,7 +71,7 @@ void AbstractSliderWindow::onMoved(int code) {
 }
 
 LRESULT AbstractSliderWindow::setPosition(int position) {
-    const StateScope fromProgram(m_fromProgram, true);
+    const StateScope fromProgram(m_bFromProgram, true);
     const int former = m_slider.value();
     if (former != position) {
         m_slider.setValue(position);
@@ -81,7 +81,7 @@ LRESULT AbstractSliderWindow::setPosition(int position) {
 
 /// A page is a fifth of the range, as the system has it.
 void AbstractSliderWindow::setRange(int lower, int upper) {
-    const StateScope fromProgram(m_fromProgram, true);
+    const StateScope fromProgram(m_bFromProgram, true);
     m_slider.setRange(lower, upper);
     m_slider.setPageStep(std::max(1, (upper - lower) / 5));
 }
@@ -136,16 +136,16 @@ ScrollBarWindow::ScrollBarWindow(Window& parent, const ControlTraits& traits)
 LRESULT ScrollBarWindow::process(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
     case SBM_GETPOS:
-        return m_position;
+        return m_nPosition;
     case SBM_SETPOS: {
-        const int former = m_position;
-        m_position = std::clamp(static_cast<int>(wParam), slider().minimum(), slider().maximum());
-        setPosition(m_position);
+        const int former = m_nPosition;
+        m_nPosition = std::clamp(static_cast<int>(wParam), slider().minimum(), slider().maximum());
+        setPosition(m_nPosition);
         return former;
     }
     case SBM_SETRANGE:
         setRange(static_cast<int>(wParam), static_cast<int>(lParam));
-        m_position = std::clamp(m_position, slider().minimum(), slider().maximum());
+        m_nPosition = std::clamp(m_nPosition, slider().minimum(), slider().maximum());
         return 0;
     default:
         return Window::process(message, wParam, lParam);
@@ -156,7 +156,7 @@ LRESULT ScrollBarWindow::process(UINT message, WPARAM wParam, LPARAM lParam) {
 void ScrollBarWindow::onMoved(int code) {
     AbstractSliderWindow::onMoved(code);
     if (!isEnding() && !slider().isSliderDown()) {
-        setPosition(m_position);
+        setPosition(m_nPosition);
     }
 }
 

@@ -22,8 +22,8 @@ protected:
 
 private:
     QAbstractSlider& m_slider;
-    int m_code = SB_THUMBTRACK; ///< of the move under way
-    bool m_fromProgram = false; ///< changes of the position are not reported
+    int m_nCode = SB_THUMBTRACK; ///< of the move under way
+    bool m_bFromProgram = false; ///< changes of the position are not reported
 };
 
 /// A trackbar.
@@ -49,7 +49,7 @@ protected:
     void onMoved(int code) override;
 
 private:
-    int m_position = 0; ///< as the parent set it
+    int m_nPosition = 0; ///< as the parent set it
 };
 
 } // namespace qtbackend

@@ -84,7 +84,7 @@ StaticWindow::StaticWindow(Window& parent, const ControlTraits& traits)
 }
 
 void StaticWindow::setText(const QString& text) {
-    m_text = text;
+    m_strText = text;
     if (!isShape(style())) {
         QString shown = text;
         shown.remove(QLatin1Char('&'));

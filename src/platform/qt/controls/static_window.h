@@ -9,7 +9,7 @@ class StaticWindow : public Window {
 public:
     StaticWindow(Window& parent, const ControlTraits& traits);
 
-    QString text() const override { return m_text; }
+    QString text() const override { return m_strText; }
     void setText(const QString& text) override;
     bool capturesMouse() const override { return false; }
 
@@ -18,7 +18,7 @@ protected:
     std::unique_ptr<CWnd> makeStandIn() const override;
 
 private:
-    QString m_text;
+    QString m_strText;
 };
 
 /// A titled frame around other controls.

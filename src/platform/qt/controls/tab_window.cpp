@@ -51,7 +51,7 @@ std::unique_ptr<CWnd> TabWindow::makeStandIn() const {
 }
 
 void TabWindow::onChanged() {
-    if (!m_fromProgram) {
+    if (!m_bFromProgram) {
         NMHDR header;
         notify(header, TCN_SELCHANGE);
     }
@@ -82,12 +82,12 @@ LRESULT TabWindow::process(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 LRESULT TabWindow::insert(int index, const QString& text) {
-    const StateScope fromProgram(m_fromProgram, true);
+    const StateScope fromProgram(m_bFromProgram, true);
     return m_tabs.insertTab(index, text);
 }
 
 LRESULT TabWindow::select(int index) {
-    const StateScope fromProgram(m_fromProgram, true);
+    const StateScope fromProgram(m_bFromProgram, true);
     const int former = m_tabs.currentIndex();
     if (index >= 0 && index < m_tabs.count()) {
         m_tabs.setCurrentIndex(index);

@@ -24,7 +24,7 @@ private:
     void onChanged();
 
     QTabBar& m_tabs;
-    bool m_fromProgram = false; ///< changes of the selection are not reported
+    bool m_bFromProgram = false; ///< changes of the selection are not reported
 };
 
 } // namespace qtbackend

@@ -26,11 +26,11 @@ public:
         setFocusPolicy(Qt::NoFocus);
         lineEdit()->hide();
     }
-    void setWindow(UpDownWindow* window) { m_window = window; }
+    void setWindow(UpDownWindow* window) { m_pWindow = window; }
     void stepBy(int steps) override {
         const int runsBefore = modalRuns();
-        if (m_window != nullptr) {
-            m_window->step(steps > 0);
+        if (m_pWindow != nullptr) {
+            m_pWindow->step(steps > 0);
         }
         if (modalRuns() != runsBefore) {
             release();
@@ -58,7 +58,7 @@ private:
         focusOutEvent(&lost);
     }
 
-    QPointer<UpDownWindow> m_window;
+    QPointer<UpDownWindow> m_pWindow;
 };
 
 } // namespace
@@ -119,23 +119,23 @@ LRESULT UpDownWindow::process(UINT message, WPARAM wParam, LPARAM lParam) {
     case UDM_GETBUDDY:
         return reinterpret_cast<LRESULT>(m_buddy);
     case UDM_SETRANGE32:
-        m_lower = static_cast<int>(wParam);
-        m_upper = static_cast<int>(lParam);
+        m_nLower = static_cast<int>(wParam);
+        m_nUpper = static_cast<int>(lParam);
         return 0;
     case UDM_SETPOS32:
         return setPosition(static_cast<int>(lParam));
     case UDM_GETPOS32:
-        return m_position;
+        return m_nPosition;
     default:
         return Window::process(message, wParam, lParam);
     }
 }
 
 int UpDownWindow::setPosition(int position) {
-    const auto [low, high] = std::minmax(m_lower, m_upper);
-    const int former = std::exchange(m_position, std::clamp(position, low, high));
+    const auto [low, high] = std::minmax(m_nLower, m_nUpper);
+    const int former = std::exchange(m_nPosition, std::clamp(position, low, high));
     if ((style() & UDS_SETBUDDYINT) != 0 && buddy() != nullptr) {
-        buddy()->setText(QString::number(m_position));
+        buddy()->setText(QString::number(m_nPosition));
     }
     return former;
 }
@@ -146,15 +146,15 @@ void UpDownWindow::step(bool up) {
     }
     const QPointer<UpDownWindow> alive = this;
     NMUPDOWN record;
-    record.iPos = m_position;
-    record.iDelta = up == (m_upper >= m_lower) ? 1 : -1;
+    record.iPos = m_nPosition;
+    record.iDelta = up == (m_nUpper >= m_nLower) ? 1 : -1;
     const LRESULT veto = notify(record.hdr, UDN_DELTAPOS);
     if (alive == nullptr || isEnding() || veto != 0) {
         return;
     }
-    const auto [low, high] = std::minmax(m_lower, m_upper);
-    const int next = std::clamp(m_position + record.iDelta, low, high);
-    if (next != m_position) {
+    const auto [low, high] = std::minmax(m_nLower, m_nUpper);
+    const int next = std::clamp(m_nPosition + record.iDelta, low, high);
+    if (next != m_nPosition) {
         setPosition(next);
     }
 }

@@ -28,9 +28,9 @@ private:
     int setPosition(int position);
 
     HWND m_buddy = nullptr;
-    int m_lower = 100;
-    int m_upper = 0;
-    int m_position = 0;
+    int m_nLower = 100;
+    int m_nUpper = 0;
+    int m_nPosition = 0;
 };
 
 } // namespace qtbackend
