@@ -145,12 +145,12 @@ void selectPoints(CBenchPanel& panel, int side) {
 }
 
 void benchRaise(CMemoryMap& map) {
-    constexpr int side = LARGE_SIDE;
+    constexpr int SIDE = LARGE_SIDE;
     CBenchPanel panel(map);
-    selectPoints(panel, side);
+    selectPoints(panel, SIDE);
     strokeStart(panel, 0, 0, 0, 0);
     const auto update = [&panel] { strokeUpdate(panel, 0, 0, nextAmount()); };
-    const auto seconds = bench::medianSeconds({update, [&map] { raiseBare(map, side); }}, ROUNDS);
+    const auto seconds = bench::medianSeconds({update, [&map] { raiseBare(map, SIDE); }}, ROUNDS);
     bench::printRatio("raise a selection of 1025 x 1025 points / bare get and set", seconds[0], seconds[1],
                       1.30);
     g_mapUndoList.clear();
@@ -210,10 +210,10 @@ double median(std::vector<double> values) {
 }
 
 void benchUndo(CMemoryMap& map) {
-    constexpr int side = LARGE_SIDE;
+    constexpr int SIDE = LARGE_SIDE;
     CBenchPanel panel(map);
     std::vector<MapUndoRecord> records;
-    recordAll(map, side, [&records](const MapUndoRecord& record) {
+    recordAll(map, SIDE, [&records](const MapUndoRecord& record) {
         if (records.size() < CMapUndoList::CAPACITY) {
             records.push_back(record);
         }
@@ -227,9 +227,9 @@ void benchUndo(CMemoryMap& map) {
         }
         stack.clear();
         stack.push(new CStrokeCommand(map, records));
-        raiseBare(map, side);
+        raiseBare(map, SIDE);
         ours.push_back(secondsOf([&panel] { undo(panel); }));
-        raiseBare(map, side);
+        raiseBare(map, SIDE);
         theirs.push_back(secondsOf([&stack] { stack.undo(); }));
     }
     bench::printRatio("undo 100,000 records / QUndoStack", median(ours), median(theirs), 1.20);

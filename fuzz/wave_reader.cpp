@@ -48,9 +48,9 @@ std::size_t readAll(CWaveReader& reader, std::size_t most) {
 
 // Any bytes as a WAV file on disk: opened, read to the end twice, never more than the file holds.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    static const MemoryFile file;
+    static const MemoryFile FILE;
     CWaveReader reader;
-    if (FAILED(reader.open(file.write(data, size)))) {
+    if (FAILED(reader.open(FILE.write(data, size)))) {
         return 0;
     }
     const DWORD claimed = reader.dataChunk().cksize;

@@ -146,7 +146,7 @@ void CMainWindow::followState() {
 void CMainWindow::showTitle() {
     setWindowTitle(tr("%1[*] - Terrain sandbox").arg(m_document.name()));
     setWindowModified(m_document.isModified());
-    m_pSaveAction->setText(m_document.kind() == CMapDocument::EKind::heightmap ? tr("&Save Heightmap")
+    m_pSaveAction->setText(m_document.kind() == CMapDocument::EKind::HEIGHTMAP ? tr("&Save Heightmap")
                                                                                : tr("&Save Project"));
 }
 

@@ -82,7 +82,7 @@ void CMainWindow::makeViewMenu() {
     m_pFlyAction->setChecked(true);
     m_pFlyAction->setShortcut(Qt::Key_F);
     connect(m_pFlyAction, &QAction::toggled, this, [this](bool fly) {
-        m_pView->setCameraMode(fly ? CMapView::ECameraMode::fly : CMapView::ECameraMode::orbit);
+        m_pView->setCameraMode(fly ? CMapView::ECameraMode::FLY : CMapView::ECameraMode::ORBIT);
         statusBar()->showMessage(fly ? tr("Right drag looks around") : tr("Right drag turns the map"), 3000);
     });
     QAction* reset = menu->addAction(tr("&Reset Camera"), Qt::Key_Home, m_pView, &CMapView::resetCamera);

@@ -23,8 +23,8 @@ constexpr double STEEPEST_UNIT = 0.05; // world units that a height unit may hav
 constexpr double FIRST_WATER = 0.04;   // of the way from the lowest ground to the highest
 
 const QString& samples() {
-    static const QString folder = QStringLiteral(SANDBOX_SAMPLES);
-    return folder;
+    static const QString FOLDER = QStringLiteral(SANDBOX_SAMPLES);
+    return FOLDER;
 }
 
 /// The samples are kept as they are: what a person makes of one is saved in a place of their own.
@@ -147,7 +147,7 @@ CMapDocument::Outcome CMapDocument::openHeightmap(const QString& path,
     adopt(makeContents(reading.map, info.absolutePath()), beforeSwap);
     m_projectFile = {};
     dropAutosave(); // of what was open: its changes are saved or given up
-    belongTo(EKind::heightmap, path);
+    belongTo(EKind::HEIGHTMAP, path);
     lookForTexturesIn(info.absolutePath());
     if (reading.isCropped()) { // saving a part of a picture over the whole would lose the rest of it
         m_strPath.clear();
@@ -174,7 +174,7 @@ CMapDocument::Outcome CMapDocument::openProject(const QString& path,
     const QFileInfo info(path);
     const QString folder = info.isDir() ? info.absoluteFilePath() : info.absolutePath();
     dropAutosave(); // of what was open
-    belongTo(EKind::project, folder);
+    belongTo(EKind::PROJECT, folder);
     lookForTexturesIn(folder);
     return {};
 }
@@ -207,7 +207,7 @@ QString CMapDocument::placeForTextures() const {
     if (m_strPath.isEmpty()) {
         return "the textures folder of a project of yours";
     }
-    const QString folder = m_kind == EKind::project ? m_strPath : QFileInfo(m_strPath).absolutePath();
+    const QString folder = m_kind == EKind::PROJECT ? m_strPath : QFileInfo(m_strPath).absolutePath();
     return folder + '/' + PROJECT_TEXTURE_FOLDER;
 }
 
@@ -218,12 +218,12 @@ CMapDocument::Outcome CMapDocument::saveHeightmap(const QString& path) {
     if (!reason.isEmpty()) {
         return {failedTo("save", path, reason), {}};
     }
-    if (m_kind != EKind::project) {
-        m_nSavedHeights = m_pMap->getChangeCount(EMapChange::heights);
+    if (m_kind != EKind::PROJECT) {
+        m_nSavedHeights = m_pMap->getChangeCount(EMapChange::HEIGHTS);
         if (!isModified()) {
             dropAutosave();
         }
-        belongTo(EKind::heightmap, path);
+        belongTo(EKind::HEIGHTMAP, path);
     }
     return {};
 }
@@ -239,7 +239,7 @@ CMapDocument::Outcome CMapDocument::saveProject(const QString& folder) {
         return {failedTo("save", fault.path, fault.reason), {}};
     }
     dropAutosave();
-    belongTo(EKind::project, folder);
+    belongTo(EKind::PROJECT, folder);
     dropAutosave();
     lookForTexturesIn(m_strPath.isEmpty() ? folder : m_strPath);
     rememberState();
@@ -255,7 +255,7 @@ CMapDocument::Outcome CMapDocument::autosave() {
         m_nAutosaved = 0;
         return {failedTo("save", fault.path, fault.reason), {}};
     }
-    const std::uint64_t state = qHashMulti(m_pMap->getChangeCount(EMapChange::heights), otherState());
+    const std::uint64_t state = qHashMulti(m_pMap->getChangeCount(EMapChange::HEIGHTS), otherState());
     if (m_strPath.isEmpty() || !isModified() || state == m_nAutosaved) {
         return {};
     }
@@ -300,7 +300,7 @@ void CMapDocument::dropAutosave() {
 }
 
 bool CMapDocument::hasHeightChanges() const {
-    return m_pMap->getChangeCount(EMapChange::heights) != m_nSavedHeights;
+    return m_pMap->getChangeCount(EMapChange::HEIGHTS) != m_nSavedHeights;
 }
 
 bool CMapDocument::hasOtherChanges() const {
@@ -308,11 +308,11 @@ bool CMapDocument::hasOtherChanges() const {
 }
 
 std::uint64_t CMapDocument::otherState() const {
-    return qHashMulti(m_pMap->getChangeCount(EMapChange::surface), recordsHash(*m_pMap, *m_pScene));
+    return qHashMulti(m_pMap->getChangeCount(EMapChange::SURFACE), recordsHash(*m_pMap, *m_pScene));
 }
 
 void CMapDocument::rememberState() {
-    m_nSavedHeights = m_pMap->getChangeCount(EMapChange::heights);
+    m_nSavedHeights = m_pMap->getChangeCount(EMapChange::HEIGHTS);
     m_nSavedOther = otherState();
 }
 

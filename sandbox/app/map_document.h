@@ -15,7 +15,7 @@
 class CMapDocument {
 public:
     /// What the map came from and goes back to. A heightmap keeps the heights alone, a project all of it.
-    enum class EKind { nothing, heightmap, project };
+    enum class EKind { NOTHING, HEIGHTMAP, PROJECT };
 
     /// Level ground without a file.
     CMapDocument();
@@ -91,7 +91,7 @@ private:
 
     std::unique_ptr<CMemoryScene> m_pScene; // outlives the map
     std::unique_ptr<CMemoryMap> m_pMap;
-    EKind m_kind = EKind::nothing;
+    EKind m_kind = EKind::NOTHING;
     QString m_strPath;
     QString m_strName;
     QString m_strTextureFolder;

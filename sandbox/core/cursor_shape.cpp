@@ -71,7 +71,7 @@ std::array<CCursorShape, KINDS> makeShapes() {
 } // namespace
 
 const CCursorShape& cursorShape(int kind) {
-    static const std::array<CCursorShape, KINDS> shapes = makeShapes();
-    static const CCursorShape nothing;
-    return kind >= 0 && kind < KINDS ? shapes[static_cast<std::size_t>(kind)] : nothing;
+    static const std::array<CCursorShape, KINDS> SHAPES = makeShapes();
+    static const CCursorShape NOTHING;
+    return kind >= 0 && kind < KINDS ? SHAPES[static_cast<std::size_t>(kind)] : NOTHING;
 }

@@ -15,10 +15,10 @@ constexpr std::int64_t DEFLATE_MAX_RATIO = 1032; // RFC 1951: 258 bytes from two
 
 /// Whether the file ends with the chunk that ends a PNG. Qt shows what it can of a picture that is cut short.
 bool endsWhole(const QString& path) {
-    static const QByteArray end("\0\0\0\0IEND\xAE\x42\x60\x82", 12);
+    static const QByteArray END("\0\0\0\0IEND\xAE\x42\x60\x82", 12);
     QFile file(path);
-    return file.open(QIODevice::ReadOnly) && file.size() > end.size() &&
-           file.seek(file.size() - end.size()) && file.readAll() == end;
+    return file.open(QIODevice::ReadOnly) && file.size() > END.size() &&
+           file.seek(file.size() - END.size()) && file.readAll() == END;
 }
 
 std::size_t rowBytes(int edge) {

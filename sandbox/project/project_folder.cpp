@@ -125,12 +125,12 @@ void removeLayers(const QDir& folder, const QStringList& names) {
 /// The layers that the project file now in the folder refers to, as far as a save gave them their names. A
 /// picture that a person put there under another name is theirs and stays.
 QStringList layersToReplace(const QDir& folder) {
-    static const QRegularExpression ours("^(heights|blends|colours|water)\\.[0-9]+\\.png$");
+    static const QRegularExpression OURS("^(heights|blends|colours|water)\\.[0-9]+\\.png$");
     CProject earlier;
     if (!readSettings(folder.filePath(PROJECT_FILE_NAME), earlier).reason.isEmpty()) {
         return {};
     }
-    return filesOf(earlier.settings.layers).filter(ours);
+    return filesOf(earlier.settings.layers).filter(OURS);
 }
 
 CProjectFault writeSettings(const QDir& folder, const CProjectSettings& settings,

@@ -57,7 +57,7 @@ void fillLake(CMapDocument& document) {
     CMemoryMap& map = document.map();
     document.setWaterLevel(LAKE_LEVEL);
     map.addWater(LAKE_X, LAKE_Z);
-    map.setCurrentMultiTexture(static_cast<int>(EGround::sand));
+    map.setCurrentMultiTexture(static_cast<int>(EGround::SAND));
     for (int z = 0; z <= map.getGridDim(); ++z) {
         for (int x = 0; x <= map.getGridDim(); ++x) {
             const auto above = static_cast<float>(map.getPointHeight(x, z) - LAKE_LEVEL);
@@ -66,7 +66,7 @@ void fillLake(CMapDocument& document) {
             }
         }
     }
-    map.setCurrentMultiTexture(static_cast<int>(EGround::meadow));
+    map.setCurrentMultiTexture(static_cast<int>(EGround::MEADOW));
 }
 
 void layFields(CMemoryMap& map, qxCTexture* furrows) {

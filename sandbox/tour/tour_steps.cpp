@@ -3,7 +3,7 @@
 
 const std::vector<CTourStep>& tourSteps() {
     using namespace tour;
-    static const std::vector<CTourStep> steps{
+    static const std::vector<CTourStep> STEPS{
         {"landscape", showLandscape},
         {"closer", comeCloser},
         {"map-editor", openEditor},
@@ -52,5 +52,5 @@ const std::vector<CTourStep>& tourSteps() {
         {"reopened", reopenPanel},
         {"saved", saveMap},
     };
-    return steps;
+    return STEPS;
 }

@@ -3,7 +3,7 @@
 #include "host/veskutil.h"
 
 const CEditorCalls& toolkitCalls() {
-    static constexpr CEditorCalls calls{vuIsEditorActive, vuStartEditing, vuUpdateEditing, vuStopEditing,
+    static constexpr CEditorCalls CALLS{vuIsEditorActive, vuStartEditing, vuUpdateEditing, vuStopEditing,
                                         vuUpdateCursor};
-    return calls;
+    return CALLS;
 }

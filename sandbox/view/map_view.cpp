@@ -150,8 +150,8 @@ std::uint64_t CMapView::mapState() const {
     // Each count only ever grows, so the sum changes whenever one of them does.
     std::uint64_t state = 0;
     for (const EMapChange kind :
-         {EMapChange::heights, EMapChange::surface, EMapChange::markers, EMapChange::details,
-          EMapChange::textures, EMapChange::material, EMapChange::editCursors}) {
+         {EMapChange::HEIGHTS, EMapChange::SURFACE, EMapChange::MARKERS, EMapChange::DETAILS,
+          EMapChange::TEXTURES, EMapChange::MATERIAL, EMapChange::EDIT_CURSORS}) {
         state += m_pMap->getChangeCount(kind);
     }
     const qxCScene* scene = m_pMap->getScene();
@@ -190,29 +190,29 @@ std::optional<QPointF> CMapView::project(const QVector3D& place) const {
 
 CMapView::EDrag CMapView::dragFor(const QMouseEvent& event) const {
     if (isRound(event)) {
-        return EDrag::orbit;
+        return EDrag::ORBIT;
     }
     if (event.button() == Qt::RightButton) {
-        return m_cameraMode == ECameraMode::fly ? EDrag::look : EDrag::orbit;
+        return m_cameraMode == ECameraMode::FLY ? EDrag::LOOK : EDrag::ORBIT;
     }
-    return event.button() == Qt::LeftButton ? EDrag::stroke : EDrag::none;
+    return event.button() == Qt::LeftButton ? EDrag::STROKE : EDrag::NONE;
 }
 
 void CMapView::mousePressEvent(QMouseEvent* event) {
-    if (m_drag != EDrag::none || m_pMap == nullptr) {
+    if (m_drag != EDrag::NONE || m_pMap == nullptr) {
         return; // one drag at a time; other buttons wait
     }
     m_lastPosition = event->position();
     m_drag = dragFor(*event);
-    if (m_drag == EDrag::stroke && !toolkitCalls().isEditorActive()) {
-        m_drag = EDrag::orbit;
+    if (m_drag == EDrag::STROKE && !toolkitCalls().isEditorActive()) {
+        m_drag = EDrag::ORBIT;
     }
-    if (m_drag == EDrag::stroke) {
+    if (m_drag == EDrag::STROKE) {
         const auto hit = pick(event->position());
         if (!m_strokes.press(hit, static_cast<int>(event->position().y()))) {
-            m_drag = EDrag::none;
+            m_drag = EDrag::NONE;
         }
-    } else if (m_drag == EDrag::orbit) {
+    } else if (m_drag == EDrag::ORBIT) {
         if (const auto centre = pickTerrain(heightFieldOf(*m_pMap), m_camera.ray(0.0, 0.0, aspect()))) {
             m_camera.setPivotDistance(centre->distance);
         }
@@ -222,7 +222,7 @@ void CMapView::mousePressEvent(QMouseEvent* event) {
 
 void CMapView::mouseMoveEvent(QMouseEvent* event) {
     const auto hit = pick(event->position());
-    if (m_drag == EDrag::none || m_drag == EDrag::stroke) {
+    if (m_drag == EDrag::NONE || m_drag == EDrag::STROKE) {
         m_strokes.move(hit, static_cast<int>(event->position().y()));
         if (!hit.has_value()) {
             hideCursor();
@@ -236,7 +236,7 @@ void CMapView::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void CMapView::turnCamera(QPointF way) {
-    if (m_drag == EDrag::look) {
+    if (m_drag == EDrag::LOOK) {
         m_camera.look(way.x() * TURN_PER_PIXEL, -way.y() * TURN_PER_PIXEL);
     } else {
         m_camera.orbit(way.x() * TURN_PER_PIXEL, -way.y() * TURN_PER_PIXEL);
@@ -245,22 +245,22 @@ void CMapView::turnCamera(QPointF way) {
 }
 
 void CMapView::mouseReleaseEvent(QMouseEvent* event) {
-    const bool endsStroke = m_drag == EDrag::stroke && event->button() == Qt::LeftButton;
-    if (m_drag == EDrag::stroke && !endsStroke) {
+    const bool endsStroke = m_drag == EDrag::STROKE && event->button() == Qt::LeftButton;
+    if (m_drag == EDrag::STROKE && !endsStroke) {
         return;
     }
     if (endsStroke) {
         m_strokes.release();
     }
-    m_drag = EDrag::none;
+    m_drag = EDrag::NONE;
     noticeChanges();
 }
 
 void CMapView::wheelEvent(QWheelEvent* event) {
     const double steps = event->angleDelta().y() / WHEEL_STEP;
-    if (m_drag == EDrag::look) {
+    if (m_drag == EDrag::LOOK) {
         m_fSpeed = std::clamp(m_fSpeed * std::pow(SPEED_PER_STEP, steps), 1.0, m_camera.farDistance());
-    } else if (m_drag != EDrag::stroke) {
+    } else if (m_drag != EDrag::STROKE) {
         const double factor = std::pow(ZOOM_PER_STEP, steps);
         if (const auto hit = pick(event->position())) {
             m_camera.approachPoint(hit->point, factor);

@@ -13,7 +13,7 @@ class CMapView : public QOpenGLWidget {
     Q_OBJECT
 
 public:
-    enum class ECameraMode { fly, orbit };
+    enum class ECameraMode { FLY, ORBIT };
 
     explicit CMapView(QWidget* parent = nullptr);
     ~CMapView() override;
@@ -56,7 +56,7 @@ protected:
     void leaveEvent(QEvent* event) override;
 
 private:
-    enum class EDrag { none, stroke, look, orbit };
+    enum class EDrag { NONE, STROKE, LOOK, ORBIT };
 
     EDrag dragFor(const QMouseEvent& event) const;
     void turnCamera(QPointF way);
@@ -75,8 +75,8 @@ private:
     CViewOptions m_options;
     CStrokeController m_strokes{toolkitCalls()};
     CFlyKeys m_flyKeys;
-    ECameraMode m_cameraMode = ECameraMode::fly;
-    EDrag m_drag = EDrag::none;
+    ECameraMode m_cameraMode = ECameraMode::FLY;
+    EDrag m_drag = EDrag::NONE;
     QPointF m_lastPosition;
     double m_fSpeed = 1.0; // world units a second
     QElapsedTimer m_sinceFlown;

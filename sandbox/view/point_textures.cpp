@@ -19,7 +19,7 @@ struct CAttributeFormat {
     bool filtered; // interpolated between points and at a distance
 };
 
-constexpr std::array<CAttributeFormat, static_cast<std::size_t>(CPointTextures::EUnit::count)> FORMATS{{
+constexpr std::array<CAttributeFormat, static_cast<std::size_t>(CPointTextures::EUnit::COUNT)> FORMATS{{
     {Format::R16U, Pixel::Red_Integer, Type::UInt16, false}, // heights
     {Format::RG16_SNorm, Pixel::RG, Type::Int16, true},      // normals
     {Format::RGBA8_UNorm, Pixel::BGRA, Type::UInt8, true},   // colours
@@ -102,10 +102,10 @@ void CPointTextures::sendHeights(const CMemoryMap& map, const CGridRect& points)
     const int edge = map.getGridDim() + 1;
     const auto first = static_cast<std::size_t>(points.z0) * static_cast<std::size_t>(edge) +
                        static_cast<std::size_t>(points.x0);
-    send(*at(EUnit::heights), FORMATS[0], points, edge, map.getHeights().data() + first);
+    send(*at(EUnit::HEIGHTS), FORMATS[0], points, edge, map.getHeights().data() + first);
     const CGridRect leaning = grownByOne(points, map.getGridDim());
     const std::vector<std::int16_t> normals = groundNormals(heightFieldOf(map), leaning);
-    send(*at(EUnit::normals), FORMATS[1], leaning, leaning.x1 - leaning.x0 + 1, normals.data());
+    send(*at(EUnit::NORMALS), FORMATS[1], leaning, leaning.x1 - leaning.x0 + 1, normals.data());
     m_bStaleMipmaps = true;
 }
 
@@ -113,9 +113,9 @@ void CPointTextures::sendSurface(const CMemoryMap& map, const CGridRect& points)
     const int edge = map.getGridDim() + 1;
     const auto first = static_cast<std::size_t>(points.z0) * static_cast<std::size_t>(edge) +
                        static_cast<std::size_t>(points.x0);
-    send(*at(EUnit::colours), FORMATS[2], points, edge, map.getColours().data() + first);
-    send(*at(EUnit::blends), FORMATS[3], points, edge, map.getBlends().data() + first);
-    send(*at(EUnit::water), FORMATS[4], points, edge, map.getWaterFlags().data() + first);
+    send(*at(EUnit::COLOURS), FORMATS[2], points, edge, map.getColours().data() + first);
+    send(*at(EUnit::BLENDS), FORMATS[3], points, edge, map.getBlends().data() + first);
+    send(*at(EUnit::WATER), FORMATS[4], points, edge, map.getWaterFlags().data() + first);
     m_bStaleMipmaps = true;
 }
 
@@ -123,14 +123,14 @@ void CPointTextures::sendMarkers(const CMemoryMap& map, const CGridRect& points)
     const int edge = map.getGridDim() + 1;
     const auto first = static_cast<std::size_t>(points.z0) * static_cast<std::size_t>(edge) +
                        static_cast<std::size_t>(points.x0);
-    send(*at(EUnit::markers), FORMATS[5], points, edge, map.getMarkers().data() + first);
+    send(*at(EUnit::MARKERS), FORMATS[5], points, edge, map.getMarkers().data() + first);
 }
 
 void CPointTextures::refreshMipmaps() {
     if (!m_bStaleMipmaps) {
         return;
     }
-    for (const EUnit unit : {EUnit::normals, EUnit::colours, EUnit::blends}) {
+    for (const EUnit unit : {EUnit::NORMALS, EUnit::COLOURS, EUnit::BLENDS}) {
         at(unit)->generateMipMaps();
     }
     m_bStaleMipmaps = false;

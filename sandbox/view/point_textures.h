@@ -20,7 +20,7 @@ public:
     bool hasStaleMipmaps() const { return m_bStaleMipmaps; }
     void destroy();
 
-    enum class EUnit { heights, normals, colours, blends, water, markers, count };
+    enum class EUnit { HEIGHTS, NORMALS, COLOURS, BLENDS, WATER, MARKERS, COUNT };
     /// Bind each texture to the unit of its number.
     void bind();
 
@@ -32,7 +32,7 @@ private:
     void sendSurface(const CMemoryMap& map, const CGridRect& points);
     void sendMarkers(const CMemoryMap& map, const CGridRect& points);
 
-    std::array<Texture, static_cast<std::size_t>(EUnit::count)> m_textures;
+    std::array<Texture, static_cast<std::size_t>(EUnit::COUNT)> m_textures;
     bool m_bStaleMipmaps = false;
 };
 

@@ -13,7 +13,7 @@ const QVector3D SUN = QVector3D(-0.62F, 0.60F, 0.02F).normalized();
 constexpr double LEVEL_TOLERANCE = 0.75; // pixels that a coarser level may stray
 constexpr float FOG_DISTANCE = 0.9F;     // of the map's width
 constexpr float BASE_DEPTH = 0.03F;      // of the map's width, from the lowest ground to the underside
-constexpr int FIRST_BASE_UNIT = static_cast<int>(CPointTextures::EUnit::count);
+constexpr int FIRST_BASE_UNIT = static_cast<int>(CPointTextures::EUnit::COUNT);
 
 QVector3D toVector(const qxCColour& colour) {
     constexpr float FULL = 255.0F;
@@ -36,16 +36,16 @@ void CTerrainRenderer::create() {
     m_overlay.create();
     using EUnit = CPointTextures::EUnit;
     m_pGround->bind();
-    m_pGround->setUniformValue("uHeights", unitOf(EUnit::heights));
-    m_pGround->setUniformValue("uNormals", unitOf(EUnit::normals));
-    m_pGround->setUniformValue("uColours", unitOf(EUnit::colours));
-    m_pGround->setUniformValue("uBlends", unitOf(EUnit::blends));
-    m_pGround->setUniformValue("uMarkers", unitOf(EUnit::markers));
+    m_pGround->setUniformValue("uHeights", unitOf(EUnit::HEIGHTS));
+    m_pGround->setUniformValue("uNormals", unitOf(EUnit::NORMALS));
+    m_pGround->setUniformValue("uColours", unitOf(EUnit::COLOURS));
+    m_pGround->setUniformValue("uBlends", unitOf(EUnit::BLENDS));
+    m_pGround->setUniformValue("uMarkers", unitOf(EUnit::MARKERS));
     m_pGround->setUniformValue("uSmooth", FIRST_BASE_UNIT);
     m_pGround->setUniformValue("uRough", FIRST_BASE_UNIT + 1);
     m_pWater->bind();
-    m_pWater->setUniformValue("uHeights", unitOf(EUnit::heights));
-    m_pWater->setUniformValue("uWater", unitOf(EUnit::water));
+    m_pWater->setUniformValue("uHeights", unitOf(EUnit::HEIGHTS));
+    m_pWater->setUniformValue("uWater", unitOf(EUnit::WATER));
     m_pWater->setUniformValue("uWaterTexture", FIRST_BASE_UNIT + 2);
     if (m_pMap != nullptr) {
         setMap(m_pMap);
@@ -112,14 +112,14 @@ void CTerrainRenderer::takeChanges(bool hurried) {
     if (!hurried || m_pMap->getGridDim() < SMALL_MAP) {
         m_points.refreshMipmaps();
     }
-    if (m_nTextureChanges != m_pMap->getChangeCount(EMapChange::textures)) {
+    if (m_nTextureChanges != m_pMap->getChangeCount(EMapChange::TEXTURES)) {
         refreshBaseTextures();
     }
 }
 
 void CTerrainRenderer::refreshBaseTextures() {
     m_details.forgetTextures();
-    m_nTextureChanges = m_pMap->getChangeCount(EMapChange::textures);
+    m_nTextureChanges = m_pMap->getChangeCount(EMapChange::TEXTURES);
     for (const qxMapLayerType layer : {qxMapLayerSmooth, qxMapLayerRough, qxMapLayerWater}) {
         m_baseTextures[static_cast<std::size_t>(layer)] = loadBaseTexture(m_pMap->getTexture(layer));
     }

@@ -4,8 +4,8 @@
 
 namespace {
 
-constexpr std::uint16_t ordinalMark = 0xFFFF;
-constexpr std::uint32_t replacementCharacter = 0xFFFD;
+constexpr std::uint16_t ORDINAL_MARK = 0xFFFF;
+constexpr std::uint32_t REPLACEMENT_CHARACTER = 0xFFFD;
 
 void appendUtf8(std::string& text, std::uint32_t codePoint) {
     const auto append = [&text](std::uint32_t byte) { text += static_cast<char>(byte); };
@@ -69,22 +69,22 @@ std::string ByteReader::readUtf16Text() {
             continue;
         }
         if (high != 0) {
-            appendUtf8(text, replacementCharacter);
+            appendUtf8(text, REPLACEMENT_CHARACTER);
         }
         high = isHighSurrogate(unit) ? unit : 0;
         if (high == 0) {
-            appendUtf8(text, isLowSurrogate(unit) ? replacementCharacter : unit);
+            appendUtf8(text, isLowSurrogate(unit) ? REPLACEMENT_CHARACTER : unit);
         }
     }
     if (high != 0) {
-        appendUtf8(text, replacementCharacter);
+        appendUtf8(text, REPLACEMENT_CHARACTER);
     }
     return text;
 }
 
 ResourceName readResourceName(ByteReader& reader) {
     ByteReader ahead = reader;
-    if (ahead.readU16() == ordinalMark) {
+    if (ahead.readU16() == ORDINAL_MARK) {
         const int ordinal = ahead.readU16();
         reader = ahead;
         return {{}, ordinal};

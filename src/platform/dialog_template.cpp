@@ -6,22 +6,22 @@
 
 namespace {
 
-constexpr std::uint16_t extendedVersion = 1;
-constexpr std::uint16_t extendedSignature = 0xFFFF;
-constexpr std::uint32_t styleHasFont = 0x40;
-constexpr int firstClassAtom = 0x80;
+constexpr std::uint16_t EXTENDED_VERSION = 1;
+constexpr std::uint16_t EXTENDED_SIGNATURE = 0xFFFF;
+constexpr std::uint32_t STYLE_HAS_FONT = 0x40;
+constexpr int FIRST_CLASS_ATOM = 0x80;
 /// The first six have an atom each, from firstClassAtom on.
-constexpr std::array registeredClasses = {"Button",
-                                          "Edit",
-                                          "Static",
-                                          "ListBox",
-                                          "ScrollBar",
-                                          "ComboBox",
-                                          "msctls_updown32",
-                                          "msctls_trackbar32",
-                                          "msctls_progress32",
-                                          "SysTabControl32"};
-constexpr std::size_t classAtoms = 6;
+constexpr std::array REGISTERED_CLASSES = {"Button",
+                                           "Edit",
+                                           "Static",
+                                           "ListBox",
+                                           "ScrollBar",
+                                           "ComboBox",
+                                           "msctls_updown32",
+                                           "msctls_trackbar32",
+                                           "msctls_progress32",
+                                           "SysTabControl32"};
+constexpr std::size_t CLASS_ATOMS = 6;
 
 DialogRect readRect(ByteReader& reader) {
     DialogRect rect;
@@ -46,15 +46,15 @@ bool equalsIgnoringCase(const std::string& a, const char* b) {
 /// The class name, or an empty text for an atom that stands for none.
 std::string classNameOf(const ResourceName& name) {
     if (name.ordinal < 0) {
-        for (const char* registered : registeredClasses) {
+        for (const char* registered : REGISTERED_CLASSES) {
             if (equalsIgnoringCase(name.text, registered)) {
                 return registered;
             }
         }
         return name.text;
     }
-    const auto index = static_cast<std::size_t>(name.ordinal - firstClassAtom);
-    return name.ordinal >= firstClassAtom && index < classAtoms ? registeredClasses[index] : "";
+    const auto index = static_cast<std::size_t>(name.ordinal - FIRST_CLASS_ATOM);
+    return name.ordinal >= FIRST_CLASS_ATOM && index < CLASS_ATOMS ? REGISTERED_CLASSES[index] : "";
 }
 
 std::optional<DialogItem> readItem(ByteReader& reader) {
@@ -88,7 +88,7 @@ void readFont(ByteReader& reader, DialogTemplate& dialog) {
 
 std::optional<DialogTemplate> readDialogTemplate(std::span<const std::byte> data, int id) {
     ByteReader reader(data);
-    if (reader.readU16() != extendedVersion || reader.readU16() != extendedSignature) {
+    if (reader.readU16() != EXTENDED_VERSION || reader.readU16() != EXTENDED_SIGNATURE) {
         return std::nullopt;
     }
     DialogTemplate dialog;
@@ -101,7 +101,7 @@ std::optional<DialogTemplate> readDialogTemplate(std::span<const std::byte> data
     readResourceName(reader); // menu
     readResourceName(reader); // window class
     dialog.caption = reader.readUtf16Text();
-    if ((dialog.style & styleHasFont) != 0) {
+    if ((dialog.style & STYLE_HAS_FONT) != 0) {
         readFont(reader, dialog);
     }
     for (int i = 0; i < itemCount; ++i) {

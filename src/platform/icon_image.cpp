@@ -7,11 +7,11 @@
 
 namespace {
 
-constexpr std::uint32_t headerSize = 40;
-constexpr std::int32_t largestSide = 256;
+constexpr std::uint32_t HEADER_SIZE = 40;
+constexpr std::int32_t LARGEST_SIDE = 256;
 
 using Colour = std::array<std::uint8_t, 4>; // red, green, blue, alpha
-constexpr std::uint8_t opaque = 255;
+constexpr std::uint8_t FULLY_OPAQUE = 255;
 
 /// The parts of an icon image, all within the data they were read from.
 struct IconParts {
@@ -35,8 +35,8 @@ std::size_t strideOf(std::size_t width, std::size_t bitsPerPixel) {
 }
 
 bool isSupportedDepth(std::size_t bitsPerPixel) {
-    constexpr std::array<std::size_t, 5> depths = {1, 4, 8, 24, 32};
-    return std::ranges::find(depths, bitsPerPixel) != depths.end();
+    constexpr std::array<std::size_t, 5> DEPTHS = {1, 4, 8, 24, 32};
+    return std::ranges::find(DEPTHS, bitsPerPixel) != DEPTHS.end();
 }
 
 bool readPalette(ByteReader& reader, IconParts& parts, std::uint32_t coloursUsed) {
@@ -51,7 +51,7 @@ bool readPalette(ByteReader& reader, IconParts& parts, std::uint32_t coloursUsed
     }
     const auto bytes = reader.readBytes(count * 4);
     for (std::size_t i = 0; i < bytes.size(); i += 4) {
-        parts.palette.push_back({byteAt(bytes, i + 2), byteAt(bytes, i + 1), byteAt(bytes, i), opaque});
+        parts.palette.push_back({byteAt(bytes, i + 2), byteAt(bytes, i + 1), byteAt(bytes, i), FULLY_OPAQUE});
     }
     return true;
 }
@@ -65,9 +65,9 @@ std::optional<IconParts> readHeader(ByteReader& reader) {
     const std::size_t bitsPerPixel = reader.readU16();
     const std::uint32_t compression = reader.readU32();
     reader.skip(12); // image size, resolution
-    const bool sizeFits = width >= 1 && width <= largestSide && doubleHeight >= 2 &&
-                          doubleHeight <= 2 * largestSide && doubleHeight % 2 == 0;
-    if (size != headerSize || compression != 0 || !isSupportedDepth(bitsPerPixel) || !sizeFits) {
+    const bool sizeFits = width >= 1 && width <= LARGEST_SIDE && doubleHeight >= 2 &&
+                          doubleHeight <= 2 * LARGEST_SIDE && doubleHeight % 2 == 0;
+    if (size != HEADER_SIZE || compression != 0 || !isSupportedDepth(bitsPerPixel) || !sizeFits) {
         return std::nullopt;
     }
     IconParts parts;
@@ -104,7 +104,7 @@ std::optional<Colour> colourAt(const IconParts& parts, std::size_t x, std::size_
     const std::size_t bit = x * parts.bitsPerPixel;
     const std::size_t at = row * parts.colourStride + bit / 8;
     if (parts.bitsPerPixel >= 24) {
-        const std::uint8_t alpha = parts.bitsPerPixel == 32 ? byteAt(parts.colours, at + 3) : opaque;
+        const std::uint8_t alpha = parts.bitsPerPixel == 32 ? byteAt(parts.colours, at + 3) : FULLY_OPAQUE;
         return Colour{byteAt(parts.colours, at + 2), byteAt(parts.colours, at + 1), byteAt(parts.colours, at),
                       alpha};
     }
@@ -148,7 +148,7 @@ std::optional<IconImage> readIconImage(std::span<const std::byte> data) {
                 return std::nullopt;
             }
             if (!alphaFromImage) {
-                (*colour)[3] = isMasked(*parts, x, row) ? 0 : opaque;
+                (*colour)[3] = isMasked(*parts, x, row) ? 0 : FULLY_OPAQUE;
             }
             image.pixels.insert(image.pixels.end(), colour->begin(), colour->end());
         }

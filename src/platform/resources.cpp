@@ -7,9 +7,9 @@
 
 namespace {
 
-constexpr int typeIcon = 3;
-constexpr int typeDialog = 5;
-constexpr int typeIconGroup = 14;
+constexpr int TYPE_ICON = 3;
+constexpr int TYPE_DIALOG = 5;
+constexpr int TYPE_ICON_GROUP = 14;
 
 struct ResourceEntry {
     ResourceName type;
@@ -83,13 +83,13 @@ std::optional<int> bestIconOf(std::span<const std::byte> group, int desiredSize)
 } // namespace
 
 std::optional<DialogTemplate> findDialog(std::span<const std::byte> resourceFile, int id) {
-    const auto data = findResource(resourceFile, typeDialog, id);
+    const auto data = findResource(resourceFile, TYPE_DIALOG, id);
     return data ? readDialogTemplate(*data, id) : std::nullopt;
 }
 
 std::optional<IconImage> findIcon(std::span<const std::byte> resourceFile, int id, int desiredSize) {
-    const auto group = findResource(resourceFile, typeIconGroup, id);
+    const auto group = findResource(resourceFile, TYPE_ICON_GROUP, id);
     const auto best = group ? bestIconOf(*group, desiredSize) : std::nullopt;
-    const auto data = best ? findResource(resourceFile, typeIcon, *best) : std::nullopt;
+    const auto data = best ? findResource(resourceFile, TYPE_ICON, *best) : std::nullopt;
     return data ? readIconImage(*data) : std::nullopt;
 }

@@ -185,14 +185,14 @@ TEST_F(MapPoints, DirtyRectanglesCoverJustWhatChangedAndAreTakenOnce) {
     EXPECT_TRUE(m_map.takeDirtyHeights().isEmpty());
     EXPECT_TRUE(m_map.takeDirtySurface().isEmpty());
     EXPECT_TRUE(m_map.takeDirtyMarkers().isEmpty());
-    EXPECT_EQ(m_map.getChangeCount(EMapChange::heights), 2U);
-    EXPECT_EQ(m_map.getChangeCount(EMapChange::surface), 3U);
+    EXPECT_EQ(m_map.getChangeCount(EMapChange::HEIGHTS), 2U);
+    EXPECT_EQ(m_map.getChangeCount(EMapChange::SURFACE), 3U);
 
     m_map.setPointHeight(2, 5, 10, true);
     m_map.setPointColour(0, 3, 3, RED);
     EXPECT_TRUE(m_map.takeDirtyHeights().isEmpty()) << "the same value again is no change";
     EXPECT_TRUE(m_map.takeDirtySurface().isEmpty());
-    EXPECT_EQ(m_map.getChangeCount(EMapChange::heights), 2U);
+    EXPECT_EQ(m_map.getChangeCount(EMapChange::HEIGHTS), 2U);
 }
 
 TEST_F(MapPoints, MarkerChangesAreHeldBackWhileTheLayerIsLocked) {

@@ -20,7 +20,7 @@ qxCColour grey(int level, int alpha = 255) {
 }
 
 const std::vector<PngCase>& pngCases() {
-    static const std::vector<PngCase> cases = {
+    static const std::vector<PngCase> CASES = {
         {"RGB",
          PNG_COLOR_TYPE_RGB,
          8,
@@ -73,7 +73,7 @@ const std::vector<PngCase>& pngCases() {
           {0, 255, 0, 128},
           {255, 0, 0, 255}}},
     };
-    return cases;
+    return CASES;
 }
 
 TEST(Png, EveryKindGivesThePicture) {

@@ -21,16 +21,16 @@ namespace {
 
 /// A sound device on every machine, which plays into a file. OpenAL reads its settings when it is used first.
 bool playIntoFile() {
-    static const CTempDirectory directory;
-    const auto settings = directory.write("alsoft.conf", "[wave]\nfile = /dev/null\n");
+    static const CTempDirectory DIRECTORY;
+    const auto settings = DIRECTORY.write("alsoft.conf", "[wave]\nfile = /dev/null\n");
     return setenv("ALSOFT_DRIVERS", "wave", 1) == 0 && setenv("ALSOFT_CONF", settings.c_str(), 1) == 0;
 }
 
-const bool g_playsIntoFile = playIntoFile();
+const bool PLAYS_INTO_FILE = playIntoFile();
 
-constexpr std::array ALL_CHANGES = {EMapChange::heights,    EMapChange::surface,  EMapChange::markers,
-                                    EMapChange::details,    EMapChange::textures, EMapChange::material,
-                                    EMapChange::editCursors};
+constexpr std::array ALL_CHANGES = {EMapChange::HEIGHTS,     EMapChange::SURFACE,  EMapChange::MARKERS,
+                                    EMapChange::DETAILS,     EMapChange::TEXTURES, EMapChange::MATERIAL,
+                                    EMapChange::EDIT_CURSORS};
 
 std::vector<std::uint64_t> changesOf(const CMemoryMap& map) {
     std::vector<std::uint64_t> counts;

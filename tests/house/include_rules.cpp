@@ -12,7 +12,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-enum class System { StandardOnly, PosixToo, QtToo, OpenAlToo, Anything };
+enum class System { STANDARD_ONLY, POSIX_TOO, QT_TOO, OPEN_AL_TOO, ANYTHING };
 
 /// What one room may include. The longest matching prefix of a file's path decides its room.
 struct Room {
@@ -22,26 +22,26 @@ struct Room {
 };
 
 const std::vector<Room>& rooms() {
-    static const std::vector<Room> all = {
-        {"src/engine/", {"engine/qx_"}, System::StandardOnly},
-        {"src/engine/memory/", {"engine/"}, System::PosixToo},
-        {"src/platform/", {"platform/"}, System::StandardOnly},
-        {"src/platform/qt/", {"platform/"}, System::QtToo},
-        {"src/platform/openal/", {"platform/"}, System::OpenAlToo},
-        {"src/controls/", {"controls/", "platform/", "engine/qx_", "resources/"}, System::StandardOnly},
-        {"src/sound/", {"sound/", "platform/", "engine/qx_"}, System::StandardOnly},
+    static const std::vector<Room> ALL = {
+        {"src/engine/", {"engine/qx_"}, System::STANDARD_ONLY},
+        {"src/engine/memory/", {"engine/"}, System::POSIX_TOO},
+        {"src/platform/", {"platform/"}, System::STANDARD_ONLY},
+        {"src/platform/qt/", {"platform/"}, System::QT_TOO},
+        {"src/platform/openal/", {"platform/"}, System::OPEN_AL_TOO},
+        {"src/controls/", {"controls/", "platform/", "engine/qx_", "resources/"}, System::STANDARD_ONLY},
+        {"src/sound/", {"sound/", "platform/", "engine/qx_"}, System::STANDARD_ONLY},
         {"src/terrain/",
          {"terrain/", "controls/", "sound/", "platform/", "engine/qx_", "resources/"},
-         System::StandardOnly},
+         System::STANDARD_ONLY},
         {"src/movie/",
          {"movie/", "controls/", "sound/", "platform/", "engine/qx_", "resources/"},
-         System::StandardOnly},
+         System::STANDARD_ONLY},
         {"src/host/",
          {"host/", "terrain/", "movie/", "controls/", "sound/", "platform/", "engine/qx_", "resources/"},
-         System::StandardOnly},
-        {"sandbox/", {"sandbox/", "host/veskutil.h", "engine/"}, System::Anything},
+         System::STANDARD_ONLY},
+        {"sandbox/", {"sandbox/", "host/veskutil.h", "engine/"}, System::ANYTHING},
     };
-    return all;
+    return ALL;
 }
 
 /// The one header of a higher room that every room may include: the module-wide state.
@@ -72,17 +72,17 @@ bool isOpenAlHeader(const std::string& name) {
 }
 
 std::optional<std::string> refuseSystem(System allowed, const std::string& name) {
-    if (allowed == System::Anything || isStandardHeader(name)) {
+    if (allowed == System::ANYTHING || isStandardHeader(name)) {
         return std::nullopt;
     }
     if (isQtHeader(name)) {
-        return allowed == System::QtToo ? std::nullopt : std::optional<std::string>("this room knows no Qt");
+        return allowed == System::QT_TOO ? std::nullopt : std::optional<std::string>("this room knows no Qt");
     }
     if (isOpenAlHeader(name)) {
-        return allowed == System::OpenAlToo ? std::nullopt
-                                            : std::optional<std::string>("this room knows no OpenAL");
+        return allowed == System::OPEN_AL_TOO ? std::nullopt
+                                              : std::optional<std::string>("this room knows no OpenAL");
     }
-    if (allowed == System::StandardOnly) {
+    if (allowed == System::STANDARD_ONLY) {
         return "this room knows no system header";
     }
     return std::nullopt;

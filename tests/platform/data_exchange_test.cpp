@@ -16,7 +16,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-enum Id { Height = 11, Blend, Name, Tick, RadioA, RadioB, RadioC, Slide, Push };
+enum Id { HEIGHT = 11, BLEND, NAME, TICK, RADIO_A, RADIO_B, RADIO_C, SLIDE, PUSH };
 
 struct Values {
     int height = 7;
@@ -44,33 +44,33 @@ protected:
 };
 
 BEGIN_MESSAGE_MAP(ExchangingDialog, RecordingDialog)
-ON_EN_KILLFOCUS(Height, &ExchangingDialog::OnHeightLeft)
+ON_EN_KILLFOCUS(HEIGHT, &ExchangingDialog::OnHeightLeft)
 END_MESSAGE_MAP()
 
 class DataExchange : public testing::Test {
 protected:
     void SetUp() override {
         m_dialog.exchange = [this](CDataExchange* pDX) {
-            DDX_Text(pDX, Height, m_values.height);
+            DDX_Text(pDX, HEIGHT, m_values.height);
             DDV_MinMaxInt(pDX, m_values.height, 0, 1023);
-            DDX_Text(pDX, Blend, m_values.blend);
-            DDX_Text(pDX, Name, m_values.name);
-            DDX_Check(pDX, Tick, m_values.tick);
-            DDX_Radio(pDX, RadioA, m_values.radio);
-            DDX_Slider(pDX, Slide, m_values.slide);
+            DDX_Text(pDX, BLEND, m_values.blend);
+            DDX_Text(pDX, NAME, m_values.name);
+            DDX_Check(pDX, TICK, m_values.tick);
+            DDX_Radio(pDX, RADIO_A, m_values.radio);
+            DDX_Slider(pDX, SLIDE, m_values.slide);
         };
         ASSERT_TRUE(m_dialog.CreateIndirect(dialogLayout({
-            dialogItem(Height, "Edit", WS_TABSTOP, {0, 0, 40, 12}),
-            dialogItem(Blend, "Edit", WS_TABSTOP, {50, 0, 40, 12}),
-            dialogItem(Name, "Edit", WS_TABSTOP, {100, 0, 40, 12}),
-            dialogItem(Tick, "Button", BS_AUTOCHECKBOX, {0, 20, 40, 14}),
-            dialogItem(RadioA, "Button", BS_AUTORADIOBUTTON | WS_GROUP, {0, 40, 40, 14}),
-            dialogItem(RadioB, "Button", BS_AUTORADIOBUTTON, {50, 40, 40, 14}),
-            dialogItem(RadioC, "Button", BS_AUTORADIOBUTTON, {100, 40, 40, 14}),
-            dialogItem(Slide, "msctls_trackbar32", WS_GROUP, {0, 60, 80, 14}),
-            dialogItem(Push, "Button", WS_TABSTOP, {100, 60, 40, 14}, "Push"),
+            dialogItem(HEIGHT, "Edit", WS_TABSTOP, {0, 0, 40, 12}),
+            dialogItem(BLEND, "Edit", WS_TABSTOP, {50, 0, 40, 12}),
+            dialogItem(NAME, "Edit", WS_TABSTOP, {100, 0, 40, 12}),
+            dialogItem(TICK, "Button", BS_AUTOCHECKBOX, {0, 20, 40, 14}),
+            dialogItem(RADIO_A, "Button", BS_AUTORADIOBUTTON | WS_GROUP, {0, 40, 40, 14}),
+            dialogItem(RADIO_B, "Button", BS_AUTORADIOBUTTON, {50, 40, 40, 14}),
+            dialogItem(RADIO_C, "Button", BS_AUTORADIOBUTTON, {100, 40, 40, 14}),
+            dialogItem(SLIDE, "msctls_trackbar32", WS_GROUP, {0, 60, 80, 14}),
+            dialogItem(PUSH, "Button", WS_TABSTOP, {100, 60, 40, 14}, "Push"),
         })));
-        ASSERT_TRUE(ui::waitUntilActive(ui::dialog(RecordingDialog::templateId)));
+        ASSERT_TRUE(ui::waitUntilActive(ui::dialog(RecordingDialog::TEMPLATE_ID)));
     }
 
     QString textAt(int id) { return m_dialog.at<QLineEdit>(id).text(); }
@@ -87,15 +87,15 @@ protected:
 };
 
 TEST_F(DataExchange, MovesEveryKindOfValueBothWays) {
-    EXPECT_EQ(textAt(Height), "7");
-    EXPECT_EQ(textAt(Blend), "0.1");
-    EXPECT_EQ(textAt(Name), "rock");
-    EXPECT_TRUE(m_dialog.at<QAbstractButton>(RadioB).isChecked());
-    ui::type(m_dialog.at(Height), "1023");
-    ui::type(m_dialog.at(Blend), " +2.5e-1 ");
-    m_dialog.at<QLineEdit>(Name).setText(QStringLiteral("Gr\u00fcn"));
-    ui::click(m_dialog.at(Tick));
-    ui::click(m_dialog.at(RadioC));
+    EXPECT_EQ(textAt(HEIGHT), "7");
+    EXPECT_EQ(textAt(BLEND), "0.1");
+    EXPECT_EQ(textAt(NAME), "rock");
+    EXPECT_TRUE(m_dialog.at<QAbstractButton>(RADIO_B).isChecked());
+    ui::type(m_dialog.at(HEIGHT), "1023");
+    ui::type(m_dialog.at(BLEND), " +2.5e-1 ");
+    m_dialog.at<QLineEdit>(NAME).setText(QStringLiteral("Gr\u00fcn"));
+    ui::click(m_dialog.at(TICK));
+    ui::click(m_dialog.at(RADIO_C));
     ASSERT_TRUE(m_dialog.UpdateData(TRUE));
     EXPECT_EQ(m_values.height, 1023);
     EXPECT_EQ(m_values.blend, 0.25F);
@@ -108,7 +108,7 @@ TEST_F(DataExchange, MovesEveryKindOfValueBothWays) {
 TEST_F(DataExchange, MinusOneChecksNoRadioButton) {
     m_values.radio = -1;
     ASSERT_TRUE(m_dialog.UpdateData(FALSE));
-    EXPECT_FALSE(m_dialog.at<QAbstractButton>(RadioB).isChecked());
+    EXPECT_FALSE(m_dialog.at<QAbstractButton>(RADIO_B).isChecked());
     m_values.radio = 0;
     ASSERT_TRUE(m_dialog.UpdateData(TRUE));
     EXPECT_EQ(m_values.radio, -1);
@@ -120,19 +120,19 @@ TEST_F(DataExchange, RefusesWhatDoesNotFitAndStaysThere) {
         const char* typed;
         const char* message;
     } cases[] = {
-        {Height, "1024", "Enter an integer between 0 and 1023."},
-        {Height, "-1", "Enter an integer between 0 and 1023."},
-        {Height, "99999999999", "Enter an integer between 0 and 1023."},
-        {Height, "12x", "Enter an integer."},
-        {Height, "", "Enter an integer."},
-        {Blend, "0,5", "Enter a number."},
-        {Blend, "inf", "Enter a number."},
+        {HEIGHT, "1024", "Enter an integer between 0 and 1023."},
+        {HEIGHT, "-1", "Enter an integer between 0 and 1023."},
+        {HEIGHT, "99999999999", "Enter an integer between 0 and 1023."},
+        {HEIGHT, "12x", "Enter an integer."},
+        {HEIGHT, "", "Enter an integer."},
+        {BLEND, "0,5", "Enter a number."},
+        {BLEND, "inf", "Enter a number."},
     };
     for (const auto& refused : cases) {
         SCOPED_TRACE(refused.typed);
         m_values = Values();
         m_dialog.UpdateData(FALSE);
-        ui::type(m_dialog.at(Name), "changed");
+        ui::type(m_dialog.at(NAME), "changed");
         m_dialog.at<QLineEdit>(refused.id).setText(refused.typed);
         m_dialog.takeHeard();
         std::vector<QString> texts;
@@ -147,19 +147,19 @@ TEST_F(DataExchange, RefusesWhatDoesNotFitAndStaysThere) {
 
 TEST_F(DataExchange, ABadValueLeftByAClickShowsOneBoxAndNoClick) {
     m_dialog.takesOver = true;
-    ui::type(m_dialog.at(Height), "5000");
+    ui::type(m_dialog.at(HEIGHT), "5000");
     m_dialog.takeHeard();
     std::vector<QString> texts;
     ModalSteps user({dismiss(texts)});
-    ui::click(m_dialog.at(Push));
+    ui::click(m_dialog.at(PUSH));
     EXPECT_EQ(texts.size(), 1U);
-    ASSERT_TRUE(ui::waitUntil([this] { return m_dialog.at(Height).hasFocus(); }));
-    EXPECT_EQ(m_dialog.at<QLineEdit>(Height).selectedText(), "5000");
+    ASSERT_TRUE(ui::waitUntil([this] { return m_dialog.at(HEIGHT).hasFocus(); }));
+    EXPECT_EQ(m_dialog.at<QLineEdit>(HEIGHT).selectedText(), "5000");
     EXPECT_THAT(m_dialog.takeHeard(), ElementsAre("11 left")) << "the click belongs to the box";
 
     ui::settle();
-    ui::type(m_dialog.at(Height), "50");
-    ui::click(m_dialog.at(Push));
+    ui::type(m_dialog.at(HEIGHT), "50");
+    ui::click(m_dialog.at(PUSH));
     EXPECT_THAT(m_dialog.takeHeard(), ElementsAre("11 left", "19 clicked"));
     EXPECT_EQ(m_values.height, 50);
 }
@@ -176,22 +176,22 @@ TEST_F(DataExchange, ABadValueLeftByAKeyOrForAnotherWindowBringsThePersonBack) {
         },
     };
     for (const auto& leave : leavings) {
-        QWidget& window = *ui::dialog(RecordingDialog::templateId);
+        QWidget& window = *ui::dialog(RecordingDialog::TEMPLATE_ID);
         window.activateWindow();
         ASSERT_TRUE(ui::waitUntilActive(&window));
-        ui::type(m_dialog.at(Height), "5000");
+        ui::type(m_dialog.at(HEIGHT), "5000");
         std::vector<QString> texts;
         ModalSteps user({dismiss(texts)});
         leave();
-        EXPECT_TRUE(ui::waitUntil([&] { return user.areDone() && m_dialog.at(Height).hasFocus(); }));
+        EXPECT_TRUE(ui::waitUntil([&] { return user.areDone() && m_dialog.at(HEIGHT).hasFocus(); }));
         EXPECT_EQ(texts.size(), 1U);
-        EXPECT_EQ(m_dialog.at<QLineEdit>(Blend).selectedText(), "");
+        EXPECT_EQ(m_dialog.at<QLineEdit>(BLEND).selectedText(), "");
     }
     m_dialog.takesOver = false;
 }
 
 TEST_F(DataExchange, NotificationsAreLockedOutWhileItRuns) {
-    ui::type(m_dialog.at(Height), "bad");
+    ui::type(m_dialog.at(HEIGHT), "bad");
     m_dialog.takeHeard();
     m_dialog.takesOver = true;
     m_dialog.runs = 0;

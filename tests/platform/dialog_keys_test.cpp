@@ -10,25 +10,25 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-enum Id { First = 11, Group, Hidden, Off, RadioA, RadioB, RadioC, Second, Push };
+enum Id { FIRST = 11, GROUP, HIDDEN, OFF, RADIO_A, RADIO_B, RADIO_C, SECOND, PUSH };
 
 class DialogKeys : public testing::Test {
 protected:
     void open(DWORD pushStyle = BS_PUSHBUTTON) {
         ASSERT_TRUE(m_dialog.CreateIndirect(dialogLayout({
-            dialogItem(Push, "Button", pushStyle | WS_TABSTOP, {0, 100, 40, 14}, "Push"),
-            dialogItem(First, "Edit", WS_TABSTOP, {50, 0, 40, 12}, "text"),
-            dialogItem(Group, "Button", BS_GROUPBOX, {0, 40, 190, 30}, "Group"),
-            dialogItem(Hidden, "Edit", WS_TABSTOP, {0, 0, 40, 12}),
-            dialogItem(Off, "Edit", WS_TABSTOP | WS_DISABLED, {0, 0, 40, 12}),
-            dialogItem(RadioA, "Button", BS_AUTORADIOBUTTON | BS_PUSHLIKE | WS_GROUP | WS_TABSTOP,
+            dialogItem(PUSH, "Button", pushStyle | WS_TABSTOP, {0, 100, 40, 14}, "Push"),
+            dialogItem(FIRST, "Edit", WS_TABSTOP, {50, 0, 40, 12}, "text"),
+            dialogItem(GROUP, "Button", BS_GROUPBOX, {0, 40, 190, 30}, "Group"),
+            dialogItem(HIDDEN, "Edit", WS_TABSTOP, {0, 0, 40, 12}),
+            dialogItem(OFF, "Edit", WS_TABSTOP | WS_DISABLED, {0, 0, 40, 12}),
+            dialogItem(RADIO_A, "Button", BS_AUTORADIOBUTTON | BS_PUSHLIKE | WS_GROUP | WS_TABSTOP,
                        {0, 50, 20, 14}),
-            dialogItem(RadioB, "Button", BS_AUTORADIOBUTTON | BS_PUSHLIKE, {30, 50, 20, 14}),
-            dialogItem(RadioC, "Button", BS_AUTORADIOBUTTON | BS_PUSHLIKE, {60, 50, 20, 14}),
-            dialogItem(Second, "Edit", WS_TABSTOP | WS_GROUP, {0, 80, 40, 12}),
+            dialogItem(RADIO_B, "Button", BS_AUTORADIOBUTTON | BS_PUSHLIKE, {30, 50, 20, 14}),
+            dialogItem(RADIO_C, "Button", BS_AUTORADIOBUTTON | BS_PUSHLIKE, {60, 50, 20, 14}),
+            dialogItem(SECOND, "Edit", WS_TABSTOP | WS_GROUP, {0, 80, 40, 12}),
         })));
-        m_dialog.GetDlgItem(Hidden)->ShowWindow(SW_HIDE);
-        ASSERT_TRUE(ui::waitUntilActive(ui::dialog(RecordingDialog::templateId)));
+        m_dialog.GetDlgItem(HIDDEN)->ShowWindow(SW_HIDE);
+        ASSERT_TRUE(ui::waitUntilActive(ui::dialog(RecordingDialog::TEMPLATE_ID)));
         m_dialog.takeHeard();
     }
     static QString focused() {
@@ -54,16 +54,16 @@ TEST_F(DialogKeys, TheFirstControlInTemplateOrderHasTheFocus) {
 TEST_F(DialogKeys, TabWalksTheTemplateOrder) {
     open();
     EXPECT_THAT(walk(Qt::Key_Tab, 4), ElementsAre("11", "15", "18", "19"));
-    ::SendMessage(::GetDlgItem(m_dialog.m_hWnd, RadioC), BM_SETCHECK, 1, 0);
+    ::SendMessage(::GetDlgItem(m_dialog.m_hWnd, RADIO_C), BM_SETCHECK, 1, 0);
     EXPECT_THAT(walk(Qt::Key_Backtab, 4, Qt::ShiftModifier), ElementsAre("18", "17", "11", "19"))
         << "a group is entered at its checked button";
     ui::press(Qt::Key_Tab);
-    EXPECT_EQ(m_dialog.at<QLineEdit>(First).selectedText(), "text");
+    EXPECT_EQ(m_dialog.at<QLineEdit>(FIRST).selectedText(), "text");
 }
 
 TEST_F(DialogKeys, ArrowsCheckTheNextRadioButtonRoundAndRound) {
     open();
-    m_dialog.at(RadioA).setFocus();
+    m_dialog.at(RADIO_A).setFocus();
     EXPECT_THAT(walk(Qt::Key_Right, 3), ElementsAre("16", "17", "15"));
     ui::press(Qt::Key_Up);
     EXPECT_THAT(m_dialog.takeHeard(), ElementsAre("16 clicked", "17 clicked", "15 clicked", "17 clicked"));
@@ -71,7 +71,7 @@ TEST_F(DialogKeys, ArrowsCheckTheNextRadioButtonRoundAndRound) {
 
 TEST_F(DialogKeys, ArrowsInAnEditMoveItsCursor) {
     open();
-    auto& edit = m_dialog.at<QLineEdit>(First);
+    auto& edit = m_dialog.at<QLineEdit>(FIRST);
     edit.setFocus();
     edit.setCursorPosition(0);
     ui::press(Qt::Key_Right);
@@ -82,18 +82,18 @@ TEST_F(DialogKeys, ArrowsInAnEditMoveItsCursor) {
 TEST_F(DialogKeys, EnterPressesTheFocusedButtonElseTheDefaultElseOK) {
     open(BS_PUSHBUTTON);
     ui::press(Qt::Key_Return);
-    m_dialog.at(First).setFocus();
+    m_dialog.at(FIRST).setFocus();
     ui::press(Qt::Key_Enter);
     EXPECT_THAT(m_dialog.takeHeard(), ElementsAre("19 clicked", "OK"));
 }
 
 TEST_F(DialogKeys, EnterInAnEditPressesTheDefaultButtonUnlessItIsDisabled) {
     open(BS_DEFPUSHBUTTON);
-    m_dialog.at(First).setFocus();
+    m_dialog.at(FIRST).setFocus();
     m_dialog.takeHeard();
     ui::press(Qt::Key_Return);
     EXPECT_THAT(m_dialog.takeHeard(), ElementsAre("19 clicked"));
-    m_dialog.GetDlgItem(Push)->EnableWindow(FALSE);
+    m_dialog.GetDlgItem(PUSH)->EnableWindow(FALSE);
     ui::press(Qt::Key_Return);
     EXPECT_THAT(m_dialog.takeHeard(), IsEmpty());
 }
@@ -102,11 +102,11 @@ TEST_F(DialogKeys, EscapeAndTheCloseBoxAskForCancel) {
     open();
     ui::press(Qt::Key_Escape);
     EXPECT_THAT(m_dialog.takeHeard(), ElementsAre("Cancel"));
-    ui::dialog(RecordingDialog::templateId)->close();
+    ui::dialog(RecordingDialog::TEMPLATE_ID)->close();
     EXPECT_THAT(m_dialog.takeHeard(), IsEmpty()) << "the close box posts";
     ui::settle();
     EXPECT_THAT(m_dialog.takeHeard(), ElementsAre("Cancel"));
-    EXPECT_NE(ui::dialog(RecordingDialog::templateId), nullptr);
+    EXPECT_NE(ui::dialog(RecordingDialog::TEMPLATE_ID), nullptr);
 }
 
 /// Turns Enter in an edit into Tab before the dialog sees it.
@@ -126,13 +126,13 @@ public:
 TEST(DialogKeysRewritten, TheNewKeyIsTheOneProcessed) {
     EnterMovesOn dialog;
     ASSERT_TRUE(dialog.CreateIndirect(dialogLayout({
-        dialogItem(First, "Edit", WS_TABSTOP, {0, 0, 40, 12}),
-        dialogItem(Second, "Edit", WS_TABSTOP, {50, 0, 40, 12}),
-        dialogItem(Push, "Button", WS_TABSTOP | BS_DEFPUSHBUTTON, {100, 0, 40, 14}),
+        dialogItem(FIRST, "Edit", WS_TABSTOP, {0, 0, 40, 12}),
+        dialogItem(SECOND, "Edit", WS_TABSTOP, {50, 0, 40, 12}),
+        dialogItem(PUSH, "Button", WS_TABSTOP | BS_DEFPUSHBUTTON, {100, 0, 40, 14}),
     })));
-    ASSERT_TRUE(ui::waitUntilActive(ui::dialog(RecordingDialog::templateId)));
+    ASSERT_TRUE(ui::waitUntilActive(ui::dialog(RecordingDialog::TEMPLATE_ID)));
     ui::press(Qt::Key_Return);
-    EXPECT_TRUE(dialog.at(Second).hasFocus());
+    EXPECT_TRUE(dialog.at(SECOND).hasFocus());
     EXPECT_THAT(dialog.takeHeard(), ElementsAre("11 left"));
     ui::press(Qt::Key_Return);
     ui::press(Qt::Key_Return);

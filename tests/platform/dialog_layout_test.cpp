@@ -12,8 +12,8 @@
 
 namespace {
 
-constexpr DialogRect simpleFrame = {5, 4, 110, 391};
-constexpr int closedComboHeight = 14;
+constexpr DialogRect SIMPLE_FRAME = {5, 4, 110, 391};
+constexpr int CLOSED_COMBO_HEIGHT = 14;
 
 DialogTemplate embeddedDialog(int id) {
     auto dialog = findDialog(embeddedResources(), id);
@@ -37,7 +37,7 @@ bool isContainer(const DialogItem& item) {
 DialogRect visibleRect(const DialogItem& item) {
     DialogRect rect = item.rect;
     if (item.windowClass == "ComboBox") {
-        rect.height = closedComboHeight;
+        rect.height = CLOSED_COMBO_HEIGHT;
     }
     return rect;
 }
@@ -133,20 +133,20 @@ TEST(EmbeddedDialogs, CarryTheirCaptionsSizesAndFont) {
 TEST(MapEditorTemplate, SplitsIntoSimpleAndAdvancedColumns) {
     std::set<int> simple;
     for (const DialogItem& item : embeddedDialog(IDD_MAP_EDITOR).items) {
-        EXPECT_TRUE(within(item.rect, simpleFrame) || item.rect.x > simpleFrame.x + simpleFrame.width)
+        EXPECT_TRUE(within(item.rect, SIMPLE_FRAME) || item.rect.x > SIMPLE_FRAME.x + SIMPLE_FRAME.width)
             << describe(item);
-        if (within(item.rect, simpleFrame)) {
+        if (within(item.rect, SIMPLE_FRAME)) {
             simple.insert(item.id);
         }
     }
     const auto isSimple = [&simple](int id) { return simple.contains(id); };
-    constexpr std::array advanced = {IDC_DELETE_DEFINITION, IDC_BLEND,      IDC_VARIATION_SPIN, IDC_TILING,
+    constexpr std::array ADVANCED = {IDC_DELETE_DEFINITION, IDC_BLEND,      IDC_VARIATION_SPIN, IDC_TILING,
                                      IDC_WATER_TEXTURE,     IDC_SELECT_ALL, IDC_TERRAIN_TYPES};
-    EXPECT_TRUE(std::ranges::none_of(advanced, isSimple));
-    constexpr std::array always = {IDC_SIMPLE_FRAME,   IDC_EXPAND,   IDC_TOOL_TABS, IDC_TOOL_UNUSED_14,
+    EXPECT_TRUE(std::ranges::none_of(ADVANCED, isSimple));
+    constexpr std::array ALWAYS = {IDC_SIMPLE_FRAME,   IDC_EXPAND,   IDC_TOOL_TABS, IDC_TOOL_UNUSED_14,
                                    IDC_DETAIL_TEXTURE, IDC_MAP_FLAG, IDC_CLOSE};
-    EXPECT_TRUE(std::ranges::all_of(always, isSimple));
-    EXPECT_EQ(itemOf(embeddedDialog(IDD_MAP_EDITOR), IDC_SIMPLE_FRAME).rect.width, simpleFrame.width);
+    EXPECT_TRUE(std::ranges::all_of(ALWAYS, isSimple));
+    EXPECT_EQ(itemOf(embeddedDialog(IDD_MAP_EDITOR), IDC_SIMPLE_FRAME).rect.width, SIMPLE_FRAME.width);
 }
 
 TEST(MapEditorTemplate, OrdersItsRadioGroupsByIndex) {
@@ -213,8 +213,8 @@ TEST(MapEditorTemplate, StartsWithTheDesignedStates) {
         EXPECT_EQ(drawsItself, ownerDrawn.contains(item.id)) << describe(item);
         EXPECT_FALSE(drawsItself && (item.style & WS_TABSTOP) != 0) << describe(item);
     }
-    constexpr DWORD frame = WS_POPUP | WS_CAPTION | WS_VISIBLE;
-    EXPECT_EQ(dialog.style & (frame | WS_SYSMENU), frame) << "a close box would go around Close";
+    constexpr DWORD FRAME = WS_POPUP | WS_CAPTION | WS_VISIBLE;
+    EXPECT_EQ(dialog.style & (FRAME | WS_SYSMENU), FRAME) << "a close box would go around Close";
     for (const int id : {IDC_FOG, IDC_MAP_FLAG}) {
         EXPECT_EQ(itemOf(dialog, id).style & (BS_TYPEMASK | BS_PUSHLIKE | BS_ICON),
                   BS_AUTOCHECKBOX | BS_PUSHLIKE | BS_ICON);

@@ -12,10 +12,10 @@ namespace {
 
 using testing::ElementsAre;
 
-constexpr int drawnId = 11;
-constexpr COLORREF red = RGB(255, 0, 0);
-constexpr COLORREF green = RGB(0, 255, 0);
-constexpr COLORREF blue = RGB(0, 0, 255);
+constexpr int DRAWN_ID = 11;
+constexpr COLORREF RED = RGB(255, 0, 0);
+constexpr COLORREF GREEN = RGB(0, 255, 0);
+constexpr COLORREF BLUE = RGB(0, 0, 255);
 
 /// Paints what the test says.
 class Picture : public CButton {
@@ -31,11 +31,11 @@ public:
 class Drawing : public testing::Test {
 protected:
     void SetUp() override {
-        m_dialog.exchange = [this](CDataExchange* pDX) { DDX_Control(pDX, drawnId, m_picture); };
+        m_dialog.exchange = [this](CDataExchange* pDX) { DDX_Control(pDX, DRAWN_ID, m_picture); };
         ASSERT_TRUE(m_dialog.CreateIndirect(
-            dialogLayout({dialogItem(drawnId, "Button", BS_OWNERDRAW, {0, 0, 40, 20})})));
+            dialogLayout({dialogItem(DRAWN_ID, "Button", BS_OWNERDRAW, {0, 0, 40, 20})})));
     }
-    QImage shown() { return m_dialog.at(drawnId).grab().toImage(); }
+    QImage shown() { return m_dialog.at(DRAWN_ID).grab().toImage(); }
 
     RecordingDialog m_dialog;
     Picture m_picture;
@@ -43,14 +43,14 @@ protected:
 
 TEST_F(Drawing, ARectangleHasItsPenAroundItsBrush) {
     m_picture.draw = [](CDC& dc, const RECT& area) {
-        CBrush brush(green);
+        CBrush brush(GREEN);
         CGdiObject* const formerPen = dc.SelectStockObject(BLACK_PEN);
         CBrush* const formerBrush = dc.SelectObject(&brush);
         dc.Rectangle(&area);
         dc.SelectObject(formerBrush);
         dc.SelectObject(static_cast<CPen*>(formerPen));
-        dc.FillSolidRect(2, 2, 3, 1, blue);
-        dc.SetPixelV(2, 4, red);
+        dc.FillSolidRect(2, 2, 3, 1, BLUE);
+        dc.SetPixelV(2, 4, RED);
         dc.MoveTo(2, 6);
         dc.LineTo(5, 6);
     };
@@ -94,7 +94,7 @@ TEST_F(Drawing, APictureInMemoryIsShownPixelByPixel) {
 }
 
 TEST_F(Drawing, WhatIsLeftUnpaintedKeepsItsPixels) {
-    QWidget& widget = m_dialog.at(drawnId);
+    QWidget& widget = m_dialog.at(DRAWN_ID);
     QImage canvas(widget.size(), QImage::Format_RGB32);
     widget.render(&canvas); // the first painting shows the dialog's colour
     canvas.fill(Qt::magenta);
@@ -110,17 +110,17 @@ TEST(MemoryContext, DrawsIntoItsBitmapAndBlitsFromIt) {
     ASSERT_TRUE(dc.CreateCompatibleDC(nullptr));
     ASSERT_TRUE(other.CreateCompatibleDC(&dc));
     EXPECT_FALSE(bitmap.CreateCompatibleBitmap(&dc, 0, 4));
-    EXPECT_FALSE(dc.SetPixelV(0, 0, red)) << "there is nothing to draw on yet";
+    EXPECT_FALSE(dc.SetPixelV(0, 0, RED)) << "there is nothing to draw on yet";
     ASSERT_TRUE(bitmap.CreateCompatibleBitmap(&dc, 4, 4));
     ASSERT_TRUE(copy.CreateCompatibleBitmap(&dc, 4, 4));
     dc.SelectObject(&bitmap);
     other.SelectObject(&copy);
-    dc.FillSolidRect(1, 1, 2, 2, blue);
-    dc.SetPixelV(9, 9, red);
+    dc.FillSolidRect(1, 1, 2, 2, BLUE);
+    dc.SetPixelV(9, 9, RED);
     ASSERT_TRUE(other.BitBlt(2, 2, 2, 2, &dc, 1, 1, SRCCOPY));
     EXPECT_EQ(dc.GetPixel(0, 0), RGB(0, 0, 0));
-    EXPECT_EQ(dc.GetPixel(2, 2), blue);
-    EXPECT_EQ(other.GetPixel(2, 2), blue);
+    EXPECT_EQ(dc.GetPixel(2, 2), BLUE);
+    EXPECT_EQ(other.GetPixel(2, 2), BLUE);
     EXPECT_EQ(other.GetPixel(1, 1), RGB(0, 0, 0));
     EXPECT_EQ(other.GetPixel(-1, 7), RGB(0, 0, 0));
 }
@@ -135,8 +135,8 @@ protected:
         CPaintDC dc(this);
         CRect client;
         GetClientRect(client);
-        dc.FillSolidRect(client, red);
-        dc.SetPixelV(0, 0, blue);
+        dc.FillSolidRect(client, RED);
+        dc.SetPixelV(0, 0, BLUE);
     }
     afx_msg void OnLButtonDown(UINT, CPoint point) { pressed = point; }
     DECLARE_MESSAGE_MAP()

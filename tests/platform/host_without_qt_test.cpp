@@ -8,10 +8,10 @@ namespace {
 
 // This program has no application object of its own. The cases run in their order.
 
-constexpr int editId = 11;
+constexpr int EDIT_ID = 11;
 
 DialogTemplate layout() {
-    return dialogLayout({dialogItem(editId, "Edit", WS_TABSTOP, {0, 0, 40, 12})});
+    return dialogLayout({dialogItem(EDIT_ID, "Edit", WS_TABSTOP, {0, 0, 40, 12})});
 }
 
 TEST(HostWithoutQt, AnApplicationWithoutWidgetsGetsNoDialogs) {
@@ -32,11 +32,11 @@ TEST(HostWithoutQt, GetsAnApplicationOnFirstNeedThatStays) {
     for (int opening = 0; opening < 2; ++opening) {
         RecordingDialog dialog;
         ASSERT_TRUE(dialog.CreateIndirect(layout(), CWnd::FromHandle(hostWindow)));
-        ASSERT_TRUE(ui::waitUntilActive(ui::dialog(RecordingDialog::templateId)));
+        ASSERT_TRUE(ui::waitUntilActive(ui::dialog(RecordingDialog::TEMPLATE_ID)));
         EXPECT_EQ(::GetParent(dialog.m_hWnd), hostWindow);
-        ui::type(dialog.at(editId), "7");
+        ui::type(dialog.at(EDIT_ID), "7");
         CString text;
-        EXPECT_EQ(dialog.GetDlgItemText(editId, text), 1);
+        EXPECT_EQ(dialog.GetDlgItemText(EDIT_ID, text), 1);
     }
     ASSERT_NE(qApp, nullptr);
     EXPECT_FALSE(QGuiApplication::quitOnLastWindowClosed());

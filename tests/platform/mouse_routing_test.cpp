@@ -9,7 +9,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-enum Id { A = 11, B, Edit, Push };
+enum Id { A = 11, B, EDIT, PUSH };
 
 using Log = std::vector<std::string>;
 
@@ -55,12 +55,12 @@ protected:
             DDX_Control(pDX, B, m_b);
         };
         ASSERT_TRUE(m_dialog.CreateIndirect(dialogLayout({
-            dialogItem(Edit, "Edit", WS_TABSTOP, {0, 40, 40, 12}),
+            dialogItem(EDIT, "Edit", WS_TABSTOP, {0, 40, 40, 12}),
             dialogItem(A, "Button", BS_OWNERDRAW, {0, 0, 30, 12}),
             dialogItem(B, "Button", BS_OWNERDRAW, {50, 0, 30, 12}),
-            dialogItem(Push, "Button", WS_TABSTOP, {100, 0, 30, 12}),
+            dialogItem(PUSH, "Button", WS_TABSTOP, {100, 0, 30, 12}),
         })));
-        ASSERT_TRUE(ui::waitUntilActive(ui::dialog(RecordingDialog::templateId)));
+        ASSERT_TRUE(ui::waitUntilActive(ui::dialog(RecordingDialog::TEMPLATE_ID)));
         m_dialog.takeHeard();
     }
 
@@ -74,15 +74,15 @@ TEST_F(MouseRouting, AReleaseGoesToTheWindowUnderThePointer) {
     ui::drag(m_dialog.at(A), m_dialog.at(B));
     EXPECT_THAT(m_log, ElementsAre("11 down", "12 up"));
     EXPECT_THAT(m_dialog.takeHeard(), IsEmpty()) << "a kept press is no click";
-    EXPECT_TRUE(m_dialog.at(Edit).hasFocus()) << "and moves no focus";
+    EXPECT_TRUE(m_dialog.at(EDIT).hasFocus()) << "and moves no focus";
 }
 
 TEST_F(MouseRouting, ThePlaceBetweenHearsNothing) {
-    ui::drag(m_dialog.at(A), m_dialog.at(Push));
-    ui::drag(m_dialog.at(Edit), m_dialog.at(B));
+    ui::drag(m_dialog.at(A), m_dialog.at(PUSH));
+    ui::drag(m_dialog.at(EDIT), m_dialog.at(B));
     EXPECT_THAT(m_log, ElementsAre("11 down")) << "an edit keeps the mouse until its release";
     EXPECT_THAT(m_dialog.takeHeard(), IsEmpty());
-    QWidget& background = *ui::dialog(RecordingDialog::templateId);
+    QWidget& background = *ui::dialog(RecordingDialog::TEMPLATE_ID);
     ui::dragFrom(background, {5, background.height() - 5}, m_dialog.at(B));
     EXPECT_THAT(m_log, ElementsAre("11 down", "12 up")) << "a dialog's background does not";
 }
@@ -103,14 +103,14 @@ TEST_F(MouseRouting, ADoubleClickIsReflectedToTheButton) {
 TEST_F(MouseRouting, AWheelTurnedOnTheWayPastChangesNothing) {
     RecordingDialog other;
     DialogTemplate layout = dialogLayout({
-        dialogItem(Edit, "Edit", WS_TABSTOP, {0, 40, 40, 12}),
+        dialogItem(EDIT, "Edit", WS_TABSTOP, {0, 40, 40, 12}),
         dialogItem(A, "msctls_trackbar32", WS_TABSTOP, {0, 0, 60, 14}),
     });
-    layout.id = RecordingDialog::templateId + 1;
+    layout.id = RecordingDialog::TEMPLATE_ID + 1;
     ASSERT_TRUE(other.CreateIndirect(layout));
     QWidget& window = *ui::dialog(layout.id);
     ASSERT_TRUE(ui::waitUntilActive(&window));
-    ui::control(window, Edit).setFocus();
+    ui::control(window, EDIT).setFocus();
     ui::turnWheel(ui::control(window, A), 1);
     EXPECT_THAT(other.takeHeard(), IsEmpty());
     ui::control(window, A).setFocus();

@@ -19,7 +19,7 @@ DialogItem dialogItem(int id, const char* windowClass, DWORD style, DialogRect r
 
 DialogTemplate dialogLayout(std::vector<DialogItem> items, DWORD style) {
     DialogTemplate layout;
-    layout.id = RecordingDialog::templateId;
+    layout.id = RecordingDialog::TEMPLATE_ID;
     layout.rect = {0, 0, 200, 150};
     layout.style = style;
     layout.caption = "Recording dialog";
@@ -48,15 +48,15 @@ void RecordingDialog::DoDataExchange(CDataExchange* pDX) {
 
 BOOL RecordingDialog::OnCommand(WPARAM wParam, LPARAM lParam) {
     // The code 1 is the selection change of combo and list boxes alike, 2 the double click of a list.
-    static const std::map<int, std::string> names = {{BN_CLICKED, "clicked"},
+    static const std::map<int, std::string> NAMES = {{BN_CLICKED, "clicked"},
                                                      {CBN_SELCHANGE, "selected"},
                                                      {LBN_DBLCLK, "list double-clicked"},
                                                      {BN_DOUBLECLICKED, "double-clicked"},
                                                      {EN_KILLFOCUS, "left"}};
-    const auto name = names.find(HIWORD(wParam));
+    const auto name = NAMES.find(HIWORD(wParam));
     const int id = LOWORD(wParam);
     const BOOL handled = CDialog::OnCommand(wParam, lParam);
-    if (name != names.end() && lParam != 0) {
+    if (name != NAMES.end() && lParam != 0) {
         note(std::to_string(id) + " " + name->second);
     }
     return handled;

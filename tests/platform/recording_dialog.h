@@ -18,7 +18,7 @@ DialogTemplate dialogLayout(std::vector<DialogItem> items, DWORD style = WS_POPU
 /// does on hearing something is the test's.
 class RecordingDialog : public CDialog {
 public:
-    static constexpr int templateId = 500;
+    static constexpr int TEMPLATE_ID = 500;
 
     std::function<void(CDataExchange*)> exchange;
     std::function<void(const std::string&)> onNote;
@@ -27,7 +27,7 @@ public:
     /// What was heard since the last call.
     std::vector<std::string> takeHeard();
     template <class Kind = QWidget> Kind& at(int id) const {
-        return ui::control<Kind>(*ui::dialog(templateId), id);
+        return ui::control<Kind>(*ui::dialog(TEMPLATE_ID), id);
     }
 
 protected:

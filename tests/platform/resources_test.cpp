@@ -10,9 +10,9 @@ namespace {
 
 using Bytes = std::vector<std::byte>;
 
-constexpr std::uint32_t typeIcon = 3;
-constexpr std::uint32_t typeDialog = 5;
-constexpr std::uint32_t typeIconGroup = 14;
+constexpr std::uint32_t TYPE_ICON = 3;
+constexpr std::uint32_t TYPE_DIALOG = 5;
+constexpr std::uint32_t TYPE_ICON_GROUP = 14;
 
 /// A dialog of two controls that uses every optional part of the format.
 Bytes sampleDialog() {
@@ -87,8 +87,8 @@ Bytes iconGroup(std::span<const std::array<std::uint32_t, 3>> widthDepthAndId) {
 Bytes sampleFile() {
     const std::array<std::array<std::uint32_t, 3>, 1> images = {{{32, 4, 1}}};
     ResourceBuilder file;
-    file.entry(0, 0, {}).entry(typeDialog, 212, sampleDialog());
-    file.entry(typeIcon, 1, indexedIcon(4)).entry(typeIconGroup, 2004, iconGroup(images));
+    file.entry(0, 0, {}).entry(TYPE_DIALOG, 212, sampleDialog());
+    file.entry(TYPE_ICON, 1, indexedIcon(4)).entry(TYPE_ICON_GROUP, 2004, iconGroup(images));
     return file.bytes();
 }
 
@@ -173,10 +173,10 @@ TEST(ResourceFile, TakesTheImageNearestInSizeThenDeepest) {
         {{16, 32, 1}, {0, 32, 2}, {48, 4, 3}, {48, 8, 4}, {24, 32, 5}}}; // 0 stands for 256
     const std::array<std::uint32_t, 5> sizes = {16, 256, 48, 48, 24};
     ResourceBuilder file;
-    file.entry(typeIconGroup, 7, iconGroup(images));
+    file.entry(TYPE_ICON_GROUP, 7, iconGroup(images));
     for (std::uint32_t i = 0; i < sizes.size(); ++i) {
         const std::uint32_t marked = i + 1; // each image is told by its width, so that the choice shows
-        file.entry(typeIcon, i + 1, iconHeader({marked, 1, 1, 0}).fill(16, 0).bytes());
+        file.entry(TYPE_ICON, i + 1, iconHeader({marked, 1, 1, 0}).fill(16, 0).bytes());
     }
     const auto chosen = [&file](int desired) {
         const auto icon = findIcon(file.bytes(), 7, desired);
@@ -202,7 +202,7 @@ TEST(ResourceFile, PassesOverNamedEntries) {
     const std::u16string_view type = u"TEXT";
     const std::u16string_view name = u"NOTE";
     file.u32(3).u32(44).text(type).text(name).fill(16, 0).fill(3, 'x').align();
-    file.entry(typeDialog, 212, sampleDialog());
+    file.entry(TYPE_DIALOG, 212, sampleDialog());
     EXPECT_TRUE(findDialog(file.bytes(), 212));
 }
 

@@ -15,13 +15,13 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-enum Id { Push = 11, Edit, Drawn };
+enum Id { PUSH = 11, EDIT, DRAWN };
 
 DialogTemplate layout() {
     return dialogLayout({
-        dialogItem(Edit, "Edit", WS_TABSTOP, {0, 0, 40, 12}),
-        dialogItem(Push, "Button", WS_TABSTOP, {50, 0, 40, 14}, "Push"),
-        dialogItem(Drawn, "Button", BS_OWNERDRAW, {100, 0, 40, 14}),
+        dialogItem(EDIT, "Edit", WS_TABSTOP, {0, 0, 40, 12}),
+        dialogItem(PUSH, "Button", WS_TABSTOP, {50, 0, 40, 14}, "Push"),
+        dialogItem(DRAWN, "Button", BS_OWNERDRAW, {100, 0, 40, 14}),
     });
 }
 
@@ -29,7 +29,7 @@ DialogTemplate layout() {
 class SelfOwned : public RecordingDialog {
 public:
     explicit SelfOwned(std::vector<std::string>& log) : m_log(log) {
-        exchange = [this](CDataExchange* pDX) { DDX_Control(pDX, Drawn, m_button); };
+        exchange = [this](CDataExchange* pDX) { DDX_Control(pDX, DRAWN, m_button); };
     }
     ~SelfOwned() override { m_log.emplace_back("deleted"); }
 
@@ -58,10 +58,10 @@ protected:
     SelfOwned* open(CWnd* parent = nullptr) {
         auto* const dialog = new SelfOwned(m_log);
         EXPECT_TRUE(dialog->CreateIndirect(layout(), parent));
-        EXPECT_TRUE(ui::waitUntilActive(ui::dialog(RecordingDialog::templateId)));
+        EXPECT_TRUE(ui::waitUntilActive(ui::dialog(RecordingDialog::TEMPLATE_ID)));
         return dialog;
     }
-    static bool noDialog() { return ui::dialog(RecordingDialog::templateId) == nullptr; }
+    static bool noDialog() { return ui::dialog(RecordingDialog::TEMPLATE_ID) == nullptr; }
 
     std::vector<std::string> m_log;
 };
@@ -79,7 +79,7 @@ TEST_F(WindowLifetime, AWindowMayEndInItsOwnHandler) {
             dialog->DestroyWindow();
         }
     };
-    const QPointer<QWidget> button = &dialog->at(Push);
+    const QPointer<QWidget> button = &dialog->at(PUSH);
     ui::click(*button);
     EXPECT_THAT(m_log, ElementsAre("destroyed", "gone", "deleted"));
     EXPECT_TRUE(noDialog());
@@ -90,8 +90,8 @@ TEST_F(WindowLifetime, AWindowMayEndInItsOwnHandler) {
 TEST_F(WindowLifetime, AnEndingWindowReportsNoLostFocus) {
     RecordingDialog dialog;
     ASSERT_TRUE(dialog.CreateIndirect(layout()));
-    ASSERT_TRUE(ui::waitUntilActive(ui::dialog(RecordingDialog::templateId)));
-    ui::type(dialog.at(Edit), "5");
+    ASSERT_TRUE(ui::waitUntilActive(ui::dialog(RecordingDialog::TEMPLATE_ID)));
+    ui::type(dialog.at(EDIT), "5");
     dialog.DestroyWindow();
     EXPECT_THAT(dialog.takeHeard(), IsEmpty());
 }
@@ -170,7 +170,7 @@ TEST_F(WindowLifetime, AHostMayEndThePanelUnderItsModalDialog) {
             result = child.DoModal();
         }
     };
-    ui::click(panel->at(Push));
+    ui::click(panel->at(PUSH));
     EXPECT_EQ(result, IDCANCEL);
     EXPECT_THAT(m_log, ElementsAre("deleted"));
     EXPECT_TRUE(noDialog());
@@ -185,7 +185,7 @@ TEST_F(WindowLifetime, AHostMayEndThePanelUnderItsMessageBox) {
             answer = AfxMessageBox("Go on?", MB_YESNOCANCEL | MB_ICONQUESTION);
         }
     };
-    ui::click(panel->at(Push));
+    ui::click(panel->at(PUSH));
     EXPECT_EQ(answer, IDCANCEL);
     EXPECT_TRUE(noDialog());
 }

@@ -13,16 +13,16 @@ namespace {
 
 using testing::ElementsAre;
 
-enum Id { Frame = 11, Push, Icon, Far };
+enum Id { FRAME = 11, PUSH, ICON, FAR };
 
 class WindowPlacement : public testing::Test {
 protected:
     void SetUp() override {
         ASSERT_TRUE(m_dialog.CreateIndirect(dialogLayout({
-            dialogItem(Frame, "Static", SS_BLACKFRAME, {0, 0, 100, 150}),
-            dialogItem(Push, "Button", BS_PUSHBUTTON, {4, 8, 40, 14}, "Push"),
-            dialogItem(Icon, "Button", BS_AUTOCHECKBOX | BS_PUSHLIKE | BS_ICON, {4, 30, 20, 20}, "&Raise"),
-            dialogItem(Far, "Edit", WS_DISABLED, {120, 8, 40, 12}),
+            dialogItem(FRAME, "Static", SS_BLACKFRAME, {0, 0, 100, 150}),
+            dialogItem(PUSH, "Button", BS_PUSHBUTTON, {4, 8, 40, 14}, "Push"),
+            dialogItem(ICON, "Button", BS_AUTOCHECKBOX | BS_PUSHLIKE | BS_ICON, {4, 30, 20, 20}, "&Raise"),
+            dialogItem(FAR, "Edit", WS_DISABLED, {120, 8, 40, 12}),
         })));
     }
     CRect windowRect(int id) {
@@ -35,13 +35,13 @@ protected:
 };
 
 TEST_F(WindowPlacement, DialogUnitsAreThoseOfTheRealFont) {
-    const QFontMetrics font(m_dialog.at(Push).font());
-    const CRect push = windowRect(Push);
+    const QFontMetrics font(m_dialog.at(PUSH).font());
+    const CRect push = windowRect(PUSH);
     const int letter =
         qRound(font.horizontalAdvance("ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz") / 52.0);
     EXPECT_EQ(push.Width(), 10 * letter);
     EXPECT_EQ(windowRect(0).Width(), 50 * letter);
-    EXPECT_EQ(m_dialog.at(Push).y(), font.height());
+    EXPECT_EQ(m_dialog.at(PUSH).y(), font.height());
 }
 
 TEST_F(WindowPlacement, ChildrenComeInTheOrderOfTheTemplate) {
@@ -51,9 +51,9 @@ TEST_F(WindowPlacement, ChildrenComeInTheOrderOfTheTemplate) {
         ids.push_back(child->GetDlgCtrlID());
         EXPECT_EQ(child->GetParent(), &m_dialog);
         EXPECT_EQ(::GetWindow(::GetWindow(child->m_hWnd, GW_HWNDNEXT), GW_HWNDPREV),
-                  ids.back() == Far ? nullptr : child->m_hWnd);
+                  ids.back() == FAR ? nullptr : child->m_hWnd);
     }
-    EXPECT_THAT(ids, ElementsAre(Frame, Push, Icon, Far));
+    EXPECT_THAT(ids, ElementsAre(FRAME, PUSH, ICON, FAR));
     EXPECT_EQ(m_dialog.GetDlgItem(99), nullptr);
 }
 
@@ -63,17 +63,17 @@ TEST_F(WindowPlacement, TheDialogTakesTheSizeItIsGivenAndNoOther) {
     EXPECT_EQ(windowRect(0).left, before.left);
     EXPECT_EQ(windowRect(0).Width(), 123);
     EXPECT_EQ(windowRect(0).Height(), 77);
-    EXPECT_EQ(ui::dialog(RecordingDialog::templateId)->minimumSize(), QSize(123, 77));
-    EXPECT_EQ(ui::dialog(RecordingDialog::templateId)->maximumSize(), QSize(123, 77));
+    EXPECT_EQ(ui::dialog(RecordingDialog::TEMPLATE_ID)->minimumSize(), QSize(123, 77));
+    EXPECT_EQ(ui::dialog(RecordingDialog::TEMPLATE_ID)->maximumSize(), QSize(123, 77));
 }
 
 TEST_F(WindowPlacement, ScreenAndClientPointsAgree) {
-    CRect push = windowRect(Push);
+    CRect push = windowRect(PUSH);
     m_dialog.ScreenToClient(push);
-    EXPECT_EQ(QPoint(push.left, push.top), m_dialog.at(Push).pos());
+    EXPECT_EQ(QPoint(push.left, push.top), m_dialog.at(PUSH).pos());
     CPoint origin(0, 0);
-    m_dialog.GetDlgItem(Push)->ClientToScreen(&origin);
-    EXPECT_EQ(origin.x, windowRect(Push).left);
+    m_dialog.GetDlgItem(PUSH)->ClientToScreen(&origin);
+    EXPECT_EQ(origin.x, windowRect(PUSH).left);
 }
 
 TEST_F(WindowPlacement, RepositionBringsTheDialogBackOnTheScreen) {
@@ -103,11 +103,11 @@ TEST_F(WindowPlacement, CentresOverItsOwnerWhichMayBeAChildOfTheHost) {
 }
 
 TEST_F(WindowPlacement, AnIconStandsInForItsCaption) {
-    auto& button = m_dialog.at<QPushButton>(Icon);
+    auto& button = m_dialog.at<QPushButton>(ICON);
     EXPECT_EQ(button.text(), "");
     EXPECT_EQ(button.toolTip(), "Raise");
     EXPECT_EQ(button.accessibleName(), "Raise");
-    auto* const control = static_cast<CButton*>(m_dialog.GetDlgItem(Icon));
+    auto* const control = static_cast<CButton*>(m_dialog.GetDlgItem(ICON));
     const HICON icon = ::LoadIcon(nullptr, 2004);
     ASSERT_NE(icon, nullptr);
     EXPECT_EQ(control->SetIcon(icon), nullptr);
@@ -118,7 +118,7 @@ TEST_F(WindowPlacement, AnIconStandsInForItsCaption) {
 }
 
 TEST_F(WindowPlacement, EnablingAndHidingTellTheFormerState) {
-    CWnd* const edit = m_dialog.GetDlgItem(Far);
+    CWnd* const edit = m_dialog.GetDlgItem(FAR);
     EXPECT_TRUE(edit->EnableWindow(TRUE));
     EXPECT_FALSE(edit->EnableWindow(FALSE));
     EXPECT_TRUE(edit->ShowWindow(SW_HIDE));

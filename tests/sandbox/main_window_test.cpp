@@ -412,7 +412,7 @@ TEST_F(MainWindow, RecentHoldsProjectsAndHeightmaps) {
     EXPECT_EQ(document().name().toStdString(), "hills.png");
     texts();
     recent->actions()[1]->trigger();
-    EXPECT_EQ(document().kind(), CMapDocument::EKind::project);
+    EXPECT_EQ(document().kind(), CMapDocument::EKind::PROJECT);
     QFile::remove(heightmap());
     EXPECT_EQ(texts(), QString("my map - in %1\nhills.png - in %1 (off)").arg(place).toStdString());
 }

@@ -12,19 +12,19 @@
 namespace {
 
 const std::filesystem::path& outputFile() {
-    static const CTempDirectory directory;
-    static const std::filesystem::path path = directory.path() / "heard.wav";
-    return path;
+    static const CTempDirectory DIRECTORY;
+    static const std::filesystem::path PATH = DIRECTORY.path() / "heard.wav";
+    return PATH;
 }
 
 /// Before OpenAL is first used: it reads its settings once.
 bool playIntoFile() {
-    static const CTempDirectory directory;
-    const auto settings = directory.write("alsoft.conf", "[wave]\nfile = " + outputFile().string() + "\n");
+    static const CTempDirectory DIRECTORY;
+    const auto settings = DIRECTORY.write("alsoft.conf", "[wave]\nfile = " + outputFile().string() + "\n");
     return setenv("ALSOFT_DRIVERS", "wave", 1) == 0 && setenv("ALSOFT_CONF", settings.c_str(), 1) == 0;
 }
 
-const bool g_playsIntoFile = playIntoFile();
+const bool PLAYS_INTO_FILE = playIntoFile();
 
 /// While it lives, no file of this process grows beyond `bytes`.
 class FileSizeLimit {

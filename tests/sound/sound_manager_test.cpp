@@ -10,7 +10,7 @@
 namespace {
 
 /// Before OpenAL is first used: whatever sound this machine has, these tests have none of their own.
-const int g_noDrivers = setenv("ALSOFT_DRIVERS", "none of them", 1);
+const int G_NO_DRIVERS = setenv("ALSOFT_DRIVERS", "none of them", 1);
 
 using SoundManager = SoundFixture;
 

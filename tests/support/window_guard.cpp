@@ -10,13 +10,13 @@
 namespace {
 
 /// Said by the offscreen platform of every window with a fixed size; it tells nothing about the window.
-constexpr const char* offscreenRemark = "This plugin does not support propagateSizeHints()";
+constexpr const char* OFFSCREEN_REMARK = "This plugin does not support propagateSizeHints()";
 
 QStringList g_announced;
 QStringList g_unannounced;
 
 void onMessage(QtMsgType type, const QMessageLogContext&, const QString& text) {
-    if (type == QtDebugMsg || type == QtInfoMsg || text == QLatin1String(offscreenRemark)) {
+    if (type == QtDebugMsg || type == QtInfoMsg || text == QLatin1String(OFFSCREEN_REMARK)) {
         return;
     }
     for (const QString& announced : g_announced) {

@@ -299,9 +299,9 @@ TEST_F(PanelTextures, TilingIsTypedAndSteppedWithinItsRange) {
         leave(IDC_TILING);
         return m_map.getTextureTiling();
     };
-    const auto texturesBefore = m_map.getChangeCount(EMapChange::textures);
+    const auto texturesBefore = m_map.getChangeCount(EMapChange::TEXTURES);
     EXPECT_EQ(tilingAfter("255"), 255);
-    EXPECT_GT(m_map.getChangeCount(EMapChange::textures), texturesBefore);
+    EXPECT_GT(m_map.getChangeCount(EMapChange::TEXTURES), texturesBefore);
     spin(IDC_TILING_SPIN, true);
     spin(IDC_TILING_SPIN, true);
     EXPECT_EQ(m_map.getTextureTiling(), 256);
@@ -416,8 +416,8 @@ TEST_F(PanelTextures, GlobalSmoothChangesNothing) {
     m_map.setPointHeight(8, 8, 900, true);
     open();
     expand();
-    const auto heights = m_map.getChangeCount(EMapChange::heights);
+    const auto heights = m_map.getChangeCount(EMapChange::HEIGHTS);
     click(IDC_GLOBAL_SMOOTH);
-    EXPECT_EQ(m_map.getChangeCount(EMapChange::heights), heights);
+    EXPECT_EQ(m_map.getChangeCount(EMapChange::HEIGHTS), heights);
     EXPECT_EQ(undoFill(), 0);
 }

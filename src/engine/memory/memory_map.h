@@ -15,7 +15,7 @@ class CMemoryScene;
 
 /// What of a map can change. Records that the caller edits in place (details, texture definitions, terrain
 /// types) and the two public members change without a count.
-enum class EMapChange { heights, surface, markers, details, textures, material, editCursors };
+enum class EMapChange { HEIGHTS, SURFACE, MARKERS, DETAILS, TEXTURES, MATERIAL, EDIT_CURSORS };
 
 /// One edit-cursor mark as the toolkit set it; the cell may lie outside the grid.
 struct CEditCursor {

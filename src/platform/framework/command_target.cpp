@@ -16,9 +16,9 @@ template <class Matches> const AFX_MSGMAP_ENTRY* findEntry(const AFX_MSGMAP* map
 } // namespace
 
 const AFX_MSGMAP* CCmdTarget::GetThisMessageMap() {
-    static const AFX_MSGMAP_ENTRY end;
-    static const AFX_MSGMAP map{nullptr, &end};
-    return &map;
+    static const AFX_MSGMAP_ENTRY END;
+    static const AFX_MSGMAP MAP{nullptr, &END};
+    return &MAP;
 }
 
 const AFX_MSGMAP* CCmdTarget::GetMessageMap() const {

@@ -7,12 +7,12 @@
 namespace {
 
 std::string_view trimmed(std::string_view text) {
-    constexpr std::string_view blanks = " \t";
-    const std::size_t first = text.find_first_not_of(blanks);
+    constexpr std::string_view BLANKS = " \t";
+    const std::size_t first = text.find_first_not_of(BLANKS);
     if (first == std::string_view::npos) {
         return {};
     }
-    return text.substr(first, text.find_last_not_of(blanks) - first + 1);
+    return text.substr(first, text.find_last_not_of(BLANKS) - first + 1);
 }
 
 /// The text without a plus sign in front of its number.

@@ -27,10 +27,10 @@ HINSTANCE AfxGetResourceHandle() {
 }
 
 LPCTSTR AfxRegisterWndClass(UINT classStyle, HCURSOR, HBRUSH, HICON) {
-    static constexpr char name[] = "Afx";
-    const WNDCLASS registered{.style = classStyle, .lpszClassName = &name[0]};
+    static constexpr char NAME[] = "Afx";
+    const WNDCLASS registered{.style = classStyle, .lpszClassName = &NAME[0]};
     ::RegisterClass(&registered);
-    return &name[0];
+    return &NAME[0];
 }
 
 BOOL AfxRegisterClass(WNDCLASS* windowClass) {

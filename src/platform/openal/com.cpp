@@ -6,7 +6,7 @@
 
 namespace {
 
-thread_local bool t_started = false;
+thread_local bool g_bStarted = false;
 
 HRESULT createDirectSound(REFIID interfaceId, void** object) {
     try {
@@ -29,8 +29,8 @@ HRESULT CoInitialize(void* reserved) {
     if (reserved != nullptr) {
         return E_INVALIDARG;
     }
-    const HRESULT result = t_started ? S_FALSE : S_OK;
-    t_started = true;
+    const HRESULT result = g_bStarted ? S_FALSE : S_OK;
+    g_bStarted = true;
     return result;
 }
 
@@ -40,7 +40,7 @@ HRESULT CoCreateInstance(REFCLSID classId, IUnknown* outer, DWORD context, REFII
         return E_POINTER;
     }
     *object = nullptr;
-    if (!t_started) {
+    if (!g_bStarted) {
         return CO_E_NOTINITIALIZED;
     }
     if (outer != nullptr) {

@@ -11,8 +11,8 @@ void ignoreMessage(const char*, int, const char*, int, const char*, void*) {}
 /// ALSA's function that sets the calling thread's own message handler, or null where ALSA is not installed.
 /// Looked up, not linked: OpenAL Soft loads the library itself when it wants it.
 void* findAlsaHandlerSetter() {
-    static void* const library = dlopen("libasound.so.2", RTLD_LAZY | RTLD_LOCAL);
-    return library != nullptr ? dlsym(library, "snd_lib_error_set_local") : nullptr;
+    static void* const LIBRARY = dlopen("libasound.so.2", RTLD_LAZY | RTLD_LOCAL);
+    return LIBRARY != nullptr ? dlsym(LIBRARY, "snd_lib_error_set_local") : nullptr;
 }
 
 } // namespace

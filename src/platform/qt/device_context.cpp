@@ -34,10 +34,10 @@ QImage imageOf(HGDIOBJ__& bitmap) {
 
 HGDIOBJ HDC__::select(HGDIOBJ object) {
     using Kind = HGDIOBJ__::Kind;
-    if (object != nullptr && object->kind == Kind::Pen) {
+    if (object != nullptr && object->kind == Kind::PEN) {
         return std::exchange(m_pen, object);
     }
-    if (object != nullptr && object->kind == Kind::Brush) {
+    if (object != nullptr && object->kind == Kind::BRUSH) {
         return std::exchange(m_brush, object);
     }
     const HGDIOBJ former = m_bitmap;

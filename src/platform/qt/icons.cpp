@@ -22,7 +22,7 @@ namespace qtbackend {
 
 namespace {
 
-constexpr int iconExtent = 32;
+constexpr int ICON_EXTENT = 32;
 
 using IconCache = std::unordered_map<UINT, std::unique_ptr<HICON__>>;
 
@@ -58,7 +58,7 @@ QIcon iconOf(HICON icon) {
 }
 
 QSize iconSizeFor(int room) {
-    const int extent = std::clamp(room, 1, iconExtent);
+    const int extent = std::clamp(room, 1, ICON_EXTENT);
     return {extent, extent};
 }
 

@@ -16,7 +16,7 @@ struct KeyPair {
     WPARAM key;
 };
 
-constexpr KeyPair keyPairs[] = {
+constexpr KeyPair KEY_PAIRS[] = {
     {Qt::Key_Tab, VK_TAB},      {Qt::Key_Backtab, VK_TAB},   {Qt::Key_Return, VK_RETURN},
     {Qt::Key_Enter, VK_RETURN}, {Qt::Key_Escape, VK_ESCAPE}, {Qt::Key_Left, VK_LEFT},
     {Qt::Key_Up, VK_UP},        {Qt::Key_Right, VK_RIGHT},   {Qt::Key_Down, VK_DOWN},
@@ -32,7 +32,7 @@ WPARAM virtualKey(int qtKey) {
     if (sameCode) {
         return static_cast<WPARAM>(qtKey);
     }
-    for (const KeyPair& pair : keyPairs) {
+    for (const KeyPair& pair : KEY_PAIRS) {
         if (pair.qtKey == qtKey) {
             return pair.key;
         }

@@ -10,7 +10,7 @@ namespace qtbackend {
 
 namespace {
 
-constexpr std::uintptr_t controlHandleBit = std::uintptr_t{1} << 62U;
+constexpr std::uintptr_t CONTROL_HANDLE_BIT = std::uintptr_t{1} << 62U;
 
 int g_depth = 0;
 int g_modalRuns = 0;
@@ -41,7 +41,7 @@ void WindowRegistry::enter(std::unique_ptr<Window> window) {
     QWidget* const widget = window->widget();
     if (window->handle() == nullptr) {
         const bool topLevel = widget != nullptr && widget->isWindow();
-        const std::uintptr_t number = topLevel ? nativeIdOf(*widget) : controlHandleBit | ++m_lastChild;
+        const std::uintptr_t number = topLevel ? nativeIdOf(*widget) : CONTROL_HANDLE_BIT | ++m_lastChild;
         window->setHandle(reinterpret_cast<HWND>(number));
     }
     if (widget != nullptr) {
@@ -70,7 +70,7 @@ Window* WindowRegistry::find(const QWidget* widget) const {
 }
 
 Window* WindowRegistry::findOrAdopt(HWND handle) {
-    if (handle == nullptr || (reinterpret_cast<std::uintptr_t>(handle) & controlHandleBit) != 0) {
+    if (handle == nullptr || (reinterpret_cast<std::uintptr_t>(handle) & CONTROL_HANDLE_BIT) != 0) {
         return find(handle);
     }
     Window* const known = find(handle);

@@ -17,8 +17,8 @@ inline constexpr DWORD BI_RGB = 0;
 
 /// A pen, a brush or a bitmap. Owned by the C… object that made it, or by nobody when it is a stock object.
 struct HGDIOBJ__ {
-    enum class Kind { Pen, Brush, Bitmap };
-    Kind kind = Kind::Pen;
+    enum class Kind { PEN, BRUSH, BITMAP };
+    Kind kind = Kind::PEN;
     bool hollow = false; ///< draws nothing
     COLORREF colour = 0;
     int width = 1;                     ///< of a pen, pixels; of a bitmap, columns

@@ -19,7 +19,7 @@ struct DetailSnapshot {
     int z = 0;
 };
 
-DetailSnapshot s_snapshot;
+DetailSnapshot g_snapshot;
 
 qxCVector3d groundPoint(double x, double z) {
     return {static_cast<float>(x), 0.0F, static_cast<float>(z)};
@@ -75,25 +75,25 @@ void followPointer(CMapEditorModel& model, int x, int z) {
     if (!stroke.firstUpdate) {
         return;
     }
-    s_snapshot.record = model.m_pCurrentDetail;
+    g_snapshot.record = model.m_pCurrentDetail;
     if (const qxCMapDetailRecord* const detail = model.m_pCurrentDetail) {
-        s_snapshot = {model.m_pCurrentDetail, detail->point0, detail->point1, detail->point2, x, z};
+        g_snapshot = {model.m_pCurrentDetail, detail->point0, detail->point1, detail->point2, x, z};
     }
 }
 
 /// Put each point of the detail where `transform` takes it from its snapshot.
 template <typename Transform> void placeDetail(const Transform& transform) {
-    if (s_snapshot.record == nullptr) {
+    if (g_snapshot.record == nullptr) {
         return;
     }
-    s_snapshot.record->point0 = transform(s_snapshot.point0);
-    s_snapshot.record->point1 = transform(s_snapshot.point1);
-    s_snapshot.record->point2 = transform(s_snapshot.point2);
+    g_snapshot.record->point0 = transform(g_snapshot.point0);
+    g_snapshot.record->point1 = transform(g_snapshot.point1);
+    g_snapshot.record->point2 = transform(g_snapshot.point2);
 }
 
 /// The transform about the detail's middle, which stays where it is.
 qxCMatrix4d aboutMiddle(const qxCMatrix4d& transform) {
-    const qxCVector3d middle = (s_snapshot.point1 + s_snapshot.point2) * 0.5F;
+    const qxCVector3d middle = (g_snapshot.point1 + g_snapshot.point2) * 0.5F;
     qxCMatrix4d toOrigin;
     toOrigin.translation(-middle);
     qxCMatrix4d back;
@@ -106,8 +106,8 @@ void placeAboutMiddle(const qxCMatrix4d& transform) {
 }
 
 void dragDetail(const StrokeState& stroke) {
-    const qxCVector3d offset = groundPoint(static_cast<double>(stroke.x) - s_snapshot.x,
-                                           static_cast<double>(stroke.z) - s_snapshot.z);
+    const qxCVector3d offset = groundPoint(static_cast<double>(stroke.x) - g_snapshot.x,
+                                           static_cast<double>(stroke.z) - g_snapshot.z);
     placeDetail([&offset](const qxCVector3d& point) { return point + offset; });
 }
 
@@ -195,5 +195,5 @@ void updateDetailTool(CMapEditorModel& model, int x, int z, int amount) {
 }
 
 void forgetDetailSnapshot() {
-    s_snapshot = {};
+    g_snapshot = {};
 }

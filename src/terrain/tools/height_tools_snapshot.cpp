@@ -20,10 +20,10 @@ namespace {
 constexpr int TABLE_EDGE = 5;
 
 // Heights under the brush, [dx][dz], for Raise without a selection.
-std::array<std::array<int, TABLE_EDGE>, TABLE_EDGE> s_brushHeights;
+std::array<std::array<int, TABLE_EDGE>, TABLE_EDGE> g_brushHeights;
 
 int& brushHeight(int dx, int dz) {
-    return s_brushHeights[static_cast<std::size_t>(dx)][static_cast<std::size_t>(dz)];
+    return g_brushHeights[static_cast<std::size_t>(dx)][static_cast<std::size_t>(dz)];
 }
 
 void takeSnapshot(CMapEditorModel& model, HeightSnapshot::Owner owner, const GridArea& area) {

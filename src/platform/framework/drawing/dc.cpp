@@ -61,7 +61,7 @@ CGdiObject* CDC::SelectStockObject(int index) {
     if (stock == nullptr) {
         return nullptr;
     }
-    CGdiObject& former = stock->kind == HGDIOBJ__::Kind::Pen ? static_cast<CGdiObject&>(m_formerPen)
+    CGdiObject& former = stock->kind == HGDIOBJ__::Kind::PEN ? static_cast<CGdiObject&>(m_formerPen)
                                                              : static_cast<CGdiObject&>(m_formerBrush);
     former.standFor(::SelectObject(m_hDC, stock));
     return &former;

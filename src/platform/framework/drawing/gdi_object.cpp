@@ -19,7 +19,7 @@ void CGdiObject::standFor(HGDIOBJ object) {
 
 BOOL CPen::CreatePen(int, int width, COLORREF colour) {
     HGDIOBJ__ pen;
-    pen.kind = HGDIOBJ__::Kind::Pen;
+    pen.kind = HGDIOBJ__::Kind::PEN;
     pen.colour = colour;
     pen.width = width;
     return take(std::move(pen));
@@ -27,7 +27,7 @@ BOOL CPen::CreatePen(int, int width, COLORREF colour) {
 
 BOOL CBrush::CreateSolidBrush(COLORREF colour) {
     HGDIOBJ__ brush;
-    brush.kind = HGDIOBJ__::Kind::Brush;
+    brush.kind = HGDIOBJ__::Kind::BRUSH;
     brush.colour = colour;
     return take(std::move(brush));
 }
@@ -37,7 +37,7 @@ BOOL CBitmap::CreateCompatibleBitmap(CDC*, int width, int height) {
         return FALSE;
     }
     HGDIOBJ__ bitmap;
-    bitmap.kind = HGDIOBJ__::Kind::Bitmap;
+    bitmap.kind = HGDIOBJ__::Kind::BITMAP;
     bitmap.width = width;
     bitmap.height = height;
     bitmap.pixels.assign(static_cast<std::size_t>(width) * static_cast<std::size_t>(height), 0xFF000000U);
@@ -58,12 +58,12 @@ HGDIOBJ__ stockObject(HGDIOBJ__::Kind kind, COLORREF colour, bool hollow) {
 
 HGDIOBJ GetStockObject(int object) {
     using Kind = HGDIOBJ__::Kind;
-    static HGDIOBJ__ whiteBrush = stockObject(Kind::Brush, RGB(255, 255, 255), false);
-    static HGDIOBJ__ blackBrush = stockObject(Kind::Brush, RGB(0, 0, 0), false);
-    static HGDIOBJ__ noBrush = stockObject(Kind::Brush, 0, true);
-    static HGDIOBJ__ whitePen = stockObject(Kind::Pen, RGB(255, 255, 255), false);
-    static HGDIOBJ__ blackPen = stockObject(Kind::Pen, RGB(0, 0, 0), false);
-    static HGDIOBJ__ noPen = stockObject(Kind::Pen, 0, true);
+    static HGDIOBJ__ whiteBrush = stockObject(Kind::BRUSH, RGB(255, 255, 255), false);
+    static HGDIOBJ__ blackBrush = stockObject(Kind::BRUSH, RGB(0, 0, 0), false);
+    static HGDIOBJ__ noBrush = stockObject(Kind::BRUSH, 0, true);
+    static HGDIOBJ__ whitePen = stockObject(Kind::PEN, RGB(255, 255, 255), false);
+    static HGDIOBJ__ blackPen = stockObject(Kind::PEN, RGB(0, 0, 0), false);
+    static HGDIOBJ__ noPen = stockObject(Kind::PEN, 0, true);
     switch (object) {
     case WHITE_BRUSH:
         return &whiteBrush;
