@@ -32,9 +32,9 @@ qxCImageFile makeImage() {
 }
 
 /// QPainter gets the picture in the format that it composes fastest; the conversion is not counted.
-class PainterDraw {
+class CPainterDraw {
 public:
-    explicit PainterDraw(const qxCImageFile& image) {
+    explicit CPainterDraw(const qxCImageFile& image) {
         QImage straight(SOURCE_EDGE, SOURCE_EDGE, QImage::Format_ARGB32);
         for (int y = 0; y < SOURCE_EDGE; ++y) {
             for (int x = 0; x < SOURCE_EDGE; ++x) {
@@ -67,9 +67,9 @@ private:
 };
 
 /// The preview and the context that it paints on.
-class PreviewDraw {
+class CPreviewDraw {
 public:
-    explicit PreviewDraw(const qxCImageFile& image) {
+    explicit CPreviewDraw(const qxCImageFile& image) {
         m_context.CreateCompatibleDC(nullptr);
         m_bitmap.CreateCompatibleBitmap(nullptr, EDGE, EDGE);
         m_pFormer = m_context.SelectObject(&m_bitmap);
@@ -77,9 +77,9 @@ public:
         m_item.hDC = m_context.m_hDC;
         m_item.rcItem = {0, 0, EDGE, EDGE};
     }
-    ~PreviewDraw() { m_context.SelectObject(m_pFormer); }
-    PreviewDraw(const PreviewDraw&) = delete;
-    PreviewDraw& operator=(const PreviewDraw&) = delete;
+    ~CPreviewDraw() { m_context.SelectObject(m_pFormer); }
+    CPreviewDraw(const CPreviewDraw&) = delete;
+    CPreviewDraw& operator=(const CPreviewDraw&) = delete;
 
     void run() {
         m_preview.DrawItem(&m_item);
@@ -102,8 +102,8 @@ int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QGuiApplication application(argc, argv);
     const qxCImageFile image = makeImage();
-    PainterDraw painter(image);
-    PreviewDraw preview(image);
+    CPainterDraw painter(image);
+    CPreviewDraw preview(image);
     const std::vector<double> seconds =
         bench::medianSeconds({[&] { preview.run(); }, [&] { painter.run(); }}, ROUNDS);
     if (preview.pixel(EDGE - 1, EDGE - 1) == RGB(0, 0, 0)) {

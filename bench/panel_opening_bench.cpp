@@ -43,7 +43,7 @@ QWidget* openPanel() {
 }
 
 /// A field that paints itself, as an owner-drawn button does.
-class Field : public QAbstractButton {
+class CField : public QAbstractButton {
 public:
     using QAbstractButton::QAbstractButton;
 
@@ -100,7 +100,7 @@ QAbstractButton* makeButton(const Look& look, QWidget* parent) {
     } else if (look.kind == "QCheckBox") {
         button = new QCheckBox(look.text, parent);
     } else {
-        button = new Field(parent);
+        button = new CField(parent);
     }
     button->setCheckable(look.checkable);
     button->setChecked(look.checked);
@@ -148,9 +148,9 @@ QWidget* makeWidget(const Look& look, QWidget* parent) {
     return makeButton(look, parent);
 }
 
-class StraightDialog {
+class CStraightDialog {
 public:
-    explicit StraightDialog(const QWidget& panel)
+    explicit CStraightDialog(const QWidget& panel)
         : m_flags(panel.windowFlags()), m_geometry(panel.geometry()), m_font(panel.font()) {
         for (const QWidget* child : panel.findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
             m_looks.emplace_back(*child);
@@ -187,14 +187,14 @@ private:
     std::vector<Look> m_looks;
 };
 
-class Openings {
+class COpenings {
 public:
-    Openings() {
+    COpenings() {
         open();
-        m_pStraight = std::make_unique<StraightDialog>(*openPanel());
+        m_pStraight = std::make_unique<CStraightDialog>(*openPanel());
         close();
     }
-    ~Openings() { vuDestroySettings(); }
+    ~COpenings() { vuDestroySettings(); }
 
     void panel() {
         open();
@@ -232,7 +232,7 @@ private:
 
     CMemoryScene m_scene;
     CMemoryMap m_map{64, &m_scene};
-    std::unique_ptr<StraightDialog> m_pStraight;
+    std::unique_ptr<CStraightDialog> m_pStraight;
 };
 
 std::function<void()> repeated(std::function<void()> opening) {
@@ -256,7 +256,7 @@ int main(int argc, char** argv) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
     }
     const QApplication application(argc, argv);
-    Openings openings;
+    COpenings openings;
     benchmark::RegisterBenchmark("panel opening", [&](benchmark::State& state) {
         for (auto _ : state) {
             openings.panel();

@@ -34,7 +34,7 @@ void writeTexture(const std::filesystem::path& path, int seed) {
 }
 
 /// The same pictures over plain arrays: the floor.
-class StraightLoop {
+class CStraightLoop {
 public:
     void load(const char* smooth, const char* rough) {
         const auto fill = [](const char* name, std::vector<qxCColour>& pixels) {
@@ -98,9 +98,9 @@ private:
 
 /// The blend and the multiply with Qt's own compositing: the rough image through a mask over the smooth one,
 /// then the tint map multiplied.
-class PainterComposite {
+class CPainterComposite {
 public:
-    PainterComposite() {
+    CPainterComposite() {
         m_smooth.fill(Qt::darkGreen);
         m_rough.fill(Qt::darkGray);
         m_mask.fill(QColor(0, 0, 0, 90));
@@ -152,8 +152,8 @@ int main(int argc, char** argv) {
 
     CTexturePreview::Definition definition{{200, 180, 90, 255}, {90, 140, 60, 255}, 0.5F, 0.3F};
     auto preview = std::make_unique<CTexturePreview>();
-    StraightLoop straight;
-    PainterComposite painter;
+    CStraightLoop straight;
+    CPainterComposite painter;
     const auto show = [&] { benchmark::DoNotOptimize(preview->showDefinition(definition, map)); };
     const auto invalidate = [&](std::initializer_list<CTexturePreview::Item> items) {
         for (const CTexturePreview::Item item : items) {

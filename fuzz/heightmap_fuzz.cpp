@@ -12,8 +12,8 @@ void require(bool condition) {
     }
 }
 
-void checkMap(const CHeightmapReading& reading) {
-    const CHeightmap& map = reading.map;
+void checkMap(const HeightmapReading& reading) {
+    const Heightmap& map = reading.map;
     require(map.edge >= 2 && map.edge <= HEIGHTMAP_MAX_EDGE);
     require(map.heights.size() == static_cast<std::size_t>(map.edge) * static_cast<std::size_t>(map.edge));
     constexpr int SMALL = 64; // saving a larger one would take the time from other inputs
@@ -26,7 +26,7 @@ void checkMap(const CHeightmapReading& reading) {
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const CHeightmapReading reading = decodeHeightmap({data, size});
+    const HeightmapReading reading = decodeHeightmap({data, size});
     if (reading.error.empty()) {
         checkMap(reading);
     } else {

@@ -5,11 +5,11 @@
 
 /// What parses must be written and read back as the same settings.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const CProjectJsonReading reading = parseProjectJson(
+    const ProjectJsonReading reading = parseProjectJson(
         QByteArray::fromRawData(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size)));
     if (reading.error.isEmpty()) {
         const QByteArray written = writeProjectJson(reading.settings, reading.original);
-        const CProjectJsonReading again = parseProjectJson(written);
+        const ProjectJsonReading again = parseProjectJson(written);
         if (!again.error.isEmpty() || writeProjectJson(again.settings, again.original) != written) {
             std::abort();
         }

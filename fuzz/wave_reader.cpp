@@ -12,9 +12,9 @@
 namespace {
 
 /// A file without a disk, written anew for each input.
-class MemoryFile {
+class CMemoryFile {
 public:
-    MemoryFile() : m_nFile(memfd_create("wave", 0)), m_strPath("/proc/self/fd/" + std::to_string(m_nFile)) {}
+    CMemoryFile() : m_nFile(memfd_create("wave", 0)), m_strPath("/proc/self/fd/" + std::to_string(m_nFile)) {}
 
     const char* write(const std::uint8_t* data, std::size_t size) const {
         const auto length = static_cast<ssize_t>(size);
@@ -48,7 +48,7 @@ std::size_t readAll(CWaveReader& reader, std::size_t most) {
 
 // Any bytes as a WAV file on disk: opened, read to the end twice, never more than the file holds.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    static const MemoryFile FILE;
+    static const CMemoryFile FILE;
     CWaveReader reader;
     if (FAILED(reader.open(FILE.write(data, size)))) {
         return 0;

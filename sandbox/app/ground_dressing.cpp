@@ -13,8 +13,9 @@ namespace {
 constexpr int CELLS_A_REPEAT = 10; // over how many cells a base texture stretches
 constexpr int MAX_TILING = 256;
 
-/// In the order of EGround. Both base textures are pale, so the tints are the colours that the ground takes.
-constexpr std::array<qxCMapMultiTexture, static_cast<std::size_t>(EGround::COUNT)> DEFINITIONS{{
+/// In the order of GroundKind. Both base textures are pale, so the tints are the colours that the ground
+/// takes.
+constexpr std::array<qxCMapMultiTexture, static_cast<std::size_t>(GroundKind::COUNT)> DEFINITIONS{{
     {{158, 166, 104, 255}, {128, 142, 80, 255}, 0.05F, 0.1F}, // meadow
     {{100, 116, 72, 255}, {78, 94, 56, 255}, 0.1F, 0.1F},     // forest
     {{192, 176, 112, 255}, {162, 154, 92, 255}, 0.2F, 0.2F},  // heath
@@ -25,13 +26,13 @@ constexpr std::array<qxCMapMultiTexture, static_cast<std::size_t>(EGround::COUNT
 }};
 
 /// Surface of one point: colour channels 0 to 255, blend 0 to 1.
-struct CSurface {
+struct GroundSurface {
     float red;
     float green;
     float blue;
     float blend;
 
-    void approach(const CSurface& other, float way) {
+    void approach(const GroundSurface& other, float way) {
         red += (other.red - red) * way;
         green += (other.green - green) * way;
         blue += (other.blue - blue) * way;
@@ -77,7 +78,7 @@ private:
                CMemoryMap::CELL_SIZE;
     }
 
-    static CSurface surfaceOf(EGround ground, float grain, float patch) {
+    static GroundSurface surfaceOf(GroundKind ground, float grain, float patch) {
         const qxCMapMultiTexture& definition = DEFINITIONS[static_cast<std::size_t>(ground)];
         const auto mixed = [grain](std::uint8_t from, std::uint8_t to) {
             return static_cast<float>(from) + (static_cast<float>(to) - static_cast<float>(from)) * grain;
@@ -93,16 +94,17 @@ private:
         // Borders are a little uneven, so that they are no contour lines.
         const float rise = (height(x, z) - m_fLow) / m_fSpan + 0.16F * (patch - 0.5F);
         const float steep = steepness(x, z) * (0.85F + 0.3F * grain);
-        CSurface surface = surfaceOf(EGround::MEADOW, grain, patch);
-        const auto cover = [&](EGround ground, float weight) {
+        GroundSurface surface = surfaceOf(GroundKind::MEADOW, grain, patch);
+        const auto cover = [&](GroundKind ground, float weight) {
             if (weight > 0.0F) {
                 surface.approach(surfaceOf(ground, grain, patch), weight);
             }
         };
-        cover(EGround::FOREST, 0.9F * softStep(0.1F, 0.25F, rise) * softStep(0.4F, 0.6F, m_stand.at(x, z)));
-        cover(EGround::HEATH, 0.85F * softStep(0.45F, 0.8F, rise));
-        cover(EGround::SCREE, 0.8F * softStep(0.48F, 0.70F, steep)); // from 26 degrees
-        cover(EGround::ROCK, softStep(0.65F, 0.90F, steep));         // from 33 degrees
+        cover(GroundKind::FOREST,
+              0.9F * softStep(0.1F, 0.25F, rise) * softStep(0.4F, 0.6F, m_stand.at(x, z)));
+        cover(GroundKind::HEATH, 0.85F * softStep(0.45F, 0.8F, rise));
+        cover(GroundKind::SCREE, 0.8F * softStep(0.48F, 0.70F, steep)); // from 26 degrees
+        cover(GroundKind::ROCK, softStep(0.65F, 0.90F, steep));         // from 33 degrees
         m_map.setPointColour(0, x, z,
                              {static_cast<int>(surface.red), static_cast<int>(surface.green),
                               static_cast<int>(surface.blue), 255});

@@ -4,7 +4,7 @@
 #include "engine/memory/memory_scene.h"
 
 /// The texture definitions that a map gets which comes without any, by their index in the map.
-enum class EGround { MEADOW, FOREST, HEATH, SCREE, ROCK, SAND, SOIL, COUNT };
+enum class GroundKind { MEADOW, FOREST, HEATH, SCREE, ROCK, SAND, SOIL, COUNT };
 
 /// Give a map that has heights alone what a designer needs to paint at once: base textures from the scene
 /// (those that are named turf, crag and water, as far as they are there), a tiling that suits its size, and a

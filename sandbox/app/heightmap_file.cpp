@@ -5,8 +5,8 @@
 
 namespace {
 
-CHeightmapReading failed(const QString& reason) {
-    CHeightmapReading reading;
+HeightmapReading failed(const QString& reason) {
+    HeightmapReading reading;
     reading.error = reason.toStdString();
     return reading;
 }
@@ -19,7 +19,7 @@ QString reasonOf(const QFileDevice& file) {
 
 } // namespace
 
-CHeightmapReading readHeightmapFile(const QString& path) {
+HeightmapReading readHeightmapFile(const QString& path) {
     QFile file(path);
     const QFileInfo info(path);
     if (info.exists() && !info.isFile()) {
@@ -40,7 +40,7 @@ CHeightmapReading readHeightmapFile(const QString& path) {
         {reinterpret_cast<const std::uint8_t*>(bytes.constData()), static_cast<std::size_t>(bytes.size())});
 }
 
-QString writeHeightmapFile(const QString& path, const CHeightmap& map) {
+QString writeHeightmapFile(const QString& path, const Heightmap& map) {
     const auto encoded = encodeHeightmap(map);
     if (!encoded.has_value()) {
         return "there is not enough memory";

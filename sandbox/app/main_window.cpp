@@ -146,8 +146,8 @@ void CMainWindow::followState() {
 void CMainWindow::showTitle() {
     setWindowTitle(tr("%1[*] - Terrain sandbox").arg(m_document.name()));
     setWindowModified(m_document.isModified());
-    m_pSaveAction->setText(m_document.kind() == CMapDocument::EKind::HEIGHTMAP ? tr("&Save Heightmap")
-                                                                               : tr("&Save Project"));
+    m_pSaveAction->setText(m_document.kind() == CMapDocument::ChangeKind::HEIGHTMAP ? tr("&Save Heightmap")
+                                                                                    : tr("&Save Project"));
 }
 
 /// A texture is imported by its file name alone, so a file from a folder that is not looked through stays
@@ -167,7 +167,7 @@ void CMainWindow::watchTextures() {
     }
 }
 
-void CMainWindow::showPlace(const std::optional<CTerrainHit>& hit) {
+void CMainWindow::showPlace(const std::optional<TerrainHit>& hit) {
     if (!hit.has_value()) {
         m_pPlace->clear();
         return;

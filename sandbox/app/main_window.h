@@ -71,7 +71,7 @@ private:
     /// Follow what changed behind the menus' back: the panel was closed, the map was edited.
     void followState();
     void showTitle();
-    void showPlace(const std::optional<CTerrainHit>& hit);
+    void showPlace(const std::optional<TerrainHit>& hit);
     void showControls();
     void adoptMap();
     QString settleSave(const QString& path, const CMapDocument::Outcome& outcome);

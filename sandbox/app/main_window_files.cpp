@@ -15,7 +15,7 @@
 
 namespace {
 
-using EKind = CMapDocument::EKind;
+using ChangeKind = CMapDocument::ChangeKind;
 
 constexpr const char* HEIGHTMAP_FILTER = "Heightmaps (*.png);;All files (*)";
 constexpr const char* PROJECT_FILTER = "Map projects (project.json);;All files (*)";
@@ -167,7 +167,7 @@ void CMainWindow::openAsked(const QString& path) {
 }
 
 bool CMainWindow::save() {
-    if (m_document.kind() == EKind::HEIGHTMAP) {
+    if (m_document.kind() == ChangeKind::HEIGHTMAP) {
         return m_document.path().isEmpty() ? saveHeightmapAs() : saveHeightsTo(m_document.path());
     }
     return m_document.path().isEmpty() ? saveProjectAs() : tell(saveProject(m_document.path()));
@@ -175,7 +175,7 @@ bool CMainWindow::save() {
 
 bool CMainWindow::saveProjectAs() {
     QString place = placeFor(m_document);
-    if (m_document.kind() == EKind::HEIGHTMAP) {
+    if (m_document.kind() == ChangeKind::HEIGHTMAP) {
         place = QFileInfo(place).dir().filePath(QFileInfo(place).completeBaseName());
     }
     // A folder that is there already is entered by the dialog, where its project file can be picked; the
@@ -190,7 +190,7 @@ bool CMainWindow::saveProjectAs() {
 
 bool CMainWindow::saveHeightmapAs() {
     QString place = placeFor(m_document);
-    if (m_document.kind() != EKind::HEIGHTMAP) {
+    if (m_document.kind() != ChangeKind::HEIGHTMAP) {
         place += ".png";
     }
     const QString path =
@@ -201,7 +201,7 @@ bool CMainWindow::saveHeightmapAs() {
 /// Of a project the heights are saved as a copy, so that nothing of it can get lost; but what else a
 /// heightmap has grown here would have no place to stay.
 bool CMainWindow::saveHeightsTo(const QString& path) {
-    const bool outgrown = m_document.kind() != EKind::PROJECT && m_document.hasOtherChanges();
+    const bool outgrown = m_document.kind() != ChangeKind::PROJECT && m_document.hasOtherChanges();
     if (!outgrown || m_bHeightsAreEnough) {
         return tell(saveHeightmap(path));
     }
@@ -222,7 +222,7 @@ bool CMainWindow::mayDropMap() {
     if (!m_document.isModified()) {
         return true;
     }
-    const bool outgrown = m_document.kind() == EKind::HEIGHTMAP && m_document.hasOtherChanges();
+    const bool outgrown = m_document.kind() == ChangeKind::HEIGHTMAP && m_document.hasOtherChanges();
     const QString question = tr(outgrown ? HEIGHTS_ALONE : "Save the changes to %1 first?");
     QMessageBox box(QMessageBox::Question, tr("Terrain sandbox"), question.arg(m_document.name()),
                     QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, this);

@@ -82,25 +82,25 @@ void CMainWindow::makeViewMenu() {
     m_pFlyAction->setChecked(true);
     m_pFlyAction->setShortcut(Qt::Key_F);
     connect(m_pFlyAction, &QAction::toggled, this, [this](bool fly) {
-        m_pView->setCameraMode(fly ? CMapView::ECameraMode::FLY : CMapView::ECameraMode::ORBIT);
+        m_pView->setCameraMode(fly ? CMapView::CameraMode::FLY : CMapView::CameraMode::ORBIT);
         statusBar()->showMessage(fly ? tr("Right drag looks around") : tr("Right drag turns the map"), 3000);
     });
     QAction* reset = menu->addAction(tr("&Reset Camera"), Qt::Key_Home, m_pView, &CMapView::resetCamera);
     reset->setObjectName("reset-camera");
     menu->addSeparator();
-    const auto addOption = [&](const QString& text, const char* name, bool CViewOptions::*option) {
+    const auto addOption = [&](const QString& text, const char* name, bool ViewOptions::*option) {
         QAction* action = menu->addAction(text);
         action->setObjectName(name);
         action->setCheckable(true);
         action->setChecked(m_pView->options().*option);
         connect(action, &QAction::toggled, this, [this, option](bool on) {
-            CViewOptions options = m_pView->options();
+            ViewOptions options = m_pView->options();
             options.*option = on;
             m_pView->setOptions(options);
         });
     };
-    addOption(tr("&Grid"), "grid", &CViewOptions::grid);
-    addOption(tr("&Wireframe"), "wireframe", &CViewOptions::wireframe);
+    addOption(tr("&Grid"), "grid", &ViewOptions::grid);
+    addOption(tr("&Wireframe"), "wireframe", &ViewOptions::wireframe);
 }
 
 void CMainWindow::makeHelpMenu() {

@@ -39,13 +39,13 @@ bool isProjectPath(const QString& path) {
 
 /// World units per height unit, so that a map looks like a landscape whatever unit its heights are in: its
 /// relief is a set part of its width, but nearly level ground is not blown up into mountains.
-float scaleFor(const CHeightmap& heights) {
+float scaleFor(const Heightmap& heights) {
     const auto [low, high] = std::ranges::minmax(heights.heights);
     const double relief = std::max(high - low, 1);
     return static_cast<float>(std::min(RELIEF * (heights.edge - 1) / relief, STEEPEST_UNIT));
 }
 
-QString cropNote(const CHeightmapReading& reading) {
+QString cropNote(const HeightmapReading& reading) {
     if (!reading.isCropped()) {
         return {};
     }
@@ -87,7 +87,7 @@ void listTextures(CMemoryScene& scene, const QString& mapFolder) {
     }
 }
 
-CProjectFault writeCopy(const QString& folder, CProject project) {
+ProjectFault writeCopy(const QString& folder, Project project) {
     try {
         return writeProject(folder, project);
     } catch (const std::bad_alloc&) {
@@ -102,16 +102,15 @@ QString failedTo(const char* what, const QString& path, const QString& reason) {
 } // namespace
 
 CMapDocument::CMapDocument() {
-    const CHeightmap level{NEW_EDGE,
-                           std::vector<std::uint16_t>(std::size_t{NEW_EDGE} * NEW_EDGE, NEW_HEIGHT)};
+    const Heightmap level{NEW_EDGE, std::vector<std::uint16_t>(std::size_t{NEW_EDGE} * NEW_EDGE, NEW_HEIGHT)};
     adopt(makeContents(level, {}), [] {});
     lookForTexturesIn({});
     m_strName = "level ground";
     rememberState();
 }
 
-CMapDocument::CContents CMapDocument::makeContents(const CHeightmap& heights, const QString& mapFolder) {
-    CContents made{std::make_unique<CMemoryScene>(), nullptr};
+CMapDocument::Contents CMapDocument::makeContents(const Heightmap& heights, const QString& mapFolder) {
+    Contents made{std::make_unique<CMemoryScene>(), nullptr};
     made.map = std::make_unique<CMemoryMap>(heights.edge - 1, made.scene.get());
     CMemoryMap& map = *made.map;
     const std::uint16_t* height = heights.heights.data();
@@ -139,7 +138,7 @@ CMapDocument::Outcome CMapDocument::open(const QString& path, const std::functio
 
 CMapDocument::Outcome CMapDocument::openHeightmap(const QString& path,
                                                   const std::function<void()>& beforeSwap) {
-    const CHeightmapReading reading = readHeightmapFile(path);
+    const HeightmapReading reading = readHeightmapFile(path);
     if (!reading.error.empty()) {
         return {failedTo("open", path, QString::fromStdString(reading.error)), {}};
     }
@@ -147,7 +146,7 @@ CMapDocument::Outcome CMapDocument::openHeightmap(const QString& path,
     adopt(makeContents(reading.map, info.absolutePath()), beforeSwap);
     m_projectFile = {};
     dropAutosave(); // of what was open: its changes are saved or given up
-    belongTo(EKind::HEIGHTMAP, path);
+    belongTo(ChangeKind::HEIGHTMAP, path);
     lookForTexturesIn(info.absolutePath());
     if (reading.isCropped()) { // saving a part of a picture over the whole would lose the rest of it
         m_strPath.clear();
@@ -156,16 +155,16 @@ CMapDocument::Outcome CMapDocument::openHeightmap(const QString& path,
     return {{}, cropNote(reading)};
 }
 
-CMapDocument::CContents CMapDocument::contentsOf(const CProject& project) {
-    CContents made{buildScene(project), nullptr};
+CMapDocument::Contents CMapDocument::contentsOf(const Project& project) {
+    Contents made{buildScene(project), nullptr};
     made.map = buildMap(project, *made.scene);
     return made;
 }
 
 CMapDocument::Outcome CMapDocument::openProject(const QString& path,
                                                 const std::function<void()>& beforeSwap) {
-    CProject project;
-    const CProjectFault fault = readProject(path, project);
+    Project project;
+    const ProjectFault fault = readProject(path, project);
     if (!fault.reason.isEmpty()) {
         return {failedTo("open", fault.path, fault.reason), {}};
     }
@@ -174,19 +173,19 @@ CMapDocument::Outcome CMapDocument::openProject(const QString& path,
     const QFileInfo info(path);
     const QString folder = info.isDir() ? info.absoluteFilePath() : info.absolutePath();
     dropAutosave(); // of what was open
-    belongTo(EKind::PROJECT, folder);
+    belongTo(ChangeKind::PROJECT, folder);
     lookForTexturesIn(folder);
     return {};
 }
 
-void CMapDocument::adopt(CContents contents, const std::function<void()>& beforeSwap) {
+void CMapDocument::adopt(Contents contents, const std::function<void()>& beforeSwap) {
     beforeSwap();
     endAutosave();
     m_pMap = std::move(contents.map);
     m_pScene = std::move(contents.scene);
 }
 
-void CMapDocument::belongTo(EKind kind, const QString& path) {
+void CMapDocument::belongTo(ChangeKind kind, const QString& path) {
     const QFileInfo info(QDir::cleanPath(path));
     m_kind = kind;
     m_strPath = isSample(path) ? QString() : info.absoluteFilePath();
@@ -207,7 +206,7 @@ QString CMapDocument::placeForTextures() const {
     if (m_strPath.isEmpty()) {
         return "the textures folder of a project of yours";
     }
-    const QString folder = m_kind == EKind::PROJECT ? m_strPath : QFileInfo(m_strPath).absolutePath();
+    const QString folder = m_kind == ChangeKind::PROJECT ? m_strPath : QFileInfo(m_strPath).absolutePath();
     return folder + '/' + PROJECT_TEXTURE_FOLDER;
 }
 
@@ -218,20 +217,20 @@ CMapDocument::Outcome CMapDocument::saveHeightmap(const QString& path) {
     if (!reason.isEmpty()) {
         return {failedTo("save", path, reason), {}};
     }
-    if (m_kind != EKind::PROJECT) {
-        m_nSavedHeights = m_pMap->getChangeCount(EMapChange::HEIGHTS);
+    if (m_kind != ChangeKind::PROJECT) {
+        m_nSavedHeights = m_pMap->getChangeCount(MapChange::HEIGHTS);
         if (!isModified()) {
             dropAutosave();
         }
-        belongTo(EKind::HEIGHTMAP, path);
+        belongTo(ChangeKind::HEIGHTMAP, path);
     }
     return {};
 }
 
 CMapDocument::Outcome CMapDocument::saveProject(const QString& folder) {
-    CProject project = captureProject(*m_pMap, *m_pScene);
+    Project project = captureProject(*m_pMap, *m_pScene);
     project.original = m_projectFile;
-    CProjectFault fault = copyTextures(project, folder);
+    ProjectFault fault = copyTextures(project, folder);
     if (fault.reason.isEmpty()) {
         fault = writeProject(folder, project);
     }
@@ -239,7 +238,7 @@ CMapDocument::Outcome CMapDocument::saveProject(const QString& folder) {
         return {failedTo("save", fault.path, fault.reason), {}};
     }
     dropAutosave();
-    belongTo(EKind::PROJECT, folder);
+    belongTo(ChangeKind::PROJECT, folder);
     dropAutosave();
     lookForTexturesIn(m_strPath.isEmpty() ? folder : m_strPath);
     rememberState();
@@ -250,16 +249,16 @@ CMapDocument::Outcome CMapDocument::autosave() {
     if (m_autosaving.valid() && m_autosaving.wait_for(std::chrono::seconds(0)) != std::future_status::ready) {
         return {};
     }
-    const CProjectFault fault = m_autosaving.valid() ? m_autosaving.get() : CProjectFault();
+    const ProjectFault fault = m_autosaving.valid() ? m_autosaving.get() : ProjectFault();
     if (!fault.reason.isEmpty()) {
         m_nAutosaved = 0;
         return {failedTo("save", fault.path, fault.reason), {}};
     }
-    const std::uint64_t state = qHashMulti(m_pMap->getChangeCount(EMapChange::HEIGHTS), otherState());
+    const std::uint64_t state = qHashMulti(m_pMap->getChangeCount(MapChange::HEIGHTS), otherState());
     if (m_strPath.isEmpty() || !isModified() || state == m_nAutosaved) {
         return {};
     }
-    CProject project = captureProject(*m_pMap, *m_pScene);
+    Project project = captureProject(*m_pMap, *m_pScene);
     project.original = m_projectFile;
     m_autosaving = std::async(std::launch::async, writeCopy, autosaveFolder(), std::move(project));
     m_nAutosaved = state;
@@ -278,8 +277,8 @@ bool CMapDocument::hasAutosave() const {
 }
 
 CMapDocument::Outcome CMapDocument::openAutosave(const std::function<void()>& beforeSwap) {
-    CProject project;
-    const CProjectFault fault = readProject(autosaveFolder(), project);
+    Project project;
+    const ProjectFault fault = readProject(autosaveFolder(), project);
     if (!fault.reason.isEmpty()) {
         return {failedTo("open", fault.path, fault.reason), {}};
     }
@@ -300,7 +299,7 @@ void CMapDocument::dropAutosave() {
 }
 
 bool CMapDocument::hasHeightChanges() const {
-    return m_pMap->getChangeCount(EMapChange::HEIGHTS) != m_nSavedHeights;
+    return m_pMap->getChangeCount(MapChange::HEIGHTS) != m_nSavedHeights;
 }
 
 bool CMapDocument::hasOtherChanges() const {
@@ -308,11 +307,11 @@ bool CMapDocument::hasOtherChanges() const {
 }
 
 std::uint64_t CMapDocument::otherState() const {
-    return qHashMulti(m_pMap->getChangeCount(EMapChange::SURFACE), recordsHash(*m_pMap, *m_pScene));
+    return qHashMulti(m_pMap->getChangeCount(MapChange::SURFACE), recordsHash(*m_pMap, *m_pScene));
 }
 
 void CMapDocument::rememberState() {
-    m_nSavedHeights = m_pMap->getChangeCount(EMapChange::HEIGHTS);
+    m_nSavedHeights = m_pMap->getChangeCount(MapChange::HEIGHTS);
     m_nSavedOther = otherState();
 }
 

@@ -15,7 +15,7 @@
 class CMapDocument {
 public:
     /// What the map came from and goes back to. A heightmap keeps the heights alone, a project all of it.
-    enum class EKind { NOTHING, HEIGHTMAP, PROJECT };
+    enum class ChangeKind { NOTHING, HEIGHTMAP, PROJECT };
 
     /// Level ground without a file.
     CMapDocument();
@@ -49,7 +49,7 @@ public:
     CMemoryMap& map() { return *m_pMap; }
     const CMemoryMap& map() const { return *m_pMap; }
     CMemoryScene& scene() { return *m_pScene; }
-    EKind kind() const { return m_kind; }
+    ChangeKind kind() const { return m_kind; }
     /// File or folder to save to; empty when saving would overwrite more than was opened, or nothing was
     /// opened, or what was opened is one of the samples that come with the program.
     const QString& path() const { return m_strPath; }
@@ -72,32 +72,32 @@ public:
     void setWaterLevel(int heightUnits);
 
 private:
-    struct CContents {
+    struct Contents {
         std::unique_ptr<CMemoryScene> scene;
         std::unique_ptr<CMemoryMap> map;
     };
 
-    static CContents makeContents(const CHeightmap& heights, const QString& mapFolder);
-    static CContents contentsOf(const CProject& project);
+    static Contents makeContents(const Heightmap& heights, const QString& mapFolder);
+    static Contents contentsOf(const Project& project);
     Outcome openHeightmap(const QString& path, const std::function<void()>& beforeSwap);
     Outcome openProject(const QString& path, const std::function<void()>& beforeSwap);
-    void adopt(CContents contents, const std::function<void()>& beforeSwap);
+    void adopt(Contents contents, const std::function<void()>& beforeSwap);
     void endAutosave();
     QString autosaveFolder() const { return m_strPath + ".autosave"; }
-    void belongTo(EKind kind, const QString& path);
+    void belongTo(ChangeKind kind, const QString& path);
     void lookForTexturesIn(const QString& mapFolder);
     std::uint64_t otherState() const;
     void rememberState();
 
     std::unique_ptr<CMemoryScene> m_pScene; // outlives the map
     std::unique_ptr<CMemoryMap> m_pMap;
-    EKind m_kind = EKind::NOTHING;
+    ChangeKind m_kind = ChangeKind::NOTHING;
     QString m_strPath;
     QString m_strName;
     QString m_strTextureFolder;
     QJsonObject m_projectFile; // as read or written last, for the keys that this program does not know
     std::uint64_t m_nSavedHeights = 0;
     std::uint64_t m_nSavedOther = 0;
-    std::uint64_t m_nAutosaved = 0;          // state that the copy holds
-    std::future<CProjectFault> m_autosaving; // the copy that is being written, or was and is not yet judged
+    std::uint64_t m_nAutosaved = 0;         // state that the copy holds
+    std::future<ProjectFault> m_autosaving; // the copy that is being written, or was and is not yet judged
 };

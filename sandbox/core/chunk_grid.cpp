@@ -9,7 +9,7 @@ namespace {
 /// last cells early where the grid is not a whole number of steps.
 class CCoarseGround {
 public:
-    CCoarseGround(const CHeightField& field, int step) : m_field(field), m_nStep(step) {}
+    CCoarseGround(const HeightField& field, int step) : m_field(field), m_nStep(step) {}
 
     double height(int x, int z) const {
         const auto [x0, x1] = cellOf(x);
@@ -35,7 +35,7 @@ private:
         return end > start ? static_cast<double>(position - start) / (end - start) : 0.0;
     }
 
-    const CHeightField& m_field;
+    const HeightField& m_field;
     int m_nStep;
 };
 
@@ -45,7 +45,7 @@ int chunkOf(int position, int chunksPerSide) {
 
 } // namespace
 
-void CChunkGrid::rebuild(const CHeightField& field) {
+void CChunkGrid::rebuild(const HeightField& field) {
     m_nGridDim = field.gridDim;
     m_fHeightScale = field.heightScale;
     m_nChunksPerSide = (field.gridDim + CHUNK_CELLS - 1) / CHUNK_CELLS;
@@ -54,7 +54,7 @@ void CChunkGrid::rebuild(const CHeightField& field) {
     update(field, {0, 0, field.gridDim, field.gridDim});
 }
 
-int CChunkGrid::update(const CHeightField& field, const CGridRect& changed) {
+int CChunkGrid::update(const HeightField& field, const GridRect& changed) {
     if (changed.isEmpty()) {
         return 0;
     }
@@ -72,7 +72,7 @@ int CChunkGrid::update(const CHeightField& field, const CGridRect& changed) {
     return (lastX - firstX + 1) * (lastZ - firstZ + 1);
 }
 
-void CChunkGrid::measure(const CHeightField& field, int chunkX, int chunkZ) {
+void CChunkGrid::measure(const HeightField& field, int chunkX, int chunkZ) {
     const int x0 = chunkX * CHUNK_CELLS;
     const int z0 = chunkZ * CHUNK_CELLS;
     const int x1 = std::min(x0 + CHUNK_CELLS, field.gridDim);

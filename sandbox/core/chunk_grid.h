@@ -25,9 +25,9 @@ public:
     };
 
     /// Measure every chunk of the field.
-    void rebuild(const CHeightField& field);
+    void rebuild(const HeightField& field);
     /// Measure again the chunks that own or border the points of `changed`; returns how many those were.
-    int update(const CHeightField& field, const CGridRect& changed);
+    int update(const HeightField& field, const GridRect& changed);
     /// The chunks that the camera sees, each at the coarsest level whose error stays below `tolerance` pixels
     /// in a view `viewHeight` pixels high.
     std::vector<Visible> select(const CViewCamera& camera, double aspect, int viewHeight,
@@ -46,7 +46,7 @@ private:
         std::array<int, LEVELS> errors{}; // height units, rising with the level
     };
 
-    void measure(const CHeightField& field, int chunkX, int chunkZ);
+    void measure(const HeightField& field, int chunkX, int chunkZ);
     Visible choose(const CViewCamera& camera, int chunkX, int chunkZ, double errorPerDistance) const;
 
     std::vector<Chunk> m_chunks; // row by row

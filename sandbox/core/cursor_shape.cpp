@@ -4,50 +4,50 @@
 
 namespace {
 
-using Position = CCursorShape::Position;
+using Position = CursorShape::Position;
 
 constexpr double RING = 0.3;    // radius of the ring around a corner
 constexpr double BRACKET = 0.3; // length of a bracket's arms
 constexpr int KINDS = 16;
 
-std::vector<CCursorShape::Line> closedOutline(const std::vector<Position>& ring) {
-    std::vector<CCursorShape::Line> lines;
+std::vector<CursorShape::Line> closedOutline(const std::vector<Position>& ring) {
+    std::vector<CursorShape::Line> lines;
     for (std::size_t i = 0; i < ring.size(); ++i) {
         lines.push_back({ring[i], ring[(i + 1) % ring.size()]});
     }
     return lines;
 }
 
-CCursorShape cell() {
+CursorShape cell() {
     // The fan starts at a corner of the diagonal that the ground folds along.
     const std::vector<Position> corners{{0, 0}, {1, 0}, {1, 1}, {0, 1}};
     return {closedOutline(corners), corners};
 }
 
-CCursorShape line(Position from, Position to) {
+CursorShape line(Position from, Position to) {
     return {{{from, to}}, {}};
 }
 
-CCursorShape corner(double u, double v) {
+CursorShape corner(double u, double v) {
     constexpr double SLANT = RING * 0.70710678;
     const std::vector<Position> ring{{u + RING, v},          {u + SLANT, v + SLANT}, {u, v + RING},
                                      {u - SLANT, v + SLANT}, {u - RING, v},          {u - SLANT, v - SLANT},
                                      {u, v - RING},          {u + SLANT, v - SLANT}};
-    CCursorShape shape{closedOutline(ring), {{u, v}}};
+    CursorShape shape{closedOutline(ring), {{u, v}}};
     shape.fan.insert(shape.fan.end(), ring.begin(), ring.end());
     shape.fan.push_back(ring.front());
     return shape;
 }
 
 /// Quarter of the diamond around the corner (u, v).
-CCursorShape quarter(double u, double v) {
+CursorShape quarter(double u, double v) {
     const Position alongX{1.0 - u, v};
     const Position alongZ{u, 1.0 - v};
     return {{{alongX, alongZ}}, {{u, v}, alongX, {0.5, 0.5}, alongZ}};
 }
 
-CCursorShape brackets() {
-    CCursorShape shape;
+CursorShape brackets() {
+    CursorShape shape;
     for (const Position at : {Position{0, 0}, Position{1, 0}, Position{0, 1}, Position{1, 1}}) {
         const double inwardU = at.u == 0.0 ? BRACKET : -BRACKET;
         const double inwardV = at.v == 0.0 ? BRACKET : -BRACKET;
@@ -58,7 +58,7 @@ CCursorShape brackets() {
     return shape;
 }
 
-std::array<CCursorShape, KINDS> makeShapes() {
+std::array<CursorShape, KINDS> makeShapes() {
     const Position a{0, 0};
     const Position b{1, 0};
     const Position c{1, 1};
@@ -70,8 +70,8 @@ std::array<CCursorShape, KINDS> makeShapes() {
 
 } // namespace
 
-const CCursorShape& cursorShape(int kind) {
-    static const std::array<CCursorShape, KINDS> SHAPES = makeShapes();
-    static const CCursorShape NOTHING;
+const CursorShape& cursorShape(int kind) {
+    static const std::array<CursorShape, KINDS> SHAPES = makeShapes();
+    static const CursorShape NOTHING;
     return kind >= 0 && kind < KINDS ? SHAPES[static_cast<std::size_t>(kind)] : NOTHING;
 }

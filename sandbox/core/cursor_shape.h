@@ -3,7 +3,7 @@
 #include <vector>
 
 /// One edit-cursor mark on the ground, in the cell's own coordinates, 0 to 1 along x and z.
-struct CCursorShape {
+struct CursorShape {
     struct Position {
         double u = 0.0;
         double v = 0.0;
@@ -21,4 +21,4 @@ struct CCursorShape {
 /// 10 are the diagonals from (0, 0) and from (1, 0); 11 to 14 are the quarter of a diamond whose middle is
 /// the corner (0, 0), (1, 0), (1, 1) and (0, 1), so that the four cells of the plus brush make a whole
 /// diamond; 15 is a cell with brackets at its corners.
-const CCursorShape& cursorShape(int kind);
+const CursorShape& cursorShape(int kind);

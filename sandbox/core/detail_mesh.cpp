@@ -20,13 +20,13 @@ int piecesFor(const qxCVector3d& side) {
 }
 
 /// Add the four corners a, b, c, d of a piece, in the order around it, as two triangles.
-void addPiece(std::vector<CDetailVertex>& mesh, const std::array<CDetailVertex, 4>& corners) {
+void addPiece(std::vector<DetailVertex>& mesh, const std::array<DetailVertex, 4>& corners) {
     for (const std::size_t corner : {0U, 1U, 2U, 0U, 2U, 3U}) {
         mesh.push_back(corners[corner]);
     }
 }
 
-std::vector<CDetailVertex> drapedQuad(const CHeightField& field, const qxCMapDetailRecord& detail) {
+std::vector<DetailVertex> drapedQuad(const HeightField& field, const qxCMapDetailRecord& detail) {
     const qxCVector3d sideU = detail.point1 - detail.point0;
     const qxCVector3d sideV = detail.point2 - detail.point0;
     const int piecesU = piecesFor(sideU);
@@ -36,10 +36,10 @@ std::vector<CDetailVertex> drapedQuad(const CHeightField& field, const qxCMapDet
         const float v = static_cast<float>(pieceV) / static_cast<float>(piecesV);
         const qxCVector3d place = detail.point0 + sideU * u + sideV * v;
         const auto height = static_cast<float>(groundHeight(field, place.x, place.z));
-        return CDetailVertex{
+        return DetailVertex{
             {place.x, height + place.y, place.z}, {u, v}, detail.highlighted != 0 ? 1.0F : 0.0F};
     };
-    std::vector<CDetailVertex> mesh;
+    std::vector<DetailVertex> mesh;
     for (int v = 0; v < piecesV; ++v) {
         for (int u = 0; u < piecesU; ++u) {
             addPiece(mesh, {vertexAt(u, v), vertexAt(u + 1, v), vertexAt(u + 1, v + 1), vertexAt(u, v + 1)});
@@ -48,29 +48,29 @@ std::vector<CDetailVertex> drapedQuad(const CHeightField& field, const qxCMapDet
     return mesh;
 }
 
-std::vector<CDetailVertex> uprightPoint(const CHeightField& field, const qxCMapDetailRecord& detail,
-                                        const std::array<double, 3>& right) {
+std::vector<DetailVertex> uprightPoint(const HeightField& field, const qxCMapDetailRecord& detail,
+                                       const std::array<double, 3>& right) {
     const qxCVector3d middle = (detail.point1 + detail.point2) * 0.5F;
     const double width = lengthOf(detail.point1 - detail.point0);
     const double height = width * std::max(static_cast<double>(detail.scalar), 0.0);
     const double foot = groundHeight(field, middle.x, middle.z) + static_cast<double>(middle.y);
     const auto vertexAt = [&](float u, float v) {
         const double sideways = (static_cast<double>(u) - 0.5) * width;
-        return CDetailVertex{{static_cast<float>(middle.x + right[0] * sideways),
-                              static_cast<float>(foot + (1.0 - static_cast<double>(v)) * height),
-                              static_cast<float>(middle.z + right[2] * sideways)},
-                             {u, v},
-                             detail.highlighted != 0 ? 1.0F : 0.0F};
+        return DetailVertex{{static_cast<float>(middle.x + right[0] * sideways),
+                             static_cast<float>(foot + (1.0 - static_cast<double>(v)) * height),
+                             static_cast<float>(middle.z + right[2] * sideways)},
+                            {u, v},
+                            detail.highlighted != 0 ? 1.0F : 0.0F};
     };
-    std::vector<CDetailVertex> mesh;
+    std::vector<DetailVertex> mesh;
     addPiece(mesh, {vertexAt(0.0F, 0.0F), vertexAt(1.0F, 0.0F), vertexAt(1.0F, 1.0F), vertexAt(0.0F, 1.0F)});
     return mesh;
 }
 
 } // namespace
 
-std::vector<CDetailVertex> detailMesh(const CHeightField& field, const qxCMapDetailRecord& detail,
-                                      const std::array<double, 3>& right) {
+std::vector<DetailVertex> detailMesh(const HeightField& field, const qxCMapDetailRecord& detail,
+                                     const std::array<double, 3>& right) {
     if (!isFinite(detail.point0) || !isFinite(detail.point1) || !isFinite(detail.point2) ||
         !std::isfinite(detail.scalar)) {
         return {};

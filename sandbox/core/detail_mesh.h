@@ -8,7 +8,7 @@
 
 /// One corner of a triangle of a detail: world place, place in its texture (0 to 1, v from the top), and 1
 /// where the detail is highlighted.
-struct CDetailVertex {
+struct DetailVertex {
     std::array<float, 3> place{};
     std::array<float, 2> texture{};
     float highlight = 0.0F;
@@ -18,5 +18,5 @@ struct CDetailVertex {
 /// the ground within its parallelogram, in pieces about a cell long; the y of its points lifts it. A point
 /// detail stands upright over its middle, as wide as its side and `scalar` times as high, across the
 /// horizontal direction `right`. Nothing for a detail with coordinates that are not finite.
-std::vector<CDetailVertex> detailMesh(const CHeightField& field, const qxCMapDetailRecord& detail,
-                                      const std::array<double, 3>& right);
+std::vector<DetailVertex> detailMesh(const HeightField& field, const qxCMapDetailRecord& detail,
+                                     const std::array<double, 3>& right);

@@ -12,7 +12,7 @@ std::int16_t toFraction(double value) {
 
 } // namespace
 
-std::vector<std::int16_t> groundNormals(const CHeightField& field, const CGridRect& points) {
+std::vector<std::int16_t> groundNormals(const HeightField& field, const GridRect& points) {
     std::vector<std::int16_t> normals;
     if (points.isEmpty()) {
         return normals;

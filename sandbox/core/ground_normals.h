@@ -9,4 +9,4 @@
 /// The normals of a rectangle of points as the renderer wants them: the x and z of the unit normal, each as a
 /// fraction of 32767, rows along x. The slope is taken from the neighbours on either side, on one side only
 /// at the map's edge.
-std::vector<std::int16_t> groundNormals(const CHeightField& field, const CGridRect& points);
+std::vector<std::int16_t> groundNormals(const HeightField& field, const GridRect& points);

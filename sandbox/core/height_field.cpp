@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-double groundHeight(const CHeightField& field, double x, double z) {
+double groundHeight(const HeightField& field, double x, double z) {
     const double onMapX = std::clamp(x, 0.0, static_cast<double>(field.gridDim));
     const double onMapZ = std::clamp(z, 0.0, static_cast<double>(field.gridDim));
     const int cellX = std::min(static_cast<int>(onMapX), field.gridDim - 1);

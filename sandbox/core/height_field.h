@@ -5,7 +5,7 @@
 
 /// A view of a map's heights for picking and drawing; owns nothing and is good as long as the map lives. A
 /// cell is one world unit wide.
-struct CHeightField {
+struct HeightField {
     int gridDim = 0;                        ///< cells a side
     double heightScale = 1.0;               ///< world units per height unit
     const std::uint16_t* heights = nullptr; ///< (gridDim + 1) squared, z outer, x inner
@@ -20,4 +20,4 @@ struct CHeightField {
 
 /// Height of the drawn ground in world units at a place on the map; a place beside it counts as the nearest
 /// one on its edge.
-double groundHeight(const CHeightField& field, double x, double z);
+double groundHeight(const HeightField& field, double x, double z);

@@ -17,7 +17,7 @@ constexpr std::size_t HEADER_SIZE = 13;
 constexpr std::uint64_t DEFLATE_MAX_RATIO = 1032; // RFC 1951: 258 bytes from two bits at best
 constexpr const char* ENDS_EARLY = "the file ends early";
 
-struct CPictureHeader {
+struct PictureHeader {
     std::uint32_t width = 0;
     std::uint32_t height = 0;
     int bitDepth = 0;
@@ -52,7 +52,7 @@ std::uint64_t pictureDataLength(std::span<const std::uint8_t> chunks) {
     return total;
 }
 
-std::string checkHeader(const CPictureHeader& header, std::uint64_t dataLength) {
+std::string checkHeader(const PictureHeader& header, std::uint64_t dataLength) {
     if (header.colourType != PNG_COLOR_TYPE_GRAY) {
         return "the picture is not plain grey; a heightmap is grey with 8 or 16 bits a pixel";
     }
@@ -75,7 +75,7 @@ std::string checkHeader(const CPictureHeader& header, std::uint64_t dataLength) 
 
 /// Read the header by hand, so that nothing is allocated for a picture that will be refused. Returns the
 /// reason for a refusal, empty when the picture may be decoded.
-std::string examine(std::span<const std::uint8_t> file, CPictureHeader& header) {
+std::string examine(std::span<const std::uint8_t> file, PictureHeader& header) {
     const std::size_t known = std::min(file.size(), SIGNATURE.size());
     if (file.empty() ||
         !std::equal(file.begin(), file.begin() + static_cast<std::ptrdiff_t>(known), SIGNATURE.begin())) {
@@ -95,12 +95,12 @@ std::string examine(std::span<const std::uint8_t> file, CPictureHeader& header) 
     return checkHeader(header, pictureDataLength(chunk));
 }
 
-struct CErrorText {
+struct ErrorText {
     std::array<char, 160> text{};
 };
 
 [[noreturn]] void onError(png_structp png, png_const_charp message) {
-    auto* error = static_cast<CErrorText*>(png_get_error_ptr(png));
+    auto* error = static_cast<ErrorText*>(png_get_error_ptr(png));
     std::strncpy(error->text.data(), message, error->text.size() - 1);
     png_longjmp(png, 1);
 }
@@ -143,9 +143,9 @@ bool readPicture(png_structp png, png_infop info, std::uint8_t* pixels, std::siz
     return true;
 }
 
-std::string decodePixels(std::span<const std::uint8_t> file, const CPictureHeader& header,
+std::string decodePixels(std::span<const std::uint8_t> file, const PictureHeader& header,
                          std::vector<std::uint8_t>& pixels) {
-    CErrorText error;
+    ErrorText error;
     png_structp png = png_create_read_struct(PNG_LIBPNG_VER_STRING, &error, onError, onWarning);
     png_infop info = png != nullptr ? png_create_info_struct(png) : nullptr;
     if (info == nullptr) {
@@ -165,12 +165,12 @@ std::string decodePixels(std::span<const std::uint8_t> file, const CPictureHeade
                : std::string("the file is damaged: ") + error.text.data();
 }
 
-CHeightmap takeMiddleSquare(const CPictureHeader& header, const std::vector<std::uint8_t>& pixels) {
+Heightmap takeMiddleSquare(const PictureHeader& header, const std::vector<std::uint8_t>& pixels) {
     const std::size_t edge = std::min(header.width, header.height);
     const std::size_t left = (header.width - edge) / 2;
     const std::size_t top = (header.height - edge) / 2;
     const auto rowBytes = static_cast<std::size_t>(header.rowBytes());
-    CHeightmap map{static_cast<int>(edge), std::vector<std::uint16_t>(edge * edge)};
+    Heightmap map{static_cast<int>(edge), std::vector<std::uint16_t>(edge * edge)};
     for (std::size_t row = 0; row < edge; ++row) {
         const std::uint8_t* source = pixels.data() + (top + row) * rowBytes;
         std::uint16_t* target = map.heights.data() + row * edge;
@@ -218,9 +218,9 @@ bool writePicture(png_structp png, png_infop info, const std::uint16_t* heights,
 
 } // namespace
 
-CHeightmapReading decodeHeightmap(std::span<const std::uint8_t> file) {
-    CHeightmapReading reading;
-    CPictureHeader header;
+HeightmapReading decodeHeightmap(std::span<const std::uint8_t> file) {
+    HeightmapReading reading;
+    PictureHeader header;
     reading.error = examine(file, header);
     if (!reading.error.empty()) {
         return reading;
@@ -237,8 +237,8 @@ CHeightmapReading decodeHeightmap(std::span<const std::uint8_t> file) {
     return reading;
 }
 
-std::optional<std::vector<std::uint8_t>> encodeHeightmap(const CHeightmap& map) {
-    CErrorText error;
+std::optional<std::vector<std::uint8_t>> encodeHeightmap(const Heightmap& map) {
+    ErrorText error;
     png_structp png = png_create_write_struct(PNG_LIBPNG_VER_STRING, &error, onError, onWarning);
     png_infop info = png != nullptr ? png_create_info_struct(png) : nullptr;
     if (info == nullptr) {

@@ -25,13 +25,13 @@ double dot(const Vector& a, const Vector& b) {
     return a[0] * b[0] + a[1] * b[1] + a[2] * b[2];
 }
 
-Vector along(const CRay& ray, double distance) {
+Vector along(const Ray& ray, double distance) {
     return {ray.origin[0] + ray.direction[0] * distance, ray.origin[1] + ray.direction[1] * distance,
             ray.origin[2] + ray.direction[2] * distance};
 }
 
 /// Möller and Trumbore, "Fast, minimum storage ray/triangle intersection" (1997), both faces.
-double intersectTriangle(const CRay& ray, const Vector& a, const Vector& b, const Vector& c) {
+double intersectTriangle(const Ray& ray, const Vector& a, const Vector& b, const Vector& c) {
     const Vector side1 = subtract(b, a);
     const Vector side2 = subtract(c, a);
     const Vector p = cross(ray.direction, side2);
@@ -50,7 +50,7 @@ double intersectTriangle(const CRay& ray, const Vector& a, const Vector& b, cons
     return distance >= 0.0 ? distance : NEVER;
 }
 
-double intersectCell(const CHeightField& field, const CRay& ray, int x, int z) {
+double intersectCell(const HeightField& field, const Ray& ray, int x, int z) {
     const auto corner = [&](int cornerX, int cornerZ) {
         return Vector{static_cast<double>(cornerX), field.worldHeight(cornerX, cornerZ),
                       static_cast<double>(cornerZ)};
@@ -62,7 +62,7 @@ double intersectCell(const CHeightField& field, const CRay& ray, int x, int z) {
 }
 
 /// The stretch of the ray over the map, seen from above. Empty (first > second) when it passes beside it.
-std::pair<double, double> clipToMap(const CRay& ray, double gridDim) {
+std::pair<double, double> clipToMap(const Ray& ray, double gridDim) {
     double enter = 0.0;
     double leave = NEVER;
     for (const std::size_t axis : {0U, 2U}) {
@@ -115,7 +115,7 @@ private:
 };
 
 /// False when the ray passes wholly above or below the cell between two distances.
-bool mayMeetCell(const CHeightField& field, const CRay& ray, int x, int z, double from, double to) {
+bool mayMeetCell(const HeightField& field, const Ray& ray, int x, int z, double from, double to) {
     const auto [low, high] = std::minmax({field.worldHeight(x, z), field.worldHeight(x + 1, z),
                                           field.worldHeight(x, z + 1), field.worldHeight(x + 1, z + 1)});
     constexpr double SLACK = 1e-6;
@@ -124,8 +124,8 @@ bool mayMeetCell(const CHeightField& field, const CRay& ray, int x, int z, doubl
     return !(std::min(height1, height2) > high + SLACK || std::max(height1, height2) < low - SLACK);
 }
 
-CTerrainHit describeHit(const CRay& ray, int x, int z, double distance) {
-    CTerrainHit hit;
+TerrainHit describeHit(const Ray& ray, int x, int z, double distance) {
+    TerrainHit hit;
     hit.x = x;
     hit.z = z;
     hit.distance = distance;
@@ -137,7 +137,7 @@ CTerrainHit describeHit(const CRay& ray, int x, int z, double distance) {
     return hit;
 }
 
-bool isUsable(const CRay& ray) {
+bool isUsable(const Ray& ray) {
     const auto finite = [](double value) { return std::isfinite(value); };
     return std::ranges::all_of(ray.origin, finite) && std::ranges::all_of(ray.direction, finite) &&
            dot(ray.direction, ray.direction) > 0.0;
@@ -145,7 +145,7 @@ bool isUsable(const CRay& ray) {
 
 } // namespace
 
-std::optional<CTerrainHit> pickTerrain(const CHeightField& field, const CRay& ray) {
+std::optional<TerrainHit> pickTerrain(const HeightField& field, const Ray& ray) {
     if (field.gridDim < 1 || !isUsable(ray)) {
         return std::nullopt;
     }

@@ -7,7 +7,7 @@
 #include <optional>
 
 /// Where a ray met the ground.
-struct CTerrainHit {
+struct TerrainHit {
     int x = 0;                     ///< cell
     int z = 0;                     ///< cell
     int corner = 0;                ///< the cell's corner nearest the hit, 0 to 3
@@ -19,7 +19,7 @@ struct CTerrainHit {
 /// First point at or after its origin where the ray meets the ground, from above or below. The ground is what
 /// is drawn at full detail: each cell is two triangles that meet along its diagonal from (x, z) to
 /// (x + 1, z + 1). Nothing when the ray misses the map or has no direction.
-std::optional<CTerrainHit> pickTerrain(const CHeightField& field, const CRay& ray);
+std::optional<TerrainHit> pickTerrain(const HeightField& field, const Ray& ray);
 
 /// Corner 0 to 3 of a cell that is nearest to (u, v), the position in the cell, 0 to 1 along x and z. Corners
 /// run around the cell: (0, 0), (1, 0), (1, 1), (0, 1).

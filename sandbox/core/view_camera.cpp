@@ -72,7 +72,7 @@ double CViewCamera::tanHalfFov() const {
     return std::tan(HALF_FOV);
 }
 
-CRay CViewCamera::ray(double viewX, double viewY, double aspect) const {
+Ray CViewCamera::ray(double viewX, double viewY, double aspect) const {
     const Vector sideways = plus(forward(), right(), viewX * tanHalfFov() * aspect);
     return {m_eye, plus(sideways, up(), viewY * tanHalfFov())};
 }

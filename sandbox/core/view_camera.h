@@ -38,7 +38,7 @@ public:
     double tanHalfFov() const;
 
     /// Half-line through a point of the view; both coordinates -1 to 1 from left and bottom.
-    CRay ray(double viewX, double viewY, double aspect) const;
+    Ray ray(double viewX, double viewY, double aspect) const;
     /// World to clip space, for a view `aspect` times as wide as high.
     QMatrix4x4 viewProjection(double aspect) const;
     CFrustum frustum(double aspect) const;

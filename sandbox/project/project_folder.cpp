@@ -15,7 +15,7 @@ namespace {
 
 constexpr qint64 LARGEST_PROJECT_FILE = 64LL * 1024 * 1024;
 
-CProjectFault readSettings(const QString& path, CProject& project) {
+ProjectFault readSettings(const QString& path, Project& project) {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {
         return {path, reasonText(file.errorString())};
@@ -23,7 +23,7 @@ CProjectFault readSettings(const QString& path, CProject& project) {
     if (file.size() > LARGEST_PROJECT_FILE) {
         return {path, "it is larger than a project file can be"};
     }
-    CProjectJsonReading reading = parseProjectJson(file.readAll());
+    ProjectJsonReading reading = parseProjectJson(file.readAll());
     if (!reading.error.isEmpty()) {
         return {path, reading.error};
     }
@@ -33,8 +33,8 @@ CProjectFault readSettings(const QString& path, CProject& project) {
 }
 
 /// A grey layer of `edge` points a side; 0 takes the size of the picture.
-CProjectFault readGreyLayer(const QString& path, int edge, CHeightmap& layer) {
-    CHeightmapReading reading = readHeightmapFile(path);
+ProjectFault readGreyLayer(const QString& path, int edge, Heightmap& layer) {
+    HeightmapReading reading = readHeightmapFile(path);
     if (!reading.error.empty()) {
         return {path, QString::fromStdString(reading.error)};
     }
@@ -47,12 +47,12 @@ CProjectFault readGreyLayer(const QString& path, int edge, CHeightmap& layer) {
     return {};
 }
 
-CProjectFault readLayers(const QDir& folder, CProject& project) {
-    const CProjectLayers& names = project.settings.layers;
-    CHeightmap heights;
-    CHeightmap blends;
-    CHeightmap water;
-    CProjectFault fault = readGreyLayer(folder.filePath(names.heights), 0, heights);
+ProjectFault readLayers(const QDir& folder, Project& project) {
+    const ProjectLayers& names = project.settings.layers;
+    Heightmap heights;
+    Heightmap blends;
+    Heightmap water;
+    ProjectFault fault = readGreyLayer(folder.filePath(names.heights), 0, heights);
     if (fault.reason.isEmpty()) {
         fault = readGreyLayer(folder.filePath(names.blends), heights.edge, blends);
     }
@@ -77,10 +77,10 @@ CProjectFault readLayers(const QDir& folder, CProject& project) {
 }
 
 /// Layer names that stand in the folder for nothing else yet: heights.1.png, heights.2.png and so on.
-CProjectLayers unusedNames(const QDir& folder) {
+ProjectLayers unusedNames(const QDir& folder) {
     for (int number = 1;; ++number) {
         const auto name = [number](const char* layer) { return QString("%1.%2.png").arg(layer).arg(number); };
-        const CProjectLayers names = {name("heights"), name("blends"), name("colours"), name("water")};
+        const ProjectLayers names = {name("heights"), name("blends"), name("colours"), name("water")};
         const auto taken = [&](const QString& file) { return QFileInfo::exists(folder.filePath(file)); };
         if (!taken(names.heights) && !taken(names.blends) && !taken(names.colours) && !taken(names.water)) {
             return names;
@@ -88,17 +88,17 @@ CProjectLayers unusedNames(const QDir& folder) {
     }
 }
 
-CProjectFault writeLayers(const QDir& folder, const CProjectLayers& names, const CProject& project) {
-    CHeightmap water{project.edge, {}};
+ProjectFault writeLayers(const QDir& folder, const ProjectLayers& names, const Project& project) {
+    Heightmap water{project.edge, {}};
     water.heights.resize(project.water.size());
     std::ranges::transform(project.water, water.heights.begin(), [](std::uint8_t value) {
         return value != 0 ? std::uint16_t{0xFFFF} : std::uint16_t{0};
     });
-    const auto writeGrey = [&](const QString& name, const CHeightmap& layer) {
+    const auto writeGrey = [&](const QString& name, const Heightmap& layer) {
         const QString path = folder.filePath(name);
-        return CProjectFault{path, writeHeightmapFile(path, layer)};
+        return ProjectFault{path, writeHeightmapFile(path, layer)};
     };
-    CProjectFault fault = writeGrey(names.heights, {project.edge, project.heights});
+    ProjectFault fault = writeGrey(names.heights, {project.edge, project.heights});
     if (fault.reason.isEmpty()) {
         fault = writeGrey(names.blends, {project.edge, project.blends});
     }
@@ -112,7 +112,7 @@ CProjectFault writeLayers(const QDir& folder, const CProjectLayers& names, const
     return fault;
 }
 
-QStringList filesOf(const CProjectLayers& layers) {
+QStringList filesOf(const ProjectLayers& layers) {
     return {layers.heights, layers.blends, layers.colours, layers.water};
 }
 
@@ -126,15 +126,14 @@ void removeLayers(const QDir& folder, const QStringList& names) {
 /// picture that a person put there under another name is theirs and stays.
 QStringList layersToReplace(const QDir& folder) {
     static const QRegularExpression OURS("^(heights|blends|colours|water)\\.[0-9]+\\.png$");
-    CProject earlier;
+    Project earlier;
     if (!readSettings(folder.filePath(PROJECT_FILE_NAME), earlier).reason.isEmpty()) {
         return {};
     }
     return filesOf(earlier.settings.layers).filter(OURS);
 }
 
-CProjectFault writeSettings(const QDir& folder, const CProjectSettings& settings,
-                            const QJsonObject& original) {
+ProjectFault writeSettings(const QDir& folder, const ProjectSettings& settings, const QJsonObject& original) {
     const QString path = folder.filePath(PROJECT_FILE_NAME);
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly)) {
@@ -146,12 +145,12 @@ CProjectFault writeSettings(const QDir& folder, const CProjectSettings& settings
 
 } // namespace
 
-CProjectFault readProject(const QString& folder, CProject& project) {
+ProjectFault readProject(const QString& folder, Project& project) {
     const QFileInfo info(folder);
     const QDir directory = info.isDir() ? QDir(folder) : info.dir();
     const QString path = info.isDir() ? directory.filePath(PROJECT_FILE_NAME) : folder;
-    CProject read;
-    CProjectFault fault = readSettings(path, read);
+    Project read;
+    ProjectFault fault = readSettings(path, read);
     if (fault.reason.isEmpty()) {
         fault = readLayers(directory, read);
     }
@@ -161,15 +160,15 @@ CProjectFault readProject(const QString& folder, CProject& project) {
     return fault;
 }
 
-CProjectFault writeProject(const QString& folder, CProject& project) {
+ProjectFault writeProject(const QString& folder, Project& project) {
     if (!QDir().mkpath(folder)) {
         return {folder, "the folder cannot be made"};
     }
     const QDir directory(folder);
     const QStringList replaced = layersToReplace(directory);
-    CProjectSettings settings = project.settings;
+    ProjectSettings settings = project.settings;
     settings.layers = unusedNames(directory);
-    CProjectFault fault = writeLayers(directory, settings.layers, project);
+    ProjectFault fault = writeLayers(directory, settings.layers, project);
     if (fault.reason.isEmpty()) {
         fault = writeSettings(directory, settings, project.original);
     }

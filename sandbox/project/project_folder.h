@@ -14,8 +14,8 @@ inline constexpr const char* PROJECT_FILE_NAME = "project.json";
 inline constexpr const char* PROJECT_TEXTURE_FOLDER = "textures";
 
 /// A whole project in plain values. The layers have `edge` points a side, rows from the north.
-struct CProject {
-    CProjectSettings settings;
+struct Project {
+    ProjectSettings settings;
     QJsonObject original; ///< the project file as it was read, empty for a new project
     int edge = 0;
     std::vector<std::uint16_t> heights;
@@ -25,16 +25,16 @@ struct CProject {
 };
 
 /// Why a project could not be read or written: the file that is at fault and a clause without a full stop.
-struct CProjectFault {
+struct ProjectFault {
     QString path;
     QString reason; ///< empty when nothing went wrong
 };
 
 /// Read the project in `folder`, which may also be the path of its project file. `project` is changed only
 /// when everything is good.
-CProjectFault readProject(const QString& folder, CProject& project);
+ProjectFault readProject(const QString& folder, Project& project);
 
 /// Write the project to `folder`, which is made if needed. Layers go into new files and the project file is
 /// replaced last, so that at any moment the folder holds one whole project; what it no longer refers to of an
 /// earlier save is removed then. The new layer names are stored in `project`.
-CProjectFault writeProject(const QString& folder, CProject& project);
+ProjectFault writeProject(const QString& folder, Project& project);

@@ -25,18 +25,18 @@ constexpr double LARGEST_NUMBER = std::numeric_limits<float>::max();
 constexpr double SMALLEST_SCALE = 1e-9;
 constexpr int FILTER_SIZE = _qxMapTerrainDef::FILTER_EDGE * _qxMapTerrainDef::FILTER_EDGE;
 
-void readLayers(CJsonReader reader, CProjectLayers& layers) {
+void readLayers(CJsonReader reader, ProjectLayers& layers) {
     layers.heights = reader.readFileName("heights");
     layers.blends = reader.readFileName("blends");
     layers.colours = reader.readFileName("colours");
     layers.water = reader.readFileName("water");
 }
 
-void readTextures(CJsonReader& reader, std::vector<CProjectTexture>& textures) {
+void readTextures(CJsonReader& reader, std::vector<ProjectTexture>& textures) {
     const QJsonArray list = reader.readList("textures", MOST_TEXTURES);
     for (int i = 0; i < list.size() && !reader.failed(); ++i) {
         CJsonReader entry = reader.entry("textures", list, i);
-        CProjectTexture texture;
+        ProjectTexture texture;
         texture.name = entry.readText("name", LONGEST_NAME);
         texture.file = entry.readFileName("file");
         texture.size =
@@ -76,12 +76,12 @@ void readTerrainTypes(CJsonReader& reader, std::vector<_qxMapTerrainDef>& types)
     }
 }
 
-void readDetails(CJsonReader& reader, int textureCount, std::vector<CProjectDetail>& details) {
+void readDetails(CJsonReader& reader, int textureCount, std::vector<ProjectDetail>& details) {
     const QJsonArray list = reader.readList("details", MOST_DETAILS);
     for (int i = 0; i < list.size() && !reader.failed(); ++i) {
         CJsonReader entry = reader.entry("details", list, i);
-        CProjectDetail detail;
-        detail.texture = entry.readInt("texture", CProjectSettings::NO_TEXTURE, textureCount - 1);
+        ProjectDetail detail;
+        detail.texture = entry.readInt("texture", ProjectSettings::NO_TEXTURE, textureCount - 1);
         detail.type = entry.readBool("point") ? qxDetailTypePoint : qxDetailTypeQuad;
         detail.points = {entry.readVector("point0", LARGEST_NUMBER),
                          entry.readVector("point1", LARGEST_NUMBER),
@@ -91,7 +91,7 @@ void readDetails(CJsonReader& reader, int textureCount, std::vector<CProjectDeta
     }
 }
 
-void readSettings(CJsonReader& reader, CProjectSettings& settings) {
+void readSettings(CJsonReader& reader, ProjectSettings& settings) {
     readLayers(reader.readObject("layers"), settings.layers);
     settings.waterLevel = reader.readFloat("waterLevel", -LARGEST_NUMBER, LARGEST_NUMBER);
     settings.heightScale = reader.readFloat("heightScale", SMALLEST_SCALE, LARGEST_NUMBER);
@@ -105,7 +105,7 @@ void readSettings(CJsonReader& reader, CProjectSettings& settings) {
     CJsonReader base = reader.readObject("baseTextures");
     for (std::size_t layer = 0; layer < BASE_TEXTURE_KEYS.size(); ++layer) {
         settings.baseTextures[layer] =
-            base.readInt(BASE_TEXTURE_KEYS[layer], CProjectSettings::NO_TEXTURE, textureCount - 1);
+            base.readInt(BASE_TEXTURE_KEYS[layer], ProjectSettings::NO_TEXTURE, textureCount - 1);
     }
     readDefinitions(reader, settings.definitions);
     settings.currentDefinition = reader.readInt("currentDefinition", 0, MOST_DEFINITIONS);
@@ -141,7 +141,7 @@ QJsonArray vectorText(const qxCVector3d& vector) {
     return {shortest(vector.x), shortest(vector.y), shortest(vector.z)};
 }
 
-QJsonObject textureText(const CProjectTexture& texture) {
+QJsonObject textureText(const ProjectTexture& texture) {
     return {
         {"name", texture.name}, {"file", texture.file}, {"size", texture.size}, {"format", texture.format}};
 }
@@ -163,7 +163,7 @@ QJsonObject terrainTypeText(const _qxMapTerrainDef& type) {
         {"weighting", shortest(type.weighting)}};
 }
 
-QJsonObject detailText(const CProjectDetail& detail) {
+QJsonObject detailText(const ProjectDetail& detail) {
     return {{"texture", detail.texture},
             {"point", detail.type == qxDetailTypePoint},
             {"point0", vectorText(detail.points[0])},
@@ -172,7 +172,7 @@ QJsonObject detailText(const CProjectDetail& detail) {
             {"scalar", shortest(detail.scalar)}};
 }
 
-QJsonObject settingsText(const CProjectSettings& settings) {
+QJsonObject settingsText(const ProjectSettings& settings) {
     QJsonObject base;
     for (std::size_t layer = 0; layer < BASE_TEXTURE_KEYS.size(); ++layer) {
         base.insert(BASE_TEXTURE_KEYS[layer], settings.baseTextures[layer]);
@@ -220,8 +220,8 @@ QJsonValue keepUnknown(const QJsonValue& now, const QJsonValue& before) {
 
 } // namespace
 
-CProjectJsonReading parseProjectJson(const QByteArray& text) {
-    CProjectJsonReading reading;
+ProjectJsonReading parseProjectJson(const QByteArray& text) {
+    ProjectJsonReading reading;
     QJsonParseError parseError;
     const QJsonDocument document = QJsonDocument::fromJson(text, &parseError);
     if (parseError.error != QJsonParseError::NoError) {
@@ -247,7 +247,7 @@ CProjectJsonReading parseProjectJson(const QByteArray& text) {
     return reading;
 }
 
-QByteArray writeProjectJson(const CProjectSettings& settings, const QJsonObject& original) {
+QByteArray writeProjectJson(const ProjectSettings& settings, const QJsonObject& original) {
     const QJsonValue merged = keepUnknown(settingsText(settings), original);
     return QJsonDocument(merged.toObject()).toJson(QJsonDocument::Indented);
 }

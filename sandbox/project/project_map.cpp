@@ -19,14 +19,14 @@ int indexOf(const CMemoryScene& scene, const qxCTexture* texture) {
             return i;
         }
     }
-    return CProjectSettings::NO_TEXTURE;
+    return ProjectSettings::NO_TEXTURE;
 }
 
 qxCTexture* textureAt(const CMemoryScene& scene, int index) {
-    return index == CProjectSettings::NO_TEXTURE ? nullptr : scene.getTexture(index);
+    return index == ProjectSettings::NO_TEXTURE ? nullptr : scene.getTexture(index);
 }
 
-void captureScene(const CMemoryScene& scene, CProjectSettings& settings) {
+void captureScene(const CMemoryScene& scene, ProjectSettings& settings) {
     settings.fog = scene.getFogMode() == qxFogModeOn;
     for (int i = 0; i < scene.getNumTextures(); ++i) {
         const qxCTexture& texture = *scene.getTexture(i);
@@ -36,7 +36,7 @@ void captureScene(const CMemoryScene& scene, CProjectSettings& settings) {
     }
 }
 
-void captureRecords(CMemoryMap& map, const CMemoryScene& scene, CProjectSettings& settings) {
+void captureRecords(CMemoryMap& map, const CMemoryScene& scene, ProjectSettings& settings) {
     for (int i = 0; i < map.getNumMultiTextures(); ++i) {
         settings.definitions.push_back(*map.getMultiTexture(i));
     }
@@ -52,7 +52,7 @@ void captureRecords(CMemoryMap& map, const CMemoryScene& scene, CProjectSettings
     }
 }
 
-void buildRecords(const CProjectSettings& settings, const CMemoryScene& scene, CMemoryMap& map) {
+void buildRecords(const ProjectSettings& settings, const CMemoryScene& scene, CMemoryMap& map) {
     for (const qxCMapMultiTexture& definition : settings.definitions) {
         *map.addMultiTexture() = definition;
     }
@@ -61,13 +61,13 @@ void buildRecords(const CProjectSettings& settings, const CMemoryScene& scene, C
     for (int i = 0; i < types; ++i) {
         *map.getTerrainDef(i) = settings.terrainTypes[static_cast<std::size_t>(i)];
     }
-    for (const CProjectDetail& detail : settings.details) {
+    for (const ProjectDetail& detail : settings.details) {
         map.addDetail(detail.type, textureAt(scene, detail.texture), detail.points[0], detail.points[1],
                       detail.points[2], detail.scalar);
     }
 }
 
-void buildPoints(const CProject& project, CMemoryMap& map) {
+void buildPoints(const Project& project, CMemoryMap& map) {
     std::size_t at = 0;
     for (int z = 0; z < project.edge; ++z) {
         for (int x = 0; x < project.edge; ++x, ++at) {
@@ -110,9 +110,9 @@ template <class Values> auto toVector(const Values& values) {
 
 } // namespace
 
-CProject captureProject(CMemoryMap& map, const CMemoryScene& scene) {
-    CProject project;
-    CProjectSettings& settings = project.settings;
+Project captureProject(CMemoryMap& map, const CMemoryScene& scene) {
+    Project project;
+    ProjectSettings& settings = project.settings;
     settings.waterLevel = map.waterLevel;
     settings.heightScale = map.heightScale;
     settings.tiling = map.getTextureTiling();
@@ -156,10 +156,10 @@ std::uint64_t recordsHash(CMemoryMap& map, const CMemoryScene& scene) {
     return hash;
 }
 
-std::unique_ptr<CMemoryScene> buildScene(const CProject& project) {
+std::unique_ptr<CMemoryScene> buildScene(const Project& project) {
     auto scene = std::make_unique<CMemoryScene>();
     scene->setFogMode(project.settings.fog ? qxFogModeOn : qxFogModeOff);
-    for (const CProjectTexture& known : project.settings.textures) {
+    for (const ProjectTexture& known : project.settings.textures) {
         qxCTexture* texture = scene->createTexture();
         texture->name.setString(known.name.toUtf8().constData());
         texture->setFilename(known.file.toUtf8().constData());
@@ -170,8 +170,8 @@ std::unique_ptr<CMemoryScene> buildScene(const CProject& project) {
     return scene;
 }
 
-std::unique_ptr<CMemoryMap> buildMap(const CProject& project, CMemoryScene& scene) {
-    const CProjectSettings& settings = project.settings;
+std::unique_ptr<CMemoryMap> buildMap(const Project& project, CMemoryScene& scene) {
+    const ProjectSettings& settings = project.settings;
     auto map = std::make_unique<CMemoryMap>(project.edge - 1, &scene);
     map->waterLevel = settings.waterLevel;
     map->heightScale = settings.heightScale;
@@ -189,9 +189,9 @@ std::unique_ptr<CMemoryMap> buildMap(const CProject& project, CMemoryScene& scen
     return map;
 }
 
-CProjectFault copyTextures(const CProject& project, const QString& folder) {
+ProjectFault copyTextures(const Project& project, const QString& folder) {
     const QString target = QDir(folder).filePath(PROJECT_TEXTURE_FOLDER);
-    for (const CProjectTexture& texture : project.settings.textures) {
+    for (const ProjectTexture& texture : project.settings.textures) {
         const auto source = CEngineDirectories::resolve(texture.file.toStdString());
         const QString copy = QDir(target).filePath(texture.file);
         if (!source || texture.file.isEmpty() || QFile::exists(copy)) {

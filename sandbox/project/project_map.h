@@ -8,19 +8,19 @@
 
 /// The map and scene as plain values, with the texture images found in the engine's directories left where
 /// they are. `original` of the result is empty.
-CProject captureProject(CMemoryMap& map, const CMemoryScene& scene);
+Project captureProject(CMemoryMap& map, const CMemoryScene& scene);
 
 /// A fingerprint of all that captureProject takes but the layers: it changes when any of it does. The current
 /// definition is left out, because to leaf through the definitions is no change that is worth saving.
 std::uint64_t recordsHash(CMemoryMap& map, const CMemoryScene& scene);
 
 /// A scene with the project's textures, and nothing else yet.
-std::unique_ptr<CMemoryScene> buildScene(const CProject& project);
+std::unique_ptr<CMemoryScene> buildScene(const Project& project);
 
 /// The project's map in `scene`, which buildScene made for the same project and which outlives the map.
-std::unique_ptr<CMemoryMap> buildMap(const CProject& project, CMemoryScene& scene);
+std::unique_ptr<CMemoryMap> buildMap(const Project& project, CMemoryScene& scene);
 
 /// Copy the images of the project's textures from the engine's directories into `folder`'s texture folder,
 /// where they are not there yet. An image that cannot be found is no fault: the texture was without one
 /// before.
-CProjectFault copyTextures(const CProject& project, const QString& folder);
+ProjectFault copyTextures(const Project& project, const QString& folder);

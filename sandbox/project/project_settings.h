@@ -9,15 +9,15 @@
 #include <vector>
 
 /// One texture of the project's scene.
-struct CProjectTexture {
+struct ProjectTexture {
     QString name;
     QString file; ///< bare file name
     qxTextureSize size = qxTextureSize256;
     qxImagePixelFormat format = qxPixelFormatAuto;
 };
 
-/// One detail; `texture` is a position in CProjectSettings::textures, or NO_TEXTURE.
-struct CProjectDetail {
+/// One detail; `texture` is a position in ProjectSettings::textures, or NO_TEXTURE.
+struct ProjectDetail {
     int texture = -1;
     qxDetailType type = qxDetailTypeQuad;
     std::array<qxCVector3d, 3> points;
@@ -25,7 +25,7 @@ struct CProjectDetail {
 };
 
 /// File names of the layers beside the project file, bare.
-struct CProjectLayers {
+struct ProjectLayers {
     QString heights; ///< 16-bit grey PNG, height units
     QString blends;  ///< 16-bit grey PNG, 0 smooth to 65535 rough
     QString colours; ///< PNG with alpha, the points' tint
@@ -33,10 +33,10 @@ struct CProjectLayers {
 };
 
 /// What a project file says: all of a map and its scene but the values of each point, which are layers.
-struct CProjectSettings {
+struct ProjectSettings {
     static constexpr int NO_TEXTURE = -1;
 
-    CProjectLayers layers;
+    ProjectLayers layers;
     float waterLevel = 0.0F;  ///< world units
     float heightScale = 1.0F; ///< world units per height unit, positive
     int tiling = 1;           ///< 1 to 256
@@ -46,8 +46,8 @@ struct CProjectSettings {
     bool fog = false;
     bool checker = false;
     std::array<int, 3> baseTextures{NO_TEXTURE, NO_TEXTURE, NO_TEXTURE}; ///< smooth, rough, water
-    std::vector<CProjectTexture> textures;
+    std::vector<ProjectTexture> textures;
     std::vector<qxCMapMultiTexture> definitions;
     std::vector<_qxMapTerrainDef> terrainTypes;
-    std::vector<CProjectDetail> details;
+    std::vector<ProjectDetail> details;
 };

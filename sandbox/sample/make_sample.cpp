@@ -22,7 +22,7 @@ constexpr int WIDEST_BEACH = 4;
 constexpr int TREE_SPACING = 4;
 constexpr float TREE_LINE = 620.0F;
 
-struct CField {
+struct SampleField {
     float x;
     float z;
     float width;
@@ -30,7 +30,7 @@ struct CField {
     float turn; // radians
 };
 
-constexpr std::array<CField, 7> FIELDS{{
+constexpr std::array<SampleField, 7> FIELDS{{
     {252.0F, 108.0F, 9.0F, 6.0F, 0.3F},
     {263.0F, 112.0F, 8.0F, 6.0F, 0.3F},
     {243.0F, 120.0F, 8.0F, 7.0F, 0.1F},
@@ -57,7 +57,7 @@ void fillLake(CMapDocument& document) {
     CMemoryMap& map = document.map();
     document.setWaterLevel(LAKE_LEVEL);
     map.addWater(LAKE_X, LAKE_Z);
-    map.setCurrentMultiTexture(static_cast<int>(EGround::SAND));
+    map.setCurrentMultiTexture(static_cast<int>(GroundKind::SAND));
     for (int z = 0; z <= map.getGridDim(); ++z) {
         for (int x = 0; x <= map.getGridDim(); ++x) {
             const auto above = static_cast<float>(map.getPointHeight(x, z) - LAKE_LEVEL);
@@ -66,11 +66,11 @@ void fillLake(CMapDocument& document) {
             }
         }
     }
-    map.setCurrentMultiTexture(static_cast<int>(EGround::MEADOW));
+    map.setCurrentMultiTexture(static_cast<int>(GroundKind::MEADOW));
 }
 
 void layFields(CMemoryMap& map, qxCTexture* furrows) {
-    for (const CField& field : FIELDS) {
+    for (const SampleField& field : FIELDS) {
         const qxCVector3d along(field.width * std::cos(field.turn), 0.0F, field.width * std::sin(field.turn));
         const qxCVector3d across(-field.depth * std::sin(field.turn), 0.0F,
                                  field.depth * std::cos(field.turn));
@@ -125,8 +125,8 @@ QString makeSample(const QString& heightmap, const QString& folder) {
     layFields(map, findTexture(scene, "furrows"));
     plantTrees(map, findTexture(scene, "pine"), findTexture(scene, "bush"));
     // The images are the samples' own, which the sandbox always finds: no need for copies of them.
-    CProject project = captureProject(map, scene);
-    const CProjectFault fault = writeProject(folder, project);
+    Project project = captureProject(map, scene);
+    const ProjectFault fault = writeProject(folder, project);
     std::printf("%s: %d definitions, %d textures, %d details, lake at %d\n", qPrintable(folder),
                 map.getNumMultiTextures(), scene.getNumTextures(), map.getDetails().size(), LAKE_LEVEL);
     return fault.reason.isEmpty() ? QString() : fault.path + ": " + fault.reason;

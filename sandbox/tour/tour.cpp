@@ -5,7 +5,7 @@
 
 namespace {
 
-void takeStep(CTourStage& stage, const CTourStep& step, int number, const QDir& folder) {
+void takeStep(CTourStage& stage, const TourStep& step, int number, const QDir& folder) {
     step.act(stage);
     const QString name = QString("%1-%2.png").arg(number, 2, 10, QChar('0')).arg(step.name);
     constexpr int QUICK = 75; // compressed lightly: the deflate pass would take longer than the drawing
@@ -22,7 +22,7 @@ int playTour(CMainWindow& window, const QString& folder) {
     }
     CTourStage stage(window);
     int number = 0;
-    for (const CTourStep& step : tourSteps()) {
+    for (const TourStep& step : tourSteps()) {
         try {
             takeStep(stage, step, ++number, QDir(folder));
         } catch (const CTourFailure& failure) {

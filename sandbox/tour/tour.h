@@ -6,13 +6,13 @@
 #include <vector>
 
 /// One step of the tour: what is done, and the name of the picture taken after it.
-struct CTourStep {
+struct TourStep {
     const char* name;
     void (*act)(CTourStage& stage);
 };
 
 /// The written session, in order. A step throws CTourFailure when it did not have its effect.
-const std::vector<CTourStep>& tourSteps();
+const std::vector<TourStep>& tourSteps();
 
 /// Play the session on the window, which must be shown, and write a numbered picture of each step into the
 /// folder. Returns the process's exit code: 0 when every step had its effect. Failures go to stderr; the tour

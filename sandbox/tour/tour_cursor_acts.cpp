@@ -15,11 +15,11 @@ void requireCursor(CTourStage& stage, double u, double v, int kind) {
     stage.hands().moveTo(stage.view(), stage.placeOf(CURSOR_X + u, CURSOR_Z + v));
     const auto cursors = stage.map().getEditCursors();
     const bool shown =
-        std::ranges::any_of(cursors, [&](const CEditCursor& cursor) { return cursor.kind == kind; });
+        std::ranges::any_of(cursors, [&](const EditCursor& cursor) { return cursor.kind == kind; });
     require(shown, QString("no cursor of kind %1").arg(kind));
 }
 
-struct CCursorView {
+struct CursorView {
     int tool;
     int brush;
     double u;
@@ -55,7 +55,7 @@ QImage composeSheet(const std::vector<QImage>& pictures) {
 
 /// Every kind of cursor there is, each at the same cell, on one sheet.
 void showEveryCursor(CTourStage& stage) {
-    constexpr std::array<CCursorView, 14> CURSORS{{
+    constexpr std::array<CursorView, 14> CURSORS{{
         {TOOL_RAISE, BRUSH_CELL, 0.5, 0.4, 0},
         {TOOL_RAISE, BRUSH_EDGE, 0.06, 0.5, 1},
         {TOOL_RAISE, BRUSH_EDGE, 0.5, 0.06, 2},
@@ -73,7 +73,7 @@ void showEveryCursor(CTourStage& stage) {
     }};
     stage.hands().turnWheel(stage.view(), stage.placeOfCell(CURSOR_X, CURSOR_Z), 10);
     std::vector<QImage> closeUps;
-    for (const CCursorView& cursor : CURSORS) {
+    for (const CursorView& cursor : CURSORS) {
         stage.chooseTool(cursor.tool);
         stage.clickControl(cursor.brush);
         requireCursor(stage, cursor.u, cursor.v, cursor.kind);

@@ -1,9 +1,9 @@
 #include "sandbox/tour/tour.h"
 #include "sandbox/tour/tour_acts.h"
 
-const std::vector<CTourStep>& tourSteps() {
+const std::vector<TourStep>& tourSteps() {
     using namespace tour;
-    static const std::vector<CTourStep> STEPS{
+    static const std::vector<TourStep> STEPS{
         {"landscape", showLandscape},
         {"closer", comeCloser},
         {"map-editor", openEditor},

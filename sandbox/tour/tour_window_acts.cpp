@@ -89,8 +89,8 @@ void saveMap(CTourStage& stage) {
     const QString failure = stage.window().saveProject(path);
     require(failure.isEmpty(), failure);
     require(!stage.window().isWindowModified(), "the title still tells of changes");
-    CProject saved;
-    const CProjectFault fault = readProject(path, saved);
+    Project saved;
+    const ProjectFault fault = readProject(path, saved);
     require(fault.reason.isEmpty(), fault.path + ": " + fault.reason);
     require(std::ranges::equal(saved.heights, stage.map().getHeights()), "the saved heights differ");
 }

@@ -8,21 +8,21 @@ constexpr int CELLS = CChunkGrid::CHUNK_CELLS;
 constexpr int POINTS = CELLS + 1;
 constexpr int SIDES = 4;
 
-struct CMeshVertex {
+struct MeshVertex {
     std::uint8_t column = 0;
     std::uint8_t row = 0;
     std::uint8_t side = 0; // 0 ground, 1 to 4 the skirt of that side
     std::uint8_t hem = 0;  // 1 on the lower border of a skirt
 };
 
-struct CChunkInstance {
+struct ChunkInstance {
     float x = 0.0F;
     float z = 0.0F;
     float skirt = 0.0F;
 };
 
 /// Point `step` of a side: 1 runs along the first row, 2 the last column, 3 the last row, 4 the first column.
-CMeshVertex sidePoint(int side, int step, int hem) {
+MeshVertex sidePoint(int side, int step, int hem) {
     const auto at = static_cast<std::uint8_t>(step);
     const auto mark = static_cast<std::uint8_t>(side);
     const auto low = static_cast<std::uint8_t>(hem);
@@ -39,8 +39,8 @@ CMeshVertex sidePoint(int side, int step, int hem) {
     }
 }
 
-std::vector<CMeshVertex> meshVertices() {
-    std::vector<CMeshVertex> vertices;
+std::vector<MeshVertex> meshVertices() {
+    std::vector<MeshVertex> vertices;
     for (int row = 0; row < POINTS; ++row) {
         for (int column = 0; column < POINTS; ++column) {
             vertices.push_back({static_cast<std::uint8_t>(column), static_cast<std::uint8_t>(row), 0, 0});
@@ -89,13 +89,13 @@ const void* bufferOffset(std::size_t bytes) {
 void CChunkMesh::create() {
     m_arrays.create();
     const QOpenGLVertexArrayObject::Binder bound(&m_arrays);
-    const std::vector<CMeshVertex> vertices = meshVertices();
+    const std::vector<MeshVertex> vertices = meshVertices();
     m_vertices.create();
     m_vertices.bind();
-    m_vertices.allocate(vertices.data(), static_cast<int>(vertices.size() * sizeof(CMeshVertex)));
+    m_vertices.allocate(vertices.data(), static_cast<int>(vertices.size() * sizeof(MeshVertex)));
     QOpenGLFunctions_3_3_Core* gl = glFunctions();
     gl->glEnableVertexAttribArray(0);
-    gl->glVertexAttribIPointer(0, 4, GL_UNSIGNED_BYTE, sizeof(CMeshVertex), nullptr);
+    gl->glVertexAttribIPointer(0, 4, GL_UNSIGNED_BYTE, sizeof(MeshVertex), nullptr);
 
     std::vector<std::uint16_t> indices;
     for (int level = 0; level < CChunkGrid::LEVELS; ++level) {
@@ -121,7 +121,7 @@ void CChunkMesh::destroy() {
 }
 
 void CChunkMesh::draw(const std::vector<CChunkGrid::Visible>& chunks) {
-    std::array<std::vector<CChunkInstance>, CChunkGrid::LEVELS> byLevel;
+    std::array<std::vector<ChunkInstance>, CChunkGrid::LEVELS> byLevel;
     for (const CChunkGrid::Visible& chunk : chunks) {
         byLevel[static_cast<std::size_t>(chunk.level)].push_back(
             {static_cast<float>(chunk.x), static_cast<float>(chunk.z), chunk.skirt});
@@ -135,8 +135,8 @@ void CChunkMesh::draw(const std::vector<CChunkGrid::Visible>& chunks) {
         }
         const auto count = static_cast<int>(byLevel[i].size());
         m_chunks.bind();
-        m_chunks.allocate(byLevel[i].data(), count * static_cast<int>(sizeof(CChunkInstance)));
-        gl->glVertexAttribPointer(1, 3, GL_FLOAT, GL_FALSE, sizeof(CChunkInstance), nullptr);
+        m_chunks.allocate(byLevel[i].data(), count * static_cast<int>(sizeof(ChunkInstance)));
+        gl->glVertexAttribPointer(1, 3, GL_FLOAT, GL_FALSE, sizeof(ChunkInstance), nullptr);
         const Level& level = m_levels[i];
         gl->glDrawElementsInstanced(
             GL_TRIANGLES, level.indexCount, GL_UNSIGNED_SHORT,

@@ -27,9 +27,9 @@ void CDetailRenderer::create() {
     for (int attribute = 0; attribute < 3; ++attribute) {
         m_pProgram->enableAttributeArray(attribute);
     }
-    m_pProgram->setAttributeBuffer(0, GL_FLOAT, offsetof(CDetailVertex, place), 3, sizeof(CDetailVertex));
-    m_pProgram->setAttributeBuffer(1, GL_FLOAT, offsetof(CDetailVertex, texture), 2, sizeof(CDetailVertex));
-    m_pProgram->setAttributeBuffer(2, GL_FLOAT, offsetof(CDetailVertex, highlight), 1, sizeof(CDetailVertex));
+    m_pProgram->setAttributeBuffer(0, GL_FLOAT, offsetof(DetailVertex, place), 3, sizeof(DetailVertex));
+    m_pProgram->setAttributeBuffer(1, GL_FLOAT, offsetof(DetailVertex, texture), 2, sizeof(DetailVertex));
+    m_pProgram->setAttributeBuffer(2, GL_FLOAT, offsetof(DetailVertex, highlight), 1, sizeof(DetailVertex));
 }
 
 void CDetailRenderer::destroy() {
@@ -52,13 +52,13 @@ QOpenGLTexture& CDetailRenderer::textureOf(const qxCMapDetailRecord& detail) {
     return found->second != nullptr ? *found->second : *m_pPlain;
 }
 
-void CDetailRenderer::draw(const CMemoryMap& map, const CHeightField& field,
+void CDetailRenderer::draw(const CMemoryMap& map, const HeightField& field,
                            const std::array<double, 3>& right) {
-    std::map<QOpenGLTexture*, std::vector<CDetailVertex>> batches;
+    std::map<QOpenGLTexture*, std::vector<DetailVertex>> batches;
     const CDetailList& details = map.getDetails();
     for (int i = 0; i < details.size(); ++i) {
-        const std::vector<CDetailVertex> mesh = detailMesh(field, details[i], right);
-        std::vector<CDetailVertex>& batch = batches[&textureOf(details[i])];
+        const std::vector<DetailVertex> mesh = detailMesh(field, details[i], right);
+        std::vector<DetailVertex>& batch = batches[&textureOf(details[i])];
         batch.insert(batch.end(), mesh.begin(), mesh.end());
     }
     for (const auto& [texture, vertices] : batches) {
@@ -66,10 +66,10 @@ void CDetailRenderer::draw(const CMemoryMap& map, const CHeightField& field,
     }
 }
 
-void CDetailRenderer::drawBatch(QOpenGLTexture& texture, const std::vector<CDetailVertex>& vertices) {
+void CDetailRenderer::drawBatch(QOpenGLTexture& texture, const std::vector<DetailVertex>& vertices) {
     const QOpenGLVertexArrayObject::Binder bound(&m_arrays);
     m_buffer.bind();
-    m_buffer.allocate(vertices.data(), static_cast<int>(vertices.size() * sizeof(CDetailVertex)));
+    m_buffer.allocate(vertices.data(), static_cast<int>(vertices.size() * sizeof(DetailVertex)));
     texture.bind(0);
     glFunctions()->glDrawArrays(GL_TRIANGLES, 0, static_cast<int>(vertices.size()));
 }

@@ -23,11 +23,11 @@ public:
     /// The program, bound, for the caller to set the scene's uniforms on before draw().
     QOpenGLShaderProgram& program() { return *m_pProgram; }
     /// `right` is the camera's, for details that turn to it.
-    void draw(const CMemoryMap& map, const CHeightField& field, const std::array<double, 3>& right);
+    void draw(const CMemoryMap& map, const HeightField& field, const std::array<double, 3>& right);
 
 private:
     QOpenGLTexture& textureOf(const qxCMapDetailRecord& detail);
-    void drawBatch(QOpenGLTexture& texture, const std::vector<CDetailVertex>& vertices);
+    void drawBatch(QOpenGLTexture& texture, const std::vector<DetailVertex>& vertices);
 
     std::unique_ptr<QOpenGLShaderProgram> m_pProgram;
     QOpenGLVertexArrayObject m_arrays;

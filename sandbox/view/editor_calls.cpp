@@ -2,8 +2,8 @@
 
 #include "host/veskutil.h"
 
-const CEditorCalls& toolkitCalls() {
-    static constexpr CEditorCalls CALLS{vuIsEditorActive, vuStartEditing, vuUpdateEditing, vuStopEditing,
-                                        vuUpdateCursor};
+const EditorCalls& toolkitCalls() {
+    static constexpr EditorCalls CALLS{vuIsEditorActive, vuStartEditing, vuUpdateEditing, vuStopEditing,
+                                       vuUpdateCursor};
     return CALLS;
 }

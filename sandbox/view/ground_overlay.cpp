@@ -17,15 +17,15 @@ constexpr float CORE_WIDTH = 2.5F;   // pixels
 constexpr float BORDER_WIDTH = 5.5F; // pixels
 constexpr int PIECES = 4;            // of a line, so that it follows the folds of the ground
 
-QVector3D onGround(const CHeightField& field, double x, double z) {
+QVector3D onGround(const HeightField& field, double x, double z) {
     return {static_cast<float>(x), static_cast<float>(groundHeight(field, x, z)), static_cast<float>(z)};
 }
 
-QVector3D onGround(const CHeightField& field, const CEditCursor& cursor, const CCursorShape::Position& at) {
+QVector3D onGround(const HeightField& field, const EditCursor& cursor, const CursorShape::Position& at) {
     return onGround(field, cursor.x + at.u, cursor.z + at.v);
 }
 
-bool isOnMap(const CHeightField& field, const CEditCursor& cursor) {
+bool isOnMap(const HeightField& field, const EditCursor& cursor) {
     return cursor.x >= 0 && cursor.z >= 0 && cursor.x < field.gridDim && cursor.z < field.gridDim;
 }
 
@@ -53,22 +53,22 @@ void CGroundOverlay::destroy() {
     m_pProgram.reset();
 }
 
-void CGroundOverlay::draw(const CHeightField& field, std::span<const CEditCursor> cursors,
+void CGroundOverlay::draw(const HeightField& field, std::span<const EditCursor> cursors,
                           const QMatrix4x4& worldToClip, QSize viewPixels, double pixelRatio) {
     m_vertices.clear();
     std::array<Range, 3> ranges; // veil, borders, cores
     const auto fill = [&](std::size_t range, auto add) {
         ranges[range].first = static_cast<int>(m_vertices.size());
-        for (const CEditCursor& cursor : cursors) {
+        for (const EditCursor& cursor : cursors) {
             if (isOnMap(field, cursor)) {
                 add(cursor);
             }
         }
         ranges[range].count = static_cast<int>(m_vertices.size()) - ranges[range].first;
     };
-    fill(0, [&](const CEditCursor& cursor) { addFan(field, cursor); });
-    fill(1, [&](const CEditCursor& cursor) { addLines(field, cursor, BORDER); });
-    fill(2, [&](const CEditCursor& cursor) { addLines(field, cursor, CORE); });
+    fill(0, [&](const EditCursor& cursor) { addFan(field, cursor); });
+    fill(1, [&](const EditCursor& cursor) { addLines(field, cursor, BORDER); });
+    fill(2, [&](const EditCursor& cursor) { addLines(field, cursor, CORE); });
     if (m_vertices.empty()) {
         return;
     }
@@ -88,18 +88,18 @@ void CGroundOverlay::draw(const CHeightField& field, std::span<const CEditCursor
     gl->glDisable(GL_BLEND);
 }
 
-void CGroundOverlay::addFan(const CHeightField& field, const CEditCursor& cursor) {
-    const std::vector<CCursorShape::Position>& fan = cursorShape(cursor.kind).fan;
+void CGroundOverlay::addFan(const HeightField& field, const EditCursor& cursor) {
+    const std::vector<CursorShape::Position>& fan = cursorShape(cursor.kind).fan;
     for (std::size_t i = 2; i < fan.size(); ++i) {
-        for (const CCursorShape::Position& at : {fan[0], fan[i - 1], fan[i]}) {
+        for (const CursorShape::Position& at : {fan[0], fan[i - 1], fan[i]}) {
             const QVector3D place = onGround(field, cursor, at);
             m_vertices.push_back({place, place, 0.0F, VEIL});
         }
     }
 }
 
-void CGroundOverlay::addLines(const CHeightField& field, const CEditCursor& cursor, Colour colour) {
-    for (const CCursorShape::Line& line : cursorShape(cursor.kind).lines) {
+void CGroundOverlay::addLines(const HeightField& field, const EditCursor& cursor, Colour colour) {
+    for (const CursorShape::Line& line : cursorShape(cursor.kind).lines) {
         QVector3D from = onGround(field, cursor, line.from);
         for (int piece = 1; piece <= PIECES; ++piece) {
             const double part = static_cast<double>(piece) / PIECES;

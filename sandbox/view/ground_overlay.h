@@ -19,7 +19,7 @@ public:
     void create();
     void destroy();
     /// Draw the marks over what is drawn already. `pixelRatio` is physical pixels per line-width unit.
-    void draw(const CHeightField& field, std::span<const CEditCursor> cursors, const QMatrix4x4& worldToClip,
+    void draw(const HeightField& field, std::span<const EditCursor> cursors, const QMatrix4x4& worldToClip,
               QSize viewPixels, double pixelRatio);
 
 private:
@@ -35,8 +35,8 @@ private:
         int count = 0;
     };
 
-    void addFan(const CHeightField& field, const CEditCursor& cursor);
-    void addLines(const CHeightField& field, const CEditCursor& cursor, std::array<std::uint8_t, 4> colour);
+    void addFan(const HeightField& field, const EditCursor& cursor);
+    void addLines(const HeightField& field, const EditCursor& cursor, std::array<std::uint8_t, 4> colour);
     void addSegment(const QVector3D& from, const QVector3D& to, std::array<std::uint8_t, 4> colour);
     void sendVertices();
     void drawRange(const Range& range, float lineWidth);

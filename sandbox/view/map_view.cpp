@@ -87,7 +87,7 @@ void CMapView::resetCamera() {
     update();
 }
 
-void CMapView::setOptions(const CViewOptions& options) {
+void CMapView::setOptions(const ViewOptions& options) {
     m_options = options;
     update();
 }
@@ -149,9 +149,9 @@ std::uint64_t CMapView::mapState() const {
     }
     // Each count only ever grows, so the sum changes whenever one of them does.
     std::uint64_t state = 0;
-    for (const EMapChange kind :
-         {EMapChange::HEIGHTS, EMapChange::SURFACE, EMapChange::MARKERS, EMapChange::DETAILS,
-          EMapChange::TEXTURES, EMapChange::MATERIAL, EMapChange::EDIT_CURSORS}) {
+    for (const MapChange kind :
+         {MapChange::HEIGHTS, MapChange::SURFACE, MapChange::MARKERS, MapChange::DETAILS, MapChange::TEXTURES,
+          MapChange::MATERIAL, MapChange::EDIT_CURSORS}) {
         state += m_pMap->getChangeCount(kind);
     }
     const qxCScene* scene = m_pMap->getScene();
@@ -170,7 +170,7 @@ double CMapView::aspect() const {
     return static_cast<double>(width()) / std::max(height(), 1);
 }
 
-std::optional<CTerrainHit> CMapView::pick(QPointF position) const {
+std::optional<TerrainHit> CMapView::pick(QPointF position) const {
     if (m_pMap == nullptr) {
         return std::nullopt;
     }
@@ -188,31 +188,31 @@ std::optional<QPointF> CMapView::project(const QVector3D& place) const {
                    (1.0F - clip.y() / clip.w()) * 0.5F * static_cast<float>(height()));
 }
 
-CMapView::EDrag CMapView::dragFor(const QMouseEvent& event) const {
+CMapView::DragKind CMapView::dragFor(const QMouseEvent& event) const {
     if (isRound(event)) {
-        return EDrag::ORBIT;
+        return DragKind::ORBIT;
     }
     if (event.button() == Qt::RightButton) {
-        return m_cameraMode == ECameraMode::FLY ? EDrag::LOOK : EDrag::ORBIT;
+        return m_cameraMode == CameraMode::FLY ? DragKind::LOOK : DragKind::ORBIT;
     }
-    return event.button() == Qt::LeftButton ? EDrag::STROKE : EDrag::NONE;
+    return event.button() == Qt::LeftButton ? DragKind::STROKE : DragKind::NONE;
 }
 
 void CMapView::mousePressEvent(QMouseEvent* event) {
-    if (m_drag != EDrag::NONE || m_pMap == nullptr) {
+    if (m_drag != DragKind::NONE || m_pMap == nullptr) {
         return; // one drag at a time; other buttons wait
     }
     m_lastPosition = event->position();
     m_drag = dragFor(*event);
-    if (m_drag == EDrag::STROKE && !toolkitCalls().isEditorActive()) {
-        m_drag = EDrag::ORBIT;
+    if (m_drag == DragKind::STROKE && !toolkitCalls().isEditorActive()) {
+        m_drag = DragKind::ORBIT;
     }
-    if (m_drag == EDrag::STROKE) {
+    if (m_drag == DragKind::STROKE) {
         const auto hit = pick(event->position());
         if (!m_strokes.press(hit, static_cast<int>(event->position().y()))) {
-            m_drag = EDrag::NONE;
+            m_drag = DragKind::NONE;
         }
-    } else if (m_drag == EDrag::ORBIT) {
+    } else if (m_drag == DragKind::ORBIT) {
         if (const auto centre = pickTerrain(heightFieldOf(*m_pMap), m_camera.ray(0.0, 0.0, aspect()))) {
             m_camera.setPivotDistance(centre->distance);
         }
@@ -222,7 +222,7 @@ void CMapView::mousePressEvent(QMouseEvent* event) {
 
 void CMapView::mouseMoveEvent(QMouseEvent* event) {
     const auto hit = pick(event->position());
-    if (m_drag == EDrag::NONE || m_drag == EDrag::STROKE) {
+    if (m_drag == DragKind::NONE || m_drag == DragKind::STROKE) {
         m_strokes.move(hit, static_cast<int>(event->position().y()));
         if (!hit.has_value()) {
             hideCursor();
@@ -236,7 +236,7 @@ void CMapView::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void CMapView::turnCamera(QPointF way) {
-    if (m_drag == EDrag::LOOK) {
+    if (m_drag == DragKind::LOOK) {
         m_camera.look(way.x() * TURN_PER_PIXEL, -way.y() * TURN_PER_PIXEL);
     } else {
         m_camera.orbit(way.x() * TURN_PER_PIXEL, -way.y() * TURN_PER_PIXEL);
@@ -245,22 +245,22 @@ void CMapView::turnCamera(QPointF way) {
 }
 
 void CMapView::mouseReleaseEvent(QMouseEvent* event) {
-    const bool endsStroke = m_drag == EDrag::STROKE && event->button() == Qt::LeftButton;
-    if (m_drag == EDrag::STROKE && !endsStroke) {
+    const bool endsStroke = m_drag == DragKind::STROKE && event->button() == Qt::LeftButton;
+    if (m_drag == DragKind::STROKE && !endsStroke) {
         return;
     }
     if (endsStroke) {
         m_strokes.release();
     }
-    m_drag = EDrag::NONE;
+    m_drag = DragKind::NONE;
     noticeChanges();
 }
 
 void CMapView::wheelEvent(QWheelEvent* event) {
     const double steps = event->angleDelta().y() / WHEEL_STEP;
-    if (m_drag == EDrag::LOOK) {
+    if (m_drag == DragKind::LOOK) {
         m_fSpeed = std::clamp(m_fSpeed * std::pow(SPEED_PER_STEP, steps), 1.0, m_camera.farDistance());
-    } else if (m_drag != EDrag::STROKE) {
+    } else if (m_drag != DragKind::STROKE) {
         const double factor = std::pow(ZOOM_PER_STEP, steps);
         if (const auto hit = pick(event->position())) {
             m_camera.approachPoint(hit->point, factor);

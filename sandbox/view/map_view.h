@@ -13,7 +13,7 @@ class CMapView : public QOpenGLWidget {
     Q_OBJECT
 
 public:
-    enum class ECameraMode { FLY, ORBIT };
+    enum class CameraMode { FLY, ORBIT };
 
     explicit CMapView(QWidget* parent = nullptr);
     ~CMapView() override;
@@ -23,23 +23,23 @@ public:
     /// Draw again if the map changed since it was last drawn. To be called when the application is idle.
     void noticeChanges();
     void resetCamera();
-    void setCameraMode(ECameraMode mode) { m_cameraMode = mode; }
-    ECameraMode cameraMode() const { return m_cameraMode; }
-    void setOptions(const CViewOptions& options);
-    const CViewOptions& options() const { return m_options; }
+    void setCameraMode(CameraMode mode) { m_cameraMode = mode; }
+    CameraMode cameraMode() const { return m_cameraMode; }
+    void setOptions(const ViewOptions& options);
+    const ViewOptions& options() const { return m_options; }
     void setUnitsPerPixel(int units) { m_strokes.setUnitsPerPixel(units); }
     const CViewCamera& camera() const { return m_camera; }
     /// Stand there and look so. World units.
     void lookFrom(const CViewCamera::Vector& eye, const CViewCamera::Vector& target);
     /// What lies under a place of the view, in logical pixels.
-    std::optional<CTerrainHit> pick(QPointF position) const;
+    std::optional<TerrainHit> pick(QPointF position) const;
     /// Where a point of the world is drawn, in logical pixels; also off the view. Nothing for a point behind.
     std::optional<QPointF> project(const QVector3D& place) const;
     int triangleCount() const { return m_renderer.triangleCount(); }
 
 signals:
     /// The pointer is over this place now, or over no ground.
-    void pointerMoved(const std::optional<CTerrainHit>& hit);
+    void pointerMoved(const std::optional<TerrainHit>& hit);
     /// Pictures a second while the view moves, measured from one picture to the next.
     void paceMeasured(double picturesPerSecond);
 
@@ -56,9 +56,9 @@ protected:
     void leaveEvent(QEvent* event) override;
 
 private:
-    enum class EDrag { NONE, STROKE, LOOK, ORBIT };
+    enum class DragKind { NONE, STROKE, LOOK, ORBIT };
 
-    EDrag dragFor(const QMouseEvent& event) const;
+    DragKind dragFor(const QMouseEvent& event) const;
     void turnCamera(QPointF way);
     /// Take the edit cursor off the ground when the pointer is on none and no stroke runs.
     void hideCursor();
@@ -72,11 +72,11 @@ private:
     CMemoryMap* m_pMap = nullptr;
     CTerrainRenderer m_renderer;
     CViewCamera m_camera;
-    CViewOptions m_options;
+    ViewOptions m_options;
     CStrokeController m_strokes{toolkitCalls()};
     CFlyKeys m_flyKeys;
-    ECameraMode m_cameraMode = ECameraMode::FLY;
-    EDrag m_drag = EDrag::NONE;
+    CameraMode m_cameraMode = CameraMode::FLY;
+    DragKind m_drag = DragKind::NONE;
     QPointF m_lastPosition;
     double m_fSpeed = 1.0; // world units a second
     QElapsedTimer m_sinceFlown;

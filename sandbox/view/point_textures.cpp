@@ -12,14 +12,14 @@ using Pixel = QOpenGLTexture::PixelFormat;
 using Type = QOpenGLTexture::PixelType;
 
 /// How one attribute of the points is stored in a texture and where it comes from.
-struct CAttributeFormat {
+struct AttributeFormat {
     Format texture;
     Pixel pixel;
     Type type;
     bool filtered; // interpolated between points and at a distance
 };
 
-constexpr std::array<CAttributeFormat, static_cast<std::size_t>(CPointTextures::EUnit::COUNT)> FORMATS{{
+constexpr std::array<AttributeFormat, static_cast<std::size_t>(CPointTextures::Unit::COUNT)> FORMATS{{
     {Format::R16U, Pixel::Red_Integer, Type::UInt16, false}, // heights
     {Format::RG16_SNorm, Pixel::RG, Type::Int16, true},      // normals
     {Format::RGBA8_UNorm, Pixel::BGRA, Type::UInt8, true},   // colours
@@ -28,7 +28,7 @@ constexpr std::array<CAttributeFormat, static_cast<std::size_t>(CPointTextures::
     {Format::RGBA8_UNorm, Pixel::BGRA, Type::UInt8, false},  // markers
 }};
 
-std::unique_ptr<QOpenGLTexture> makeTexture(const CAttributeFormat& format, int edge) {
+std::unique_ptr<QOpenGLTexture> makeTexture(const AttributeFormat& format, int edge) {
     auto texture = std::make_unique<QOpenGLTexture>(QOpenGLTexture::Target2D);
     texture->setFormat(format.texture);
     texture->setSize(edge, edge);
@@ -47,7 +47,7 @@ std::unique_ptr<QOpenGLTexture> makeTexture(const CAttributeFormat& format, int 
 }
 
 /// Send a rectangle out of an array of `stride` elements a row, whose first element to send is `first`.
-void send(QOpenGLTexture& texture, const CAttributeFormat& format, const CGridRect& points, int stride,
+void send(QOpenGLTexture& texture, const AttributeFormat& format, const GridRect& points, int stride,
           const void* first) {
     QOpenGLPixelTransferOptions options;
     options.setAlignment(1);
@@ -56,14 +56,14 @@ void send(QOpenGLTexture& texture, const CAttributeFormat& format, const CGridRe
                     format.pixel, format.type, first, &options);
 }
 
-CGridRect grownByOne(const CGridRect& points, int gridDim) {
+GridRect grownByOne(const GridRect& points, int gridDim) {
     return {std::max(points.x0 - 1, 0), std::max(points.z0 - 1, 0), std::min(points.x1 + 1, gridDim),
             std::min(points.z1 + 1, gridDim)};
 }
 
 } // namespace
 
-CHeightField heightFieldOf(const CMemoryMap& map) {
+HeightField heightFieldOf(const CMemoryMap& map) {
     return {map.getGridDim(), map.heightScale, map.getHeights().data()};
 }
 
@@ -75,62 +75,62 @@ void CPointTextures::create(CMemoryMap& map) {
     map.takeDirtyHeights();
     map.takeDirtySurface();
     map.takeDirtyMarkers();
-    const CGridRect all{0, 0, edge - 1, edge - 1};
+    const GridRect all{0, 0, edge - 1, edge - 1};
     sendHeights(map, all);
     sendSurface(map, all);
     sendMarkers(map, all);
     refreshMipmaps();
 }
 
-CGridRect CPointTextures::update(CMemoryMap& map) {
-    const CGridRect heights = map.takeDirtyHeights();
+GridRect CPointTextures::update(CMemoryMap& map) {
+    const GridRect heights = map.takeDirtyHeights();
     if (!heights.isEmpty()) {
         sendHeights(map, heights);
     }
-    const CGridRect surface = map.takeDirtySurface();
+    const GridRect surface = map.takeDirtySurface();
     if (!surface.isEmpty()) {
         sendSurface(map, surface);
     }
-    const CGridRect markers = map.takeDirtyMarkers();
+    const GridRect markers = map.takeDirtyMarkers();
     if (!markers.isEmpty()) {
         sendMarkers(map, markers);
     }
     return heights;
 }
 
-void CPointTextures::sendHeights(const CMemoryMap& map, const CGridRect& points) {
+void CPointTextures::sendHeights(const CMemoryMap& map, const GridRect& points) {
     const int edge = map.getGridDim() + 1;
     const auto first = static_cast<std::size_t>(points.z0) * static_cast<std::size_t>(edge) +
                        static_cast<std::size_t>(points.x0);
-    send(*at(EUnit::HEIGHTS), FORMATS[0], points, edge, map.getHeights().data() + first);
-    const CGridRect leaning = grownByOne(points, map.getGridDim());
+    send(*at(Unit::HEIGHTS), FORMATS[0], points, edge, map.getHeights().data() + first);
+    const GridRect leaning = grownByOne(points, map.getGridDim());
     const std::vector<std::int16_t> normals = groundNormals(heightFieldOf(map), leaning);
-    send(*at(EUnit::NORMALS), FORMATS[1], leaning, leaning.x1 - leaning.x0 + 1, normals.data());
+    send(*at(Unit::NORMALS), FORMATS[1], leaning, leaning.x1 - leaning.x0 + 1, normals.data());
     m_bStaleMipmaps = true;
 }
 
-void CPointTextures::sendSurface(const CMemoryMap& map, const CGridRect& points) {
+void CPointTextures::sendSurface(const CMemoryMap& map, const GridRect& points) {
     const int edge = map.getGridDim() + 1;
     const auto first = static_cast<std::size_t>(points.z0) * static_cast<std::size_t>(edge) +
                        static_cast<std::size_t>(points.x0);
-    send(*at(EUnit::COLOURS), FORMATS[2], points, edge, map.getColours().data() + first);
-    send(*at(EUnit::BLENDS), FORMATS[3], points, edge, map.getBlends().data() + first);
-    send(*at(EUnit::WATER), FORMATS[4], points, edge, map.getWaterFlags().data() + first);
+    send(*at(Unit::COLOURS), FORMATS[2], points, edge, map.getColours().data() + first);
+    send(*at(Unit::BLENDS), FORMATS[3], points, edge, map.getBlends().data() + first);
+    send(*at(Unit::WATER), FORMATS[4], points, edge, map.getWaterFlags().data() + first);
     m_bStaleMipmaps = true;
 }
 
-void CPointTextures::sendMarkers(const CMemoryMap& map, const CGridRect& points) {
+void CPointTextures::sendMarkers(const CMemoryMap& map, const GridRect& points) {
     const int edge = map.getGridDim() + 1;
     const auto first = static_cast<std::size_t>(points.z0) * static_cast<std::size_t>(edge) +
                        static_cast<std::size_t>(points.x0);
-    send(*at(EUnit::MARKERS), FORMATS[5], points, edge, map.getMarkers().data() + first);
+    send(*at(Unit::MARKERS), FORMATS[5], points, edge, map.getMarkers().data() + first);
 }
 
 void CPointTextures::refreshMipmaps() {
     if (!m_bStaleMipmaps) {
         return;
     }
-    for (const EUnit unit : {EUnit::NORMALS, EUnit::COLOURS, EUnit::BLENDS}) {
+    for (const Unit unit : {Unit::NORMALS, Unit::COLOURS, Unit::BLENDS}) {
         at(unit)->generateMipMaps();
     }
     m_bStaleMipmaps = false;

@@ -1,6 +1,6 @@
 #include "sandbox/view/stroke_controller.h"
 
-bool CStrokeController::press(const std::optional<CTerrainHit>& hit, int screenY) {
+bool CStrokeController::press(const std::optional<TerrainHit>& hit, int screenY) {
     release();
     if (!hit.has_value() || !m_calls.isEditorActive()) {
         return false;
@@ -13,7 +13,7 @@ bool CStrokeController::press(const std::optional<CTerrainHit>& hit, int screenY
     return true;
 }
 
-void CStrokeController::move(const std::optional<CTerrainHit>& hit, int screenY) {
+void CStrokeController::move(const std::optional<TerrainHit>& hit, int screenY) {
     if (isStroking()) {
         if (hit.has_value()) {
             m_nCellX = hit->x;

@@ -9,16 +9,16 @@
 /// told where on the ground the pointer is and at what height of the screen.
 class CStrokeController {
 public:
-    explicit CStrokeController(const CEditorCalls& calls) : m_calls(calls) {}
+    explicit CStrokeController(const EditorCalls& calls) : m_calls(calls) {}
 
     /// Begin a stroke at a place on the ground, the pointer at `screenY` pixels from the top. False, with
     /// nothing done, when no editor is open or the pointer is off the ground.
-    bool press(const std::optional<CTerrainHit>& hit, int screenY);
+    bool press(const std::optional<TerrainHit>& hit, int screenY);
     /// The pointer moved. In a stroke: an update with the drag so far, up negative, because that is what
     /// raises. A pointer that has left the ground keeps the last cell, so that a hill can be drawn up into
     /// the sky. Without a stroke: the cursor is moved, and stays where it was while the pointer is off the
     /// ground.
-    void move(const std::optional<CTerrainHit>& hit, int screenY);
+    void move(const std::optional<TerrainHit>& hit, int screenY);
     /// End the stroke, if there is one.
     void release();
     /// Height units of drag for one pixel, 1 or more.
@@ -28,7 +28,7 @@ public:
     bool isStroking();
 
 private:
-    const CEditorCalls& m_calls;
+    const EditorCalls& m_calls;
     bool m_bStroking = false;
     int m_nStartY = 0;
     int m_nUnitsPerPixel = 1;

@@ -13,14 +13,14 @@ const QVector3D SUN = QVector3D(-0.62F, 0.60F, 0.02F).normalized();
 constexpr double LEVEL_TOLERANCE = 0.75; // pixels that a coarser level may stray
 constexpr float FOG_DISTANCE = 0.9F;     // of the map's width
 constexpr float BASE_DEPTH = 0.03F;      // of the map's width, from the lowest ground to the underside
-constexpr int FIRST_BASE_UNIT = static_cast<int>(CPointTextures::EUnit::COUNT);
+constexpr int FIRST_BASE_UNIT = static_cast<int>(CPointTextures::Unit::COUNT);
 
 QVector3D toVector(const qxCColour& colour) {
     constexpr float FULL = 255.0F;
     return QVector3D(colour.r, colour.g, colour.b) / FULL;
 }
 
-int unitOf(CPointTextures::EUnit unit) {
+int unitOf(CPointTextures::Unit unit) {
     return static_cast<int>(unit);
 }
 
@@ -34,18 +34,18 @@ void CTerrainRenderer::create() {
     m_mesh.create();
     m_details.create();
     m_overlay.create();
-    using EUnit = CPointTextures::EUnit;
+    using Unit = CPointTextures::Unit;
     m_pGround->bind();
-    m_pGround->setUniformValue("uHeights", unitOf(EUnit::HEIGHTS));
-    m_pGround->setUniformValue("uNormals", unitOf(EUnit::NORMALS));
-    m_pGround->setUniformValue("uColours", unitOf(EUnit::COLOURS));
-    m_pGround->setUniformValue("uBlends", unitOf(EUnit::BLENDS));
-    m_pGround->setUniformValue("uMarkers", unitOf(EUnit::MARKERS));
+    m_pGround->setUniformValue("uHeights", unitOf(Unit::HEIGHTS));
+    m_pGround->setUniformValue("uNormals", unitOf(Unit::NORMALS));
+    m_pGround->setUniformValue("uColours", unitOf(Unit::COLOURS));
+    m_pGround->setUniformValue("uBlends", unitOf(Unit::BLENDS));
+    m_pGround->setUniformValue("uMarkers", unitOf(Unit::MARKERS));
     m_pGround->setUniformValue("uSmooth", FIRST_BASE_UNIT);
     m_pGround->setUniformValue("uRough", FIRST_BASE_UNIT + 1);
     m_pWater->bind();
-    m_pWater->setUniformValue("uHeights", unitOf(EUnit::HEIGHTS));
-    m_pWater->setUniformValue("uWater", unitOf(EUnit::WATER));
+    m_pWater->setUniformValue("uHeights", unitOf(Unit::HEIGHTS));
+    m_pWater->setUniformValue("uWater", unitOf(Unit::WATER));
     m_pWater->setUniformValue("uWaterTexture", FIRST_BASE_UNIT + 2);
     if (m_pMap != nullptr) {
         setMap(m_pMap);
@@ -76,7 +76,7 @@ void CTerrainRenderer::setMap(CMemoryMap* map) {
 }
 
 void CTerrainRenderer::draw(const CViewCamera& camera, QSize viewPixels, double pixelRatio,
-                            const CViewOptions& options, bool hurried) {
+                            const ViewOptions& options, bool hurried) {
     const double aspect = static_cast<double>(viewPixels.width()) / std::max(viewPixels.height(), 1);
     const QMatrix4x4 worldToClip = camera.viewProjection(aspect);
     m_eye = QVector3D(static_cast<float>(camera.eye()[0]), static_cast<float>(camera.eye()[1]),
@@ -112,14 +112,14 @@ void CTerrainRenderer::takeChanges(bool hurried) {
     if (!hurried || m_pMap->getGridDim() < SMALL_MAP) {
         m_points.refreshMipmaps();
     }
-    if (m_nTextureChanges != m_pMap->getChangeCount(EMapChange::TEXTURES)) {
+    if (m_nTextureChanges != m_pMap->getChangeCount(MapChange::TEXTURES)) {
         refreshBaseTextures();
     }
 }
 
 void CTerrainRenderer::refreshBaseTextures() {
     m_details.forgetTextures();
-    m_nTextureChanges = m_pMap->getChangeCount(EMapChange::TEXTURES);
+    m_nTextureChanges = m_pMap->getChangeCount(MapChange::TEXTURES);
     for (const qxMapLayerType layer : {qxMapLayerSmooth, qxMapLayerRough, qxMapLayerWater}) {
         m_baseTextures[static_cast<std::size_t>(layer)] = loadBaseTexture(m_pMap->getTexture(layer));
     }
@@ -145,7 +145,7 @@ void CTerrainRenderer::drawSky(const QMatrix4x4& worldToClip) {
     gl->glDepthMask(GL_TRUE);
 }
 
-void CTerrainRenderer::drawGround(const CViewCamera& camera, QSize viewPixels, const CViewOptions& options) {
+void CTerrainRenderer::drawGround(const CViewCamera& camera, QSize viewPixels, const ViewOptions& options) {
     const double aspect = static_cast<double>(viewPixels.width()) / std::max(viewPixels.height(), 1);
     const std::array<int, 2> heights = m_chunks.heightRange();
     const float low = static_cast<float>(heights[0]) * m_pMap->heightScale;

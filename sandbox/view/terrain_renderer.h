@@ -17,7 +17,7 @@ public:
     void setMap(CMemoryMap* map);
     /// Draw one picture. `pixelRatio` is physical pixels per logical one. Smaller images of what changed are
     /// left for later while `hurried`.
-    void draw(const CViewCamera& camera, QSize viewPixels, double pixelRatio, const CViewOptions& options,
+    void draw(const CViewCamera& camera, QSize viewPixels, double pixelRatio, const ViewOptions& options,
               bool hurried);
     /// True when a hurried picture left something to be done better.
     bool wantsAnotherPicture() const { return m_points.hasStaleMipmaps(); }
@@ -26,7 +26,7 @@ public:
 private:
     void takeChanges(bool hurried);
     void drawSky(const QMatrix4x4& worldToClip);
-    void drawGround(const CViewCamera& camera, QSize viewPixels, const CViewOptions& options);
+    void drawGround(const CViewCamera& camera, QSize viewPixels, const ViewOptions& options);
     void drawDetails(const CViewCamera& camera, const QMatrix4x4& worldToClip);
     void drawWater(const QMatrix4x4& worldToClip);
     void setSceneUniforms(QOpenGLShaderProgram& program) const;

@@ -1,7 +1,7 @@
 #pragma once
 
 /// What a person chose to see in the 3D view besides what the map itself says.
-struct CViewOptions {
+struct ViewOptions {
     bool wireframe = false;
     bool grid = true; ///< faint lines between cells that are near enough
 };

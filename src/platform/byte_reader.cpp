@@ -35,7 +35,7 @@ bool isLowSurrogate(std::uint32_t unit) {
 
 } // namespace
 
-std::span<const std::byte> ByteReader::readBytes(std::size_t count) {
+std::span<const std::byte> CByteReader::readBytes(std::size_t count) {
     if (m_bFailed || count > remaining()) {
         m_bFailed = true;
         return {};
@@ -45,7 +45,7 @@ std::span<const std::byte> ByteReader::readBytes(std::size_t count) {
     return bytes;
 }
 
-std::uint32_t ByteReader::readLittleEndian(std::size_t count) {
+std::uint32_t CByteReader::readLittleEndian(std::size_t count) {
     std::uint32_t value = 0;
     const auto bytes = readBytes(count);
     for (std::size_t i = 0; i < bytes.size(); ++i) {
@@ -54,12 +54,12 @@ std::uint32_t ByteReader::readLittleEndian(std::size_t count) {
     return value;
 }
 
-void ByteReader::alignToDword() {
+void CByteReader::alignToDword() {
     const std::size_t padding = (4 - m_nPosition % 4) % 4;
     m_nPosition += std::min(padding, remaining());
 }
 
-std::string ByteReader::readUtf16Text() {
+std::string CByteReader::readUtf16Text() {
     std::string text;
     std::uint32_t high = 0;
     for (std::uint32_t unit = readU16(); unit != 0; unit = readU16()) {
@@ -82,8 +82,8 @@ std::string ByteReader::readUtf16Text() {
     return text;
 }
 
-ResourceName readResourceName(ByteReader& reader) {
-    ByteReader ahead = reader;
+ResourceName readResourceName(CByteReader& reader) {
+    CByteReader ahead = reader;
     if (ahead.readU16() == ORDINAL_MARK) {
         const int ordinal = ahead.readU16();
         reader = ahead;

@@ -7,9 +7,9 @@
 
 /// Reads little-endian data from front to back and never outside of it. The first read past the end marks the
 /// reader as failed; from then on every read gives zero or nothing, so that callers check once at the end.
-class ByteReader {
+class CByteReader {
 public:
-    explicit ByteReader(std::span<const std::byte> data) : m_data(data) {}
+    explicit CByteReader(std::span<const std::byte> data) : m_data(data) {}
 
     bool failed() const { return m_bFailed; }
     std::size_t position() const { return m_nPosition; }
@@ -46,4 +46,4 @@ struct ResourceName {
 };
 
 /// Reads 0xFFFF and a number, or a zero-terminated text.
-ResourceName readResourceName(ByteReader& reader);
+ResourceName readResourceName(CByteReader& reader);

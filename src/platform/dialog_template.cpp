@@ -23,7 +23,7 @@ constexpr std::array REGISTERED_CLASSES = {"Button",
                                            "SysTabControl32"};
 constexpr std::size_t CLASS_ATOMS = 6;
 
-DialogRect readRect(ByteReader& reader) {
+DialogRect readRect(CByteReader& reader) {
     DialogRect rect;
     rect.x = reader.readI16();
     rect.y = reader.readI16();
@@ -57,7 +57,7 @@ std::string classNameOf(const ResourceName& name) {
     return name.ordinal >= FIRST_CLASS_ATOM && index < CLASS_ATOMS ? REGISTERED_CLASSES[index] : "";
 }
 
-std::optional<DialogItem> readItem(ByteReader& reader) {
+std::optional<DialogItem> readItem(CByteReader& reader) {
     reader.alignToDword();
     DialogItem item;
     reader.readU32(); // help id
@@ -76,7 +76,7 @@ std::optional<DialogItem> readItem(ByteReader& reader) {
     return item;
 }
 
-void readFont(ByteReader& reader, DialogTemplate& dialog) {
+void readFont(CByteReader& reader, DialogTemplate& dialog) {
     dialog.fontPointSize = reader.readU16();
     reader.readU16(); // weight
     reader.readU8();  // italic
@@ -87,7 +87,7 @@ void readFont(ByteReader& reader, DialogTemplate& dialog) {
 } // namespace
 
 std::optional<DialogTemplate> readDialogTemplate(std::span<const std::byte> data, int id) {
-    ByteReader reader(data);
+    CByteReader reader(data);
     if (reader.readU16() != EXTENDED_VERSION || reader.readU16() != EXTENDED_SIGNATURE) {
         return std::nullopt;
     }

@@ -39,7 +39,7 @@ bool isSupportedDepth(std::size_t bitsPerPixel) {
     return std::ranges::find(DEPTHS, bitsPerPixel) != DEPTHS.end();
 }
 
-bool readPalette(ByteReader& reader, IconParts& parts, std::uint32_t coloursUsed) {
+bool readPalette(CByteReader& reader, IconParts& parts, std::uint32_t coloursUsed) {
     if (parts.bitsPerPixel > 8) {
         reader.skip(std::size_t{coloursUsed} * 4); // a hint for palette displays
         return true;
@@ -57,7 +57,7 @@ bool readPalette(ByteReader& reader, IconParts& parts, std::uint32_t coloursUsed
 }
 
 /// Shape and depth; nothing for a form of bitmap that is not supported.
-std::optional<IconParts> readHeader(ByteReader& reader) {
+std::optional<IconParts> readHeader(CByteReader& reader) {
     const std::uint32_t size = reader.readU32();
     const std::int32_t width = reader.readI32();
     const std::int32_t doubleHeight = reader.readI32(); // colours and mask
@@ -80,7 +80,7 @@ std::optional<IconParts> readHeader(ByteReader& reader) {
 }
 
 std::optional<IconParts> readParts(std::span<const std::byte> data) {
-    ByteReader reader(data);
+    CByteReader reader(data);
     auto parts = readHeader(reader);
     const std::uint32_t coloursUsed = reader.readU32();
     reader.readU32(); // important colours

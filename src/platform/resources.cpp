@@ -18,7 +18,7 @@ struct ResourceEntry {
 };
 
 /// The next entry of a resource file; nothing when it is damaged.
-std::optional<ResourceEntry> readEntry(ByteReader& reader) {
+std::optional<ResourceEntry> readEntry(CByteReader& reader) {
     const std::size_t start = reader.position();
     const std::uint32_t dataSize = reader.readU32();
     const std::uint32_t headerSize = reader.readU32();
@@ -42,7 +42,7 @@ std::optional<ResourceEntry> readEntry(ByteReader& reader) {
 /// taken for one that lacks the resource or has it.
 std::optional<std::span<const std::byte>> findResource(std::span<const std::byte> file, int type, int id) {
     std::optional<std::span<const std::byte>> found;
-    ByteReader reader(file);
+    CByteReader reader(file);
     while (reader.remaining() > 0) {
         const auto entry = readEntry(reader);
         if (!entry) {
@@ -57,7 +57,7 @@ std::optional<std::span<const std::byte>> findResource(std::span<const std::byte
 
 /// The id of the best image of an icon group.
 std::optional<int> bestIconOf(std::span<const std::byte> group, int desiredSize) {
-    ByteReader reader(group);
+    CByteReader reader(group);
     reader.readU16(); // reserved
     const bool isIcon = reader.readU16() == 1;
     const int count = reader.readU16();

@@ -24,9 +24,9 @@ SentMessage changed(int place) {
 }
 
 /// How often a widget was painted.
-class PaintCount : public QObject {
+class CPaintCount : public QObject {
 public:
-    explicit PaintCount(QWidget& widget) { widget.installEventFilter(this); }
+    explicit CPaintCount(QWidget& widget) { widget.installEventFilter(this); }
     int count = 0;
 
 protected:
@@ -85,7 +85,7 @@ TEST_F(SwatchTest, ShowsItsColourInABlackFrame) {
 
 TEST_F(SwatchTest, ADragCopiesTheColour) {
     pictureOf(widget(1));
-    PaintCount paints(*widget(1));
+    CPaintCount paints(*widget(1));
     drop(widget(0), widget(1));
     EXPECT_EQ(paints.count, 1) << "repainted at once";
     EXPECT_EQ(m_pSwatches[1]->getColour(), RED);
@@ -150,7 +150,7 @@ TEST_F(SwatchTest, TheParentMayLookAndDragFromItsHandler) {
 
 TEST_F(SwatchTest, ADoubleClickAsksForAColour) {
     const auto answer = [&](bool isAccepted) {
-        ModalSteps steps({[&](QWidget* shown) {
+        CModalSteps steps({[&](QWidget* shown) {
             auto* const dialog = qobject_cast<QColorDialog*>(shown);
             ASSERT_NE(dialog, nullptr);
             EXPECT_EQ(dialog->currentColor(), QColor(200, 10, 20));

@@ -23,9 +23,9 @@ protected:
     };
 
     /// Open the list with `current` chosen and let the user take these steps.
-    Outcome run(qxCTexture* current, std::vector<ModalSteps::Step> steps) {
+    Outcome run(qxCTexture* current, std::vector<CModalSteps::Step> steps) {
         CTextureListDlg list(&m_scene, current, nullptr);
-        const ModalSteps user(std::move(steps));
+        const CModalSteps user(std::move(steps));
         const INT_PTR result = list.DoModal();
         EXPECT_TRUE(user.areDone());
         return {result, list.getSelectedTexture()};
@@ -143,7 +143,7 @@ TEST_F(TextureListTest, WithoutASceneItEndsAtOnceWithCancel) {
 
 TEST_F(TextureListTest, WhenItsPanelIsClosedItEndsAndLeavesTheSceneAlone) {
     CTextureListDlg list(&m_scene, m_pGrass, nullptr);
-    const ModalSteps user({[&](const QWidget* window) {
+    const CModalSteps user({[&](const QWidget* window) {
         list.abandon();
         choose(window, "rock");
         pick(window, IDC_TEXTURE_SIZE, "1x1");
@@ -167,7 +167,7 @@ protected:
     }
 
     /// Choose these files in the file dialog.
-    static ModalSteps::Step chooseFiles(const QStringList& names) {
+    static CModalSteps::Step chooseFiles(const QStringList& names) {
         return [names](QWidget* shown) {
             auto* const dialog = qobject_cast<QFileDialog*>(shown);
             ASSERT_NE(dialog, nullptr);

@@ -23,8 +23,8 @@ protected:
     QString caption() { return qobject_cast<QAbstractButton*>(m_dialog.button(0))->text(); }
 
     /// Click the button and let the user take this step in the list.
-    void pick(ModalSteps::Step step) {
-        const ModalSteps user({std::move(step)});
+    void pick(CModalSteps::Step step) {
+        const CModalSteps user({std::move(step)});
         QTest::mouseClick(m_dialog.button(0), Qt::LeftButton);
         EXPECT_TRUE(user.areDone());
     }

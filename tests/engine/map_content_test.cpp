@@ -62,10 +62,10 @@ TEST_F(MapContent, TheCurrentDefinitionAlwaysExists) {
 
 TEST_F(MapContent, BaseTexturesAndTilingCountAsChangesOfTheTextures) {
     qxCTexture* grass = m_scene.createTexture();
-    std::uint64_t count = m_map.getChangeCount(EMapChange::TEXTURES);
+    std::uint64_t count = m_map.getChangeCount(MapChange::TEXTURES);
     const auto grew = [&] {
         const std::uint64_t before = count;
-        count = m_map.getChangeCount(EMapChange::TEXTURES);
+        count = m_map.getChangeCount(MapChange::TEXTURES);
         return count > before;
     };
     m_map.setTexture(qxMapLayerRough, grass);
@@ -164,12 +164,12 @@ TEST_F(MapContent, OfSeveralDetailsTheNearestAndThenTheNewestIsFound) {
     EXPECT_EQ(m_map.findDetail(3, 3), moss);
     m_map.removeDetail(moss);
     EXPECT_EQ(m_map.findDetail(3, 3), rock);
-    const std::uint64_t count = m_map.getChangeCount(EMapChange::DETAILS);
+    const std::uint64_t count = m_map.getChangeCount(MapChange::DETAILS);
     qxCMapDetailRecord stranger;
     m_map.removeDetail(&stranger);
     m_map.removeDetail(nullptr);
     EXPECT_EQ(m_map.getDetails().size(), 2);
-    EXPECT_EQ(m_map.getChangeCount(EMapChange::DETAILS), count);
+    EXPECT_EQ(m_map.getChangeCount(MapChange::DETAILS), count);
 }
 
 TEST_F(MapContent, DetailsWithoutASensibleFootprintAreRefused) {
@@ -185,7 +185,7 @@ TEST_F(MapContent, DetailsWithoutASensibleFootprintAreRefused) {
         EXPECT_EQ(m_map.addDetail(qxDetailTypePoint, nullptr, {1, 0, 1}, halfSize, 0.0F, 1.0F), nullptr);
     }
     EXPECT_EQ(m_map.getDetails().size(), 0);
-    EXPECT_EQ(m_map.getChangeCount(EMapChange::DETAILS), 0U);
+    EXPECT_EQ(m_map.getChangeCount(MapChange::DETAILS), 0U);
 }
 
 TEST_F(MapContent, EditCursorsAreKeptAsGivenUntilCleared) {

@@ -180,19 +180,19 @@ TEST_F(MapPoints, DirtyRectanglesCoverJustWhatChangedAndAreTakenOnce) {
     m_map.setPointColour(0, 3, 3, RED);
     m_map.setPointWater(4, 2, true);
     m_map.setPointBlend(1, 1, 2, 5);
-    EXPECT_EQ(m_map.takeDirtyHeights(), (CGridRect{2, 1, 6, 5}));
-    EXPECT_EQ(m_map.takeDirtySurface(), (CGridRect{1, 2, 4, 3}));
+    EXPECT_EQ(m_map.takeDirtyHeights(), (GridRect{2, 1, 6, 5}));
+    EXPECT_EQ(m_map.takeDirtySurface(), (GridRect{1, 2, 4, 3}));
     EXPECT_TRUE(m_map.takeDirtyHeights().isEmpty());
     EXPECT_TRUE(m_map.takeDirtySurface().isEmpty());
     EXPECT_TRUE(m_map.takeDirtyMarkers().isEmpty());
-    EXPECT_EQ(m_map.getChangeCount(EMapChange::HEIGHTS), 2U);
-    EXPECT_EQ(m_map.getChangeCount(EMapChange::SURFACE), 3U);
+    EXPECT_EQ(m_map.getChangeCount(MapChange::HEIGHTS), 2U);
+    EXPECT_EQ(m_map.getChangeCount(MapChange::SURFACE), 3U);
 
     m_map.setPointHeight(2, 5, 10, true);
     m_map.setPointColour(0, 3, 3, RED);
     EXPECT_TRUE(m_map.takeDirtyHeights().isEmpty()) << "the same value again is no change";
     EXPECT_TRUE(m_map.takeDirtySurface().isEmpty());
-    EXPECT_EQ(m_map.getChangeCount(EMapChange::HEIGHTS), 2U);
+    EXPECT_EQ(m_map.getChangeCount(MapChange::HEIGHTS), 2U);
 }
 
 TEST_F(MapPoints, MarkerChangesAreHeldBackWhileTheLayerIsLocked) {
@@ -203,7 +203,7 @@ TEST_F(MapPoints, MarkerChangesAreHeldBackWhileTheLayerIsLocked) {
     m_map.unlockMarkerLayer();
     EXPECT_TRUE(m_map.takeDirtyMarkers().isEmpty());
     m_map.unlockMarkerLayer();
-    EXPECT_EQ(m_map.takeDirtyMarkers(), (CGridRect{1, 2, 1, 2}));
+    EXPECT_EQ(m_map.takeDirtyMarkers(), (GridRect{1, 2, 1, 2}));
     EXPECT_EQ(m_map.getMarkers()[2 * (GRID + 1) + 1], RED);
 }
 

@@ -121,7 +121,7 @@ TEST(Painting, BadWeightsAndValuesStayInBounds) {
     for (const float weight : {0.0F, -1.0F, NOT_A_NUMBER}) {
         map.paintMultiTexture(2, 2, weight);
     }
-    EXPECT_EQ(map.getChangeCount(EMapChange::SURFACE), 0U);
+    EXPECT_EQ(map.getChangeCount(MapChange::SURFACE), 0U);
     map.paintMultiTexture(2, 2, 9.0F);
     EXPECT_EQ(map.getPointBlendQ(1, 2, 2), 32768);
     definition.blend = 7.0F;
@@ -138,7 +138,7 @@ TEST(Painting, WithoutADefinitionNothingIsPainted) {
     addMottled(map);
     map.removeMultiTexture(0);
     map.paintMultiTexture(2, 2, 1.0F);
-    EXPECT_EQ(map.getChangeCount(EMapChange::SURFACE), 0U);
+    EXPECT_EQ(map.getChangeCount(MapChange::SURFACE), 0U);
 }
 
 // A map of 7 x 7 points written as one text per row: digits are heights, and in the water texts '~' is water.
@@ -192,8 +192,8 @@ TEST_F(Water, FloodFillsTheJoinedLowGroundRoundCorners) {
     m_map.waterLevel = 2.0F;
     m_map.addWater(5, 1);
     EXPECT_EQ(water(), HORSESHOE_WATER);
-    EXPECT_EQ(m_map.takeDirtySurface(), (CGridRect{1, 1, 5, 4}));
-    EXPECT_EQ(m_map.getChangeCount(EMapChange::SURFACE), 13U);
+    EXPECT_EQ(m_map.takeDirtySurface(), (GridRect{1, 1, 5, 4}));
+    EXPECT_EQ(m_map.getChangeCount(MapChange::SURFACE), 13U);
     m_map.addWater(5, 1);
     EXPECT_TRUE(m_map.takeDirtySurface().isEmpty());
 }
@@ -205,7 +205,7 @@ TEST_F(Water, FloodStopsAboveTheWaterHeight) {
     EXPECT_EQ(water(), (Art{".......", ".~~....", ".~.....", ".~.....", ".......", ".......", "......."}));
     m_map.addWater(0, 0);
     m_map.addWater(1, 4);
-    EXPECT_EQ(m_map.getChangeCount(EMapChange::SURFACE), 4U);
+    EXPECT_EQ(m_map.getChangeCount(MapChange::SURFACE), 4U);
 }
 
 TEST_F(Water, FloodReachesGroundThatWasDugBehindStandingWater) {
@@ -254,9 +254,9 @@ TEST(WaterArea, ALargeMapFillsAndDrainsWhole) {
     }
     map.addWater(0, 0);
     constexpr std::uint64_t CHANNEL = 513ULL * 1025 + 512;
-    EXPECT_EQ(map.getChangeCount(EMapChange::SURFACE), CHANNEL);
+    EXPECT_EQ(map.getChangeCount(MapChange::SURFACE), CHANNEL);
     map.removeWater(512, 1024);
-    EXPECT_EQ(map.getChangeCount(EMapChange::SURFACE), 2 * CHANNEL);
+    EXPECT_EQ(map.getChangeCount(MapChange::SURFACE), 2 * CHANNEL);
     EXPECT_TRUE(std::ranges::all_of(map.getWaterFlags(), [](std::uint8_t flag) { return flag == 0; }));
 }
 

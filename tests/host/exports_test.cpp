@@ -28,14 +28,14 @@ bool playIntoFile() {
 
 const bool PLAYS_INTO_FILE = playIntoFile();
 
-constexpr std::array ALL_CHANGES = {EMapChange::HEIGHTS,     EMapChange::SURFACE,  EMapChange::MARKERS,
-                                    EMapChange::DETAILS,     EMapChange::TEXTURES, EMapChange::MATERIAL,
-                                    EMapChange::EDIT_CURSORS};
+constexpr std::array ALL_CHANGES = {MapChange::HEIGHTS,     MapChange::SURFACE,  MapChange::MARKERS,
+                                    MapChange::DETAILS,     MapChange::TEXTURES, MapChange::MATERIAL,
+                                    MapChange::EDIT_CURSORS};
 
 std::vector<std::uint64_t> changesOf(const CMemoryMap& map) {
     std::vector<std::uint64_t> counts;
     counts.reserve(ALL_CHANGES.size());
-    for (const EMapChange kind : ALL_CHANGES) {
+    for (const MapChange kind : ALL_CHANGES) {
         counts.push_back(map.getChangeCount(kind));
     }
     return counts;

@@ -96,7 +96,7 @@ bool CRandomSession::isSeenAlike(const Seen& actual, const Seen& expected) {
 bool CRandomSession::compare() {
     const CMemoryMap& actual = m_actualMaps[m_nMap];
     const CMemoryMap& expected = m_expectedMaps[m_nMap];
-    const auto sameCursor = [](const CEditCursor& a, const CEditCursor& b) {
+    const auto sameCursor = [](const EditCursor& a, const EditCursor& b) {
         return a.x == b.x && a.z == b.z && a.kind == b.kind;
     };
     if (!haveSameBytes(actual.getHeights(), expected.getHeights())) {

@@ -80,7 +80,7 @@ public:
 
     Seen pickColour(int swatch, const qxCColour* colour) override {
         Seen seen;
-        const ModalSteps user({[&](QWidget* window) {
+        const CModalSteps user({[&](QWidget* window) {
             auto& dialog = dynamic_cast<QColorDialog&>(*window);
             const QColor offered = dialog.currentColor();
             seen.push_back(describe({offered.red(), offered.green(), offered.blue(), 255}));
@@ -107,7 +107,7 @@ public:
     Seen type(int edit, const std::string& text, Leaving leaving) override {
         Seen messages;
         if (isInReach(control(edit))) {
-            const ModalSteps user({[&](QWidget* window) { hands::dismiss(*window, messages); }});
+            const CModalSteps user({[&](QWidget* window) { hands::dismiss(*window, messages); }});
             hands::type(control(edit), text, leaving);
             waitForKeyboard();
             leaveFields();

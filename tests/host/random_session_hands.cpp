@@ -189,7 +189,8 @@ Seen playDialog(const std::vector<DialogStep>& steps, const std::function<void()
     constexpr std::size_t MOST_WINDOWS = 40;
     Seen seen;
     CPerson person(steps, seen);
-    const ModalSteps user(std::vector<ModalSteps::Step>(MOST_WINDOWS, [&](QWidget* w) { person.answer(w); }));
+    const CModalSteps user(
+        std::vector<CModalSteps::Step>(MOST_WINDOWS, [&](QWidget* w) { person.answer(w); }));
     open();
     return seen;
 }

@@ -27,7 +27,7 @@ TEST(MessageBox, AnswersWithTheButtonPressed) {
         {MB_YESNO, QMessageBox::No, IDNO},
     };
     for (const auto& asked : cases) {
-        ModalSteps user({[&asked](QWidget* window) {
+        CModalSteps user({[&asked](QWidget* window) {
             ui::click(*dynamic_cast<QMessageBox&>(*window).button(asked.pressed));
         }});
         EXPECT_EQ(AfxMessageBox("50 % & more?", asked.type), asked.answer);
@@ -37,7 +37,7 @@ TEST(MessageBox, AnswersWithTheButtonPressed) {
 TEST(ColorDialog, StartsWithTheColourAndKeepsItOnCancel) {
     CColorDialog dialog(RGB(10, 20, 30), CC_FULLOPEN | CC_ANYCOLOR);
     {
-        ModalSteps user({[](QWidget* window) {
+        CModalSteps user({[](QWidget* window) {
             auto& shown = dynamic_cast<QColorDialog&>(*window);
             EXPECT_EQ(shown.currentColor(), QColor(10, 20, 30));
             shown.setCurrentColor(Qt::red);
@@ -46,7 +46,7 @@ TEST(ColorDialog, StartsWithTheColourAndKeepsItOnCancel) {
         EXPECT_EQ(dialog.DoModal(), IDCANCEL);
     }
     EXPECT_EQ(dialog.GetColor(), RGB(10, 20, 30));
-    ModalSteps user({[](QWidget* window) {
+    CModalSteps user({[](QWidget* window) {
         dynamic_cast<QColorDialog&>(*window).setCurrentColor(QColor(1, 2, 3));
         dynamic_cast<QColorDialog&>(*window).accept();
     }});
@@ -63,7 +63,7 @@ TEST(FileDialog, OpensOnThePresetDirectoryAndGivesEveryFileChosen) {
     const CString preset = CString(directory.path().toUtf8().constData()) + "\\*.tga";
     CFileDialog dialog(TRUE, "tga", preset, OFN_ALLOWMULTISELECT | OFN_HIDEREADONLY | OFN_OVERWRITEPROMPT,
                        "TGA Files (*.tga)|*.tga|All Files (*.*)|*.*||");
-    ModalSteps user({[&directory](QWidget* window) {
+    CModalSteps user({[&directory](QWidget* window) {
         auto& shown = dynamic_cast<QFileDialog&>(*window);
         EXPECT_EQ(shown.directory().absolutePath(), QDir(directory.path()).absolutePath());
         EXPECT_THAT(shown.nameFilters(), ElementsAre("TGA Files (*.tga)", "All Files (*)"));

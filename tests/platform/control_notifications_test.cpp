@@ -35,11 +35,11 @@ protected:
             dialogItem(TABS, "SysTabControl32", WS_TABSTOP, {0, 100, 100, 40}),
             dialogItem(DRAWN, "Button", BS_OWNERDRAW, {110, 110, 20, 20}),
         })));
-        ASSERT_TRUE(ui::waitUntilActive(ui::dialog(RecordingDialog::TEMPLATE_ID)));
+        ASSERT_TRUE(ui::waitUntilActive(ui::dialog(CRecordingDialog::TEMPLATE_ID)));
         m_dialog.takeHeard();
     }
 
-    RecordingDialog m_dialog;
+    CRecordingDialog m_dialog;
 };
 
 TEST_F(ControlNotifications, ButtonsReportTheirClicks) {

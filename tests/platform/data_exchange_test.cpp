@@ -28,7 +28,7 @@ struct Values {
 };
 
 /// Takes over the height when its field is left.
-class ExchangingDialog : public RecordingDialog {
+class CExchangingDialog : public CRecordingDialog {
 public:
     int runs = 0;
     bool takesOver = false;
@@ -43,8 +43,8 @@ protected:
     DECLARE_MESSAGE_MAP()
 };
 
-BEGIN_MESSAGE_MAP(ExchangingDialog, RecordingDialog)
-ON_EN_KILLFOCUS(HEIGHT, &ExchangingDialog::OnHeightLeft)
+BEGIN_MESSAGE_MAP(CExchangingDialog, CRecordingDialog)
+ON_EN_KILLFOCUS(HEIGHT, &CExchangingDialog::OnHeightLeft)
 END_MESSAGE_MAP()
 
 class DataExchange : public testing::Test {
@@ -70,19 +70,19 @@ protected:
             dialogItem(SLIDE, "msctls_trackbar32", WS_GROUP, {0, 60, 80, 14}),
             dialogItem(PUSH, "Button", WS_TABSTOP, {100, 60, 40, 14}, "Push"),
         })));
-        ASSERT_TRUE(ui::waitUntilActive(ui::dialog(RecordingDialog::TEMPLATE_ID)));
+        ASSERT_TRUE(ui::waitUntilActive(ui::dialog(CRecordingDialog::TEMPLATE_ID)));
     }
 
     QString textAt(int id) { return m_dialog.at<QLineEdit>(id).text(); }
     /// Answers the next message box and keeps its text.
-    ModalSteps::Step dismiss(std::vector<QString>& texts) {
+    CModalSteps::Step dismiss(std::vector<QString>& texts) {
         return [&texts](QWidget* window) {
             texts.push_back(dynamic_cast<QMessageBox&>(*window).text());
             ui::press(Qt::Key_Return);
         };
     }
 
-    ExchangingDialog m_dialog;
+    CExchangingDialog m_dialog;
     Values m_values;
 };
 
@@ -136,7 +136,7 @@ TEST_F(DataExchange, RefusesWhatDoesNotFitAndStaysThere) {
         m_dialog.at<QLineEdit>(refused.id).setText(refused.typed);
         m_dialog.takeHeard();
         std::vector<QString> texts;
-        ModalSteps user({dismiss(texts)});
+        CModalSteps user({dismiss(texts)});
         EXPECT_FALSE(m_dialog.UpdateData(TRUE));
         EXPECT_THAT(texts, ElementsAre(QString(refused.message)));
         EXPECT_STREQ(m_values.name, "rock") << "later members keep their values";
@@ -150,7 +150,7 @@ TEST_F(DataExchange, ABadValueLeftByAClickShowsOneBoxAndNoClick) {
     ui::type(m_dialog.at(HEIGHT), "5000");
     m_dialog.takeHeard();
     std::vector<QString> texts;
-    ModalSteps user({dismiss(texts)});
+    CModalSteps user({dismiss(texts)});
     ui::click(m_dialog.at(PUSH));
     EXPECT_EQ(texts.size(), 1U);
     ASSERT_TRUE(ui::waitUntil([this] { return m_dialog.at(HEIGHT).hasFocus(); }));
@@ -176,12 +176,12 @@ TEST_F(DataExchange, ABadValueLeftByAKeyOrForAnotherWindowBringsThePersonBack) {
         },
     };
     for (const auto& leave : leavings) {
-        QWidget& window = *ui::dialog(RecordingDialog::TEMPLATE_ID);
+        QWidget& window = *ui::dialog(CRecordingDialog::TEMPLATE_ID);
         window.activateWindow();
         ASSERT_TRUE(ui::waitUntilActive(&window));
         ui::type(m_dialog.at(HEIGHT), "5000");
         std::vector<QString> texts;
-        ModalSteps user({dismiss(texts)});
+        CModalSteps user({dismiss(texts)});
         leave();
         EXPECT_TRUE(ui::waitUntil([&] { return user.areDone() && m_dialog.at(HEIGHT).hasFocus(); }));
         EXPECT_EQ(texts.size(), 1U);
@@ -196,7 +196,7 @@ TEST_F(DataExchange, NotificationsAreLockedOutWhileItRuns) {
     m_dialog.takesOver = true;
     m_dialog.runs = 0;
     std::vector<QString> texts;
-    ModalSteps user({dismiss(texts)});
+    CModalSteps user({dismiss(texts)});
     // The edit loses the focus to the box that tells of its own text.
     EXPECT_FALSE(m_dialog.UpdateData(TRUE));
     EXPECT_EQ(texts.size(), 1U);

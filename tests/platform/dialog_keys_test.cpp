@@ -28,7 +28,7 @@ protected:
             dialogItem(SECOND, "Edit", WS_TABSTOP | WS_GROUP, {0, 80, 40, 12}),
         })));
         m_dialog.GetDlgItem(HIDDEN)->ShowWindow(SW_HIDE);
-        ASSERT_TRUE(ui::waitUntilActive(ui::dialog(RecordingDialog::TEMPLATE_ID)));
+        ASSERT_TRUE(ui::waitUntilActive(ui::dialog(CRecordingDialog::TEMPLATE_ID)));
         m_dialog.takeHeard();
     }
     static QString focused() {
@@ -43,7 +43,7 @@ protected:
         return ids;
     }
 
-    RecordingDialog m_dialog;
+    CRecordingDialog m_dialog;
 };
 
 TEST_F(DialogKeys, TheFirstControlInTemplateOrderHasTheFocus) {
@@ -102,15 +102,15 @@ TEST_F(DialogKeys, EscapeAndTheCloseBoxAskForCancel) {
     open();
     ui::press(Qt::Key_Escape);
     EXPECT_THAT(m_dialog.takeHeard(), ElementsAre("Cancel"));
-    ui::dialog(RecordingDialog::TEMPLATE_ID)->close();
+    ui::dialog(CRecordingDialog::TEMPLATE_ID)->close();
     EXPECT_THAT(m_dialog.takeHeard(), IsEmpty()) << "the close box posts";
     ui::settle();
     EXPECT_THAT(m_dialog.takeHeard(), ElementsAre("Cancel"));
-    EXPECT_NE(ui::dialog(RecordingDialog::TEMPLATE_ID), nullptr);
+    EXPECT_NE(ui::dialog(CRecordingDialog::TEMPLATE_ID), nullptr);
 }
 
 /// Turns Enter in an edit into Tab before the dialog sees it.
-class EnterMovesOn : public RecordingDialog {
+class CEnterMovesOn : public CRecordingDialog {
 public:
     BOOL PreTranslateMessage(MSG* pMsg) override {
         char name[16];
@@ -119,18 +119,18 @@ public:
             CString(&name[0]).CompareNoCase("edit") == 0) {
             pMsg->wParam = VK_TAB;
         }
-        return RecordingDialog::PreTranslateMessage(pMsg);
+        return CRecordingDialog::PreTranslateMessage(pMsg);
     }
 };
 
 TEST(DialogKeysRewritten, TheNewKeyIsTheOneProcessed) {
-    EnterMovesOn dialog;
+    CEnterMovesOn dialog;
     ASSERT_TRUE(dialog.CreateIndirect(dialogLayout({
         dialogItem(FIRST, "Edit", WS_TABSTOP, {0, 0, 40, 12}),
         dialogItem(SECOND, "Edit", WS_TABSTOP, {50, 0, 40, 12}),
         dialogItem(PUSH, "Button", WS_TABSTOP | BS_DEFPUSHBUTTON, {100, 0, 40, 14}),
     })));
-    ASSERT_TRUE(ui::waitUntilActive(ui::dialog(RecordingDialog::TEMPLATE_ID)));
+    ASSERT_TRUE(ui::waitUntilActive(ui::dialog(CRecordingDialog::TEMPLATE_ID)));
     ui::press(Qt::Key_Return);
     EXPECT_TRUE(dialog.at(SECOND).hasFocus());
     EXPECT_THAT(dialog.takeHeard(), ElementsAre("11 left"));

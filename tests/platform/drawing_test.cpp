@@ -18,7 +18,7 @@ constexpr COLORREF GREEN = RGB(0, 255, 0);
 constexpr COLORREF BLUE = RGB(0, 0, 255);
 
 /// Paints what the test says.
-class Picture : public CButton {
+class CPictureButton : public CButton {
 public:
     std::function<void(CDC&, const RECT&)> draw;
     void DrawItem(LPDRAWITEMSTRUCT item) override {
@@ -37,8 +37,8 @@ protected:
     }
     QImage shown() { return m_dialog.at(DRAWN_ID).grab().toImage(); }
 
-    RecordingDialog m_dialog;
-    Picture m_picture;
+    CRecordingDialog m_dialog;
+    CPictureButton m_picture;
 };
 
 TEST_F(Drawing, ARectangleHasItsPenAroundItsBrush) {
@@ -126,7 +126,7 @@ TEST(MemoryContext, DrawsIntoItsBitmapAndBlitsFromIt) {
 }
 
 /// A window of a class of its own, with a border.
-class Painted : public CWnd {
+class CPainted : public CWnd {
 public:
     CPoint pressed;
 
@@ -142,15 +142,15 @@ protected:
     DECLARE_MESSAGE_MAP()
 };
 
-BEGIN_MESSAGE_MAP(Painted, CWnd)
+BEGIN_MESSAGE_MAP(CPainted, CWnd)
 ON_WM_PAINT()
 ON_WM_LBUTTONDOWN()
 END_MESSAGE_MAP()
 
-TEST(CustomWindow, PaintsAndHearsTheMouseInsideItsBorder) {
-    RecordingDialog dialog;
+TEST(CCustomWindow, PaintsAndHearsTheMouseInsideItsBorder) {
+    CRecordingDialog dialog;
     ASSERT_TRUE(dialog.CreateIndirect(dialogLayout({})));
-    Painted painted;
+    CPainted painted;
     const CRect place(10, 10, 50, 40);
     EXPECT_FALSE(painted.CreateEx(0, "Unregistered", "", WS_CHILD | WS_VISIBLE, place, &dialog, 70));
     ASSERT_TRUE(painted.CreateEx(WS_EX_CLIENTEDGE, AfxRegisterWndClass(CS_HREDRAW | CS_VREDRAW), "",

@@ -19,7 +19,7 @@ TEST(HostWithoutQt, AnApplicationWithoutWidgetsGetsNoDialogs) {
     char name[] = "host";
     char* arguments[] = {&name[0], nullptr};
     const QCoreApplication console(count, &arguments[0]);
-    RecordingDialog dialog;
+    CRecordingDialog dialog;
     EXPECT_FALSE(dialog.CreateIndirect(layout()));
     EXPECT_EQ(dialog.m_hWnd, nullptr);
     EXPECT_EQ(dialog.DoModal(), -1);
@@ -30,9 +30,9 @@ TEST(HostWithoutQt, GetsAnApplicationOnFirstNeedThatStays) {
     EXPECT_EQ(QCoreApplication::instance(), nullptr);
     const HWND hostWindow = reinterpret_cast<HWND>(std::uintptr_t{0x7654321});
     for (int opening = 0; opening < 2; ++opening) {
-        RecordingDialog dialog;
+        CRecordingDialog dialog;
         ASSERT_TRUE(dialog.CreateIndirect(layout(), CWnd::FromHandle(hostWindow)));
-        ASSERT_TRUE(ui::waitUntilActive(ui::dialog(RecordingDialog::TEMPLATE_ID)));
+        ASSERT_TRUE(ui::waitUntilActive(ui::dialog(CRecordingDialog::TEMPLATE_ID)));
         EXPECT_EQ(::GetParent(dialog.m_hWnd), hostWindow);
         ui::type(dialog.at(EDIT_ID), "7");
         CString text;

@@ -14,9 +14,9 @@ enum Id { A = 11, B, EDIT, PUSH };
 using Log = std::vector<std::string>;
 
 /// A button that keeps the press to itself, as a colour swatch does, and writes the mouse down.
-class Swatch : public CButton {
+class CSwatch : public CButton {
 public:
-    explicit Swatch(Log& log) : m_log(log) {}
+    explicit CSwatch(Log& log) : m_log(log) {}
     bool captures = false;
 
 protected:
@@ -41,10 +41,10 @@ private:
     Log& m_log;
 };
 
-BEGIN_MESSAGE_MAP(Swatch, CButton)
+BEGIN_MESSAGE_MAP(CSwatch, CButton)
 ON_WM_LBUTTONDOWN()
 ON_WM_LBUTTONUP()
-ON_CONTROL_REFLECT(BN_DOUBLECLICKED, &Swatch::OnDoubleClicked)
+ON_CONTROL_REFLECT(BN_DOUBLECLICKED, &CSwatch::OnDoubleClicked)
 END_MESSAGE_MAP()
 
 class MouseRouting : public testing::Test {
@@ -60,14 +60,14 @@ protected:
             dialogItem(B, "Button", BS_OWNERDRAW, {50, 0, 30, 12}),
             dialogItem(PUSH, "Button", WS_TABSTOP, {100, 0, 30, 12}),
         })));
-        ASSERT_TRUE(ui::waitUntilActive(ui::dialog(RecordingDialog::TEMPLATE_ID)));
+        ASSERT_TRUE(ui::waitUntilActive(ui::dialog(CRecordingDialog::TEMPLATE_ID)));
         m_dialog.takeHeard();
     }
 
     Log m_log;
-    RecordingDialog m_dialog;
-    Swatch m_a{m_log};
-    Swatch m_b{m_log};
+    CRecordingDialog m_dialog;
+    CSwatch m_a{m_log};
+    CSwatch m_b{m_log};
 };
 
 TEST_F(MouseRouting, AReleaseGoesToTheWindowUnderThePointer) {
@@ -82,7 +82,7 @@ TEST_F(MouseRouting, ThePlaceBetweenHearsNothing) {
     ui::drag(m_dialog.at(EDIT), m_dialog.at(B));
     EXPECT_THAT(m_log, ElementsAre("11 down")) << "an edit keeps the mouse until its release";
     EXPECT_THAT(m_dialog.takeHeard(), IsEmpty());
-    QWidget& background = *ui::dialog(RecordingDialog::TEMPLATE_ID);
+    QWidget& background = *ui::dialog(CRecordingDialog::TEMPLATE_ID);
     ui::dragFrom(background, {5, background.height() - 5}, m_dialog.at(B));
     EXPECT_THAT(m_log, ElementsAre("11 down", "12 up")) << "a dialog's background does not";
 }
@@ -101,12 +101,12 @@ TEST_F(MouseRouting, ADoubleClickIsReflectedToTheButton) {
 }
 
 TEST_F(MouseRouting, AWheelTurnedOnTheWayPastChangesNothing) {
-    RecordingDialog other;
+    CRecordingDialog other;
     DialogTemplate layout = dialogLayout({
         dialogItem(EDIT, "Edit", WS_TABSTOP, {0, 40, 40, 12}),
         dialogItem(A, "msctls_trackbar32", WS_TABSTOP, {0, 0, 60, 14}),
     });
-    layout.id = RecordingDialog::TEMPLATE_ID + 1;
+    layout.id = CRecordingDialog::TEMPLATE_ID + 1;
     ASSERT_TRUE(other.CreateIndirect(layout));
     QWidget& window = *ui::dialog(layout.id);
     ASSERT_TRUE(ui::waitUntilActive(&window));

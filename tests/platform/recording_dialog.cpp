@@ -3,7 +3,7 @@
 #include <map>
 #include <utility>
 
-BEGIN_MESSAGE_MAP(RecordingDialog, CDialog)
+BEGIN_MESSAGE_MAP(CRecordingDialog, CDialog)
 ON_WM_HSCROLL()
 END_MESSAGE_MAP()
 
@@ -19,7 +19,7 @@ DialogItem dialogItem(int id, const char* windowClass, DWORD style, DialogRect r
 
 DialogTemplate dialogLayout(std::vector<DialogItem> items, DWORD style) {
     DialogTemplate layout;
-    layout.id = RecordingDialog::TEMPLATE_ID;
+    layout.id = CRecordingDialog::TEMPLATE_ID;
     layout.rect = {0, 0, 200, 150};
     layout.style = style;
     layout.caption = "Recording dialog";
@@ -29,24 +29,24 @@ DialogTemplate dialogLayout(std::vector<DialogItem> items, DWORD style) {
     return layout;
 }
 
-std::vector<std::string> RecordingDialog::takeHeard() {
+std::vector<std::string> CRecordingDialog::takeHeard() {
     return std::exchange(m_heard, {});
 }
 
-void RecordingDialog::note(const std::string& text) {
+void CRecordingDialog::note(const std::string& text) {
     m_heard.push_back(text);
     if (onNote) {
         onNote(text);
     }
 }
 
-void RecordingDialog::DoDataExchange(CDataExchange* pDX) {
+void CRecordingDialog::DoDataExchange(CDataExchange* pDX) {
     if (exchange) {
         exchange(pDX);
     }
 }
 
-BOOL RecordingDialog::OnCommand(WPARAM wParam, LPARAM lParam) {
+BOOL CRecordingDialog::OnCommand(WPARAM wParam, LPARAM lParam) {
     // The code 1 is the selection change of combo and list boxes alike, 2 the double click of a list.
     static const std::map<int, std::string> NAMES = {{BN_CLICKED, "clicked"},
                                                      {CBN_SELCHANGE, "selected"},
@@ -62,7 +62,7 @@ BOOL RecordingDialog::OnCommand(WPARAM wParam, LPARAM lParam) {
     return handled;
 }
 
-BOOL RecordingDialog::OnNotify(WPARAM, LPARAM lParam, LRESULT* pResult) {
+BOOL CRecordingDialog::OnNotify(WPARAM, LPARAM lParam, LRESULT* pResult) {
     const auto& header = *reinterpret_cast<const NMHDR*>(lParam);
     std::string text = std::to_string(header.idFrom);
     if (header.code == UDN_DELTAPOS) {
@@ -75,15 +75,15 @@ BOOL RecordingDialog::OnNotify(WPARAM, LPARAM lParam, LRESULT* pResult) {
     return TRUE;
 }
 
-void RecordingDialog::OnOK() {
+void CRecordingDialog::OnOK() {
     note("OK");
 }
 
-void RecordingDialog::OnCancel() {
+void CRecordingDialog::OnCancel() {
     note("Cancel");
 }
 
-void RecordingDialog::OnHScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar) {
+void CRecordingDialog::OnHScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar) {
     note(std::to_string(pScrollBar->GetDlgCtrlID()) + " scrolls " + std::to_string(nSBCode) + " " +
          std::to_string(nPos));
 }

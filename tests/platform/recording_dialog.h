@@ -11,12 +11,12 @@
 /// A control of a small dialog: its id, class, style beside WS_CHILD | WS_VISIBLE, place and text.
 DialogItem dialogItem(int id, const char* windowClass, DWORD style, DialogRect rect, const char* text = "");
 
-/// A template of 200 by 150 dialog units with the id RecordingDialog::templateId.
+/// A template of 200 by 150 dialog units with the id CRecordingDialog::templateId.
 DialogTemplate dialogLayout(std::vector<DialogItem> items, DWORD style = WS_POPUP | WS_VISIBLE | WS_CAPTION);
 
 /// A modeless dialog that writes down what its controls report, as "id what". What it exchanges and what it
 /// does on hearing something is the test's.
-class RecordingDialog : public CDialog {
+class CRecordingDialog : public CDialog {
 public:
     static constexpr int TEMPLATE_ID = 500;
 

@@ -7,32 +7,32 @@
 #include <vector>
 
 /// Writes little-endian bytes one after another, to make resources as another tool would write them.
-class ResourceBuilder {
+class CResourceBuilder {
 public:
-    ResourceBuilder& u8(std::uint32_t value) { return number(value, 1); }
-    ResourceBuilder& u16(std::uint32_t value) { return number(value, 2); }
-    ResourceBuilder& u32(std::uint32_t value) { return number(value, 4); }
-    ResourceBuilder& ordinal(std::uint32_t value) { return u16(0xFFFF).u16(value); }
-    ResourceBuilder& text(std::u16string_view units) {
+    CResourceBuilder& u8(std::uint32_t value) { return number(value, 1); }
+    CResourceBuilder& u16(std::uint32_t value) { return number(value, 2); }
+    CResourceBuilder& u32(std::uint32_t value) { return number(value, 4); }
+    CResourceBuilder& ordinal(std::uint32_t value) { return u16(0xFFFF).u16(value); }
+    CResourceBuilder& text(std::u16string_view units) {
         for (const char16_t unit : units) {
             u16(unit);
         }
         return u16(0);
     }
-    ResourceBuilder& raw(std::span<const std::byte> data) {
+    CResourceBuilder& raw(std::span<const std::byte> data) {
         m_bytes.insert(m_bytes.end(), data.begin(), data.end());
         return *this;
     }
-    ResourceBuilder& fill(std::size_t count, std::uint8_t value) {
+    CResourceBuilder& fill(std::size_t count, std::uint8_t value) {
         m_bytes.insert(m_bytes.end(), count, std::byte{value});
         return *this;
     }
-    ResourceBuilder& align() {
+    CResourceBuilder& align() {
         m_bytes.resize((m_bytes.size() + 3) / 4 * 4);
         return *this;
     }
     /// One entry of a resource file with a numbered type and id.
-    ResourceBuilder& entry(std::uint32_t type, std::uint32_t id, std::span<const std::byte> data) {
+    CResourceBuilder& entry(std::uint32_t type, std::uint32_t id, std::span<const std::byte> data) {
         const auto size = static_cast<std::uint32_t>(data.size());
         u32(size).u32(32).ordinal(type).ordinal(id).fill(16, 0);
         return raw(data).align();
@@ -41,7 +41,7 @@ public:
     const std::vector<std::byte>& bytes() const { return m_bytes; }
 
 private:
-    ResourceBuilder& number(std::uint32_t value, int count) {
+    CResourceBuilder& number(std::uint32_t value, int count) {
         for (int i = 0; i < count; ++i) {
             m_bytes.push_back(static_cast<std::byte>(value >> 8 * i & 0xFF));
         }

@@ -16,7 +16,7 @@ constexpr std::uint32_t TYPE_ICON_GROUP = 14;
 
 /// A dialog of two controls that uses every optional part of the format.
 Bytes sampleDialog() {
-    ResourceBuilder dialog;
+    CResourceBuilder dialog;
     dialog.u16(1).u16(0xFFFF).u32(7).u32(0x10).u32(0x80C80040);
     dialog.u16(2).u16(1).u16(0xFFFE).u16(120).u16(80);
     dialog.ordinal(9).text(u"Window").text(u"Gr\u00F6\u00DFe \u20AC \U0001F3A8 \xD800!");
@@ -35,8 +35,8 @@ struct IconShape {
     std::uint32_t coloursUsed = 0;
 };
 
-ResourceBuilder iconHeader(const IconShape& shape) {
-    ResourceBuilder icon;
+CResourceBuilder iconHeader(const IconShape& shape) {
+    CResourceBuilder icon;
     icon.u32(40).u32(shape.width).u32(shape.height * 2).u16(1).u16(shape.bitsPerPixel).u32(0).fill(12, 0);
     icon.u32(shape.coloursUsed).u32(0);
     return icon;
@@ -44,7 +44,7 @@ ResourceBuilder iconHeader(const IconShape& shape) {
 
 /// Two rows of two pixels: the palette's entries 0, 1 above and 1, 0 below, the bottom right one masked.
 Bytes indexedIcon(std::uint32_t bitsPerPixel) {
-    ResourceBuilder icon = iconHeader({2, 2, bitsPerPixel, 2});
+    CResourceBuilder icon = iconHeader({2, 2, bitsPerPixel, 2});
     icon.u32(0x00112233).u32(0x00445566); // blue first
     const std::uint32_t zeroOne = bitsPerPixel == 1 ? 0x40 : bitsPerPixel == 4 ? 0x01 : 0x0100;
     const std::uint32_t oneZero = bitsPerPixel == 1 ? 0x80 : bitsPerPixel == 4 ? 0x10 : 0x0001;
@@ -54,7 +54,7 @@ Bytes indexedIcon(std::uint32_t bitsPerPixel) {
 }
 
 Bytes trueColourIcon() {
-    ResourceBuilder icon = iconHeader({2, 2, 24, 0});
+    CResourceBuilder icon = iconHeader({2, 2, 24, 0});
     icon.u8(0x66).u8(0x55).u8(0x44).u8(0x33).u8(0x22).u8(0x11).u16(0);
     icon.u8(0x33).u8(0x22).u8(0x11).u8(0x66).u8(0x55).u8(0x44).u16(0);
     icon.u32(0x40).u32(0);
@@ -64,7 +64,7 @@ Bytes trueColourIcon() {
 /// The same four pixels with alpha in the top byte; the mask does not count unless all alphas are nothing.
 Bytes alphaIcon(std::uint32_t alpha) {
     const std::uint32_t top = alpha << 24;
-    ResourceBuilder icon = iconHeader({2, 2, 32, 0});
+    CResourceBuilder icon = iconHeader({2, 2, 32, 0});
     icon.u32(top | 0x445566).u32(top | 0x112233).u32(top | 0x112233).u32(top | 0x445566);
     icon.u32(0x40).u32(0);
     return icon.bytes();
@@ -76,7 +76,7 @@ std::vector<std::uint8_t> expectedPixels(std::uint8_t alpha, std::uint8_t alphaO
 }
 
 Bytes iconGroup(std::span<const std::array<std::uint32_t, 3>> widthDepthAndId) {
-    ResourceBuilder group;
+    CResourceBuilder group;
     group.u16(0).u16(1).u16(static_cast<std::uint32_t>(widthDepthAndId.size()));
     for (const auto& [width, depth, id] : widthDepthAndId) {
         group.u8(width).u8(width).u8(0).u8(0).u16(1).u16(depth).u32(100).u16(id);
@@ -86,7 +86,7 @@ Bytes iconGroup(std::span<const std::array<std::uint32_t, 3>> widthDepthAndId) {
 
 Bytes sampleFile() {
     const std::array<std::array<std::uint32_t, 3>, 1> images = {{{32, 4, 1}}};
-    ResourceBuilder file;
+    CResourceBuilder file;
     file.entry(0, 0, {}).entry(TYPE_DIALOG, 212, sampleDialog());
     file.entry(TYPE_ICON, 1, indexedIcon(4)).entry(TYPE_ICON_GROUP, 2004, iconGroup(images));
     return file.bytes();
@@ -120,7 +120,7 @@ TEST(DialogTemplateReader, RefusesOtherFormsAndUnknownClasses) {
     Bytes plain = sampleDialog();
     plain[2] = std::byte{0};
     EXPECT_FALSE(readDialogTemplate(plain, 1));
-    ResourceBuilder unknownClass;
+    CResourceBuilder unknownClass;
     unknownClass.u16(1).u16(0xFFFF).fill(12, 0).u16(1).fill(8, 0).u16(0).u16(0).u16(0).align();
     unknownClass.fill(24, 0).ordinal(0x86).u16(0).u16(0);
     EXPECT_FALSE(readDialogTemplate(unknownClass.bytes(), 1));
@@ -172,7 +172,7 @@ TEST(ResourceFile, TakesTheImageNearestInSizeThenDeepest) {
     const std::array<std::array<std::uint32_t, 3>, 5> images = {
         {{16, 32, 1}, {0, 32, 2}, {48, 4, 3}, {48, 8, 4}, {24, 32, 5}}}; // 0 stands for 256
     const std::array<std::uint32_t, 5> sizes = {16, 256, 48, 48, 24};
-    ResourceBuilder file;
+    CResourceBuilder file;
     file.entry(TYPE_ICON_GROUP, 7, iconGroup(images));
     for (std::uint32_t i = 0; i < sizes.size(); ++i) {
         const std::uint32_t marked = i + 1; // each image is told by its width, so that the choice shows
@@ -198,7 +198,7 @@ TEST(ResourceFile, RefusesAHeaderThatMisstatesItsSize) {
 }
 
 TEST(ResourceFile, PassesOverNamedEntries) {
-    ResourceBuilder file;
+    CResourceBuilder file;
     const std::u16string_view type = u"TEXT";
     const std::u16string_view name = u"NOTE";
     file.u32(3).u32(44).text(type).text(name).fill(16, 0).fill(3, 'x').align();

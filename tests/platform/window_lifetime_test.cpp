@@ -26,12 +26,12 @@ DialogTemplate layout() {
 }
 
 /// Owns itself, as the panels do, and has a control object as a member.
-class SelfOwned : public RecordingDialog {
+class CSelfOwned : public CRecordingDialog {
 public:
-    explicit SelfOwned(std::vector<std::string>& log) : m_log(log) {
+    explicit CSelfOwned(std::vector<std::string>& log) : m_log(log) {
         exchange = [this](CDataExchange* pDX) { DDX_Control(pDX, DRAWN, m_button); };
     }
-    ~SelfOwned() override { m_log.emplace_back("deleted"); }
+    ~CSelfOwned() override { m_log.emplace_back("deleted"); }
 
 protected:
     void PostNcDestroy() override {
@@ -40,7 +40,7 @@ protected:
     }
     afx_msg void OnDestroy() {
         m_log.emplace_back("destroyed");
-        RecordingDialog::OnDestroy();
+        CRecordingDialog::OnDestroy();
     }
     DECLARE_MESSAGE_MAP()
 
@@ -49,19 +49,19 @@ private:
     CButton m_button;
 };
 
-BEGIN_MESSAGE_MAP(SelfOwned, RecordingDialog)
+BEGIN_MESSAGE_MAP(CSelfOwned, CRecordingDialog)
 ON_WM_DESTROY()
 END_MESSAGE_MAP()
 
 class WindowLifetime : public testing::Test {
 protected:
-    SelfOwned* open(CWnd* parent = nullptr) {
-        auto* const dialog = new SelfOwned(m_log);
+    CSelfOwned* open(CWnd* parent = nullptr) {
+        auto* const dialog = new CSelfOwned(m_log);
         EXPECT_TRUE(dialog->CreateIndirect(layout(), parent));
-        EXPECT_TRUE(ui::waitUntilActive(ui::dialog(RecordingDialog::TEMPLATE_ID)));
+        EXPECT_TRUE(ui::waitUntilActive(ui::dialog(CRecordingDialog::TEMPLATE_ID)));
         return dialog;
     }
-    static bool noDialog() { return ui::dialog(RecordingDialog::TEMPLATE_ID) == nullptr; }
+    static bool noDialog() { return ui::dialog(CRecordingDialog::TEMPLATE_ID) == nullptr; }
 
     std::vector<std::string> m_log;
 };
@@ -73,7 +73,7 @@ TEST_F(WindowLifetime, DeletingTheObjectDestroysTheWindowWithoutDeletingTwice) {
 }
 
 TEST_F(WindowLifetime, AWindowMayEndInItsOwnHandler) {
-    SelfOwned* const dialog = open();
+    CSelfOwned* const dialog = open();
     dialog->onNote = [dialog](const std::string& heard) {
         if (heard == "11 clicked") {
             dialog->DestroyWindow();
@@ -88,9 +88,9 @@ TEST_F(WindowLifetime, AWindowMayEndInItsOwnHandler) {
 }
 
 TEST_F(WindowLifetime, AnEndingWindowReportsNoLostFocus) {
-    RecordingDialog dialog;
+    CRecordingDialog dialog;
     ASSERT_TRUE(dialog.CreateIndirect(layout()));
-    ASSERT_TRUE(ui::waitUntilActive(ui::dialog(RecordingDialog::TEMPLATE_ID)));
+    ASSERT_TRUE(ui::waitUntilActive(ui::dialog(CRecordingDialog::TEMPLATE_ID)));
     ui::type(dialog.at(EDIT), "5");
     dialog.DestroyWindow();
     EXPECT_THAT(dialog.takeHeard(), IsEmpty());
@@ -109,7 +109,7 @@ TEST_F(WindowLifetime, TheEndOfAHostsViewIsNot) {
     auto host = std::make_unique<QWidget>();
     auto* const view = new QWidget(host.get());
     host->show();
-    SelfOwned* const panel = open(CWnd::FromHandle(reinterpret_cast<HWND>(view->winId())));
+    CSelfOwned* const panel = open(CWnd::FromHandle(reinterpret_cast<HWND>(view->winId())));
     delete view;
     EXPECT_THAT(m_log, IsEmpty());
     EXPECT_EQ(panel->GetParent(), nullptr);
@@ -121,7 +121,7 @@ TEST_F(WindowLifetime, AModalDialogGivesItsResult) {
     for (const auto& [key, result] : {std::pair(Qt::Key_Return, IDOK), std::pair(Qt::Key_Escape, IDCANCEL)}) {
         CDialog dialog;
         dialog.InitModalIndirect(layout());
-        ModalSteps user({[pressed = key](QWidget*) { ui::press(pressed); }});
+        CModalSteps user({[pressed = key](QWidget*) { ui::press(pressed); }});
         EXPECT_EQ(dialog.DoModal(), result);
         EXPECT_EQ(dialog.m_hWnd, nullptr);
     }
@@ -134,7 +134,7 @@ TEST_F(WindowLifetime, AModalDialogWithoutParentStandsOverTheActiveWindow) {
     CDialog dialog;
     dialog.InitModalIndirect(layout());
     const QWidget* over = nullptr;
-    ModalSteps user({[&over](QWidget* window) {
+    CModalSteps user({[&over](QWidget* window) {
         over = window->parentWidget();
         ui::press(Qt::Key_Escape);
     }});
@@ -143,7 +143,7 @@ TEST_F(WindowLifetime, AModalDialogWithoutParentStandsOverTheActiveWindow) {
     EXPECT_TRUE(ui::waitUntil([&host] { return host.isActiveWindow(); }));
 }
 
-class EndsAtOnce : public CDialog {
+class CEndsAtOnce : public CDialog {
 protected:
     BOOL OnInitDialog() override {
         EndDialog(42);
@@ -152,7 +152,7 @@ protected:
 };
 
 TEST_F(WindowLifetime, AModalDialogMayEndBeforeItIsShown) {
-    EndsAtOnce dialog;
+    CEndsAtOnce dialog;
     dialog.InitModalIndirect(layout());
     EXPECT_EQ(dialog.DoModal(), 42);
     CDialog unknown(31999);
@@ -160,7 +160,7 @@ TEST_F(WindowLifetime, AModalDialogMayEndBeforeItIsShown) {
 }
 
 TEST_F(WindowLifetime, AHostMayEndThePanelUnderItsModalDialog) {
-    SelfOwned* const panel = open();
+    CSelfOwned* const panel = open();
     INT_PTR result = 0;
     panel->onNote = [&](const std::string& heard) {
         if (heard == "11 clicked") {
@@ -177,7 +177,7 @@ TEST_F(WindowLifetime, AHostMayEndThePanelUnderItsModalDialog) {
 }
 
 TEST_F(WindowLifetime, AHostMayEndThePanelUnderItsMessageBox) {
-    SelfOwned* const panel = open();
+    CSelfOwned* const panel = open();
     int answer = 0;
     panel->onNote = [&](const std::string& heard) {
         if (heard == "11 clicked") {
@@ -191,7 +191,7 @@ TEST_F(WindowLifetime, AHostMayEndThePanelUnderItsMessageBox) {
 }
 
 TEST_F(WindowLifetime, PostedMessagesDieWithTheirWindow) {
-    SelfOwned* const dialog = open();
+    CSelfOwned* const dialog = open();
     const HWND window = dialog->m_hWnd;
     EXPECT_TRUE(dialog->PostMessage(WM_COMMAND, IDOK));
     delete dialog;
@@ -201,17 +201,17 @@ TEST_F(WindowLifetime, PostedMessagesDieWithTheirWindow) {
 }
 
 /// Takes messages of its own.
-class Answering : public RecordingDialog {
+class CAnswering : public CRecordingDialog {
 protected:
     LRESULT onOwn(WPARAM wParam, LPARAM lParam) { return static_cast<LRESULT>(wParam) + lParam; }
     DECLARE_MESSAGE_MAP()
 };
-BEGIN_MESSAGE_MAP(Answering, RecordingDialog)
-ON_MESSAGE(2025, &Answering::onOwn)
+BEGIN_MESSAGE_MAP(CAnswering, CRecordingDialog)
+ON_MESSAGE(2025, &CAnswering::onOwn)
 END_MESSAGE_MAP()
 
 TEST_F(WindowLifetime, OwnMessagesAreAnsweredAtOnce) {
-    Answering dialog;
+    CAnswering dialog;
     ASSERT_TRUE(dialog.CreateIndirect(layout()));
     EXPECT_EQ(dialog.SendMessage(2025, 40, 2), 42);
     EXPECT_EQ(dialog.SendMessage(2026, 40, 2), 0);

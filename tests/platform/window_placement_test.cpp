@@ -31,7 +31,7 @@ protected:
         return rect;
     }
 
-    RecordingDialog m_dialog;
+    CRecordingDialog m_dialog;
 };
 
 TEST_F(WindowPlacement, DialogUnitsAreThoseOfTheRealFont) {
@@ -63,8 +63,8 @@ TEST_F(WindowPlacement, TheDialogTakesTheSizeItIsGivenAndNoOther) {
     EXPECT_EQ(windowRect(0).left, before.left);
     EXPECT_EQ(windowRect(0).Width(), 123);
     EXPECT_EQ(windowRect(0).Height(), 77);
-    EXPECT_EQ(ui::dialog(RecordingDialog::TEMPLATE_ID)->minimumSize(), QSize(123, 77));
-    EXPECT_EQ(ui::dialog(RecordingDialog::TEMPLATE_ID)->maximumSize(), QSize(123, 77));
+    EXPECT_EQ(ui::dialog(CRecordingDialog::TEMPLATE_ID)->minimumSize(), QSize(123, 77));
+    EXPECT_EQ(ui::dialog(CRecordingDialog::TEMPLATE_ID)->maximumSize(), QSize(123, 77));
 }
 
 TEST_F(WindowPlacement, ScreenAndClientPointsAgree) {
@@ -90,7 +90,7 @@ TEST_F(WindowPlacement, CentresOverItsOwnerWhichMayBeAChildOfTheHost) {
     host.setGeometry(200, 150, 400, 300);
     view.setGeometry(0, 0, 10, 10);
     host.show();
-    RecordingDialog panel;
+    CRecordingDialog panel;
     DialogTemplate layout = dialogLayout({});
     layout.id = 501;
     ASSERT_TRUE(panel.CreateIndirect(layout, CWnd::FromHandle(reinterpret_cast<HWND>(view.winId()))));

@@ -18,7 +18,7 @@ protected:
         m_grid.rebuild(field());
     }
 
-    CHeightField field() const { return {m_nGridDim, 0.1, m_heights.data()}; }
+    HeightField field() const { return {m_nGridDim, 0.1, m_heights.data()}; }
     std::uint16_t& at(int x, int z) { return m_heights[static_cast<std::size_t>(z * (m_nGridDim + 1) + x)]; }
 
     int m_nGridDim;
@@ -36,12 +36,12 @@ TEST_F(ChunkGrid, LevelGroundNeedsNoDetail) {
 
 TEST_F(ChunkGrid, AChangeTouchesTheChunksThatShareItsPointsOnly) {
     struct Case {
-        CGridRect changed;
+        GridRect changed;
         int chunks;
     };
     for (const Case& c : {Case{{10, 10, 20, 20}, 1}, Case{{64, 10, 64, 10}, 2}, Case{{63, 63, 63, 63}, 1},
                           Case{{64, 64, 64, 64}, 4}, Case{{0, 0, 150, 150}, 9}, Case{{150, 150, 150, 150}, 1},
-                          Case{{130, 3, 131, 140}, 3}, Case{CGridRect(), 0}}) {
+                          Case{{130, 3, 131, 140}, 3}, Case{GridRect(), 0}}) {
         EXPECT_EQ(m_grid.update(field(), c.changed), c.chunks)
             << c.changed.x0 << ", " << c.changed.z0 << " to " << c.changed.x1 << ", " << c.changed.z1;
     }

@@ -12,8 +12,8 @@
 
 namespace {
 
-CHeightmap ramp(int edge) {
-    CHeightmap map{edge, {}};
+Heightmap ramp(int edge) {
+    Heightmap map{edge, {}};
     for (int i = 0; i < edge * edge; ++i) {
         map.heights.push_back(static_cast<std::uint16_t>(i * 37 % 1021));
     }
@@ -63,7 +63,7 @@ TEST_F(HeightmapFile, SavesInPlaceAndKeepsPermissionsAndLinks) {
     ASSERT_EQ(writeHeightmapFile(path("link.png"), ramp(9)), "");
     EXPECT_TRUE(QFileInfo(path("link.png")).isSymLink());
     EXPECT_EQ(QFile::permissions(path("map.png")) & ~(QFile::ReadUser | QFile::WriteUser), narrow);
-    const CHeightmapReading reading = readHeightmapFile(path("map.png"));
+    const HeightmapReading reading = readHeightmapFile(path("map.png"));
     EXPECT_EQ(reading.error, "");
     EXPECT_EQ(reading.map.heights, ramp(9).heights);
 }

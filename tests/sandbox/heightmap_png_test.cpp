@@ -14,7 +14,7 @@ using testing::StartsWith;
 
 using Bytes = std::vector<std::uint8_t>;
 
-struct CPicture {
+struct Picture {
     int width = 0;
     int height = 0;
     int bits = 16;
@@ -23,7 +23,7 @@ struct CPicture {
 };
 
 /// A picture whose samples are `value(x, y)`, written by libpng with its default settings.
-template <class Value> Bytes makePng(const CPicture& picture, Value value) {
+template <class Value> Bytes makePng(const Picture& picture, Value value) {
     png_structp png = png_create_write_struct(PNG_LIBPNG_VER_STRING, nullptr, nullptr, nullptr);
     png_infop info = png_create_info_struct(png);
     Bytes file;
@@ -92,7 +92,7 @@ Bytes withSize(Bytes file, std::uint32_t width, std::uint32_t height) {
 }
 
 TEST(HeightmapPng, SixteenBitsComeBackExactly) {
-    CHeightmap map{37, {}};
+    Heightmap map{37, {}};
     for (int z = 0; z < map.edge; ++z) {
         for (int x = 0; x < map.edge; ++x) {
             map.heights.push_back(static_cast<std::uint16_t>(pattern(x, z)));
@@ -102,7 +102,7 @@ TEST(HeightmapPng, SixteenBitsComeBackExactly) {
     map.heights.back() = 65535;
     const auto file = encodeHeightmap(map);
     ASSERT_TRUE(file.has_value());
-    const CHeightmapReading reading = decodeHeightmap(*file);
+    const HeightmapReading reading = decodeHeightmap(*file);
     EXPECT_EQ(reading.error, "");
     EXPECT_EQ(reading.map.edge, map.edge);
     EXPECT_EQ(reading.map.heights, map.heights);
@@ -117,7 +117,7 @@ TEST(HeightmapPng, PixelValuesAreHeightsInEveryForm) {
             const auto value = [&](int x, int y) { return pattern(x, y) & mask; };
             const Bytes file =
                 makePng({.width = 13, .height = 13, .bits = bits, .interlace = interlace}, value);
-            const CHeightmapReading reading = decodeHeightmap(file);
+            const HeightmapReading reading = decodeHeightmap(file);
             ASSERT_EQ(reading.error, "") << bits << " bits, interlace " << interlace;
             for (int z = 0; z < 13; ++z) {
                 for (int x = 0; x < 13; ++x) {
@@ -135,7 +135,7 @@ TEST(HeightmapPng, TakesTheSquareInTheMiddle) {
     };
     for (const Case& c :
          {Case{10, 4, 4, 3, 0}, Case{5, 12, 5, 0, 3}, Case{7, 2, 2, 2, 0}, Case{3, 2, 2, 0, 0}}) {
-        const CHeightmapReading reading =
+        const HeightmapReading reading =
             decodeHeightmap(makePng({.width = c.width, .height = c.height}, pattern));
         ASSERT_EQ(reading.error, "");
         EXPECT_TRUE(reading.isCropped());
@@ -151,7 +151,7 @@ TEST(HeightmapPng, EveryPrefixIsRefused) {
     const Bytes file = makePng({.width = 20, .height = 17}, pattern);
     ASSERT_EQ(decodeHeightmap(file).error, "");
     for (std::size_t length = 0; length < file.size(); ++length) {
-        const CHeightmapReading reading = decodeHeightmap(std::span(file).first(length));
+        const HeightmapReading reading = decodeHeightmap(std::span(file).first(length));
         ASSERT_THAT(reading.error, AnyOf("it is not a PNG file", "the file ends early",
                                          StartsWith("the file is too short for")))
             << "cut to " << length << " of " << file.size() << " bytes";
@@ -161,11 +161,11 @@ TEST(HeightmapPng, EveryPrefixIsRefused) {
 
 TEST(HeightmapPng, OneDamagedByteNeverPassesForTheSameMap) {
     const Bytes file = makePng({.width = 9, .height = 9}, pattern);
-    const CHeightmapReading good = decodeHeightmap(file);
+    const HeightmapReading good = decodeHeightmap(file);
     for (std::size_t at = 0; at < file.size(); ++at) {
         Bytes damaged = file;
         damaged[at] ^= 0x10U;
-        const CHeightmapReading reading = decodeHeightmap(damaged);
+        const HeightmapReading reading = decodeHeightmap(damaged);
         EXPECT_NE(reading.error, "") << "byte " << at;
     }
 }

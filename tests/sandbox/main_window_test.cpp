@@ -31,7 +31,7 @@ constexpr int BLEND = 1629;
 constexpr int TILING = 1412;
 
 /// Answer a question or a message: see its text, press a button by its caption.
-ModalSteps::Step answer(const QString& text, const QString& button) {
+CModalSteps::Step answer(const QString& text, const QString& button) {
     return [=](QWidget* window) {
         auto* box = qobject_cast<QMessageBox*>(window);
         ASSERT_NE(box, nullptr) << window->windowTitle().toStdString();
@@ -47,7 +47,7 @@ ModalSteps::Step answer(const QString& text, const QString& button) {
 }
 
 /// Name a file in a file dialog and confirm.
-ModalSteps::Step chooseFile(const QString& path) {
+CModalSteps::Step chooseFile(const QString& path) {
     return [=](QWidget* window) {
         auto* name = window->findChild<QLineEdit*>("fileNameEdit");
         ASSERT_NE(name, nullptr) << window->windowTitle().toStdString();
@@ -85,7 +85,7 @@ protected:
 
     MainWindow() {
         QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_scratch.filePath("settings"));
-        CHeightmap heights{EDGE, {}};
+        Heightmap heights{EDGE, {}};
         for (int i = 0; i < EDGE * EDGE; ++i) {
             heights.heights.push_back(static_cast<std::uint16_t>(100 + 10 * std::abs(i % EDGE - EDGE / 2)));
         }
@@ -112,8 +112,8 @@ protected:
     void choose(const char* action) { m_pWindow->findChild<QAction*>(action)->trigger(); }
 
     /// A modal conversation that `begin` starts.
-    void converse(std::vector<ModalSteps::Step> steps, const std::function<void()>& begin) {
-        const ModalSteps person(std::move(steps));
+    void converse(std::vector<CModalSteps::Step> steps, const std::function<void()>& begin) {
+        const CModalSteps person(std::move(steps));
         begin();
         ui::settle();
         EXPECT_TRUE(person.areDone());
@@ -254,7 +254,7 @@ TEST_F(MainWindow, UnsavedChangesAreAskedAfter) {
     EXPECT_EQ(map().getMultiTexture(0)->blend, 0.25F);
 
     converse({answer(question, "Save")}, [&] { EXPECT_TRUE(m_pWindow->close()); });
-    CProject saved;
+    Project saved;
     ASSERT_EQ(readProject(folder(), saved).reason, "");
     EXPECT_EQ(saved.settings.definitions[0].blend, 0.25F);
 
@@ -284,7 +284,7 @@ TEST_F(MainWindow, AHeightmapSaysWhatItCannotKeep) {
     const QString copy = m_scratch.filePath("copy");
     converse({answer(question, "Save as Project..."), chooseFile(copy)},
              [&] { EXPECT_TRUE(m_pWindow->close()); });
-    CProject saved;
+    Project saved;
     ASSERT_EQ(readProject(copy, saved).reason, "");
     EXPECT_TRUE(std::ranges::equal(saved.water, map().getWaterFlags()));
 }
@@ -374,7 +374,7 @@ TEST_F(MainWindow, WorkThatNobodySavedIsOfferedAgain) {
         ASSERT_TRUE(QDir(copy).exists());
     };
     workAndCrash();
-    CProject saved;
+    Project saved;
     ASSERT_EQ(readProject(folder(), saved).reason, "");
     EXPECT_EQ(saved.settings.definitions[0].blend, 0.05F) << "the project itself is as it was saved";
     converse({chooseFile(folder() + "/project.json"), answer(question, "Open Copy")}, openProject);
@@ -412,7 +412,7 @@ TEST_F(MainWindow, RecentHoldsProjectsAndHeightmaps) {
     EXPECT_EQ(document().name().toStdString(), "hills.png");
     texts();
     recent->actions()[1]->trigger();
-    EXPECT_EQ(document().kind(), CMapDocument::EKind::PROJECT);
+    EXPECT_EQ(document().kind(), CMapDocument::ChangeKind::PROJECT);
     QFile::remove(heightmap());
     EXPECT_EQ(texts(), QString("my map - in %1\nhills.png - in %1 (off)").arg(place).toStdString());
 }

@@ -7,7 +7,7 @@
 
 /// Everything that a project keeps of a map and its scene, as text, layers included.
 inline QByteArray contents(CMemoryMap& map, const CMemoryScene& scene) {
-    const CProject project = captureProject(map, scene);
+    const Project project = captureProject(map, scene);
     QByteArray bytes = writeProjectJson(project.settings, {});
     const auto append = [&bytes](const auto& values) {
         bytes.append(reinterpret_cast<const char*>(values.data()),

@@ -27,9 +27,9 @@ QByteArray readFile(const QString& path) {
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-class Project : public testing::Test {
+class ProjectFile : public testing::Test {
 protected:
-    Project() {
+    ProjectFile() {
         m_map.waterLevel = 3.7F;
         m_map.heightScale = 0.05F;
         m_map.setTextureTiling(17);
@@ -72,8 +72,8 @@ protected:
     QString folder() const { return m_scratch.filePath("my map"); }
     QString projectFile() const { return QDir(folder()).filePath(PROJECT_FILE_NAME); }
 
-    void save(CProject& project) {
-        const CProjectFault fault = writeProject(folder(), project);
+    void save(Project& project) {
+        const ProjectFault fault = writeProject(folder(), project);
         ASSERT_TRUE(fault.reason.isEmpty()) << fault.path.toStdString() << ": " << fault.reason.toStdString();
     }
 
@@ -83,11 +83,11 @@ protected:
     CMemoryMap m_map{DIM, &m_scene};
 };
 
-TEST_F(Project, EverythingSurvivesSavingAndOpening) {
-    CProject project = captureProject(m_map, m_scene);
+TEST_F(ProjectFile, EverythingSurvivesSavingAndOpening) {
+    Project project = captureProject(m_map, m_scene);
     save(project);
     for (const QString& path : {folder(), projectFile()}) {
-        CProject opened;
+        Project opened;
         ASSERT_EQ(readProject(path, opened).reason.toStdString(), "");
         const auto newScene = buildScene(opened);
         const auto newMap = buildMap(opened, *newScene);
@@ -95,16 +95,16 @@ TEST_F(Project, EverythingSurvivesSavingAndOpening) {
     }
 }
 
-TEST_F(Project, WhateverIsTypedIntoThePanelCanBeOpenedAgain) {
+TEST_F(ProjectFile, WhateverIsTypedIntoThePanelCanBeOpenedAgain) {
     constexpr float LARGEST = std::numeric_limits<float>::max();
     m_map.getMultiTexture(0)->blend = 2.5F;
     m_map.getMultiTexture(1)->variation = -7.0F;
     m_map.getTerrainDef(0)->filter[3] = 1e30F;
     m_map.getTerrainDef(0)->noise = std::numeric_limits<float>::infinity();
     m_map.getTerrainDef(0)->weighting = std::numeric_limits<float>::quiet_NaN();
-    CProject project = captureProject(m_map, m_scene);
+    Project project = captureProject(m_map, m_scene);
     save(project);
-    CProject opened;
+    Project opened;
     ASSERT_EQ(readProject(folder(), opened).reason.toStdString(), "");
     EXPECT_EQ(opened.settings.definitions[0].blend, 2.5F);
     EXPECT_EQ(opened.settings.definitions[1].variation, -7.0F);
@@ -113,14 +113,14 @@ TEST_F(Project, WhateverIsTypedIntoThePanelCanBeOpenedAgain) {
     EXPECT_EQ(opened.settings.terrainTypes[0].weighting, 0.0F);
 }
 
-TEST_F(Project, NumbersAreWrittenAsPeopleWriteThem) {
+TEST_F(ProjectFile, NumbersAreWrittenAsPeopleWriteThem) {
     const QByteArray text = writeProjectJson(captureProject(m_map, m_scene).settings, {});
     EXPECT_TRUE(text.contains("\"blend\": 0.3,")) << text.toStdString();
     EXPECT_TRUE(text.contains("\"tint1\": \"#04010203\"")) << text.toStdString();
 }
 
-TEST_F(Project, UnknownKeysAreKept) {
-    CProject project = captureProject(m_map, m_scene);
+TEST_F(ProjectFile, UnknownKeysAreKept) {
+    Project project = captureProject(m_map, m_scene);
     save(project);
     QJsonObject json = QJsonDocument::fromJson(readFile(projectFile())).object();
     json["author"] = "Ada";
@@ -144,8 +144,8 @@ TEST_F(Project, UnknownKeysAreKept) {
     EXPECT_EQ(saved["tiling"].toInt(), 99);
 }
 
-TEST_F(Project, ASaveReplacesItsOwnLayersAndNothingElse) {
-    CProject project = captureProject(m_map, m_scene);
+TEST_F(ProjectFile, ASaveReplacesItsOwnLayersAndNothingElse) {
+    Project project = captureProject(m_map, m_scene);
     save(project);
     writeFile(QDir(folder()).filePath("notes.png"), "mine");
     save(project);
@@ -154,21 +154,21 @@ TEST_F(Project, ASaveReplacesItsOwnLayersAndNothingElse) {
               "blends.2.png colours.2.png heights.2.png notes.png project.json water.2.png");
 }
 
-TEST_F(Project, AFailedSaveLeavesTheOldProject) {
-    CProject project = captureProject(m_map, m_scene);
+TEST_F(ProjectFile, AFailedSaveLeavesTheOldProject) {
+    Project project = captureProject(m_map, m_scene);
     save(project);
     const QByteArray before = readFile(projectFile());
     // A folder in the place of the next layer's temporary name cannot stop a save, but one in the place of
     // the project file can.
-    CProject second = project;
+    Project second = project;
     QFile::remove(projectFile());
     QDir().mkpath(projectFile());
-    const CProjectFault fault = writeProject(folder(), second);
+    const ProjectFault fault = writeProject(folder(), second);
     EXPECT_EQ(fault.path, projectFile());
     EXPECT_FALSE(fault.reason.isEmpty());
     QDir().rmdir(projectFile());
     writeFile(projectFile(), before);
-    CProject opened;
+    Project opened;
     EXPECT_EQ(readProject(folder(), opened).reason.toStdString(), "");
     EXPECT_EQ(opened.heights, project.heights);
     EXPECT_EQ(QDir(folder()).entryList(QDir::Files).size(), 5) << "the layers of the failed save were left";
@@ -180,7 +180,7 @@ struct Damage {
     const char* reason;
 };
 
-TEST_F(Project, BadProjectFilesAreRefusedByName) {
+TEST_F(ProjectFile, BadProjectFilesAreRefusedByName) {
     const Damage damages[] = {
         {"newer", [](QJsonObject& o) { o["version"] = 2; },
          "it was written by a newer version of this program (format 2, known up to 1)"},
@@ -215,23 +215,23 @@ TEST_F(Project, BadProjectFilesAreRefusedByName) {
          },
          "\"terrainTypes[0].filter\" does not have 25 numbers"},
     };
-    CProject project = captureProject(m_map, m_scene);
+    Project project = captureProject(m_map, m_scene);
     save(project);
     const QJsonObject good = QJsonDocument::fromJson(readFile(projectFile())).object();
     for (const Damage& damage : damages) {
         QJsonObject json = good;
         damage.change(json);
         writeFile(projectFile(), QJsonDocument(json).toJson());
-        CProject untouched;
-        const CProjectFault fault = readProject(folder(), untouched);
+        Project untouched;
+        const ProjectFault fault = readProject(folder(), untouched);
         EXPECT_EQ(fault.reason.toStdString(), damage.reason) << damage.name;
         EXPECT_EQ(fault.path, projectFile()) << damage.name;
         EXPECT_EQ(untouched.edge, 0) << damage.name;
     }
 }
 
-TEST_F(Project, CutAtEveryByteNothingIsHalfLoaded) {
-    CProject project = captureProject(m_map, m_scene);
+TEST_F(ProjectFile, CutAtEveryByteNothingIsHalfLoaded) {
+    Project project = captureProject(m_map, m_scene);
     save(project);
     for (const QString& name : QDir(folder()).entryList(QDir::Files)) {
         const QString path = QDir(folder()).filePath(name);
@@ -239,8 +239,8 @@ TEST_F(Project, CutAtEveryByteNothingIsHalfLoaded) {
         const qsizetype end = name == PROJECT_FILE_NAME ? whole.size() - 3 : whole.size();
         for (qsizetype length = 0; length < end; length += name == PROJECT_FILE_NAME ? 7 : 1) {
             writeFile(path, whole.left(length));
-            CProject untouched;
-            const CProjectFault fault = readProject(folder(), untouched);
+            Project untouched;
+            const ProjectFault fault = readProject(folder(), untouched);
             ASSERT_FALSE(fault.reason.isEmpty()) << name.toStdString() << " at " << length;
             ASSERT_EQ(fault.path, path);
             ASSERT_EQ(untouched.edge, 0);
@@ -249,31 +249,31 @@ TEST_F(Project, CutAtEveryByteNothingIsHalfLoaded) {
     }
 }
 
-TEST_F(Project, LayersMustFitEachOther) {
-    CProject project = captureProject(m_map, m_scene);
+TEST_F(ProjectFile, LayersMustFitEachOther) {
+    Project project = captureProject(m_map, m_scene);
     save(project);
     CMemoryMap smaller(DIM / 2, &m_scene);
-    CProject other = captureProject(smaller, m_scene);
+    Project other = captureProject(smaller, m_scene);
     const QString otherFolder = m_scratch.filePath("other");
     ASSERT_EQ(writeProject(otherFolder, other).reason.toStdString(), "");
     for (const QString& name : {project.settings.layers.blends, project.settings.layers.colours}) {
         const QString path = QDir(folder()).filePath(name);
         const QByteArray good = readFile(path);
         writeFile(path, readFile(QDir(otherFolder).filePath(name)));
-        CProject untouched;
-        const CProjectFault fault = readProject(folder(), untouched);
+        Project untouched;
+        const ProjectFault fault = readProject(folder(), untouched);
         EXPECT_EQ(fault.path, path);
         EXPECT_EQ(fault.reason.toStdString(), "the picture is 5 x 5, which does not fit the map");
         writeFile(path, good);
     }
 }
 
-TEST_F(Project, TexturesComeAlong) {
+TEST_F(ProjectFile, TexturesComeAlong) {
     const QString images = m_scratch.filePath("images");
     QDir().mkpath(images);
     writeFile(QDir(images).filePath("GRASS.TGA"), "an image");
     CEngineDirectories::setDirectories({images.toStdString()});
-    const CProject project = captureProject(m_map, m_scene);
+    const Project project = captureProject(m_map, m_scene);
     EXPECT_EQ(copyTextures(project, folder()).reason.toStdString(), "");
     EXPECT_EQ(readFile(folder() + "/textures/grass.tga"), "an image");
     writeFile(folder() + "/textures/grass.tga", "changed by hand");

@@ -20,7 +20,7 @@ template <class... Numbers> void record(const char* name, Numbers... numbers) {
     g_calls.push_back(call);
 }
 
-constexpr CEditorCalls CALLS{
+constexpr EditorCalls CALLS{
     [] { return g_open; },
     [](int x, int z, int edge, int corner) { record("start", x, z, edge, corner); },
     [](int x, int z, int, int, int, int amount) { record("update", x, z, amount); },
@@ -34,8 +34,8 @@ protected:
         g_open = true;
         g_calls.clear();
     }
-    static std::optional<CTerrainHit> at(int x, int z, int edge = 0, int corner = 0) {
-        CTerrainHit hit;
+    static std::optional<TerrainHit> at(int x, int z, int edge = 0, int corner = 0) {
+        TerrainHit hit;
         hit.x = x;
         hit.z = z;
         hit.edge = edge;

@@ -12,7 +12,7 @@ using Vector = std::array<double, 3>;
 
 class TerrainPicker : public testing::Test {
 protected:
-    CHeightField field() const { return {m_nGridDim, 0.05, m_heights.data()}; }
+    HeightField field() const { return {m_nGridDim, 0.05, m_heights.data()}; }
 
     void makeRandomGround(int gridDim, int roughness) {
         m_nGridDim = gridDim;
@@ -26,7 +26,7 @@ protected:
     double uniform(double low, double high) { return std::uniform_real_distribution(low, high)(m_random); }
 
     /// A ray from above, beside or below the map towards some place in or near it.
-    CRay randomRay() {
+    Ray randomRay() {
         const double width = m_nGridDim;
         const Vector origin{uniform(-width, 2 * width), uniform(-5.0, 20.0), uniform(-width, 2 * width)};
         const Vector target{uniform(-2.0, width + 2.0), uniform(0.0, 5.0), uniform(-2.0, width + 2.0)};
@@ -43,7 +43,7 @@ protected:
 
 /// Where the ray meets the plane through the height of one triangle, solved as two functions of the distance:
 /// the ground over the cell is height = base + u * slopeU + v * slopeV on each side of the diagonal.
-std::optional<double> meetHalfCell(const CHeightField& field, const CRay& ray, int x, int z, bool upperHalf) {
+std::optional<double> meetHalfCell(const HeightField& field, const Ray& ray, int x, int z, bool upperHalf) {
     const double low = field.worldHeight(x, z);
     const double high = field.worldHeight(x + 1, z + 1);
     const double side = upperHalf ? field.worldHeight(x + 1, z) : field.worldHeight(x, z + 1);
@@ -62,7 +62,7 @@ std::optional<double> meetHalfCell(const CHeightField& field, const CRay& ray, i
 }
 
 /// Every triangle of the map, one after the other.
-std::optional<double> pickSlowly(const CHeightField& field, const CRay& ray) {
+std::optional<double> pickSlowly(const HeightField& field, const Ray& ray) {
     std::optional<double> nearest;
     for (int z = 0; z < field.gridDim; ++z) {
         for (int x = 0; x < field.gridDim; ++x) {
@@ -82,7 +82,7 @@ TEST_F(TerrainPicker, FindsWhatAWalkOverEveryTriangleFinds) {
     for (const int gridDim : {1, 2, 7, 24}) {
         makeRandomGround(gridDim, gridDim == 7 ? 0 : 120);
         for (int i = 0; i < 1500; ++i) {
-            const CRay ray = randomRay();
+            const Ray ray = randomRay();
             const auto expected = pickSlowly(field(), ray);
             const auto hit = pickTerrain(field(), ray);
             ASSERT_EQ(hit.has_value(), expected.has_value()) << "map of " << gridDim << ", ray " << i;
@@ -148,9 +148,9 @@ TEST_F(TerrainPicker, TheLastPointsBelongToTheLastCell) {
 TEST_F(TerrainPicker, UselessRaysMeetNothing) {
     makeRandomGround(8, 0);
     const double nan = std::nan("");
-    for (const CRay& ray :
-         {CRay{{4, 5, 4}, {0, 0, 0}}, CRay{{4, nan, 4}, {0, -1, 0}}, CRay{{4, 5, 4}, {0, -INFINITY, 0}},
-          CRay{{4, 5, 4}, {0, 1, 0}}, CRay{{-4, 5, 4}, {0, -1, 0}}, CRay{{4, 5, 4}, {1, 0, 1}}}) {
+    for (const Ray& ray :
+         {Ray{{4, 5, 4}, {0, 0, 0}}, Ray{{4, nan, 4}, {0, -1, 0}}, Ray{{4, 5, 4}, {0, -INFINITY, 0}},
+          Ray{{4, 5, 4}, {0, 1, 0}}, Ray{{-4, 5, 4}, {0, -1, 0}}, Ray{{4, 5, 4}, {1, 0, 1}}}) {
         EXPECT_FALSE(pickTerrain(field(), ray).has_value());
     }
     EXPECT_FALSE(pickTerrain({}, {{4, 5, 4}, {0, -1, 0}}).has_value());

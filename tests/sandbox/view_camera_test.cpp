@@ -25,7 +25,7 @@ TEST(ViewCamera, RaysGoThroughThePlacesWherePointsAreDrawn) {
             camera.look(yaw, pitch);
             const QMatrix4x4 matrix = camera.viewProjection(1.6);
             for (const auto& [x, y] : {std::pair{0.0, 0.0}, {0.9, -0.8}, {-0.5, 0.95}}) {
-                const CRay ray = camera.ray(x, y, 1.6);
+                const Ray ray = camera.ray(x, y, 1.6);
                 const QVector3D drawn =
                     matrix.map(QVector3D(static_cast<float>(ray.origin[0] + ray.direction[0] * 25.0),
                                          static_cast<float>(ray.origin[1] + ray.direction[1] * 25.0),
@@ -87,7 +87,7 @@ TEST(CursorShape, QuartersOfThePlusCloseARing) {
     };
     std::multiset<std::pair<double, double>> ends;
     for (const Piece& piece : {Piece{13, 0, 0}, Piece{14, 1, 0}, Piece{12, 0, 1}, Piece{11, 1, 1}}) {
-        for (const CCursorShape::Line& line : cursorShape(piece.kind).lines) {
+        for (const CursorShape::Line& line : cursorShape(piece.kind).lines) {
             ends.insert({line.from.u + piece.cellX, line.from.v + piece.cellZ});
             ends.insert({line.to.u + piece.cellX, line.to.v + piece.cellZ});
         }
@@ -106,13 +106,13 @@ TEST(CursorShape, QuartersOfThePlusCloseARing) {
 /// follows the ground between its corners and its lift.
 TEST(DetailMesh, DetailsStandAndLieOnTheGround) {
     const std::vector<std::uint16_t> heights{0, 10, 20, 0, 10, 20, 0, 10, 20}; // rises along x
-    const CHeightField field{2, 0.5, heights.data()};
+    const HeightField field{2, 0.5, heights.data()};
     qxCMapDetailRecord detail;
     detail.point0 = {0.5F, 0.25F, 0.5F};
     detail.point1 = {1.5F, 0.25F, 0.5F};
     detail.point2 = {0.5F, 0.25F, 1.5F};
     detail.highlighted = 1;
-    for (const CDetailVertex& vertex : detailMesh(field, detail, {1, 0, 0})) {
+    for (const DetailVertex& vertex : detailMesh(field, detail, {1, 0, 0})) {
         EXPECT_FLOAT_EQ(vertex.place[1], vertex.place[0] * 5.0F + 0.25F);
         EXPECT_EQ(vertex.highlight, 1.0F);
     }
@@ -120,7 +120,7 @@ TEST(DetailMesh, DetailsStandAndLieOnTheGround) {
     detail.scalar = 2.0F;
     float widest = 0.0F;
     float highest = 0.0F;
-    for (const CDetailVertex& vertex : detailMesh(field, detail, {0, 0, 1})) {
+    for (const DetailVertex& vertex : detailMesh(field, detail, {0, 0, 1})) {
         EXPECT_FLOAT_EQ(vertex.place[0], 1.0F) << "it faces along x";
         widest = std::max(widest, std::abs(vertex.place[2] - 1.0F));
         highest = std::max(highest, vertex.place[1]);
@@ -133,7 +133,7 @@ TEST(DetailMesh, DetailsStandAndLieOnTheGround) {
 
 TEST(HeightField, GroundBetweenPointsFoldsAlongTheDrawnDiagonal) {
     const std::vector<std::uint16_t> heights{0, 10, 20, 0}; // (0, 0), (1, 0), (0, 1), (1, 1)
-    const CHeightField field{1, 0.5, heights.data()};
+    const HeightField field{1, 0.5, heights.data()};
     EXPECT_DOUBLE_EQ(groundHeight(field, 0.5, 0.5), 0.0);   // on the fold
     EXPECT_DOUBLE_EQ(groundHeight(field, 0.75, 0.25), 2.5); // half way from the fold to (1, 0)
     EXPECT_DOUBLE_EQ(groundHeight(field, 0.25, 0.75), 5.0);

@@ -27,15 +27,15 @@ bool playIntoFile() {
 const bool PLAYS_INTO_FILE = playIntoFile();
 
 /// While it lives, no file of this process grows beyond `bytes`.
-class FileSizeLimit {
+class CFileSizeLimit {
 public:
-    explicit FileSizeLimit(std::uintmax_t bytes) {
+    explicit CFileSizeLimit(std::uintmax_t bytes) {
         std::signal(SIGXFSZ, SIG_IGN);
         getrlimit(RLIMIT_FSIZE, &m_before);
         const rlimit limit = {static_cast<rlim_t>(bytes), m_before.rlim_max};
         setrlimit(RLIMIT_FSIZE, &limit);
     }
-    ~FileSizeLimit() { setrlimit(RLIMIT_FSIZE, &m_before); }
+    ~CFileSizeLimit() { setrlimit(RLIMIT_FSIZE, &m_before); }
 
 private:
     rlimit m_before{};
@@ -50,7 +50,7 @@ TEST_F(LostDevice, SoundGoesQuietAndWorkGoesOn) {
     CSound* sound = g_soundManager.loadSound(qxCName("long.wav"), 0);
     ASSERT_TRUE(sound->play(1.0F));
     {
-        const FileSizeLimit limit(std::max<std::uintmax_t>(std::filesystem::file_size(outputFile()), 8192));
+        const CFileSizeLimit limit(std::max<std::uintmax_t>(std::filesystem::file_size(outputFile()), 8192));
         const auto patience = std::chrono::steady_clock::now() + std::chrono::seconds(30);
         while (!sound->isFinished() && std::chrono::steady_clock::now() < patience) {
             std::this_thread::yield();

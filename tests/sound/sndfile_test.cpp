@@ -74,9 +74,9 @@ std::optional<Sound> readByPeer(const std::filesystem::path& path) {
     return read == info.frames ? std::optional(sound) : std::nullopt;
 }
 
-class FileMaker {
+class CFileMaker {
 public:
-    explicit FileMaker(unsigned seed) : m_random(seed) {}
+    explicit CFileMaker(unsigned seed) : m_random(seed) {}
 
     Bytes make() {
         const unsigned channels = 1 + below(2);
@@ -120,7 +120,7 @@ private:
 TEST(Sndfile, TenThousandFilesAreReadAlike) {
     constexpr int FILES = 10'000;
     const CTempDirectory directory;
-    FileMaker maker(4242);
+    CFileMaker maker(4242);
     int alikeInMemory = 0;
     int alikeOnDisk = 0;
     for (int i = 0; i < FILES; ++i) {

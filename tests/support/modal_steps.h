@@ -15,11 +15,11 @@
 /// Plays the user of modal dialogs: each step runs once, with the next modal window that comes up after the
 /// step before it. A step must end its window, or open the next one. A window that nobody expected and one
 /// that its step left open fail the test and are closed.
-class ModalSteps : public QObject {
+class CModalSteps : public QObject {
 public:
     using Step = std::function<void(QWidget*)>;
 
-    explicit ModalSteps(std::vector<Step> steps) : m_steps(std::move(steps)) { wait(); }
+    explicit CModalSteps(std::vector<Step> steps) : m_steps(std::move(steps)) { wait(); }
 
     bool areDone() const { return m_nNext == m_steps.size(); }
 

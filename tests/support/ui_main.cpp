@@ -15,6 +15,6 @@ int main(int argc, char** argv) {
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     // GoogleTest owns its listeners.
-    testing::UnitTest::GetInstance()->listeners().Append(std::make_unique<WindowGuard>().release());
+    testing::UnitTest::GetInstance()->listeners().Append(std::make_unique<CWindowGuard>().release());
     return RUN_ALL_TESTS();
 }

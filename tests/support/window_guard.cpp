@@ -35,20 +35,20 @@ void finishDeletions() {
 
 } // namespace
 
-WindowGuard::WindowGuard() {
+CWindowGuard::CWindowGuard() {
     qInstallMessageHandler(&onMessage);
 }
 
-void WindowGuard::announceWarning(const char* text) {
+void CWindowGuard::announceWarning(const char* text) {
     g_announced << QString::fromUtf8(text);
 }
 
-void WindowGuard::OnTestStart(const testing::TestInfo&) {
+void CWindowGuard::OnTestStart(const testing::TestInfo&) {
     g_announced.clear();
     g_unannounced.clear();
 }
 
-void WindowGuard::OnTestEnd(const testing::TestInfo&) {
+void CWindowGuard::OnTestEnd(const testing::TestInfo&) {
     finishDeletions();
     for (const QString& warning : g_unannounced) {
         ADD_FAILURE() << "Qt warned: " << warning.toStdString();

@@ -3,9 +3,9 @@
 #include <gtest/gtest.h>
 
 /// Fails the test that caused a Qt warning nobody announced, or that left a window behind.
-class WindowGuard : public testing::EmptyTestEventListener {
+class CWindowGuard : public testing::EmptyTestEventListener {
 public:
-    WindowGuard();
+    CWindowGuard();
 
     /// The running test is about to cause a warning that contains the text.
     static void announceWarning(const char* text);

@@ -11,7 +11,7 @@ namespace {
 
 using Cursors = std::vector<std::tuple<int, int, int>>;
 
-class EditCursor : public TerrainTest {
+class EditCursorTest : public TerrainTest {
 protected:
     /// The cursors of a pointer over cell (8, 8), relative to it.
     Cursors cursors(int tool, int brush, int edge, int corner, bool duringStroke = false) {
@@ -19,7 +19,7 @@ protected:
         m_panel.m_nBrushSize = brush;
         updateCursor(m_panel, 8, 8, edge, corner, duringStroke);
         Cursors found;
-        for (const CEditCursor& cursor : m_map.getEditCursors()) {
+        for (const EditCursor& cursor : m_map.getEditCursors()) {
             found.emplace_back(cursor.x - 8, cursor.z - 8, cursor.kind);
         }
         return found;
@@ -28,7 +28,7 @@ protected:
 
 } // namespace
 
-TEST_F(EditCursor, ShowsWhatTheBrushTouches) {
+TEST_F(EditCursorTest, ShowsWhatTheBrushTouches) {
     const std::array<int, 4> corners{5, 6, 8, 7};
     for (int corner = 0; corner < 4; ++corner) {
         EXPECT_EQ(cursors(TOOL_RAISE, 0, 0, corner),
@@ -59,7 +59,7 @@ TEST_F(EditCursor, ShowsWhatTheBrushTouches) {
     }
 }
 
-TEST_F(EditCursor, SomeToolsHaveAShapeOfTheirOwn) {
+TEST_F(EditCursorTest, SomeToolsHaveAShapeOfTheirOwn) {
     for (const int tool : {0, 6, 7, 8, 10, 11}) {
         EXPECT_EQ(cursors(tool, 5, 0, 0), (Cursors{{0, 0, 0}})) << tool;
     }
@@ -69,7 +69,7 @@ TEST_F(EditCursor, SomeToolsHaveAShapeOfTheirOwn) {
     }
 }
 
-TEST_F(EditCursor, HidesOnlyDuringAStroke) {
+TEST_F(EditCursorTest, HidesOnlyDuringAStroke) {
     m_panel.m_bHideCursor = 1;
     EXPECT_EQ(cursors(TOOL_RAISE, 2, 0, 0, true), Cursors{});
     EXPECT_EQ(cursors(TOOL_RAISE, 2, 0, 0, false).size(), 1U);
@@ -77,7 +77,7 @@ TEST_F(EditCursor, HidesOnlyDuringAStroke) {
     EXPECT_EQ(cursors(TOOL_RAISE, 2, 0, 0, true).size(), 1U);
 }
 
-TEST_F(EditCursor, HighlightsTheDetailUnderThePointer) {
+TEST_F(EditCursorTest, HighlightsTheDetailUnderThePointer) {
     qxCMapDetailRecord* const detail =
         m_map.addDetail(qxDetailTypeQuad, nullptr, {8, 0, 8}, {9, 0, 8}, {8, 0, 9}, 1.0F);
     m_panel.isDetails = true;

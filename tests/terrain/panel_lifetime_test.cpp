@@ -128,7 +128,7 @@ TEST_F(PanelTest, TakesTheDialogsOverItDown) {
         }};
     for (const auto& openDialog : ways) {
         open();
-        ModalSteps host({[](const QWidget* dialog) {
+        CModalSteps host({[](const QWidget* dialog) {
             vuDestroyEditor();
             EXPECT_FALSE(dialog->isVisible()) << "it would go on blocking the host";
         }});

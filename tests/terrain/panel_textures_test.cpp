@@ -89,7 +89,7 @@ protected:
     static float number(int id) { return text(id).toFloat(); }
 
     static void pickTexture(int picker, const QString& name, int button) {
-        const ModalSteps user({[&](QWidget* list) {
+        const CModalSteps user({[&](QWidget* list) {
             auto* const entries = list->findChild<QListWidget*>(QString::number(IDC_TEXTURES));
             const auto found = entries->findItems(name, Qt::MatchExactly);
             ASSERT_EQ(found.size(), 1);
@@ -299,9 +299,9 @@ TEST_F(PanelTextures, TilingIsTypedAndSteppedWithinItsRange) {
         leave(IDC_TILING);
         return m_map.getTextureTiling();
     };
-    const auto texturesBefore = m_map.getChangeCount(EMapChange::TEXTURES);
+    const auto texturesBefore = m_map.getChangeCount(MapChange::TEXTURES);
     EXPECT_EQ(tilingAfter("255"), 255);
-    EXPECT_GT(m_map.getChangeCount(EMapChange::TEXTURES), texturesBefore);
+    EXPECT_GT(m_map.getChangeCount(MapChange::TEXTURES), texturesBefore);
     spin(IDC_TILING_SPIN, true);
     spin(IDC_TILING_SPIN, true);
     EXPECT_EQ(m_map.getTextureTiling(), 256);
@@ -373,7 +373,7 @@ TEST_F(PanelTextures, TerrainTypesAreEditedInPlace) {
     addDefinition({WHITE, WHITE, 0.0F, 0.0F});
     open();
     expand();
-    const ModalSteps user({[&](QWidget* editor) {
+    const CModalSteps user({[&](QWidget* editor) {
         EXPECT_EQ(editor->objectName(), "dialog-237");
         auto* const noise = editor->findChild<QLineEdit*>(QString::number(IDC_NOISE));
         ASSERT_NE(noise, nullptr);
@@ -398,7 +398,7 @@ TEST_F(PanelTextures, TheEditorMayBeClosedUnderAnOpenDialog) {
         map->addMultiTexture();
         open(*map);
         expand();
-        const ModalSteps user({[&](QWidget* dialog) {
+        const CModalSteps user({[&](QWidget* dialog) {
             vuDestroyEditor();
             vuDestroySettings();
             map.reset();
@@ -416,8 +416,8 @@ TEST_F(PanelTextures, GlobalSmoothChangesNothing) {
     m_map.setPointHeight(8, 8, 900, true);
     open();
     expand();
-    const auto heights = m_map.getChangeCount(EMapChange::HEIGHTS);
+    const auto heights = m_map.getChangeCount(MapChange::HEIGHTS);
     click(IDC_GLOBAL_SMOOTH);
-    EXPECT_EQ(m_map.getChangeCount(EMapChange::HEIGHTS), heights);
+    EXPECT_EQ(m_map.getChangeCount(MapChange::HEIGHTS), heights);
     EXPECT_EQ(undoFill(), 0);
 }

@@ -23,7 +23,7 @@ namespace {
 using testing::Each;
 
 /// A map without terrain types.
-class BareMap final : public CForwardingMap {
+class CBareMap final : public CForwardingMap {
 public:
     int getNumTerrainDefs() const override { return 0; }
     _qxMapTerrainDef* getTerrainDef(int) override { return nullptr; }
@@ -51,9 +51,9 @@ protected:
     _qxMapTerrainDef& type(int index) { return *m_map.getTerrainDef(index); }
 
     /// Open the editor on `map` and let the user take these steps.
-    static INT_PTR run(qxCMap& map, std::vector<ModalSteps::Step> steps) {
+    static INT_PTR run(qxCMap& map, std::vector<CModalSteps::Step> steps) {
         CTerrainTypeDlg editor(&map);
-        const ModalSteps user(std::move(steps));
+        const CModalSteps user(std::move(steps));
         const INT_PTR result = editor.DoModal();
         EXPECT_TRUE(user.areDone());
         return result;
@@ -190,7 +190,7 @@ TEST_F(TerrainTypeDlgTest, PassingThroughAFieldChangesNothing) {
 }
 
 TEST_F(TerrainTypeDlgTest, WithoutTypesThereIsNothingToWrite) {
-    BareMap bare;
+    CBareMap bare;
     run(bare, {[](const QWidget* editor) {
             EXPECT_EQ(ui::control<QComboBox>(*editor, IDC_TERRAIN_TYPE).count(), 0);
             enter(editor, IDC_NOISE, "5");
@@ -203,7 +203,7 @@ TEST_F(TerrainTypeDlgTest, WithoutTypesThereIsNothingToWrite) {
 
 TEST_F(TerrainTypeDlgTest, WhenItsPanelIsClosedItEndsAndLeavesTheMapAlone) {
     CTerrainTypeDlg editor(&m_map);
-    const ModalSteps user({[&](const QWidget* window) {
+    const CModalSteps user({[&](const QWidget* window) {
         ui::type(ui::control(*window, IDC_NOISE), "5");
         editor.abandon();
         click(window, IDC_PRESERVE_FLAT_AREAS);

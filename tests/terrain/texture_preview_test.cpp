@@ -18,9 +18,9 @@ namespace {
 using Item = CTexturePreview::Item;
 
 /// The picture's formulas, one pixel at a time and as they are told on paper.
-class SlowReference {
+class CSlowReference {
 public:
-    explicit SlowReference(const CTexturePreview::Definition& definition) {
+    explicit CSlowReference(const CTexturePreview::Definition& definition) {
         qxCRandom random;
         random.setSeed(123);
         for (int i = 0; i <= 8; ++i) {
@@ -121,7 +121,7 @@ TEST_F(TexturePreview, EveryPixelIsWhatTheFormulasGive) {
         qxCImageFile smooth;
         qxCImageFile rough;
         ASSERT_TRUE(smooth.load("smooth.tga", false) && rough.load("rough.tga", false));
-        const SlowReference reference(m_definition);
+        const CSlowReference reference(m_definition);
         int wrong = 0;
         for (int y = 0; y < height; ++y) {
             for (int x = 0; x < width; ++x) {
@@ -188,7 +188,7 @@ TEST_F(TexturePreview, OnlyInvalidatedItemsAreMadeAnew) {
         qxCImageFile rough;
         smooth.load(swapSmooth ? "two.tga" : "one.tga", false);
         rough.load(swapRough ? "one.tga" : "two.tga", false);
-        const SlowReference reference(expected);
+        const CSlowReference reference(expected);
         for (int i = 0; i < 256; ++i) {
             if (shown->getPixel(i % 16, i / 16) != reference.pixelAt(smooth, rough, i % 16, i / 16)) {
                 return false;

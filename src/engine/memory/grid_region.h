@@ -5,7 +5,7 @@
 #include <limits>
 
 /// The points x0 to x1 by z0 to z1 of a map, both ends included; empty when x1 < x0.
-struct CGridRect {
+struct GridRect {
     int x0 = std::numeric_limits<int>::max();
     int z0 = std::numeric_limits<int>::max();
     int x1 = std::numeric_limits<int>::min();
@@ -20,7 +20,7 @@ struct CGridRect {
         z1 = std::max(z1, z);
     }
 
-    friend bool operator==(const CGridRect&, const CGridRect&) = default;
+    friend bool operator==(const GridRect&, const GridRect&) = default;
 };
 
 /// The points of one kind that changed since somebody last took them, and how many changes there ever were.
@@ -36,15 +36,15 @@ public:
     }
 
     /// The smallest rectangle around the changes since the last call; it is empty afterwards.
-    CGridRect take() {
-        const CGridRect taken = m_rect;
-        m_rect = CGridRect();
+    GridRect take() {
+        const GridRect taken = m_rect;
+        m_rect = GridRect();
         return taken;
     }
 
     std::uint64_t getChangeCount() const { return m_nChanges; }
 
 private:
-    CGridRect m_rect;
+    GridRect m_rect;
     std::uint64_t m_nChanges = 0;
 };

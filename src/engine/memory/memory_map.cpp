@@ -172,7 +172,7 @@ qxCMapMultiTexture* CMemoryMap::getMultiTexture(int index) {
 
 qxCMapMultiTexture* CMemoryMap::addMultiTexture() {
     m_definitions.push_back(std::make_unique<qxCMapMultiTexture>());
-    countChange(EMapChange::TEXTURES);
+    countChange(MapChange::TEXTURES);
     return m_definitions.back().get();
 }
 
@@ -185,7 +185,7 @@ void CMemoryMap::removeMultiTexture(int index) {
         --m_nCurrentDefinition;
     }
     m_nCurrentDefinition = std::clamp(m_nCurrentDefinition, 0, std::max(getNumMultiTextures() - 1, 0));
-    countChange(EMapChange::TEXTURES);
+    countChange(MapChange::TEXTURES);
 }
 
 void CMemoryMap::setCurrentMultiTexture(int index) {
@@ -204,7 +204,7 @@ void CMemoryMap::setTexture(qxMapLayerType layer, qxCTexture* texture) {
         return;
     }
     m_textures[index] = texture;
-    countChange(EMapChange::TEXTURES);
+    countChange(MapChange::TEXTURES);
 }
 
 qxCTexture* CMemoryMap::getTexture(qxMapLayerType layer) const {
@@ -218,7 +218,7 @@ void CMemoryMap::setTextureTiling(int tiling) {
         return;
     }
     m_nTiling = held;
-    countChange(EMapChange::TEXTURES);
+    countChange(MapChange::TEXTURES);
 }
 
 int CMemoryMap::getTextureTiling() const {
@@ -226,12 +226,12 @@ int CMemoryMap::getTextureTiling() const {
 }
 
 void CMemoryMap::invalidate() {
-    countChange(EMapChange::TEXTURES);
+    countChange(MapChange::TEXTURES);
 }
 
 void CMemoryMap::setAmbient(const qxCColour& colour) {
     m_ambient = colour;
-    countChange(EMapChange::MATERIAL);
+    countChange(MapChange::MATERIAL);
 }
 
 qxCColour CMemoryMap::getAmbient() const {
@@ -240,7 +240,7 @@ qxCColour CMemoryMap::getAmbient() const {
 
 void CMemoryMap::setDiffuse(const qxCColour& colour) {
     m_diffuse = colour;
-    countChange(EMapChange::MATERIAL);
+    countChange(MapChange::MATERIAL);
 }
 
 qxCColour CMemoryMap::getDiffuse() const {
@@ -249,12 +249,12 @@ qxCColour CMemoryMap::getDiffuse() const {
 
 void CMemoryMap::setFlag(qxMapFlag flag) {
     m_nFlags |= static_cast<unsigned>(flag);
-    countChange(EMapChange::MATERIAL);
+    countChange(MapChange::MATERIAL);
 }
 
 void CMemoryMap::clearFlag(qxMapFlag flag) {
     m_nFlags &= ~static_cast<unsigned>(flag);
-    countChange(EMapChange::MATERIAL);
+    countChange(MapChange::MATERIAL);
 }
 
 bool CMemoryMap::hasFlag(qxMapFlag flag) const {
@@ -281,14 +281,14 @@ qxCMapDetailRecord* CMemoryMap::addDetail(qxDetailType type, qxCTexture* texture
 
 qxCMapDetailRecord* CMemoryMap::counted(qxCMapDetailRecord* added) {
     if (added != nullptr) {
-        countChange(EMapChange::DETAILS);
+        countChange(MapChange::DETAILS);
     }
     return added;
 }
 
 void CMemoryMap::removeDetail(qxCMapDetailRecord* detail) {
     if (m_details.remove(detail)) {
-        countChange(EMapChange::DETAILS);
+        countChange(MapChange::DETAILS);
     }
 }
 
@@ -301,12 +301,12 @@ void CMemoryMap::addEditCursor(int x, int z, int kind) {
         return;
     }
     m_editCursors.push_back({x, z, kind});
-    countChange(EMapChange::EDIT_CURSORS);
+    countChange(MapChange::EDIT_CURSORS);
 }
 
 void CMemoryMap::clearEditCursors() {
     m_editCursors.clear();
-    countChange(EMapChange::EDIT_CURSORS);
+    countChange(MapChange::EDIT_CURSORS);
 }
 
 void CMemoryMap::clearDetailHighlights() {
@@ -329,13 +329,13 @@ void CMemoryMap::setMarkerPixel(qxMapMarkerType type, int x, int z, const qxCCol
     }
 }
 
-std::uint64_t CMemoryMap::getChangeCount(EMapChange kind) const {
+std::uint64_t CMemoryMap::getChangeCount(MapChange kind) const {
     switch (kind) {
-    case EMapChange::HEIGHTS:
+    case MapChange::HEIGHTS:
         return m_heightChanges.getChangeCount();
-    case EMapChange::SURFACE:
+    case MapChange::SURFACE:
         return m_surfaceChanges.getChangeCount();
-    case EMapChange::MARKERS:
+    case MapChange::MARKERS:
         return m_markerChanges.getChangeCount();
     default:
         return m_changeCounts[static_cast<std::size_t>(kind)];

@@ -15,10 +15,10 @@ class CMemoryScene;
 
 /// What of a map can change. Records that the caller edits in place (details, texture definitions, terrain
 /// types) and the two public members change without a count.
-enum class EMapChange { HEIGHTS, SURFACE, MARKERS, DETAILS, TEXTURES, MATERIAL, EDIT_CURSORS };
+enum class MapChange { HEIGHTS, SURFACE, MARKERS, DETAILS, TEXTURES, MATERIAL, EDIT_CURSORS };
 
 /// One edit-cursor mark as the toolkit set it; the cell may lie outside the grid.
-struct CEditCursor {
+struct EditCursor {
     int x = 0;
     int z = 0;
     int kind = 0;
@@ -109,7 +109,7 @@ public:
 
     void addEditCursor(int x, int z, int kind) override;
     void clearEditCursors() override;
-    std::span<const CEditCursor> getEditCursors() const { return m_editCursors; }
+    std::span<const EditCursor> getEditCursors() const { return m_editCursors; }
     /// While the layer is locked its changes are held back from takeDirtyMarkers. Locks may be nested.
     void lockMarkerLayer() override;
     void unlockMarkerLayer() override;
@@ -126,15 +126,15 @@ public:
 
     /// The smallest rectangle of points that changed since the last call; one renderer may call these.
     /// A write of the value that a point already has is no change.
-    CGridRect takeDirtyHeights() { return m_heightChanges.take(); }
+    GridRect takeDirtyHeights() { return m_heightChanges.take(); }
     /// Colours, blends and water.
-    CGridRect takeDirtySurface() { return m_surfaceChanges.take(); }
-    CGridRect takeDirtyMarkers() { return m_nMarkerLocks > 0 ? CGridRect() : m_markerChanges.take(); }
+    GridRect takeDirtySurface() { return m_surfaceChanges.take(); }
+    GridRect takeDirtyMarkers() { return m_nMarkerLocks > 0 ? GridRect() : m_markerChanges.take(); }
     /// Grows with every change of the kind; for any number of watchers.
-    std::uint64_t getChangeCount(EMapChange kind) const;
+    std::uint64_t getChangeCount(MapChange kind) const;
 
 private:
-    void countChange(EMapChange kind) { ++m_changeCounts[static_cast<std::size_t>(kind)]; }
+    void countChange(MapChange kind) { ++m_changeCounts[static_cast<std::size_t>(kind)]; }
     qxCMapDetailRecord* counted(qxCMapDetailRecord* added);
 
     CMemoryScene* m_pScene;
@@ -159,6 +159,6 @@ private:
     unsigned m_nFlags = 0;
     std::vector<_qxMapTerrainDef> m_terrainDefs;
     CDetailList m_details;
-    std::vector<CEditCursor> m_editCursors;
+    std::vector<EditCursor> m_editCursors;
     std::array<std::uint64_t, 7> m_changeCounts = {};
 };

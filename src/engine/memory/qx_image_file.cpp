@@ -39,7 +39,7 @@ bool qxCImageFile::load(const char* fileName, bool /*flag*/) {
     if (!path) {
         return false;
     }
-    std::optional<CDecodedImage> image = decodeImage(readFile(*path));
+    std::optional<DecodedImage> image = decodeImage(readFile(*path));
     if (!image) {
         return false;
     }

@@ -14,12 +14,12 @@ inline MessageState& messageState() {
 }
 
 /// Gives a field of the state a value for the length of a block.
-template <class Value> class StateScope {
+template <class Value> class CStateScope {
 public:
-    StateScope(Value& field, Value value) : m_field(field), m_former(field) { m_field = value; }
-    ~StateScope() { m_field = m_former; }
-    StateScope(const StateScope&) = delete;
-    StateScope& operator=(const StateScope&) = delete;
+    CStateScope(Value& field, Value value) : m_field(field), m_former(field) { m_field = value; }
+    ~CStateScope() { m_field = m_former; }
+    CStateScope(const CStateScope&) = delete;
+    CStateScope& operator=(const CStateScope&) = delete;
 
 private:
     Value& m_field;

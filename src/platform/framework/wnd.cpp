@@ -121,7 +121,7 @@ BOOL CWnd::UpdateData(BOOL bSaveAndValidate) {
     CDataExchange exchange(this, bSaveAndValidate);
     // A message box during the exchange takes the focus from an edit. Its handler would start another
     // exchange and another box: the dialog hears no notification until this one is over.
-    const StateScope lockout(messageState().lockedOut, m_hWnd);
+    const CStateScope lockout(messageState().lockedOut, m_hWnd);
     try {
         DoDataExchange(&exchange);
     } catch (const CUserException&) {

@@ -22,7 +22,7 @@ BOOL reflectTo(HWND control, UINT message, WPARAM wParam, LPARAM lParam, LRESULT
 LRESULT CWnd::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
     const HWND window = m_hWnd;
     const MSG handled{window, message, wParam, lParam, 0, {}};
-    const StateScope current(messageState().current, &handled);
+    const CStateScope current(messageState().current, &handled);
     if (message == WM_NCDESTROY) {
         DefWindowProc(message, wParam, lParam);
         Detach();

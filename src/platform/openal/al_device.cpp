@@ -9,7 +9,7 @@
 #include <vector>
 
 std::shared_ptr<CAlDevice> CAlDevice::open() {
-    const TerminalSilence silence;
+    const CTerminalSilence silence;
     ALCdevice* device = deviceOpener().open();
     if (device == nullptr) {
         return nullptr;
@@ -25,7 +25,7 @@ std::shared_ptr<CAlDevice> CAlDevice::open() {
 }
 
 CAlDevice::~CAlDevice() {
-    const TerminalSilence silence;
+    const CTerminalSilence silence;
     alcDestroyContext(m_pContext);
     alcCloseDevice(m_pDevice);
 }
@@ -36,11 +36,11 @@ bool CAlDevice::isConnected() const {
     return connected != ALC_FALSE;
 }
 
-CAlDevice::Current::Current(const CAlDevice& device) : m_pPrevious(alcGetThreadContext()) {
+CAlDevice::CCurrent::CCurrent(const CAlDevice& device) : m_pPrevious(alcGetThreadContext()) {
     alcSetThreadContext(device.m_pContext);
     alGetError();
 }
 
-CAlDevice::Current::~Current() {
+CAlDevice::CCurrent::~CCurrent() {
     alcSetThreadContext(m_pPrevious);
 }

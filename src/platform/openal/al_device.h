@@ -19,12 +19,12 @@ public:
 
     /// Makes the context the calling thread's current one while it lives, then gives back the thread's own:
     /// a host may play through OpenAL too.
-    class Current {
+    class CCurrent {
     public:
-        explicit Current(const CAlDevice& device);
-        ~Current();
-        Current(const Current&) = delete;
-        Current& operator=(const Current&) = delete;
+        explicit CCurrent(const CAlDevice& device);
+        ~CCurrent();
+        CCurrent(const CCurrent&) = delete;
+        CCurrent& operator=(const CCurrent&) = delete;
 
     private:
         ALCcontext* m_pPrevious;

@@ -25,7 +25,7 @@ public:
         if (listener == nullptr || listener->dwSize != sizeof *listener) {
             return DSERR_INVALIDPARAM;
         }
-        const CAlDevice::Current current(*m_pDevice);
+        const CAlDevice::CCurrent current(*m_pDevice);
         std::array<ALfloat, 6> values{};
         alGetListenerfv(AL_POSITION, values.data());
         listener->vPosition = fromAl(values.data());
@@ -103,7 +103,7 @@ HRESULT CAlPrimaryBuffer::SetVolume(LONG volume) {
     if (!isVolume(volume)) {
         return DSERR_INVALIDPARAM;
     }
-    const CAlDevice::Current current(*m_pDevice);
+    const CAlDevice::CCurrent current(*m_pDevice);
     alListenerf(AL_GAIN, gainOf(volume));
     return S_OK;
 }

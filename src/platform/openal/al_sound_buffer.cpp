@@ -71,14 +71,14 @@ CAlSoundBuffer::CAlSoundBuffer(std::shared_ptr<CAlDevice> device, const DSBUFFER
     , m_bytes(description.dwBufferBytes) {}
 
 HRESULT CAlSoundBuffer::makeSource() {
-    const CAlDevice::Current current(*m_pDevice);
+    const CAlDevice::CCurrent current(*m_pDevice);
     alGenBuffers(1, &m_nBuffer);
     alGenSources(1, &m_nSource);
     return alGetError() == AL_NO_ERROR ? S_OK : DSERR_OUTOFMEMORY;
 }
 
 CAlSoundBuffer::~CAlSoundBuffer() {
-    const CAlDevice::Current current(*m_pDevice);
+    const CAlDevice::CCurrent current(*m_pDevice);
     if (m_nSource != 0) {
         alDeleteSources(1, &m_nSource);
     }
@@ -108,7 +108,7 @@ HRESULT CAlSoundBuffer::GetStatus(DWORD* status) {
 }
 
 bool CAlSoundBuffer::isPlaying() const {
-    const CAlDevice::Current current(*m_pDevice);
+    const CAlDevice::CCurrent current(*m_pDevice);
     ALint state = AL_INITIAL;
     alGetSourcei(m_nSource, AL_SOURCE_STATE, &state);
     return state == AL_PLAYING && m_pDevice->isConnected();
@@ -148,7 +148,7 @@ HRESULT CAlSoundBuffer::Unlock(void* part1, DWORD /*size1*/, void* /*part2*/, DW
     } catch (const std::bad_alloc&) {
         return DSERR_OUTOFMEMORY;
     }
-    const CAlDevice::Current current(*m_pDevice);
+    const CAlDevice::CCurrent current(*m_pDevice);
     alSourceStop(m_nSource);
     alSourcei(m_nSource, AL_BUFFER, 0); // a buffer in use takes no data
     alBufferData(m_nBuffer, width == 1 ? AL_FORMAT_STEREO8 : AL_FORMAT_STEREO16, samples.data(),
@@ -167,7 +167,7 @@ HRESULT CAlSoundBuffer::Play(DWORD /*reserved1*/, DWORD /*reserved2*/, DWORD fla
     if (isPlaying()) {
         return S_OK;
     }
-    const CAlDevice::Current current(*m_pDevice);
+    const CAlDevice::CCurrent current(*m_pDevice);
     alSourcePlay(m_nSource);
     return alGetError() == AL_NO_ERROR ? S_OK : DSERR_BUFFERLOST;
 }
@@ -176,7 +176,7 @@ HRESULT CAlSoundBuffer::SetCurrentPosition(DWORD position) {
     if (position >= m_bytes.size()) {
         return DSERR_INVALIDPARAM;
     }
-    const CAlDevice::Current current(*m_pDevice);
+    const CAlDevice::CCurrent current(*m_pDevice);
     alSourcei(m_nSource, AL_SAMPLE_OFFSET, static_cast<ALint>(position / m_format.nBlockAlign));
     return alGetError() == AL_NO_ERROR ? S_OK : DSERR_INVALIDPARAM;
 }
@@ -188,13 +188,13 @@ HRESULT CAlSoundBuffer::SetVolume(LONG volume) {
     if (!isVolume(volume)) {
         return DSERR_INVALIDPARAM;
     }
-    const CAlDevice::Current current(*m_pDevice);
+    const CAlDevice::CCurrent current(*m_pDevice);
     alSourcef(m_nSource, AL_GAIN, gainOf(volume));
     return S_OK;
 }
 
 HRESULT CAlSoundBuffer::Stop() {
-    const CAlDevice::Current current(*m_pDevice);
+    const CAlDevice::CCurrent current(*m_pDevice);
     alSourcePause(m_nSource);
     return S_OK;
 }

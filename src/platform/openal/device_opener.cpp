@@ -16,7 +16,7 @@ constexpr std::string_view NO_OUTPUT = "No Output";
 constexpr ALCint MOST_SOURCES = 4096;
 
 ALCdevice* openDefaultDevice() {
-    const TerminalSilence silence;
+    const CTerminalSilence silence;
     ALCdevice* device = alcOpenDevice(nullptr);
     if (device == nullptr) {
         return nullptr;

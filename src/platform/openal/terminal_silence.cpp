@@ -17,7 +17,7 @@ void* findAlsaHandlerSetter() {
 
 } // namespace
 
-TerminalSilence::TerminalSilence() {
+CTerminalSilence::CTerminalSilence() {
     // OpenAL Soft reads its log level once, at its first call, and has no other way to set it.
     setenv("ALSOFT_LOGLEVEL", "0", 0);
     m_setHandler = reinterpret_cast<SetHandler>(findAlsaHandlerSetter());
@@ -26,7 +26,7 @@ TerminalSilence::TerminalSilence() {
     }
 }
 
-TerminalSilence::~TerminalSilence() {
+CTerminalSilence::~CTerminalSilence() {
     if (m_setHandler != nullptr) {
         m_setHandler(m_previous);
     }

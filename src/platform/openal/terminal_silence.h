@@ -2,12 +2,12 @@
 
 /// Keeps the sound libraries from writing to the terminal on this thread while it lives: a machine without
 /// sound is nothing to report. A person who sets ALSOFT_LOGLEVEL still gets OpenAL Soft's log.
-class TerminalSilence {
+class CTerminalSilence {
 public:
-    TerminalSilence();
-    ~TerminalSilence();
-    TerminalSilence(const TerminalSilence&) = delete;
-    TerminalSilence& operator=(const TerminalSilence&) = delete;
+    CTerminalSilence();
+    ~CTerminalSilence();
+    CTerminalSilence(const CTerminalSilence&) = delete;
+    CTerminalSilence& operator=(const CTerminalSilence&) = delete;
 
 private:
     using Handler = void (*)(const char* file, int line, const char* function, int error, const char* format,

@@ -13,13 +13,13 @@
 namespace qtbackend {
 
 QWidget* ownerOf(HWND window) {
-    const Window* const found = WindowRegistry::instance().findOrAdopt(window);
+    const CWindow* const found = CWindowRegistry::instance().findOrAdopt(window);
     QWidget* const owner = found != nullptr ? found->widget() : windowInUse();
     return owner != nullptr ? owner->window() : nullptr;
 }
 
 bool runDialog(const QPointer<QDialog>& dialog) {
-    const ModalRun handlersStillRun;
+    const CModalRun handlersStillRun;
     // Not every window manager gives the activation back, and without it the focus stays nowhere.
     const QPointer<QWidget> formerlyActive = windowInUse();
     dialog->setWindowModality(Qt::ApplicationModal);

@@ -85,7 +85,7 @@ void DeleteDC(HDC context) {
 }
 
 HDC BeginPaint(HWND window) {
-    const qtbackend::Window* const found = qtbackend::WindowRegistry::instance().find(window);
+    const qtbackend::CWindow* const found = qtbackend::CWindowRegistry::instance().find(window);
     if (found == nullptr || found->widget() == nullptr ||
         !found->widget()->testAttribute(Qt::WA_WState_InPaintEvent)) {
         return std::make_unique<HDC__>().release();

@@ -9,11 +9,11 @@
 
 #include <utility>
 
-using qtbackend::DialogWidget;
-using qtbackend::DialogWindow;
-using qtbackend::ForeignWindow;
-using qtbackend::Window;
-using qtbackend::WindowRegistry;
+using qtbackend::CDialogWidget;
+using qtbackend::CDialogWindow;
+using qtbackend::CForeignWindow;
+using qtbackend::CWindow;
+using qtbackend::CWindowRegistry;
 
 namespace {
 
@@ -28,11 +28,11 @@ Qt::WindowFlags flagsOf(const DialogTemplate& layout) {
     return flags;
 }
 
-std::unique_ptr<DialogWidget> makeWidget(const DialogTemplate& layout, const Window* owner) {
+std::unique_ptr<CDialogWidget> makeWidget(const DialogTemplate& layout, const CWindow* owner) {
     // The owner may be a child of the host's main window: a dialog stands over the whole of it.
     QWidget* const ownerWidget = owner != nullptr ? owner->widget() : nullptr;
-    auto widget = std::make_unique<DialogWidget>(ownerWidget != nullptr ? ownerWidget->window() : nullptr,
-                                                 flagsOf(layout));
+    auto widget = std::make_unique<CDialogWidget>(ownerWidget != nullptr ? ownerWidget->window() : nullptr,
+                                                  flagsOf(layout));
     widget->setObjectName(QStringLiteral("dialog-%1").arg(layout.id));
     widget->setWindowTitle(QString::fromStdString(layout.caption));
     widget->setFont(qtbackend::dialogFont(QString::fromStdString(layout.fontFace), layout.fontPointSize));
@@ -48,14 +48,14 @@ void labelControl(QWidget* before, QWidget& control) {
 }
 
 /// False when the template names a class that nobody registered.
-bool addControls(DialogWindow& dialog, const DialogTemplate& layout) {
+bool addControls(CDialogWindow& dialog, const DialogTemplate& layout) {
     QWidget* before = nullptr;
     for (const DialogItem& item : layout.items) {
         const qtbackend::ControlTraits traits{{item.id, item.style, item.windowClass},
                                               item.exStyle,
                                               QString::fromStdString(item.text),
                                               dialog.mapDialogRect(item.rect)};
-        Window* const control = qtbackend::makeControl(dialog, traits);
+        CWindow* const control = qtbackend::makeControl(dialog, traits);
         if (control == nullptr) {
             return false;
         }
@@ -67,8 +67,8 @@ bool addControls(DialogWindow& dialog, const DialogTemplate& layout) {
     return true;
 }
 
-DialogWindow* findDialogWindow(HWND dialog) {
-    return dynamic_cast<DialogWindow*>(WindowRegistry::instance().find(dialog));
+CDialogWindow* findDialogWindow(HWND dialog) {
+    return dynamic_cast<CDialogWindow*>(CWindowRegistry::instance().find(dialog));
 }
 
 } // namespace
@@ -77,14 +77,14 @@ HWND CreateDialogWindow(const DialogTemplate& layout, HWND parent) {
     if (!qtbackend::ensureApplication()) {
         return nullptr;
     }
-    WindowRegistry& registry = WindowRegistry::instance();
-    Window* const owner = registry.findOrAdopt(parent);
-    auto made = std::make_unique<DialogWindow>(makeWidget(layout, owner), owner,
-                                               qtbackend::WindowTraits{layout.id, layout.style, "#32770"});
-    DialogWindow& dialog = registry.add(std::move(made));
-    static_cast<DialogWidget*>(dialog.widget())->setWindow(dialog.handle());
+    CWindowRegistry& registry = CWindowRegistry::instance();
+    CWindow* const owner = registry.findOrAdopt(parent);
+    auto made = std::make_unique<CDialogWindow>(makeWidget(layout, owner), owner,
+                                                qtbackend::WindowTraits{layout.id, layout.style, "#32770"});
+    CDialogWindow& dialog = registry.add(std::move(made));
+    static_cast<CDialogWidget*>(dialog.widget())->setWindow(dialog.handle());
     dialog.widget()->setFixedSize(dialog.mapDialogRect(layout.rect).size());
-    if (auto* const foreign = dynamic_cast<ForeignWindow*>(owner)) {
+    if (auto* const foreign = dynamic_cast<CForeignWindow*>(owner)) {
         foreign->adopt(*dialog.widget());
     }
     if (!addControls(dialog, layout)) {
@@ -95,12 +95,12 @@ HWND CreateDialogWindow(const DialogTemplate& layout, HWND parent) {
 }
 
 INT_PTR RunDialogWindow(HWND dialog, INT_PTR broken) {
-    DialogWindow* const found = findDialogWindow(dialog);
+    CDialogWindow* const found = findDialogWindow(dialog);
     return found != nullptr ? found->run(broken) : broken;
 }
 
 void EndDialogWindow(HWND dialog, INT_PTR result) {
-    if (DialogWindow* const found = findDialogWindow(dialog)) {
+    if (CDialogWindow* const found = findDialogWindow(dialog)) {
         found->end(result);
     }
 }

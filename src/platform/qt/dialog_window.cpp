@@ -36,47 +36,47 @@ int scaled(int value, int numerator, int denominator) {
 
 } // namespace
 
-DialogWidget::DialogWidget(QWidget* owner, Qt::WindowFlags flags) : QDialog(owner, flags) {
+CDialogWidget::CDialogWidget(QWidget* owner, Qt::WindowFlags flags) : QDialog(owner, flags) {
     setAttribute(Qt::WA_QuitOnClose, false);
 }
 
 // Qt deletes a dialog with its owner. Its object hears of that while the controls still stand.
-DialogWidget::~DialogWidget() {
+CDialogWidget::~CDialogWidget() {
     endWindow(m_window);
 }
 
-void DialogWidget::closeEvent(QCloseEvent* event) {
+void CDialogWidget::closeEvent(QCloseEvent* event) {
     const HWND window = m_window;
     ::SendMessage(window, WM_CLOSE, 0, 0);
     // A host that closes all windows to quit is held up only by a dialog that stays.
     event->setAccepted(::IsWindow(window) == FALSE);
 }
 
-void DialogWidget::keyPressEvent(QKeyEvent* event) {
+void CDialogWidget::keyPressEvent(QKeyEvent* event) {
     event->ignore();
 }
 
-DialogWindow::DialogWindow(std::unique_ptr<DialogWidget> widget, Window* owner, WindowTraits traits)
-    : Window(widget.get(), owner, std::move(traits))
+CDialogWindow::CDialogWindow(std::unique_ptr<CDialogWidget> widget, CWindow* owner, WindowTraits traits)
+    : CWindow(widget.get(), owner, std::move(traits))
     , m_nBaseX(averageLetterWidth(widget->font()))
     , m_nBaseY(QFontMetrics(widget->font()).height()) {
     widget.release()->installEventFilter(this); // destroyed with the window
 }
 
-QString DialogWindow::text() const {
+QString CDialogWindow::text() const {
     return widget() != nullptr ? widget()->windowTitle() : QString();
 }
 
-void DialogWindow::setText(const QString& text) {
+void CDialogWindow::setText(const QString& text) {
     widget()->setWindowTitle(text);
 }
 
-std::unique_ptr<CWnd> DialogWindow::makeStandIn() const {
+std::unique_ptr<CWnd> CDialogWindow::makeStandIn() const {
     return std::make_unique<CDialog>();
 }
 
 /// Dialogs have no sizing border: the size is fixed at what the program asks for.
-void DialogWindow::setGeometry(const QRect& rect) {
+void CDialogWindow::setGeometry(const QRect& rect) {
     if (widget()->size() != rect.size()) {
         widget()->setFixedSize(rect.size());
     }
@@ -86,21 +86,21 @@ void DialogWindow::setGeometry(const QRect& rect) {
 }
 
 /// The frame belongs to the window manager and is not counted.
-QRect DialogWindow::screenGeometry() const {
+QRect CDialogWindow::screenGeometry() const {
     return widget() != nullptr ? widget()->geometry() : QRect();
 }
 
-QRect DialogWindow::mapDialogRect(const DialogRect& rect) const {
+QRect CDialogWindow::mapDialogRect(const DialogRect& rect) const {
     const QPoint topLeft(scaled(rect.x, m_nBaseX, 4), scaled(rect.y, m_nBaseY, 8));
     const QPoint end(scaled(rect.x + rect.width, m_nBaseX, 4), scaled(rect.y + rect.height, m_nBaseY, 8));
     return {topLeft, QSize(end.x() - topLeft.x(), end.y() - topLeft.y())};
 }
 
-INT_PTR DialogWindow::run(INT_PTR broken) {
+INT_PTR CDialogWindow::run(INT_PTR broken) {
     if (m_bEnded) {
         return m_result;
     }
-    const ModalRun keepsThisObject;
+    const CModalRun keepsThisObject;
     QEventLoop loop;
     m_pLoop = &loop;
     widget()->setWindowModality(Qt::ApplicationModal);
@@ -113,24 +113,24 @@ INT_PTR DialogWindow::run(INT_PTR broken) {
     return m_bEnded ? m_result : broken;
 }
 
-void DialogWindow::end(INT_PTR result) {
+void CDialogWindow::end(INT_PTR result) {
     m_bEnded = true;
     m_result = result;
     widget()->hide();
     leaveLoop();
 }
 
-void DialogWindow::leaveLoop() {
+void CDialogWindow::leaveLoop() {
     if (m_pLoop != nullptr) {
         m_pLoop->quit();
     }
 }
 
-LRESULT DialogWindow::process(UINT message, WPARAM wParam, LPARAM lParam) {
+LRESULT CDialogWindow::process(UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_NCDESTROY) {
         leaveLoop();
     }
-    return Window::process(message, wParam, lParam);
+    return CWindow::process(message, wParam, lParam);
 }
 
 } // namespace qtbackend

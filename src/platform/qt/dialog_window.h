@@ -11,10 +11,10 @@ namespace qtbackend {
 
 /// The widget of a dialog. What QDialog does by itself with Enter, Escape and the close box is left to the
 /// messages.
-class DialogWidget : public QDialog {
+class CDialogWidget : public QDialog {
 public:
-    DialogWidget(QWidget* owner, Qt::WindowFlags flags);
-    ~DialogWidget() override;
+    CDialogWidget(QWidget* owner, Qt::WindowFlags flags);
+    ~CDialogWidget() override;
 
     void setWindow(HWND window) { m_window = window; }
     void reject() override {}
@@ -28,9 +28,9 @@ private:
 };
 
 /// A dialog: a window of its own over its owner, with the controls of its template.
-class DialogWindow : public Window {
+class CDialogWindow : public CWindow {
 public:
-    DialogWindow(std::unique_ptr<DialogWidget> widget, Window* owner, WindowTraits traits);
+    CDialogWindow(std::unique_ptr<CDialogWidget> widget, CWindow* owner, WindowTraits traits);
 
     QString text() const override;
     void setText(const QString& text) override;

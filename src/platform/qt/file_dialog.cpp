@@ -54,10 +54,10 @@ void showColumnsWhole(QFileDialog& dialog) {
 
 CFileDialog::CFileDialog(BOOL bOpenFileDialog, LPCTSTR lpszDefExt, LPCTSTR lpszFileName, DWORD dwFlags,
                          LPCTSTR lpszFilter, CWnd* pParentWnd)
-    : m_open(bOpenFileDialog != FALSE)
+    : m_bOpen(bOpenFileDialog != FALSE)
     , m_strExtension(lpszDefExt)
-    , m_fileName(lpszFileName)
-    , m_filter(lpszFilter)
+    , m_strFileName(lpszFileName)
+    , m_strFilter(lpszFilter)
     , m_parent(pParentWnd != nullptr ? pParentWnd->m_hWnd : nullptr) {
     m_ofn.Flags = dwFlags;
 }
@@ -67,16 +67,16 @@ INT_PTR CFileDialog::DoModal() {
         return IDCANCEL;
     }
     const QPointer<QFileDialog> dialog = new QFileDialog(qtbackend::ownerOf(m_parent));
-    dialog->setAcceptMode(m_open ? QFileDialog::AcceptOpen : QFileDialog::AcceptSave);
-    const bool several = m_open && (m_ofn.Flags & OFN_ALLOWMULTISELECT) != 0;
+    dialog->setAcceptMode(m_bOpen ? QFileDialog::AcceptOpen : QFileDialog::AcceptSave);
+    const bool several = m_bOpen && (m_ofn.Flags & OFN_ALLOWMULTISELECT) != 0;
     dialog->setFileMode(several  ? QFileDialog::ExistingFiles
-                        : m_open ? QFileDialog::ExistingFile
+                        : m_bOpen ? QFileDialog::ExistingFile
                                  : QFileDialog::AnyFile);
     dialog->setOption(QFileDialog::DontConfirmOverwrite, (m_ofn.Flags & OFN_OVERWRITEPROMPT) == 0);
-    dialog->setNameFilters(nameFilters(m_filter));
+    dialog->setNameFilters(nameFilters(m_strFilter));
     dialog->setDefaultSuffix(QString::fromUtf8(m_strExtension.GetString()));
     applyPreset(*dialog, m_ofn.lpstrFile != nullptr && *m_ofn.lpstrFile != '\0' ? CString(m_ofn.lpstrFile)
-                                                                                : m_fileName);
+                                                                                : m_strFileName);
     showColumnsWhole(*dialog);
     m_paths.clear();
     const bool chosen = qtbackend::runDialog(dialog.data());

@@ -19,16 +19,16 @@ bool seesForeignWindows() {
 
 } // namespace
 
-ForeignWindow::ForeignWindow(HWND handle) : Window(widgetOf(handle), nullptr, {}) {
+CForeignWindow::CForeignWindow(HWND handle) : CWindow(widgetOf(handle), nullptr, {}) {
     setHandle(handle);
     if (widget() != nullptr) {
         // Native ids are given again: the host's next window must not meet this stand-in.
         QObject::connect(widget(), &QObject::destroyed, this,
-                         [this] { WindowRegistry::instance().retire(*this); });
+                         [this] { CWindowRegistry::instance().retire(*this); });
     }
 }
 
-QWindow* ForeignWindow::native() const {
+QWindow* CForeignWindow::native() const {
     if (m_pNative == nullptr && widget() == nullptr && seesForeignWindows()) {
         const auto id = reinterpret_cast<std::uintptr_t>(handle());
         m_pNative.reset(QWindow::fromWinId(static_cast<WId>(id)));
@@ -36,14 +36,14 @@ QWindow* ForeignWindow::native() const {
     return m_pNative.get();
 }
 
-void ForeignWindow::adopt(QWidget& dialog) {
+void CForeignWindow::adopt(QWidget& dialog) {
     if (native() != nullptr && dialog.windowHandle() != nullptr) {
         dialog.windowHandle()->setTransientParent(native());
     }
 }
 
-QRect ForeignWindow::screenGeometry() const {
-    return native() != nullptr ? native()->geometry() : Window::screenGeometry();
+QRect CForeignWindow::screenGeometry() const {
+    return native() != nullptr ? native()->geometry() : CWindow::screenGeometry();
 }
 
 } // namespace qtbackend

@@ -8,9 +8,9 @@ namespace qtbackend {
 
 /// A window of the host, known by its native id: a Qt widget of this process, or a window of another toolkit.
 /// It is never drawn on nor sent to; it is a place to stand over.
-class ForeignWindow : public Window {
+class CForeignWindow : public CWindow {
 public:
-    explicit ForeignWindow(HWND handle);
+    explicit CForeignWindow(HWND handle);
 
     /// Makes the dialog stay above this window where Qt's own parents cannot tell it.
     void adopt(QWidget& dialog);

@@ -42,9 +42,9 @@ WPARAM virtualKey(int qtKey) {
 
 /// Asks each object from the window up to its dialog. A handler may end any of the windows.
 bool preTranslate(HWND window, MSG& message) {
-    const WindowRegistry& registry = WindowRegistry::instance();
+    const CWindowRegistry& registry = CWindowRegistry::instance();
     for (HWND next = window; next != nullptr;) {
-        const Window* const asked = registry.find(next);
+        const CWindow* const asked = registry.find(next);
         if (asked == nullptr) {
             return true; // ended on the way
         }
@@ -59,17 +59,17 @@ bool preTranslate(HWND window, MSG& message) {
 
 } // namespace
 
-bool translateKey(Window& window, QObject* watched, QKeyEvent& event) {
+bool translateKey(CWindow& window, QObject* watched, QKeyEvent& event) {
     // Qt offers a key that a control left alone to the control's parents. They have seen it on its way down.
     const QWidget* const focus = QApplication::focusWidget();
-    if (focus != nullptr && WindowRegistry::instance().find(focus) != &window) {
+    if (focus != nullptr && CWindowRegistry::instance().find(focus) != &window) {
         return false;
     }
     const WPARAM key = virtualKey(event.key());
     if (key == 0 || (event.modifiers() & (Qt::AltModifier | Qt::MetaModifier)) != 0) {
         return false;
     }
-    NativeEvent native(window, WM_KEYDOWN, watched, &event);
+    CNativeEvent native(window, WM_KEYDOWN, watched, &event);
     MSG message{window.handle(), WM_KEYDOWN, key, 1, 0, {}};
     event.accept();
     if (preTranslate(message.hwnd, message)) {

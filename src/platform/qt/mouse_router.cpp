@@ -40,21 +40,21 @@ WPARAM keysOf(const QMouseEvent& event) {
     return keys;
 }
 
-LPARAM positionIn(const Window& window, const QMouseEvent& event) {
+LPARAM positionIn(const CWindow& window, const QMouseEvent& event) {
     const QPoint inWidget = window.widget()->mapFromGlobal(event.globalPosition().toPoint());
     const QPoint position = inWidget - window.clientRect().topLeft();
     return MAKELPARAM(position.x(), position.y());
 }
 
 /// Sends the message. True when its default processing handed the event to the widget.
-bool send(Window& window, QObject* watched, QMouseEvent& event) {
-    NativeEvent native(window, messageOf(event), watched, &event);
+bool send(CWindow& window, QObject* watched, QMouseEvent& event) {
+    CNativeEvent native(window, messageOf(event), watched, &event);
     event.accept();
     ::SendMessage(window.handle(), messageOf(event), keysOf(event), positionIn(window, event));
     return native.wasPassed();
 }
 
-bool routePress(Window& window, QObject* watched, QMouseEvent& event) {
+bool routePress(CWindow& window, QObject* watched, QMouseEvent& event) {
     if (std::exchange(g_discardPress, false)) {
         event.accept();
         return true;
@@ -69,21 +69,21 @@ bool routePress(Window& window, QObject* watched, QMouseEvent& event) {
         return false;
     }
     const bool passed = send(window, watched, event);
-    g_pressed = passed && captures && WindowRegistry::instance().find(handle) != nullptr ? handle : nullptr;
+    g_pressed = passed && captures && CWindowRegistry::instance().find(handle) != nullptr ? handle : nullptr;
     return true;
 }
 
 /// The window that a move or release is for; null for one that is not ours.
-Window* receiverOf(Window& window, const QMouseEvent& event) {
-    const WindowRegistry& registry = WindowRegistry::instance();
-    if (Window* const captured = registry.find(g_captured)) {
+CWindow* receiverOf(CWindow& window, const QMouseEvent& event) {
+    const CWindowRegistry& registry = CWindowRegistry::instance();
+    if (CWindow* const captured = registry.find(g_captured)) {
         return captured;
     }
     if (g_pressed == window.handle()) {
         return &window;
     }
     const QWidget* under = QApplication::widgetAt(event.globalPosition().toPoint());
-    Window* receiver = registry.find(under);
+    CWindow* receiver = registry.find(under);
     while (receiver != nullptr && receiver->widget() != nullptr && !receiver->widget()->isEnabled()) {
         receiver = receiver->parentWindow();
     }
@@ -97,14 +97,14 @@ bool isSupported(const QMouseEvent& event) {
 
 } // namespace
 
-bool routeMouse(Window& window, QObject* watched, QMouseEvent& event) {
+bool routeMouse(CWindow& window, QObject* watched, QMouseEvent& event) {
     if (!isSupported(event)) {
         return false;
     }
     if (event.type() == QEvent::MouseButtonPress || event.type() == QEvent::MouseButtonDblClick) {
         return routePress(window, watched, event);
     }
-    Window* const receiver = receiverOf(window, event);
+    CWindow* const receiver = receiverOf(window, event);
     if (event.type() == QEvent::MouseButtonRelease) {
         g_pressed = nullptr;
     }

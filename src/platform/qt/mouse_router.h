@@ -7,11 +7,11 @@ class QObject;
 
 namespace qtbackend {
 
-class Window;
+class CWindow;
 
 /// Turns a mouse event into a message to the window that is to have it: the one that captured the mouse, else
 /// the one under the pointer, whichever widget Qt keeps the mouse with. True when the event was used up.
-bool routeMouse(Window& window, QObject* watched, QMouseEvent& event);
+bool routeMouse(CWindow& window, QObject* watched, QMouseEvent& event);
 
 /// The press that Qt is about to deliver never happened: its click was answered by a modal dialog already.
 void discardNextPress();

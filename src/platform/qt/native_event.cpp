@@ -8,7 +8,7 @@ namespace qtbackend {
 
 namespace {
 
-NativeEvent* g_current = nullptr;
+CNativeEvent* g_current = nullptr;
 
 /// Names what a scroll area hears its viewport's events with.
 struct ScrollAreaAccess : QAbstractScrollArea {
@@ -27,19 +27,19 @@ void deliver(QObject& target, QEvent& event) {
 
 } // namespace
 
-NativeEvent::NativeEvent(Window& window, UINT message, QObject* target, QEvent* event)
+CNativeEvent::CNativeEvent(CWindow& window, UINT message, QObject* target, QEvent* event)
     : m_window(window)
     , m_nMessage(message)
     , m_pTarget(target)
     , m_pEvent(event)
     , m_pOuter(std::exchange(g_current, this)) {}
 
-NativeEvent::~NativeEvent() {
+CNativeEvent::~CNativeEvent() {
     g_current = m_pOuter;
 }
 
-bool NativeEvent::pass(const Window& window, UINT message) {
-    NativeEvent* const current = g_current;
+bool CNativeEvent::pass(const CWindow& window, UINT message) {
+    CNativeEvent* const current = g_current;
     if (current == nullptr || &current->m_window != &window || current->m_nMessage != message ||
         current->m_bPassed) {
         return false;
@@ -49,7 +49,7 @@ bool NativeEvent::pass(const Window& window, UINT message) {
     return true;
 }
 
-const QEvent* NativeEvent::current() {
+const QEvent* CNativeEvent::current() {
     return g_current != nullptr ? g_current->m_pEvent : nullptr;
 }
 

@@ -8,26 +8,26 @@ namespace qtbackend {
 
 /// The Qt event that a message was made from, while its handlers run. The default processing of the message
 /// hands the event to the widget, once.
-class NativeEvent {
+class CNativeEvent {
 public:
-    NativeEvent(Window& window, UINT message, QObject* target, QEvent* event);
-    ~NativeEvent();
-    NativeEvent(const NativeEvent&) = delete;
-    NativeEvent& operator=(const NativeEvent&) = delete;
+    CNativeEvent(CWindow& window, UINT message, QObject* target, QEvent* event);
+    ~CNativeEvent();
+    CNativeEvent(const CNativeEvent&) = delete;
+    CNativeEvent& operator=(const CNativeEvent&) = delete;
 
     bool wasPassed() const { return m_bPassed; }
     /// Hands the event of this message to its widget when one is on its way.
-    static bool pass(const Window& window, UINT message);
+    static bool pass(const CWindow& window, UINT message);
     /// The innermost event on its way, or null.
     static const QEvent* current();
 
 private:
-    Window& m_window;
+    CWindow& m_window;
     UINT m_nMessage;
     QObject* m_pTarget;
     QEvent* m_pEvent;
     bool m_bPassed = false;
-    NativeEvent* m_pOuter;
+    CNativeEvent* m_pOuter;
 };
 
 } // namespace qtbackend

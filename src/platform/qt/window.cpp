@@ -14,32 +14,32 @@
 
 namespace qtbackend {
 
-Window::Window(QWidget* widget, Window* parent, WindowTraits traits)
+CWindow::CWindow(QWidget* widget, CWindow* parent, WindowTraits traits)
     : m_pWidget(widget), m_pWidgetKey(widget), m_pParent(parent), m_traits(std::move(traits)) {}
 
-Window::~Window() = default;
+CWindow::~CWindow() = default;
 
-Window* Window::child(int id) const {
+CWindow* CWindow::child(int id) const {
     const auto found = std::find_if(m_children.begin(), m_children.end(),
-                                    [id](const Window* candidate) { return candidate->id() == id; });
+                                    [id](const CWindow* candidate) { return candidate->id() == id; });
     return found != m_children.end() ? *found : nullptr;
 }
 
-void Window::markEnding() {
+void CWindow::markEnding() {
     m_bEnding = true;
-    for (Window* control : m_children) {
+    for (CWindow* control : m_children) {
         control->markEnding();
     }
 }
 
-void Window::setObject(CWnd* object) {
+void CWindow::setObject(CWnd* object) {
     m_pObject = object;
     if (object != nullptr && m_pWidget != nullptr) {
         m_pWidget->installEventFilter(this); // moves it when it is installed already
     }
 }
 
-CWnd* Window::standIn() {
+CWnd* CWindow::standIn() {
     if (m_pStandIn == nullptr) {
         m_pStandIn = makeStandIn();
         m_pStandIn->m_hWnd = m_handle;
@@ -47,7 +47,7 @@ CWnd* Window::standIn() {
     return m_pStandIn.get();
 }
 
-CScrollBar* Window::scrollBarStandIn() {
+CScrollBar* CWindow::scrollBarStandIn() {
     if (m_pScrollBarStandIn == nullptr) {
         m_pScrollBarStandIn = std::make_unique<CScrollBar>();
         m_pScrollBarStandIn->m_hWnd = m_handle;
@@ -55,40 +55,40 @@ CScrollBar* Window::scrollBarStandIn() {
     return m_pScrollBarStandIn.get();
 }
 
-std::unique_ptr<CWnd> Window::makeStandIn() const {
+std::unique_ptr<CWnd> CWindow::makeStandIn() const {
     return std::make_unique<CWnd>();
 }
 
-LRESULT Window::process(UINT message, WPARAM, LPARAM) {
+LRESULT CWindow::process(UINT message, WPARAM, LPARAM) {
     if (message == WM_GETDLGCODE) {
         return dialogCode();
     }
-    NativeEvent::pass(*this, message);
+    CNativeEvent::pass(*this, message);
     return 0;
 }
 
-void Window::setGeometry(const QRect& rect) {
+void CWindow::setGeometry(const QRect& rect) {
     if (m_pWidget != nullptr) {
         m_pWidget->setGeometry(rect);
     }
 }
 
-QRect Window::screenGeometry() const {
+QRect CWindow::screenGeometry() const {
     return m_pWidget != nullptr ? QRect(m_pWidget->mapToGlobal(QPoint(0, 0)), m_pWidget->size()) : QRect();
 }
 
-QRect Window::clientRect() const {
+QRect CWindow::clientRect() const {
     return m_pWidget != nullptr ? m_pWidget->rect() : QRect();
 }
 
-void Window::notify(int code) {
+void CWindow::notify(int code) {
     if (m_pParent != nullptr && !m_bEnding) {
         ::SendMessage(m_pParent->handle(), WM_COMMAND, MAKEWPARAM(id(), code),
                       reinterpret_cast<LPARAM>(m_handle));
     }
 }
 
-LRESULT Window::notify(NMHDR& header, UINT code) {
+LRESULT CWindow::notify(NMHDR& header, UINT code) {
     if (m_pParent == nullptr || m_bEnding) {
         return 0;
     }
@@ -96,18 +96,18 @@ LRESULT Window::notify(NMHDR& header, UINT code) {
     return ::SendMessage(m_pParent->handle(), WM_NOTIFY, header.idFrom, reinterpret_cast<LPARAM>(&header));
 }
 
-void Window::notifyScroll(Qt::Orientation orientation, int code, int position) {
+void CWindow::notifyScroll(Qt::Orientation orientation, int code, int position) {
     if (m_pParent != nullptr && !m_bEnding) {
         ::SendMessage(m_pParent->handle(), orientation == Qt::Horizontal ? WM_HSCROLL : WM_VSCROLL,
                       MAKEWPARAM(code, position), reinterpret_cast<LPARAM>(m_handle));
     }
 }
 
-bool Window::onEvent(QObject*, QEvent*) {
+bool CWindow::onEvent(QObject*, QEvent*) {
     return false;
 }
 
-bool Window::eventFilter(QObject* watched, QEvent* event) {
+bool CWindow::eventFilter(QObject* watched, QEvent* event) {
     if (m_bEnding) {
         return false;
     }
@@ -116,18 +116,18 @@ bool Window::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::MouseButtonDblClick:
     case QEvent::MouseButtonRelease:
     case QEvent::MouseMove: {
-        const DispatchScope scope;
+        const CDispatchScope scope;
         return onEvent(watched, event) || routeMouse(*this, watched, static_cast<QMouseEvent&>(*event));
     }
     case QEvent::KeyPress: {
-        const DispatchScope scope;
+        const CDispatchScope scope;
         return onEvent(watched, event) || translateKey(*this, watched, static_cast<QKeyEvent&>(*event));
     }
     case QEvent::FocusIn:
     case QEvent::FocusOut:
     case QEvent::Wheel:
     case QEvent::Close: {
-        const DispatchScope scope;
+        const CDispatchScope scope;
         return onEvent(watched, event);
     }
     default:

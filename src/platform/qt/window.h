@@ -27,10 +27,10 @@ struct WindowTraits {
 /// One window of the system and the Qt widget that shows it: answers the messages of its kind, and turns the
 /// widget's events into messages. The registry owns it from its creation to the window's end; the widget
 /// belongs to its parent widget, or for a top-level window to this object.
-class Window : public QObject {
+class CWindow : public QObject {
 public:
-    Window(QWidget* widget, Window* parent, WindowTraits traits);
-    ~Window() override;
+    CWindow(QWidget* widget, CWindow* parent, WindowTraits traits);
+    ~CWindow() override;
 
     HWND handle() const { return m_handle; }
     void setHandle(HWND handle) { m_handle = handle; }
@@ -39,14 +39,14 @@ public:
     /// Names the widget even when Qt has deleted it.
     const QObject* widgetKey() const { return m_pWidgetKey; }
     /// The parent of a control, the owner of a dialog, or null.
-    Window* parentWindow() const { return m_pParent; }
+    CWindow* parentWindow() const { return m_pParent; }
     void forgetParent() { m_pParent = nullptr; }
     int id() const { return m_traits.id; }
     DWORD style() const { return m_traits.style; }
     const std::string& className() const { return m_traits.className; }
     /// Controls in the order of their creation.
-    std::vector<Window*>& children() { return m_children; }
-    Window* child(int id) const;
+    std::vector<CWindow*>& children() { return m_children; }
+    CWindow* child(int id) const;
 
     CWnd* object() const { return m_pObject; }
     void setObject(CWnd* object);
@@ -96,9 +96,9 @@ private:
     HWND m_handle = nullptr;
     QPointer<QWidget> m_pWidget;
     const QObject* m_pWidgetKey;
-    Window* m_pParent;
+    CWindow* m_pParent;
     WindowTraits m_traits;
-    std::vector<Window*> m_children;
+    std::vector<CWindow*> m_children;
     CWnd* m_pObject = nullptr;
     std::unique_ptr<CWnd> m_pStandIn;
     std::unique_ptr<CScrollBar> m_pScrollBarStandIn;

@@ -11,22 +11,22 @@
 #include <algorithm>
 #include <cstring>
 
-using qtbackend::Window;
-using qtbackend::WindowRegistry;
+using qtbackend::CWindow;
+using qtbackend::CWindowRegistry;
 
 namespace {
 
-Window* find(HWND window) {
-    return WindowRegistry::instance().find(window);
+CWindow* find(HWND window) {
+    return CWindowRegistry::instance().find(window);
 }
 
 QWidget* widgetOf(HWND window) {
-    const Window* const found = find(window);
+    const CWindow* const found = find(window);
     return found != nullptr ? found->widget() : nullptr;
 }
 
 HWND handleOf(const QWidget* widget) {
-    const Window* const found = WindowRegistry::instance().find(widget);
+    const CWindow* const found = CWindowRegistry::instance().find(widget);
     return found != nullptr ? found->handle() : nullptr;
 }
 
@@ -96,17 +96,17 @@ BOOL ShowWindow(HWND window, int command) {
 }
 
 int GetWindowText(HWND window, LPSTR buffer, int size) {
-    const Window* const found = find(window);
+    const CWindow* const found = find(window);
     return copyText(found != nullptr ? found->text().toUtf8() : QByteArray(), buffer, size);
 }
 
 int GetWindowTextLength(HWND window) {
-    const Window* const found = find(window);
+    const CWindow* const found = find(window);
     return found != nullptr ? static_cast<int>(found->text().toUtf8().size()) : 0;
 }
 
 BOOL SetWindowText(HWND window, LPCSTR text) {
-    Window* const found = find(window);
+    CWindow* const found = find(window);
     if (found == nullptr) {
         return FALSE;
     }
@@ -118,41 +118,41 @@ BOOL SetWindowText(HWND window, LPCSTR text) {
 }
 
 int GetClassName(HWND window, LPSTR buffer, int size) {
-    const Window* const found = find(window);
+    const CWindow* const found = find(window);
     return found != nullptr ? copyText(QByteArray::fromStdString(found->className()), buffer, size) : 0;
 }
 
 DWORD GetWindowStyle(HWND window) {
-    const Window* const found = find(window);
+    const CWindow* const found = find(window);
     return found != nullptr ? found->style() : 0;
 }
 
 int GetDlgCtrlID(HWND window) {
-    const Window* const found = find(window);
+    const CWindow* const found = find(window);
     return found != nullptr ? found->id() : 0;
 }
 
 HWND GetDlgItem(HWND dialog, int id) {
-    const Window* const found = find(dialog);
-    const Window* const child = found != nullptr ? found->child(id) : nullptr;
+    const CWindow* const found = find(dialog);
+    const CWindow* const child = found != nullptr ? found->child(id) : nullptr;
     return child != nullptr ? child->handle() : nullptr;
 }
 
 HWND GetParent(HWND window) {
-    const Window* const found = find(window);
-    const Window* const parent = found != nullptr ? found->parentWindow() : nullptr;
+    const CWindow* const found = find(window);
+    const CWindow* const parent = found != nullptr ? found->parentWindow() : nullptr;
     return parent != nullptr ? parent->handle() : nullptr;
 }
 
 HWND GetWindow(HWND window, UINT relation) {
-    Window* const found = find(window);
+    CWindow* const found = find(window);
     if (found == nullptr) {
         return nullptr;
     }
     if (relation == GW_CHILD) {
         return found->children().empty() ? nullptr : found->children().front()->handle();
     }
-    Window* const parent = found->parentWindow();
+    CWindow* const parent = found->parentWindow();
     if (parent == nullptr || relation == GW_OWNER) {
         return parent != nullptr ? parent->handle() : nullptr;
     }
@@ -171,7 +171,7 @@ HWND GetActiveWindow() {
         return ours;
     }
     const HWND hosts = reinterpret_cast<HWND>(active->winId());
-    return WindowRegistry::instance().findOrAdopt(hosts)->handle();
+    return CWindowRegistry::instance().findOrAdopt(hosts)->handle();
 }
 
 HWND SetActiveWindow(HWND window) {
@@ -184,13 +184,13 @@ HWND SetActiveWindow(HWND window) {
 }
 
 BOOL GetWindowRect(HWND window, LPRECT rect) {
-    const Window* const found = find(window);
+    const CWindow* const found = find(window);
     *rect = found != nullptr ? toRect(found->screenGeometry()) : RECT();
     return found != nullptr ? TRUE : FALSE;
 }
 
 BOOL GetClientRect(HWND window, LPRECT rect) {
-    const Window* const found = find(window);
+    const CWindow* const found = find(window);
     *rect = found != nullptr ? toRect(QRect(QPoint(), found->clientRect().size())) : RECT();
     return found != nullptr ? TRUE : FALSE;
 }
@@ -203,7 +203,7 @@ BOOL ScreenToClient(HWND window, LPPOINT point) {
 }
 
 BOOL ClientToScreen(HWND window, LPPOINT point) {
-    const Window* const found = find(window);
+    const CWindow* const found = find(window);
     if (found == nullptr) {
         return FALSE;
     }
@@ -213,7 +213,7 @@ BOOL ClientToScreen(HWND window, LPPOINT point) {
 }
 
 BOOL SetWindowPos(HWND window, HWND, int x, int y, int width, int height, UINT flags) {
-    Window* const found = find(window);
+    CWindow* const found = find(window);
     if (found == nullptr || found->widget() == nullptr) {
         return FALSE;
     }
@@ -232,7 +232,7 @@ BOOL SetWindowPos(HWND window, HWND, int x, int y, int width, int height, UINT f
 }
 
 RECT GetWorkArea(HWND window) {
-    const Window* const found = find(window);
+    const CWindow* const found = find(window);
     const QPoint middle = found != nullptr ? found->screenGeometry().center() : QPoint();
     const QScreen* screen = QGuiApplication::screenAt(middle);
     if (screen == nullptr) {
@@ -284,7 +284,7 @@ HWND SetFocus(HWND window) {
 
 BOOL IsKeyHeld(WPARAM key) {
     Qt::KeyboardModifiers modifiers = QGuiApplication::keyboardModifiers();
-    const QEvent* const event = qtbackend::NativeEvent::current();
+    const QEvent* const event = qtbackend::CNativeEvent::current();
     if (event != nullptr && event->type() == QEvent::KeyPress) {
         modifiers = static_cast<const QKeyEvent*>(event)->modifiers();
     }
@@ -293,18 +293,18 @@ BOOL IsKeyHeld(WPARAM key) {
 }
 
 void SetWindowObject(HWND window, CWnd* object) {
-    if (Window* const found = find(window)) {
+    if (CWindow* const found = find(window)) {
         found->setObject(object);
     }
 }
 
 CWnd* GetWindowObject(HWND window) {
-    const Window* const found = find(window);
+    const CWindow* const found = find(window);
     return found != nullptr ? found->object() : nullptr;
 }
 
 CWnd* GetOrMakeWindowObject(HWND window) {
-    Window* const found = WindowRegistry::instance().findOrAdopt(window);
+    CWindow* const found = CWindowRegistry::instance().findOrAdopt(window);
     if (found == nullptr) {
         return nullptr;
     }
@@ -312,7 +312,7 @@ CWnd* GetOrMakeWindowObject(HWND window) {
 }
 
 CScrollBar* GetScrollBarObject(HWND window) {
-    Window* const found = find(window);
+    CWindow* const found = find(window);
     if (found == nullptr) {
         return nullptr;
     }

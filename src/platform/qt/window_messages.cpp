@@ -7,46 +7,46 @@
 #include <algorithm>
 #include <vector>
 
-using qtbackend::DispatchScope;
-using qtbackend::Window;
-using qtbackend::WindowRegistry;
+using qtbackend::CDispatchScope;
+using qtbackend::CWindow;
+using qtbackend::CWindowRegistry;
 
 namespace {
 
-Window* find(HWND window) {
-    return WindowRegistry::instance().find(window);
+CWindow* find(HWND window) {
+    return CWindowRegistry::instance().find(window);
 }
 
 /// Tells the window and its controls of their end, outermost first, and forgets them, innermost first.
 void finish(HWND handle) {
     SendMessage(handle, WM_DESTROY, 0, 0);
-    if (Window* const window = find(handle)) {
+    if (CWindow* const window = find(handle)) {
         std::vector<HWND> controls;
-        for (const Window* control : window->children()) {
+        for (const CWindow* control : window->children()) {
             controls.push_back(control->handle());
         }
         std::for_each(controls.begin(), controls.end(), finish);
     }
     SendMessage(handle, WM_NCDESTROY, 0, 0);
-    if (Window* const window = find(handle)) {
-        WindowRegistry::instance().retire(*window);
+    if (CWindow* const window = find(handle)) {
+        CWindowRegistry::instance().retire(*window);
     }
 }
 
 } // namespace
 
 LRESULT SendMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    Window* const target = find(window);
+    CWindow* const target = find(window);
     if (target == nullptr) {
         return 0;
     }
-    const DispatchScope scope;
+    const CDispatchScope scope;
     return target->object() != nullptr ? target->object()->WindowProc(message, wParam, lParam)
                                        : target->process(message, wParam, lParam);
 }
 
 BOOL PostMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    Window* const target = find(window);
+    CWindow* const target = find(window);
     if (target == nullptr) {
         return FALSE;
     }
@@ -56,12 +56,12 @@ BOOL PostMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 LRESULT DefWindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    Window* const target = find(window);
+    CWindow* const target = find(window);
     return target != nullptr ? target->process(message, wParam, lParam) : 0;
 }
 
 BOOL DestroyWindow(HWND window) {
-    Window* const ending = find(window);
+    CWindow* const ending = find(window);
     if (ending == nullptr || ending->isEnding() || ending->isForeign()) {
         return FALSE;
     }
@@ -81,12 +81,12 @@ BOOL DestroyWindow(HWND window) {
 }
 
 void qtbackend::endWindow(HWND window) {
-    Window* const ending = find(window);
+    CWindow* const ending = find(window);
     if (ending == nullptr) {
         return;
     }
     ending->markEnding();
-    for (HWND owned : WindowRegistry::instance().ownedBy(*ending)) {
+    for (HWND owned : CWindowRegistry::instance().ownedBy(*ending)) {
         DestroyWindow(owned);
     }
     finish(window);

@@ -32,12 +32,12 @@ std::uintptr_t nativeIdOf(const QWidget& window) {
 
 } // namespace
 
-WindowRegistry& WindowRegistry::instance() {
-    static auto& registry = *new WindowRegistry;
+CWindowRegistry& CWindowRegistry::instance() {
+    static auto& registry = *new CWindowRegistry;
     return registry;
 }
 
-void WindowRegistry::enter(std::unique_ptr<Window> window) {
+void CWindowRegistry::enter(std::unique_ptr<CWindow> window) {
     QWidget* const widget = window->widget();
     if (window->handle() == nullptr) {
         const bool topLevel = widget != nullptr && widget->isWindow();
@@ -51,12 +51,12 @@ void WindowRegistry::enter(std::unique_ptr<Window> window) {
     m_windows[handle] = std::move(window);
 }
 
-Window* WindowRegistry::find(HWND handle) const {
+CWindow* CWindowRegistry::find(HWND handle) const {
     const auto found = m_windows.find(handle);
     return found != m_windows.end() ? found->second.get() : nullptr;
 }
 
-Window* WindowRegistry::find(const QWidget* widget) const {
+CWindow* CWindowRegistry::find(const QWidget* widget) const {
     for (; widget != nullptr; widget = widget->parentWidget()) {
         const auto found = m_byWidget.find(widget);
         if (found != m_byWidget.end()) {
@@ -69,15 +69,15 @@ Window* WindowRegistry::find(const QWidget* widget) const {
     return nullptr;
 }
 
-Window* WindowRegistry::findOrAdopt(HWND handle) {
+CWindow* CWindowRegistry::findOrAdopt(HWND handle) {
     if (handle == nullptr || (reinterpret_cast<std::uintptr_t>(handle) & CONTROL_HANDLE_BIT) != 0) {
         return find(handle);
     }
-    Window* const known = find(handle);
-    return known != nullptr ? known : &add(std::make_unique<ForeignWindow>(handle));
+    CWindow* const known = find(handle);
+    return known != nullptr ? known : &add(std::make_unique<CForeignWindow>(handle));
 }
 
-std::vector<HWND> WindowRegistry::ownedBy(const Window& owner) const {
+std::vector<HWND> CWindowRegistry::ownedBy(const CWindow& owner) const {
     std::vector<HWND> owned;
     if (owner.widget() != nullptr && !owner.widget()->isWindow() && !owner.isForeign()) {
         return owned; // a control
@@ -90,7 +90,7 @@ std::vector<HWND> WindowRegistry::ownedBy(const Window& owner) const {
     return owned;
 }
 
-void WindowRegistry::retire(Window& window) {
+void CWindowRegistry::retire(CWindow& window) {
     const auto found = m_windows.find(window.handle());
     if (found == m_windows.end()) {
         return;
@@ -107,11 +107,11 @@ void WindowRegistry::retire(Window& window) {
     m_windows.erase(found);
 }
 
-DispatchScope::DispatchScope() {
+CDispatchScope::CDispatchScope() {
     ++g_depth;
 }
 
-DispatchScope::~DispatchScope() {
+CDispatchScope::~CDispatchScope() {
     if (--g_depth > 0) {
         return;
     }
@@ -123,7 +123,7 @@ DispatchScope::~DispatchScope() {
     ended().clear();
 }
 
-bool DispatchScope::isActive() {
+bool CDispatchScope::isActive() {
     return g_depth > 0;
 }
 
@@ -144,11 +144,11 @@ QWidget* windowInUse() {
     return active != nullptr ? active : QApplication::activeModalWidget();
 }
 
-ModalRun::ModalRun() : m_pFormerlyActive(windowInUse()) {
+CModalRun::CModalRun() : m_pFormerlyActive(windowInUse()) {
     ++g_modalRuns;
 }
 
-ModalRun::~ModalRun() {
+CModalRun::~CModalRun() {
     if (m_pFormerlyActive != nullptr && m_pFormerlyActive->isVisible()) {
         m_pFormerlyActive->activateWindow();
     }

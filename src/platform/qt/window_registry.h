@@ -11,9 +11,9 @@ namespace qtbackend {
 /// All windows by handle and by widget. A top-level window's handle is its native id; a control's handle is a
 /// number that no native id has, as most controls have no native window of their own. One instance, never
 /// destroyed.
-class WindowRegistry {
+class CWindowRegistry {
 public:
-    static WindowRegistry& instance();
+    static CWindowRegistry& instance();
 
     /// Takes over a window and gives it its handle.
     template <class Kind> Kind& add(std::unique_ptr<Kind> window) {
@@ -22,33 +22,33 @@ public:
         return added;
     }
 
-    Window* find(HWND handle) const;
+    CWindow* find(HWND handle) const;
     /// The window that the widget, or the widget it is a part of, shows.
-    Window* find(const QWidget* widget) const;
+    CWindow* find(const QWidget* widget) const;
     /// The window behind a handle that may be a host's: a stand-in is made for one not seen before.
-    Window* findOrAdopt(HWND handle);
+    CWindow* findOrAdopt(HWND handle);
     /// Every dialog owned by the window.
-    std::vector<HWND> ownedBy(const Window& owner) const;
+    std::vector<HWND> ownedBy(const CWindow& owner) const;
 
     /// Forgets the window; the object is deleted when no message handler runs any more.
-    void retire(Window& window);
+    void retire(CWindow& window);
 
 private:
-    void enter(std::unique_ptr<Window> window);
+    void enter(std::unique_ptr<CWindow> window);
 
-    std::unordered_map<HWND, std::unique_ptr<Window>> m_windows;
-    std::unordered_map<const QObject*, Window*> m_byWidget;
+    std::unordered_map<HWND, std::unique_ptr<CWindow>> m_windows;
+    std::unordered_map<const QObject*, CWindow*> m_byWidget;
     std::uintptr_t m_lastChild = 0;
 };
 
 /// Handlers may end windows whose events are still on their way through Qt. What ends inside a scope is
 /// deleted from the event loop after the outermost scope; outside of any it is deleted at once.
-class DispatchScope {
+class CDispatchScope {
 public:
-    DispatchScope();
-    ~DispatchScope();
-    DispatchScope(const DispatchScope&) = delete;
-    DispatchScope& operator=(const DispatchScope&) = delete;
+    CDispatchScope();
+    ~CDispatchScope();
+    CDispatchScope(const CDispatchScope&) = delete;
+    CDispatchScope& operator=(const CDispatchScope&) = delete;
 
     static bool isActive();
 };
@@ -68,15 +68,15 @@ QWidget* windowInUse();
 int modalRuns();
 /// Marks a nested run of messages for a modal window. At its end the window that was active before is so
 /// again: not every window system sees to that.
-class ModalRun {
+class CModalRun {
 public:
-    ModalRun();
-    ~ModalRun();
-    ModalRun(const ModalRun&) = delete;
-    ModalRun& operator=(const ModalRun&) = delete;
+    CModalRun();
+    ~CModalRun();
+    CModalRun(const CModalRun&) = delete;
+    CModalRun& operator=(const CModalRun&) = delete;
 
 private:
-    DispatchScope m_handlersStillRun;
+    CDispatchScope m_handlersStillRun;
     QPointer<QWidget> m_pFormerlyActive;
 };
 

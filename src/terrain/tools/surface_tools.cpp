@@ -20,9 +20,9 @@ float strengthShare(const CMapEditorModel& model, float unit) {
 }
 
 /// Tints one point after another; what does not change from point to point is worked out once.
-class PointTinter {
+class CPointTinter {
 public:
-    explicit PointTinter(CMapEditorModel& model)
+    explicit CPointTinter(CMapEditorModel& model)
         : m_map(*model.m_pMap)
         , m_target(model.getToolTint())
         , m_nWaterHeight(truncateSaturating(m_map.waterLevel / m_map.heightScale))
@@ -83,7 +83,7 @@ void paintBrush(CMapEditorModel& model, float weight) {
 } // namespace
 
 void tintGround(CMapEditorModel& model) {
-    const PointTinter tinter(model);
+    const CPointTinter tinter(model);
     if (!model.m_selection.exists) {
         const auto footprint = strokeFootprint(model);
         recordBrush(model, footprint);

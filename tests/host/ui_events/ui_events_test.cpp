@@ -49,7 +49,7 @@ void expectNotIdle(EventTally& tally) {
 TEST(UiEvents, RandomEventsNeitherCrashNorHangNorLeak) {
     const std::uint64_t seed = setting("VESK_EVENTS_SEED", 1);
     const int count = static_cast<int>(setting("VESK_EVENTS", SUITE_SHARE));
-    WindowGuard::announceWarning("This plugin does not support"); // what an offscreen window cannot do
+    CWindowGuard::announceWarning("This plugin does not support"); // what an offscreen window cannot do
     std::cout << count << " random events, seed " << seed << std::endl;
     CEventDice dice(seed);
     EventTally tally;

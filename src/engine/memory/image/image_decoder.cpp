@@ -3,6 +3,6 @@
 #include "engine/memory/image/png_decoder.h"
 #include "engine/memory/image/tga_decoder.h"
 
-std::optional<CDecodedImage> decodeImage(std::span<const std::uint8_t> bytes) {
+std::optional<DecodedImage> decodeImage(std::span<const std::uint8_t> bytes) {
     return isPng(bytes) ? decodePng(bytes) : decodeTga(bytes);
 }

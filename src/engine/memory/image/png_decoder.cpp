@@ -46,7 +46,7 @@ bool isPng(std::span<const std::uint8_t> bytes) {
     return bytes.size() >= HEADER_SIZE && std::ranges::equal(bytes.first(START.size()), START);
 }
 
-std::optional<CDecodedImage> decodePng(std::span<const std::uint8_t> bytes) {
+std::optional<DecodedImage> decodePng(std::span<const std::uint8_t> bytes) {
     PngImage image;
     if (png_image_begin_read_from_memory(&image, bytes.data(), bytes.size()) == 0) {
         return std::nullopt;
@@ -59,7 +59,7 @@ std::optional<CDecodedImage> decodePng(std::span<const std::uint8_t> bytes) {
     // those of eight bits, not linear light.
     image.format = PNG_FORMAT_BGRA;
     image.flags |= PNG_IMAGE_FLAG_16BIT_sRGB;
-    CDecodedImage result;
+    DecodedImage result;
     result.width = static_cast<int>(image.width);
     result.height = static_cast<int>(image.height);
     result.pixels.resize(std::size_t{image.width} * image.height);

@@ -6,4 +6,4 @@
 bool isPng(std::span<const std::uint8_t> bytes);
 
 /// Decodes every kind of PNG to eight bits a channel, straight alpha. Terms as for decodeImage.
-std::optional<CDecodedImage> decodePng(std::span<const std::uint8_t> bytes);
+std::optional<DecodedImage> decodePng(std::span<const std::uint8_t> bytes);

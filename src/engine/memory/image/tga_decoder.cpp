@@ -212,7 +212,7 @@ std::vector<qxCColour> decodePixels(const TgaHeader& header, Bytes file, const C
 
 } // namespace
 
-std::optional<CDecodedImage> decodeTga(std::span<const std::uint8_t> bytes) {
+std::optional<DecodedImage> decodeTga(std::span<const std::uint8_t> bytes) {
     if (bytes.size() < HEADER_SIZE) {
         return std::nullopt;
     }
@@ -224,8 +224,8 @@ std::optional<CDecodedImage> decodeTga(std::span<const std::uint8_t> bytes) {
     if (!stored) {
         return std::nullopt;
     }
-    CDecodedImage image{header.width, header.height,
-                        decodePixels(header, plainFile(header, bytes, *stored), CPixelReader(header, bytes))};
+    DecodedImage image{header.width, header.height,
+                       decodePixels(header, plainFile(header, bytes, *stored), CPixelReader(header, bytes))};
     if (image.pixels.empty()) {
         return std::nullopt;
     }

@@ -9,4 +9,4 @@
 /// Alpha: the fourth byte of a 32-bit colour and the second of a 16-bit grey; the top bit of a 16-bit colour
 /// when the header declares an alpha bit. When the header declares none and every pixel is transparent, that
 /// byte was never meant as alpha, and the image is opaque.
-std::optional<CDecodedImage> decodeTga(std::span<const std::uint8_t> bytes);
+std::optional<DecodedImage> decodeTga(std::span<const std::uint8_t> bytes);

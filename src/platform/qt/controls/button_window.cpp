@@ -17,7 +17,7 @@ namespace qtbackend {
 namespace {
 
 /// A check box or radio button that takes clicks on its whole area, not on mark and text alone.
-template <class Button> class WholeAreaButton : public Button {
+template <class Button> class CWholeAreaButton : public Button {
 public:
     using Button::Button;
 
@@ -27,7 +27,7 @@ protected:
 
 /// A push button that stays in. Styles darken such a button by a shade, which a row of pictures hides: it is
 /// filled and framed with the colour of selected things too.
-class StayingButton : public QPushButton {
+class CStayingButton : public QPushButton {
 public:
     using QPushButton::QPushButton;
 
@@ -69,32 +69,32 @@ bool isPush(DWORD style) {
 QAbstractButton& makeWidget(DWORD style, QWidget* parent) {
     const DWORD type = style & BS_TYPEMASK;
     if (isPush(style) || (style & BS_PUSHLIKE) != 0) {
-        auto* const button = isPush(style) ? new QPushButton(parent) : new StayingButton(parent);
+        auto* const button = isPush(style) ? new QPushButton(parent) : new CStayingButton(parent);
         button->setAutoDefault(false);
         button->setDefault(type == BS_DEFPUSHBUTTON);
         button->setCheckable(!isPush(style));
         return *button;
     }
     if (type == BS_RADIOBUTTON || type == BS_AUTORADIOBUTTON) {
-        auto* const button = new WholeAreaButton<QRadioButton>(parent);
+        auto* const button = new CWholeAreaButton<QRadioButton>(parent);
         button->setAutoExclusive(false); // the group is what the template says, and none may be checked
         return *button;
     }
-    return *new WholeAreaButton<QCheckBox>(parent);
+    return *new CWholeAreaButton<QCheckBox>(parent);
 }
 
 } // namespace
 
-ButtonWindow::ButtonWindow(Window& parent, const ControlTraits& traits)
-    : Window(&makeWidget(traits.window.style, parent.widget()), &parent, traits.window)
+CButtonWindow::CButtonWindow(CWindow& parent, const ControlTraits& traits)
+    : CWindow(&makeWidget(traits.window.style, parent.widget()), &parent, traits.window)
     , m_button(static_cast<QAbstractButton&>(*widget())) {
     m_button.setFocusPolicy(Qt::StrongFocus);
     m_button.installEventFilter(this);
     QObject::connect(&m_button, &QAbstractButton::clicked, this, [this] { onClicked(); });
-    ButtonWindow::setText(traits.text);
+    CButtonWindow::setText(traits.text);
 }
 
-LRESULT ButtonWindow::process(UINT message, WPARAM wParam, LPARAM lParam) {
+LRESULT CButtonWindow::process(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
     case BM_GETCHECK:
         return m_button.isChecked() ? 1 : 0;
@@ -112,11 +112,11 @@ LRESULT ButtonWindow::process(UINT message, WPARAM wParam, LPARAM lParam) {
         return reinterpret_cast<LRESULT>(former);
     }
     default:
-        return Window::process(message, wParam, lParam);
+        return CWindow::process(message, wParam, lParam);
     }
 }
 
-LRESULT ButtonWindow::dialogCode() const {
+LRESULT CButtonWindow::dialogCode() const {
     if (isRadio()) {
         return DLGC_BUTTON | DLGC_RADIOBUTTON;
     }
@@ -126,22 +126,22 @@ LRESULT ButtonWindow::dialogCode() const {
     return DLGC_BUTTON | (type() == BS_DEFPUSHBUTTON ? DLGC_DEFPUSHBUTTON : DLGC_UNDEFPUSHBUTTON);
 }
 
-std::unique_ptr<CWnd> ButtonWindow::makeStandIn() const {
+std::unique_ptr<CWnd> CButtonWindow::makeStandIn() const {
     return std::make_unique<CButton>();
 }
 
-void ButtonWindow::setCheck(bool checked) {
+void CButtonWindow::setCheck(bool checked) {
     if (m_button.isChecked() != checked) {
         m_button.setChecked(checked);
     }
 }
 
-bool ButtonWindow::isIconic() const {
+bool CButtonWindow::isIconic() const {
     return m_icon != nullptr || (style() & BS_ICON) != 0;
 }
 
 /// A button made for icons stays empty while it has none.
-void ButtonWindow::setIcon(HICON icon) {
+void CButtonWindow::setIcon(HICON icon) {
     if (m_icon == icon) {
         return;
     }
@@ -155,7 +155,7 @@ void ButtonWindow::setIcon(HICON icon) {
 }
 
 /// The caption of a button that shows an icon is for tool tip and accessibility.
-void ButtonWindow::setText(const QString& text) {
+void CButtonWindow::setText(const QString& text) {
     if (text == m_strText) {
         return; // panels set their captions more often than they change
     }
@@ -169,7 +169,7 @@ void ButtonWindow::setText(const QString& text) {
     }
 }
 
-void ButtonWindow::onClicked() {
+void CButtonWindow::onClicked() {
     if (isEnding()) {
         return;
     }
@@ -180,17 +180,17 @@ void ButtonWindow::onClicked() {
     notify(BN_CLICKED);
 }
 
-void ButtonWindow::uncheckGroup() {
+void CButtonWindow::uncheckGroup() {
     const auto& siblings = parentWindow()->children();
     const auto own = std::find(siblings.begin(), siblings.end(), this);
-    const auto startsGroup = [](const Window* window) { return (window->style() & WS_GROUP) != 0; };
+    const auto startsGroup = [](const CWindow* window) { return (window->style() & WS_GROUP) != 0; };
     auto first = own;
     while (first != siblings.begin() && !startsGroup(*first)) {
         --first;
     }
     const auto end = std::find_if(own + 1, siblings.end(), startsGroup);
-    std::for_each(first, end, [this](Window* member) {
-        auto* const button = dynamic_cast<ButtonWindow*>(member);
+    std::for_each(first, end, [this](CWindow* member) {
+        auto* const button = dynamic_cast<CButtonWindow*>(member);
         if (button != nullptr && button != this && button->isRadio()) {
             button->setCheck(false);
         }

@@ -7,9 +7,9 @@
 namespace qtbackend {
 
 /// A push button, check box or radio button, also those that look like push buttons and stay in.
-class ButtonWindow : public Window {
+class CButtonWindow : public CWindow {
 public:
-    ButtonWindow(Window& parent, const ControlTraits& traits);
+    CButtonWindow(CWindow& parent, const ControlTraits& traits);
 
     LRESULT process(UINT message, WPARAM wParam, LPARAM lParam) override;
     QString text() const override { return m_strText; }

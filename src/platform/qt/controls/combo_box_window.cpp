@@ -8,8 +8,8 @@
 
 namespace qtbackend {
 
-ComboBoxWindow::ComboBoxWindow(Window& parent, const ControlTraits& traits)
-    : Window(new QComboBox(parent.widget()), &parent, traits.window)
+CComboBoxWindow::CComboBoxWindow(CWindow& parent, const ControlTraits& traits)
+    : CWindow(new QComboBox(parent.widget()), &parent, traits.window)
     , m_combo(static_cast<QComboBox&>(*widget())) {
     m_combo.setFocusPolicy(Qt::StrongFocus);
     m_combo.installEventFilter(this);
@@ -26,23 +26,23 @@ ComboBoxWindow::ComboBoxWindow(Window& parent, const ControlTraits& traits)
     QObject::connect(&m_combo, &QComboBox::activated, this, [this] { notify(CBN_SELCHANGE); });
 }
 
-std::unique_ptr<CWnd> ComboBoxWindow::makeStandIn() const {
+std::unique_ptr<CWnd> CComboBoxWindow::makeStandIn() const {
     return std::make_unique<CComboBox>();
 }
 
-void ComboBoxWindow::setText(const QString& text) {
+void CComboBoxWindow::setText(const QString& text) {
     if (m_combo.isEditable()) {
         m_combo.setEditText(text);
     }
 }
 
-void ComboBoxWindow::setGeometry(const QRect& rect) {
+void CComboBoxWindow::setGeometry(const QRect& rect) {
     const int closed = m_combo.sizeHint().height();
     m_combo.setGeometry(QRect(rect.topLeft(), QSize(rect.width(), std::min(closed, rect.height()))));
 }
 
 /// A wheel turned on the way past changes nothing; the focus says which control is meant.
-bool ComboBoxWindow::onEvent(QObject*, QEvent* event) {
+bool CComboBoxWindow::onEvent(QObject*, QEvent* event) {
     if (event->type() == QEvent::Wheel && !m_combo.hasFocus()) {
         event->ignore();
         return true;
@@ -50,7 +50,7 @@ bool ComboBoxWindow::onEvent(QObject*, QEvent* event) {
     return false;
 }
 
-LRESULT ComboBoxWindow::process(UINT message, WPARAM wParam, LPARAM lParam) {
+LRESULT CComboBoxWindow::process(UINT message, WPARAM wParam, LPARAM lParam) {
     const int index = static_cast<int>(wParam);
     switch (message) {
     case CB_ADDSTRING:
@@ -73,11 +73,11 @@ LRESULT ComboBoxWindow::process(UINT message, WPARAM wParam, LPARAM lParam) {
     case CB_SETITEMDATA:
         return processItem(message, index, lParam);
     default:
-        return Window::process(message, wParam, lParam);
+        return CWindow::process(message, wParam, lParam);
     }
 }
 
-LRESULT ComboBoxWindow::processItem(UINT message, int index, LPARAM lParam) {
+LRESULT CComboBoxWindow::processItem(UINT message, int index, LPARAM lParam) {
     if (index < 0 || index >= m_combo.count()) {
         return CB_ERR;
     }
@@ -101,7 +101,7 @@ LRESULT ComboBoxWindow::processItem(UINT message, int index, LPARAM lParam) {
 }
 
 /// An index of -1 adds: at its place in a sorted list, else at the end. Adding selects nothing.
-LRESULT ComboBoxWindow::insert(int index, const QString& text) {
+LRESULT CComboBoxWindow::insert(int index, const QString& text) {
     if (index > m_combo.count()) {
         return CB_ERR;
     }
@@ -118,7 +118,7 @@ LRESULT ComboBoxWindow::insert(int index, const QString& text) {
     return index;
 }
 
-LRESULT ComboBoxWindow::select(int index) {
+LRESULT CComboBoxWindow::select(int index) {
     const int wanted = index < m_combo.count() ? index : -1;
     if (m_combo.currentIndex() != wanted) {
         m_combo.setCurrentIndex(wanted);

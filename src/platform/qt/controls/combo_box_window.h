@@ -7,9 +7,9 @@
 namespace qtbackend {
 
 /// A drop-down list, with or without a text to type in.
-class ComboBoxWindow : public Window {
+class CComboBoxWindow : public CWindow {
 public:
-    ComboBoxWindow(Window& parent, const ControlTraits& traits);
+    CComboBoxWindow(CWindow& parent, const ControlTraits& traits);
 
     LRESULT process(UINT message, WPARAM wParam, LPARAM lParam) override;
     QString text() const override { return m_combo.currentText(); }

@@ -22,20 +22,20 @@ namespace qtbackend {
 
 namespace {
 
-using Maker = std::unique_ptr<Window> (*)(Window&, const ControlTraits&);
+using Maker = std::unique_ptr<CWindow> (*)(CWindow&, const ControlTraits&);
 
-template <class Kind> std::unique_ptr<Window> make(Window& parent, const ControlTraits& traits) {
+template <class Kind> std::unique_ptr<CWindow> make(CWindow& parent, const ControlTraits& traits) {
     return std::make_unique<Kind>(parent, traits);
 }
 
-std::unique_ptr<Window> makeButton(Window& parent, const ControlTraits& traits) {
+std::unique_ptr<CWindow> makeButton(CWindow& parent, const ControlTraits& traits) {
     switch (traits.window.style & BS_TYPEMASK) {
     case BS_GROUPBOX:
-        return make<GroupBoxWindow>(parent, traits);
+        return make<CGroupBoxWindow>(parent, traits);
     case BS_OWNERDRAW:
-        return make<OwnerDrawWindow>(parent, traits);
+        return make<COwnerDrawWindow>(parent, traits);
     default:
-        return make<ButtonWindow>(parent, traits);
+        return make<CButtonWindow>(parent, traits);
     }
 }
 
@@ -53,31 +53,31 @@ std::string lowered(std::string name) {
 Maker makerOf(const std::string& className) {
     static const auto& makers = *new std::unordered_map<std::string, Maker>{
         {"button", &makeButton},
-        {"combobox", &make<ComboBoxWindow>},
-        {"edit", &make<EditWindow>},
-        {"listbox", &make<ListBoxWindow>},
-        {"msctls_progress32", &make<ProgressWindow>},
-        {"msctls_trackbar32", &make<SliderWindow>},
-        {"msctls_updown32", &make<UpDownWindow>},
-        {"scrollbar", &make<ScrollBarWindow>},
-        {"static", &make<StaticWindow>},
-        {"systabcontrol32", &make<TabWindow>},
+        {"combobox", &make<CComboBoxWindow>},
+        {"edit", &make<CEditWindow>},
+        {"listbox", &make<CListBoxWindow>},
+        {"msctls_progress32", &make<CProgressWindow>},
+        {"msctls_trackbar32", &make<CSliderWindow>},
+        {"msctls_updown32", &make<CUpDownWindow>},
+        {"scrollbar", &make<CScrollBarWindow>},
+        {"static", &make<CStaticWindow>},
+        {"systabcontrol32", &make<CTabWindow>},
     };
     const auto found = makers.find(lowered(className));
     if (found != makers.end()) {
         return found->second;
     }
-    return registeredClasses().count(lowered(className)) != 0 ? &make<CustomWindow> : nullptr;
+    return registeredClasses().count(lowered(className)) != 0 ? &make<CCustomWindow> : nullptr;
 }
 
 } // namespace
 
-Window* makeControl(Window& parent, const ControlTraits& traits) {
+CWindow* makeControl(CWindow& parent, const ControlTraits& traits) {
     const Maker maker = makerOf(traits.window.className);
     if (maker == nullptr) {
         return nullptr;
     }
-    Window& made = WindowRegistry::instance().add(maker(parent, traits));
+    CWindow& made = CWindowRegistry::instance().add(maker(parent, traits));
     parent.children().push_back(&made);
     QWidget& widget = *made.widget();
     widget.setObjectName(QString::number(traits.window.id));
@@ -107,7 +107,7 @@ BOOL RegisterClass(const WNDCLASS* windowClass) {
 
 HWND CreateControlWindow(DWORD exStyle, LPCSTR className, LPCSTR text, DWORD style, const RECT& rect,
                          HWND parent, int id) {
-    qtbackend::Window* const parentWindow = qtbackend::WindowRegistry::instance().find(parent);
+    qtbackend::CWindow* const parentWindow = qtbackend::CWindowRegistry::instance().find(parent);
     if (parentWindow == nullptr || parentWindow->widget() == nullptr) {
         return nullptr;
     }
@@ -116,6 +116,6 @@ HWND CreateControlWindow(DWORD exStyle, LPCSTR className, LPCSTR text, DWORD sty
         exStyle,
         QString::fromUtf8(text),
         QRect(QPoint(rect.left, rect.top), QPoint(rect.right - 1, rect.bottom - 1))};
-    const qtbackend::Window* const made = qtbackend::makeControl(*parentWindow, traits);
+    const qtbackend::CWindow* const made = qtbackend::makeControl(*parentWindow, traits);
     return made != nullptr ? made->handle() : nullptr;
 }

@@ -17,7 +17,7 @@ struct ControlTraits {
 
 /// Makes a control at the end of the parent's controls and enters it in the registry; null for an unknown
 /// class.
-Window* makeControl(Window& parent, const ControlTraits& traits);
+CWindow* makeControl(CWindow& parent, const ControlTraits& traits);
 
 void registerClass(const std::string& name);
 

@@ -6,10 +6,10 @@ namespace qtbackend {
 
 namespace {
 
-class CustomWidget : public QFrame {
+class CCustomWidget : public QFrame {
 public:
-    explicit CustomWidget(QWidget* parent) : QFrame(parent) { setMouseTracking(true); }
-    void setWindow(CustomWindow* window) { m_pWindow = window; }
+    explicit CCustomWidget(QWidget* parent) : QFrame(parent) { setMouseTracking(true); }
+    void setWindow(CCustomWindow* window) { m_pWindow = window; }
 
 protected:
     void paintEvent(QPaintEvent* event) override {
@@ -20,14 +20,14 @@ protected:
     }
 
 private:
-    QPointer<CustomWindow> m_pWindow;
+    QPointer<CCustomWindow> m_pWindow;
 };
 
 } // namespace
 
-CustomWindow::CustomWindow(Window& parent, const ControlTraits& traits)
-    : Window(new CustomWidget(parent.widget()), &parent, traits.window) {
-    auto& frame = static_cast<CustomWidget&>(*widget());
+CCustomWindow::CCustomWindow(CWindow& parent, const ControlTraits& traits)
+    : CWindow(new CCustomWidget(parent.widget()), &parent, traits.window) {
+    auto& frame = static_cast<CCustomWidget&>(*widget());
     frame.setWindow(this);
     if ((traits.exStyle & (WS_EX_CLIENTEDGE | WS_EX_STATICEDGE)) != 0) {
         frame.setFrameStyle(static_cast<int>(QFrame::Panel) | static_cast<int>(QFrame::Sunken));
@@ -35,11 +35,11 @@ CustomWindow::CustomWindow(Window& parent, const ControlTraits& traits)
     }
 }
 
-QRect CustomWindow::clientRect() const {
+QRect CCustomWindow::clientRect() const {
     return widget()->contentsRect();
 }
 
-void CustomWindow::paint() {
+void CCustomWindow::paint() {
     if (!isEnding()) {
         ::SendMessage(handle(), WM_PAINT, 0, 0);
     }

@@ -7,9 +7,9 @@ class QPainter;
 namespace qtbackend {
 
 /// A window of a class that the program registered: its object paints it and hears its mouse.
-class CustomWindow : public Window {
+class CCustomWindow : public CWindow {
 public:
-    CustomWindow(Window& parent, const ControlTraits& traits);
+    CCustomWindow(CWindow& parent, const ControlTraits& traits);
 
     bool capturesMouse() const override { return false; }
     QRect clientRect() const override;

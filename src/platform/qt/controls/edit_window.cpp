@@ -23,8 +23,8 @@ void letBeRead(QLineEdit& edit) {
 
 } // namespace
 
-EditWindow::EditWindow(Window& parent, const ControlTraits& traits)
-    : Window(new QLineEdit(traits.text, parent.widget()), &parent, traits.window)
+CEditWindow::CEditWindow(CWindow& parent, const ControlTraits& traits)
+    : CWindow(new QLineEdit(traits.text, parent.widget()), &parent, traits.window)
     , m_edit(static_cast<QLineEdit&>(*widget())) {
     m_edit.installEventFilter(this);
     m_edit.setReadOnly((style() & ES_READONLY) != 0);
@@ -36,11 +36,11 @@ EditWindow::EditWindow(Window& parent, const ControlTraits& traits)
     }
 }
 
-void EditWindow::setArrowKeysTarget(UpDownWindow* upDown) {
+void CEditWindow::setArrowKeysTarget(CUpDownWindow* upDown) {
     m_pArrowKeysTarget = upDown;
 }
 
-LRESULT EditWindow::process(UINT message, WPARAM wParam, LPARAM lParam) {
+LRESULT CEditWindow::process(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
     case EM_SETSEL:
         select(static_cast<int>(wParam), static_cast<int>(lParam));
@@ -49,16 +49,16 @@ LRESULT EditWindow::process(UINT message, WPARAM wParam, LPARAM lParam) {
         m_edit.setReadOnly(wParam != 0);
         return 1;
     default:
-        return Window::process(message, wParam, lParam);
+        return CWindow::process(message, wParam, lParam);
     }
 }
 
-void EditWindow::setText(const QString& text) {
+void CEditWindow::setText(const QString& text) {
     m_edit.setText(text);
     m_edit.setCursorPosition(0); // a text longer than the field shows its beginning
 }
 
-void EditWindow::select(int start, int end) {
+void CEditWindow::select(int start, int end) {
     if (start < 0) {
         m_edit.deselect();
         return;
@@ -67,11 +67,11 @@ void EditWindow::select(int start, int end) {
     m_edit.setSelection(start, (end < 0 ? length : end) - start);
 }
 
-std::unique_ptr<CWnd> EditWindow::makeStandIn() const {
+std::unique_ptr<CWnd> CEditWindow::makeStandIn() const {
     return std::make_unique<CEdit>();
 }
 
-bool EditWindow::onEvent(QObject* watched, QEvent* event) {
+bool CEditWindow::onEvent(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::FocusOut) {
         watched->event(event);
         onFocusLost(event);
@@ -86,7 +86,7 @@ bool EditWindow::onEvent(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::KeyPress && m_pArrowKeysTarget != nullptr) {
         const int key = static_cast<QKeyEvent*>(event)->key();
         if (key == Qt::Key_Up || key == Qt::Key_Down) {
-            static_cast<UpDownWindow*>(m_pArrowKeysTarget.data())->step(key == Qt::Key_Up);
+            static_cast<CUpDownWindow*>(m_pArrowKeysTarget.data())->step(key == Qt::Key_Up);
             return true;
         }
     }
@@ -94,7 +94,7 @@ bool EditWindow::onEvent(QObject* watched, QEvent* event) {
 }
 
 /// The widget has handled the event: a handler that fails may give it the focus and select its text again.
-void EditWindow::onFocusLost(QEvent* event) {
+void CEditWindow::onFocusLost(QEvent* event) {
     const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
     if (reason == Qt::PopupFocusReason) {
         return; // its own context menu, or a drop-down list: neither takes the focus

@@ -6,15 +6,15 @@
 
 namespace qtbackend {
 
-class UpDownWindow;
+class CUpDownWindow;
 
 /// A line of text to type in.
-class EditWindow : public Window {
+class CEditWindow : public CWindow {
 public:
-    EditWindow(Window& parent, const ControlTraits& traits);
+    CEditWindow(CWindow& parent, const ControlTraits& traits);
 
     /// The up-down control that the up and down arrow keys step; null for none.
-    void setArrowKeysTarget(UpDownWindow* upDown);
+    void setArrowKeysTarget(CUpDownWindow* upDown);
 
     LRESULT process(UINT message, WPARAM wParam, LPARAM lParam) override;
     QString text() const override { return m_edit.text(); }

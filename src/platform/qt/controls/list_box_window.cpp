@@ -7,8 +7,8 @@
 
 namespace qtbackend {
 
-ListBoxWindow::ListBoxWindow(Window& parent, const ControlTraits& traits)
-    : Window(new QListWidget(parent.widget()), &parent, traits.window)
+CListBoxWindow::CListBoxWindow(CWindow& parent, const ControlTraits& traits)
+    : CWindow(new QListWidget(parent.widget()), &parent, traits.window)
     , m_list(static_cast<QListWidget&>(*widget())) {
     m_list.installEventFilter(this);
     watch(m_list.viewport());
@@ -28,12 +28,12 @@ ListBoxWindow::ListBoxWindow(Window& parent, const ControlTraits& traits)
     }
 }
 
-std::unique_ptr<CWnd> ListBoxWindow::makeStandIn() const {
+std::unique_ptr<CWnd> CListBoxWindow::makeStandIn() const {
     return std::make_unique<CListBox>();
 }
 
-LRESULT ListBoxWindow::process(UINT message, WPARAM wParam, LPARAM lParam) {
-    const StateScope fromProgram(m_bFromProgram, true);
+LRESULT CListBoxWindow::process(UINT message, WPARAM wParam, LPARAM lParam) {
+    const CStateScope fromProgram(m_bFromProgram, true);
     const int index = static_cast<int>(wParam);
     switch (message) {
     case LB_ADDSTRING:
@@ -70,13 +70,13 @@ LRESULT ListBoxWindow::process(UINT message, WPARAM wParam, LPARAM lParam) {
     case LB_SETITEMDATA:
         return processItem(message, index, lParam);
     default: {
-        const StateScope fromUser(m_bFromProgram, false); // the mouse and the keyboard come this way
-        return Window::process(message, wParam, lParam);
+        const CStateScope fromUser(m_bFromProgram, false); // the mouse and the keyboard come this way
+        return CWindow::process(message, wParam, lParam);
     }
     }
 }
 
-LRESULT ListBoxWindow::processItem(UINT message, int index, LPARAM lParam) {
+LRESULT CListBoxWindow::processItem(UINT message, int index, LPARAM lParam) {
     QListWidgetItem* const item = m_list.item(index);
     if (item == nullptr) {
         return LB_ERR;
@@ -99,7 +99,7 @@ LRESULT ListBoxWindow::processItem(UINT message, int index, LPARAM lParam) {
 }
 
 /// An index of -1 adds: at its place in a sorted list, else at the end.
-LRESULT ListBoxWindow::insert(int index, const QString& text) {
+LRESULT CListBoxWindow::insert(int index, const QString& text) {
     if (index > m_list.count()) {
         return LB_ERR;
     }
@@ -113,7 +113,7 @@ LRESULT ListBoxWindow::insert(int index, const QString& text) {
     return index;
 }
 
-LRESULT ListBoxWindow::remove(int index) {
+LRESULT CListBoxWindow::remove(int index) {
     const bool wasSelected = m_list.item(index)->isSelected();
     delete m_list.takeItem(index);
     if (wasSelected && !isMultiple()) {
@@ -122,7 +122,7 @@ LRESULT ListBoxWindow::remove(int index) {
     return m_list.count();
 }
 
-LRESULT ListBoxWindow::select(int index) {
+LRESULT CListBoxWindow::select(int index) {
     if (isMultiple() || index >= m_list.count()) {
         return LB_ERR;
     }
@@ -134,7 +134,7 @@ LRESULT ListBoxWindow::select(int index) {
     return index;
 }
 
-LRESULT ListBoxWindow::setSelected(int index, bool selected) {
+LRESULT CListBoxWindow::setSelected(int index, bool selected) {
     if (!isMultiple() || index >= m_list.count()) {
         return LB_ERR;
     }
@@ -147,11 +147,11 @@ LRESULT ListBoxWindow::setSelected(int index, bool selected) {
     return 0;
 }
 
-void ListBoxWindow::moveCaret(int index) {
+void CListBoxWindow::moveCaret(int index) {
     m_list.setCurrentRow(index, QItemSelectionModel::NoUpdate);
 }
 
-LRESULT ListBoxWindow::findPrefix(int startAfter, const QString& prefix) const {
+LRESULT CListBoxWindow::findPrefix(int startAfter, const QString& prefix) const {
     const int count = m_list.count();
     for (int step = 1; step <= count; ++step) {
         const int index = (startAfter + step) % count;
@@ -162,7 +162,7 @@ LRESULT ListBoxWindow::findPrefix(int startAfter, const QString& prefix) const {
     return LB_ERR;
 }
 
-LRESULT ListBoxWindow::copySelected(int room, int* indices) const {
+LRESULT CListBoxWindow::copySelected(int room, int* indices) const {
     if (!isMultiple()) {
         return LB_ERR;
     }

@@ -7,9 +7,9 @@
 namespace qtbackend {
 
 /// A list of texts, for one or several selected.
-class ListBoxWindow : public Window {
+class CListBoxWindow : public CWindow {
 public:
-    ListBoxWindow(Window& parent, const ControlTraits& traits);
+    CListBoxWindow(CWindow& parent, const ControlTraits& traits);
 
     LRESULT process(UINT message, WPARAM wParam, LPARAM lParam) override;
 

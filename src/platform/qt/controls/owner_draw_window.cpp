@@ -15,12 +15,12 @@ namespace qtbackend {
 namespace {
 
 /// Asks its window for its picture. What the object leaves unpainted keeps what was there.
-class OwnerDrawButton : public QAbstractButton {
+class COwnerDrawButton : public QAbstractButton {
 public:
-    explicit OwnerDrawButton(QWidget* parent) : QAbstractButton(parent) {
+    explicit COwnerDrawButton(QWidget* parent) : QAbstractButton(parent) {
         setAttribute(Qt::WA_OpaquePaintEvent);
     }
-    void setWindow(OwnerDrawWindow* window) { m_pWindow = window; }
+    void setWindow(COwnerDrawWindow* window) { m_pWindow = window; }
 
 protected:
     void paintEvent(QPaintEvent*) override {
@@ -34,32 +34,32 @@ protected:
     }
 
 private:
-    QPointer<OwnerDrawWindow> m_pWindow;
+    QPointer<COwnerDrawWindow> m_pWindow;
     bool m_bPainted = false;
 };
 
 } // namespace
 
-OwnerDrawWindow::OwnerDrawWindow(Window& parent, const ControlTraits& traits)
-    : Window(new OwnerDrawButton(parent.widget()), &parent, traits.window) {
-    auto& button = static_cast<OwnerDrawButton&>(*widget());
+COwnerDrawWindow::COwnerDrawWindow(CWindow& parent, const ControlTraits& traits)
+    : CWindow(new COwnerDrawButton(parent.widget()), &parent, traits.window) {
+    auto& button = static_cast<COwnerDrawButton&>(*widget());
     button.setWindow(this);
     button.installEventFilter(this);
     // A click gives the focus in the default processing of the press, which the object may leave out.
     button.setFocusPolicy((style() & WS_TABSTOP) != 0 ? Qt::TabFocus : Qt::NoFocus);
     QObject::connect(&button, &QAbstractButton::clicked, this, [this] { notify(BN_CLICKED); });
-    OwnerDrawWindow::setText(traits.text);
+    COwnerDrawWindow::setText(traits.text);
 }
 
 /// The picture is the object's; the text is for tool tip and accessibility. Its first line is the name; the
 /// tool tip serves as the description.
-void OwnerDrawWindow::setText(const QString& text) {
+void COwnerDrawWindow::setText(const QString& text) {
     m_strText = text;
     widget()->setToolTip(text);
     widget()->setAccessibleName(text.section(QLatin1Char('\n'), 0, 0));
 }
 
-LRESULT OwnerDrawWindow::process(UINT message, WPARAM wParam, LPARAM lParam) {
+LRESULT COwnerDrawWindow::process(UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_LBUTTONDBLCLK) {
         notify(BN_DOUBLECLICKED);
         return 0;
@@ -67,20 +67,20 @@ LRESULT OwnerDrawWindow::process(UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_LBUTTONDOWN) {
         widget()->setFocus(Qt::MouseFocusReason);
     }
-    return Window::process(message, wParam, lParam);
+    return CWindow::process(message, wParam, lParam);
 }
 
-std::unique_ptr<CWnd> OwnerDrawWindow::makeStandIn() const {
+std::unique_ptr<CWnd> COwnerDrawWindow::makeStandIn() const {
     return std::make_unique<CButton>();
 }
 
-UINT OwnerDrawWindow::itemState() const {
+UINT COwnerDrawWindow::itemState() const {
     const auto& button = static_cast<const QAbstractButton&>(*widget());
     return (button.isDown() ? ODS_SELECTED : 0) | (button.isEnabled() ? 0 : ODS_DISABLED) |
            (button.hasFocus() ? ODS_FOCUS : 0);
 }
 
-void OwnerDrawWindow::paint(QPainter& painter) {
+void COwnerDrawWindow::paint(QPainter& painter) {
     if (isEnding() || parentWindow() == nullptr) {
         return;
     }

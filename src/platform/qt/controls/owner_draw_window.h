@@ -7,9 +7,9 @@ class QPainter;
 namespace qtbackend {
 
 /// A button that its object paints.
-class OwnerDrawWindow : public Window {
+class COwnerDrawWindow : public CWindow {
 public:
-    OwnerDrawWindow(Window& parent, const ControlTraits& traits);
+    COwnerDrawWindow(CWindow& parent, const ControlTraits& traits);
 
     LRESULT process(UINT message, WPARAM wParam, LPARAM lParam) override;
     QString text() const override { return m_strText; }

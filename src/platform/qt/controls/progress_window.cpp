@@ -30,8 +30,8 @@ void setRange(QProgressBar& bar, int lower, int upper) {
 
 } // namespace
 
-ProgressWindow::ProgressWindow(Window& parent, const ControlTraits& traits)
-    : Window(new QProgressBar(parent.widget()), &parent, traits.window) {
+CProgressWindow::CProgressWindow(CWindow& parent, const ControlTraits& traits)
+    : CWindow(new QProgressBar(parent.widget()), &parent, traits.window) {
     auto& bar = static_cast<QProgressBar&>(*widget());
     bar.setTextVisible(false);
     bar.setToolTip(traits.text);
@@ -40,7 +40,7 @@ ProgressWindow::ProgressWindow(Window& parent, const ControlTraits& traits)
     bar.setValue(0);
 }
 
-LRESULT ProgressWindow::process(UINT message, WPARAM wParam, LPARAM lParam) {
+LRESULT CProgressWindow::process(UINT message, WPARAM wParam, LPARAM lParam) {
     auto& bar = static_cast<QProgressBar&>(*widget());
     switch (message) {
     case PBM_SETRANGE32:
@@ -51,11 +51,11 @@ LRESULT ProgressWindow::process(UINT message, WPARAM wParam, LPARAM lParam) {
     case PBM_GETPOS:
         return bar.value();
     default:
-        return Window::process(message, wParam, lParam);
+        return CWindow::process(message, wParam, lParam);
     }
 }
 
-std::unique_ptr<CWnd> ProgressWindow::makeStandIn() const {
+std::unique_ptr<CWnd> CProgressWindow::makeStandIn() const {
     return std::make_unique<CProgressCtrl>();
 }
 

@@ -5,9 +5,9 @@
 namespace qtbackend {
 
 /// A bar that fills up.
-class ProgressWindow : public Window {
+class CProgressWindow : public CWindow {
 public:
-    ProgressWindow(Window& parent, const ControlTraits& traits);
+    CProgressWindow(CWindow& parent, const ControlTraits& traits);
 
     LRESULT process(UINT message, WPARAM wParam, LPARAM lParam) override;
     bool capturesMouse() const override { return false; }

@@ -36,9 +36,9 @@ int codeOf(int action) {
 
 } // namespace
 
-AbstractSliderWindow::AbstractSliderWindow(QAbstractSlider* slider, Window& parent,
-                                           const ControlTraits& traits)
-    : Window(slider, &parent, traits.window), m_slider(*slider) {
+CAbstractSliderWindow::CAbstractSliderWindow(QAbstractSlider* slider, CWindow& parent,
+                                             const ControlTraits& traits)
+    : CWindow(slider, &parent, traits.window), m_slider(*slider) {
     m_slider.setFocusPolicy((style() & WS_TABSTOP) != 0 ? Qt::StrongFocus : Qt::ClickFocus);
     m_slider.installEventFilter(this);
     if (!traits.text.isEmpty()) {
@@ -58,7 +58,7 @@ AbstractSliderWindow::AbstractSliderWindow(QAbstractSlider* slider, Window& pare
 }
 
 /// A wheel turned on the way past changes nothing.
-bool AbstractSliderWindow::onEvent(QObject*, QEvent* event) {
+bool CAbstractSliderWindow::onEvent(QObject*, QEvent* event) {
     if (event->type() == QEvent::Wheel && !m_slider.hasFocus()) {
         event->ignore();
         return true;
@@ -66,12 +66,12 @@ bool AbstractSliderWindow::onEvent(QObject*, QEvent* event) {
     return false;
 }
 
-void AbstractSliderWindow::onMoved(int code) {
+void CAbstractSliderWindow::onMoved(int code) {
     notifyScroll(m_slider.orientation(), code, code == SB_THUMBTRACK ? m_slider.value() : 0);
 }
 
-LRESULT AbstractSliderWindow::setPosition(int position) {
-    const StateScope fromProgram(m_bFromProgram, true);
+LRESULT CAbstractSliderWindow::setPosition(int position) {
+    const CStateScope fromProgram(m_bFromProgram, true);
     const int former = m_slider.value();
     if (former != position) {
         m_slider.setValue(position);
@@ -80,14 +80,14 @@ LRESULT AbstractSliderWindow::setPosition(int position) {
 }
 
 /// A page is a fifth of the range, as the system has it.
-void AbstractSliderWindow::setRange(int lower, int upper) {
-    const StateScope fromProgram(m_bFromProgram, true);
+void CAbstractSliderWindow::setRange(int lower, int upper) {
+    const CStateScope fromProgram(m_bFromProgram, true);
     m_slider.setRange(lower, upper);
     m_slider.setPageStep(std::max(1, (upper - lower) / 5));
 }
 
-SliderWindow::SliderWindow(Window& parent, const ControlTraits& traits)
-    : AbstractSliderWindow(
+CSliderWindow::CSliderWindow(CWindow& parent, const ControlTraits& traits)
+    : CAbstractSliderWindow(
           new QSlider((traits.window.style & TBS_VERT) != 0 ? Qt::Vertical : Qt::Horizontal, parent.widget()),
           parent, traits) {
     setRange(0, 100);
@@ -98,7 +98,7 @@ SliderWindow::SliderWindow(Window& parent, const ControlTraits& traits)
     }
 }
 
-LRESULT SliderWindow::process(UINT message, WPARAM wParam, LPARAM lParam) {
+LRESULT CSliderWindow::process(UINT message, WPARAM wParam, LPARAM lParam) {
     const int value = static_cast<int>(lParam);
     switch (message) {
     case TBM_GETPOS:
@@ -117,23 +117,23 @@ LRESULT SliderWindow::process(UINT message, WPARAM wParam, LPARAM lParam) {
         setRange(slider().minimum(), value);
         return 0;
     default:
-        return Window::process(message, wParam, lParam);
+        return CWindow::process(message, wParam, lParam);
     }
 }
 
-std::unique_ptr<CWnd> SliderWindow::makeStandIn() const {
+std::unique_ptr<CWnd> CSliderWindow::makeStandIn() const {
     return std::make_unique<CSliderCtrl>();
 }
 
-ScrollBarWindow::ScrollBarWindow(Window& parent, const ControlTraits& traits)
-    : AbstractSliderWindow(
+CScrollBarWindow::CScrollBarWindow(CWindow& parent, const ControlTraits& traits)
+    : CAbstractSliderWindow(
           new QScrollBar((traits.window.style & SBS_VERT) != 0 ? Qt::Vertical : Qt::Horizontal,
                          parent.widget()),
           parent, traits) {
     setRange(0, 100);
 }
 
-LRESULT ScrollBarWindow::process(UINT message, WPARAM wParam, LPARAM lParam) {
+LRESULT CScrollBarWindow::process(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
     case SBM_GETPOS:
         return m_nPosition;
@@ -148,19 +148,19 @@ LRESULT ScrollBarWindow::process(UINT message, WPARAM wParam, LPARAM lParam) {
         m_nPosition = std::clamp(m_nPosition, slider().minimum(), slider().maximum());
         return 0;
     default:
-        return Window::process(message, wParam, lParam);
+        return CWindow::process(message, wParam, lParam);
     }
 }
 
 /// The thumb follows the mouse while it is dragged; otherwise it stands where the parent has put it.
-void ScrollBarWindow::onMoved(int code) {
-    AbstractSliderWindow::onMoved(code);
+void CScrollBarWindow::onMoved(int code) {
+    CAbstractSliderWindow::onMoved(code);
     if (!isEnding() && !slider().isSliderDown()) {
         setPosition(m_nPosition);
     }
 }
 
-std::unique_ptr<CWnd> ScrollBarWindow::makeStandIn() const {
+std::unique_ptr<CWnd> CScrollBarWindow::makeStandIn() const {
     return std::make_unique<CScrollBar>();
 }
 

@@ -7,9 +7,9 @@
 namespace qtbackend {
 
 /// What trackbars and scroll bars have in common: the user's moves arrive at the parent as scroll messages.
-class AbstractSliderWindow : public Window {
+class CAbstractSliderWindow : public CWindow {
 public:
-    AbstractSliderWindow(QAbstractSlider* slider, Window& parent, const ControlTraits& traits);
+    CAbstractSliderWindow(QAbstractSlider* slider, CWindow& parent, const ControlTraits& traits);
 
 protected:
     QAbstractSlider& slider() const { return m_slider; }
@@ -27,9 +27,9 @@ private:
 };
 
 /// A trackbar.
-class SliderWindow : public AbstractSliderWindow {
+class CSliderWindow : public CAbstractSliderWindow {
 public:
-    SliderWindow(Window& parent, const ControlTraits& traits);
+    CSliderWindow(CWindow& parent, const ControlTraits& traits);
 
     LRESULT process(UINT message, WPARAM wParam, LPARAM lParam) override;
 
@@ -38,9 +38,9 @@ protected:
 };
 
 /// A scroll bar that stands alone. It shows what its parent tells it, also after the user has moved it.
-class ScrollBarWindow : public AbstractSliderWindow {
+class CScrollBarWindow : public CAbstractSliderWindow {
 public:
-    ScrollBarWindow(Window& parent, const ControlTraits& traits);
+    CScrollBarWindow(CWindow& parent, const ControlTraits& traits);
 
     LRESULT process(UINT message, WPARAM wParam, LPARAM lParam) override;
 

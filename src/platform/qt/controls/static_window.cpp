@@ -36,7 +36,7 @@ void letMouseThrough(QWidget& widget) {
 
 /// A group box whose title stands in the line of its frame. Templates leave no more room than that between
 /// the title and what the box surrounds, and many styles would put the frame below the title.
-class TitledFrame : public QGroupBox {
+class CTitledFrame : public QGroupBox {
 public:
     using QGroupBox::QGroupBox;
 
@@ -78,12 +78,12 @@ QWidget* makeWidget(DWORD style, QWidget* parent) {
 
 } // namespace
 
-StaticWindow::StaticWindow(Window& parent, const ControlTraits& traits)
-    : Window(makeWidget(traits.window.style, parent.widget()), &parent, traits.window) {
-    StaticWindow::setText(traits.text);
+CStaticWindow::CStaticWindow(CWindow& parent, const ControlTraits& traits)
+    : CWindow(makeWidget(traits.window.style, parent.widget()), &parent, traits.window) {
+    CStaticWindow::setText(traits.text);
 }
 
-void StaticWindow::setText(const QString& text) {
+void CStaticWindow::setText(const QString& text) {
     m_strText = text;
     if (!isShape(style())) {
         QString shown = text;
@@ -92,20 +92,20 @@ void StaticWindow::setText(const QString& text) {
     }
 }
 
-std::unique_ptr<CWnd> StaticWindow::makeStandIn() const {
+std::unique_ptr<CWnd> CStaticWindow::makeStandIn() const {
     return std::make_unique<CStatic>();
 }
 
-GroupBoxWindow::GroupBoxWindow(Window& parent, const ControlTraits& traits)
-    : Window(new TitledFrame(traits.text, parent.widget()), &parent, traits.window) {
+CGroupBoxWindow::CGroupBoxWindow(CWindow& parent, const ControlTraits& traits)
+    : CWindow(new CTitledFrame(traits.text, parent.widget()), &parent, traits.window) {
     letMouseThrough(*widget());
 }
 
-QString GroupBoxWindow::text() const {
+QString CGroupBoxWindow::text() const {
     return static_cast<QGroupBox*>(widget())->title();
 }
 
-void GroupBoxWindow::setText(const QString& text) {
+void CGroupBoxWindow::setText(const QString& text) {
     static_cast<QGroupBox*>(widget())->setTitle(text);
 }
 

@@ -5,9 +5,9 @@
 namespace qtbackend {
 
 /// A text, frame or rectangle. Lets the mouse through and lies below the controls it surrounds.
-class StaticWindow : public Window {
+class CStaticWindow : public CWindow {
 public:
-    StaticWindow(Window& parent, const ControlTraits& traits);
+    CStaticWindow(CWindow& parent, const ControlTraits& traits);
 
     QString text() const override { return m_strText; }
     void setText(const QString& text) override;
@@ -22,9 +22,9 @@ private:
 };
 
 /// A titled frame around other controls.
-class GroupBoxWindow : public Window {
+class CGroupBoxWindow : public CWindow {
 public:
-    GroupBoxWindow(Window& parent, const ControlTraits& traits);
+    CGroupBoxWindow(CWindow& parent, const ControlTraits& traits);
 
     QString text() const override;
     void setText(const QString& text) override;

@@ -13,9 +13,9 @@ namespace qtbackend {
 namespace {
 
 /// Tabs with the frame of their page below.
-class TabsOverPage : public QTabBar {
+class CTabsOverPage : public QTabBar {
 public:
-    explicit TabsOverPage(QWidget* parent) : QTabBar(parent) {
+    explicit CTabsOverPage(QWidget* parent) : QTabBar(parent) {
         setDrawBase(false);
         setExpanding(false);
     }
@@ -38,19 +38,19 @@ protected:
 
 } // namespace
 
-TabWindow::TabWindow(Window& parent, const ControlTraits& traits)
-    : Window(new TabsOverPage(parent.widget()), &parent, traits.window)
+CTabWindow::CTabWindow(CWindow& parent, const ControlTraits& traits)
+    : CWindow(new CTabsOverPage(parent.widget()), &parent, traits.window)
     , m_tabs(static_cast<QTabBar&>(*widget())) {
     m_tabs.lower();
     m_tabs.installEventFilter(this);
     QObject::connect(&m_tabs, &QTabBar::currentChanged, this, [this] { onChanged(); });
 }
 
-std::unique_ptr<CWnd> TabWindow::makeStandIn() const {
+std::unique_ptr<CWnd> CTabWindow::makeStandIn() const {
     return std::make_unique<CTabCtrl>();
 }
 
-void TabWindow::onChanged() {
+void CTabWindow::onChanged() {
     if (!m_bFromProgram) {
         NMHDR header;
         notify(header, TCN_SELCHANGE);
@@ -58,7 +58,7 @@ void TabWindow::onChanged() {
 }
 
 /// A wheel turned over the tabs on the way past changes nothing.
-bool TabWindow::onEvent(QObject*, QEvent* event) {
+bool CTabWindow::onEvent(QObject*, QEvent* event) {
     if (event->type() == QEvent::Wheel && !m_tabs.hasFocus()) {
         event->ignore();
         return true;
@@ -66,7 +66,7 @@ bool TabWindow::onEvent(QObject*, QEvent* event) {
     return false;
 }
 
-LRESULT TabWindow::process(UINT message, WPARAM wParam, LPARAM lParam) {
+LRESULT CTabWindow::process(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
     case TCM_INSERTITEM:
         return insert(static_cast<int>(wParam), toText(lParam));
@@ -77,17 +77,17 @@ LRESULT TabWindow::process(UINT message, WPARAM wParam, LPARAM lParam) {
     case TCM_SETCURSEL:
         return select(static_cast<int>(wParam));
     default:
-        return Window::process(message, wParam, lParam);
+        return CWindow::process(message, wParam, lParam);
     }
 }
 
-LRESULT TabWindow::insert(int index, const QString& text) {
-    const StateScope fromProgram(m_bFromProgram, true);
+LRESULT CTabWindow::insert(int index, const QString& text) {
+    const CStateScope fromProgram(m_bFromProgram, true);
     return m_tabs.insertTab(index, text);
 }
 
-LRESULT TabWindow::select(int index) {
-    const StateScope fromProgram(m_bFromProgram, true);
+LRESULT CTabWindow::select(int index) {
+    const CStateScope fromProgram(m_bFromProgram, true);
     const int former = m_tabs.currentIndex();
     if (index >= 0 && index < m_tabs.count()) {
         m_tabs.setCurrentIndex(index);

@@ -7,9 +7,9 @@
 namespace qtbackend {
 
 /// A row of tabs over an empty page, on which the dialog's other controls stand.
-class TabWindow : public Window {
+class CTabWindow : public CWindow {
 public:
-    TabWindow(Window& parent, const ControlTraits& traits);
+    CTabWindow(CWindow& parent, const ControlTraits& traits);
 
     LRESULT process(UINT message, WPARAM wParam, LPARAM lParam) override;
 

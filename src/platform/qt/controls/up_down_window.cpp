@@ -20,13 +20,13 @@ namespace qtbackend {
 namespace {
 
 /// The arrows of a spin box without its text.
-class ArrowPair : public QAbstractSpinBox {
+class CArrowPair : public QAbstractSpinBox {
 public:
-    explicit ArrowPair(QWidget* parent) : QAbstractSpinBox(parent) {
+    explicit CArrowPair(QWidget* parent) : QAbstractSpinBox(parent) {
         setFocusPolicy(Qt::NoFocus);
         lineEdit()->hide();
     }
-    void setWindow(UpDownWindow* window) { m_pWindow = window; }
+    void setWindow(CUpDownWindow* window) { m_pWindow = window; }
     void stepBy(int steps) override {
         const int runsBefore = modalRuns();
         if (m_pWindow != nullptr) {
@@ -58,35 +58,35 @@ private:
         focusOutEvent(&lost);
     }
 
-    QPointer<UpDownWindow> m_pWindow;
+    QPointer<CUpDownWindow> m_pWindow;
 };
 
 } // namespace
 
-UpDownWindow::UpDownWindow(Window& parent, const ControlTraits& traits)
-    : Window(new ArrowPair(parent.widget()), &parent, traits.window) {
-    static_cast<ArrowPair&>(*widget()).setWindow(this);
+CUpDownWindow::CUpDownWindow(CWindow& parent, const ControlTraits& traits)
+    : CWindow(new CArrowPair(parent.widget()), &parent, traits.window) {
+    static_cast<CArrowPair&>(*widget()).setWindow(this);
     widget()->installEventFilter(this);
 }
 
-void UpDownWindow::onCreated() {
+void CUpDownWindow::onCreated() {
     if ((style() & UDS_AUTOBUDDY) != 0) {
         setBuddy(::GetWindow(handle(), GW_HWNDPREV));
     }
 }
 
-std::unique_ptr<CWnd> UpDownWindow::makeStandIn() const {
+std::unique_ptr<CWnd> CUpDownWindow::makeStandIn() const {
     return std::make_unique<CSpinButtonCtrl>();
 }
 
-Window* UpDownWindow::buddy() const {
-    return WindowRegistry::instance().find(m_buddy);
+CWindow* CUpDownWindow::buddy() const {
+    return CWindowRegistry::instance().find(m_buddy);
 }
 
-HWND UpDownWindow::setBuddy(HWND window) {
+HWND CUpDownWindow::setBuddy(HWND window) {
     const HWND former = std::exchange(m_buddy, window);
     if ((style() & UDS_ARROWKEYS) != 0) {
-        if (auto* const edit = dynamic_cast<EditWindow*>(buddy())) {
+        if (auto* const edit = dynamic_cast<CEditWindow*>(buddy())) {
             edit->setArrowKeysTarget(this);
         }
     }
@@ -95,7 +95,7 @@ HWND UpDownWindow::setBuddy(HWND window) {
 }
 
 /// Takes its place out of the buddy's where the style says so.
-void UpDownWindow::standBesideBuddy() {
+void CUpDownWindow::standBesideBuddy() {
     const bool right = (style() & UDS_ALIGNRIGHT) != 0;
     if (buddy() == nullptr || (!right && (style() & UDS_ALIGNLEFT) == 0)) {
         return;
@@ -112,7 +112,7 @@ void UpDownWindow::standBesideBuddy() {
     buddy()->setGeometry(whole);
 }
 
-LRESULT UpDownWindow::process(UINT message, WPARAM wParam, LPARAM lParam) {
+LRESULT CUpDownWindow::process(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
     case UDM_SETBUDDY:
         return reinterpret_cast<LRESULT>(setBuddy(reinterpret_cast<HWND>(wParam)));
@@ -127,11 +127,11 @@ LRESULT UpDownWindow::process(UINT message, WPARAM wParam, LPARAM lParam) {
     case UDM_GETPOS32:
         return m_nPosition;
     default:
-        return Window::process(message, wParam, lParam);
+        return CWindow::process(message, wParam, lParam);
     }
 }
 
-int UpDownWindow::setPosition(int position) {
+int CUpDownWindow::setPosition(int position) {
     const auto [low, high] = std::minmax(m_nLower, m_nUpper);
     const int former = std::exchange(m_nPosition, std::clamp(position, low, high));
     if ((style() & UDS_SETBUDDYINT) != 0 && buddy() != nullptr) {
@@ -140,11 +140,11 @@ int UpDownWindow::setPosition(int position) {
     return former;
 }
 
-void UpDownWindow::step(bool up) {
+void CUpDownWindow::step(bool up) {
     if (isEnding() || !widget()->isEnabled()) {
         return;
     }
-    const QPointer<UpDownWindow> alive = this;
+    const QPointer<CUpDownWindow> alive = this;
     NMUPDOWN record;
     record.iPos = m_nPosition;
     record.iDelta = up == (m_nUpper >= m_nLower) ? 1 : -1;
@@ -160,7 +160,7 @@ void UpDownWindow::step(bool up) {
 }
 
 /// A press first gives the buddy the focus, so that what was typed elsewhere is taken over before the step.
-bool UpDownWindow::onEvent(QObject*, QEvent* event) {
+bool CUpDownWindow::onEvent(QObject*, QEvent* event) {
     if (event->type() != QEvent::MouseButtonPress || buddy() == nullptr || !widget()->isEnabled()) {
         return false;
     }

@@ -5,9 +5,9 @@
 namespace qtbackend {
 
 /// A pair of arrows beside its buddy, mostly an edit.
-class UpDownWindow : public Window {
+class CUpDownWindow : public CWindow {
 public:
-    UpDownWindow(Window& parent, const ControlTraits& traits);
+    CUpDownWindow(CWindow& parent, const ControlTraits& traits);
 
     void onCreated() override;
     LRESULT process(UINT message, WPARAM wParam, LPARAM lParam) override;
@@ -22,7 +22,7 @@ protected:
     bool onEvent(QObject* watched, QEvent* event) override;
 
 private:
-    Window* buddy() const;
+    CWindow* buddy() const;
     HWND setBuddy(HWND window);
     void standBesideBuddy();
     int setPosition(int position);
