@@ -1,7 +1,7 @@
 #include "sandbox/app/ground_dressing.h"
 
 #include "engine/qx_texture.h"
-#include "sandbox/app/soft_noise.h"
+#include "sandbox/app/value_noise.h"
 
 #include <algorithm>
 #include <array>
@@ -101,10 +101,10 @@ private:
             }
         };
         cover(GroundKind::FOREST,
-              0.9F * softStep(0.1F, 0.25F, rise) * softStep(0.4F, 0.6F, m_stand.at(x, z)));
-        cover(GroundKind::HEATH, 0.85F * softStep(0.45F, 0.8F, rise));
-        cover(GroundKind::SCREE, 0.8F * softStep(0.48F, 0.70F, steep)); // from 26 degrees
-        cover(GroundKind::ROCK, softStep(0.65F, 0.90F, steep));         // from 33 degrees
+              0.9F * smoothstep(0.1F, 0.25F, rise) * smoothstep(0.4F, 0.6F, m_stand.at(x, z)));
+        cover(GroundKind::HEATH, 0.85F * smoothstep(0.45F, 0.8F, rise));
+        cover(GroundKind::SCREE, 0.8F * smoothstep(0.48F, 0.70F, steep)); // from 26 degrees
+        cover(GroundKind::ROCK, smoothstep(0.65F, 0.90F, steep));         // from 33 degrees
         m_map.setPointColour(0, x, z,
                              {static_cast<int>(surface.red), static_cast<int>(surface.green),
                               static_cast<int>(surface.blue), 255});
@@ -116,9 +116,9 @@ private:
     int m_nDim;
     float m_fLow;
     float m_fSpan;
-    CSoftNoise m_grain{4};
-    CSoftNoise m_patch{16};
-    CSoftNoise m_stand{32}; // of trees
+    CValueNoise m_grain{4};
+    CValueNoise m_patch{16};
+    CValueNoise m_stand{32}; // of trees
 };
 
 } // namespace

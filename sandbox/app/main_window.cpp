@@ -18,13 +18,14 @@
 
 namespace {
 
-constexpr double EASY_UNIT = 0.01; // world units that a pixel of drag should move the ground at least
+constexpr double MIN_HEIGHT_PER_PIXEL =
+    0.01; // world units that a pixel of drag should move the ground at least
 
 constexpr std::chrono::minutes AUTOSAVE_PERIOD(1);
 
 /// The panel opens over the middle of its host, where the ground is. At the view's left edge it is out of the
 /// way and has room for its right half.
-constexpr QPoint FIRST_PANEL_PLACE(12, 12);
+constexpr QPoint FIRST_PANEL_POSITION(12, 12);
 
 /// The map editor's window, or null.
 QWidget* findPanel() {
@@ -67,9 +68,9 @@ CMainWindow::~CMainWindow() {
 }
 
 void CMainWindow::connectView() {
-    connect(m_pView, &CMapView::pointerMoved, this, &CMainWindow::showPlace);
-    connect(m_pView, &CMapView::paceMeasured, this, [this](double picturesPerSecond) {
-        m_pPace->setText(tr("%1 fps").arg(picturesPerSecond, 0, 'f', 0));
+    connect(m_pView, &CMapView::pointerMoved, this, &CMainWindow::showPosition);
+    connect(m_pView, &CMapView::frameRateMeasured, this, [this](double framesPerSecond) {
+        m_pFrameRate->setText(tr("%1 fps").arg(framesPerSecond, 0, 'f', 0));
     });
 }
 
@@ -77,7 +78,7 @@ void CMainWindow::adoptMap() {
     m_pView->setMap(&m_document.map());
     const QSignalBlocker quiet(m_pWaterLevel);
     m_pWaterLevel->setValue(m_document.waterLevel());
-    const double wanted = EASY_UNIT / m_document.map().heightScale;
+    const double wanted = MIN_HEIGHT_PER_PIXEL / m_document.map().heightScale;
     m_pUnitsPerPixel->setCurrentIndex(
         std::clamp(static_cast<int>(std::ceil(std::log2(wanted) / 2.0)), 0, m_pUnitsPerPixel->count() - 1));
     m_nWatchedTextures = 0;
@@ -109,7 +110,7 @@ void CMainWindow::openEditor() {
     const QByteArray folder = m_document.textureFolder().toUtf8();
     vuCreateEditor(handleOf(*this), &m_document.map(), CString(folder.constData()), nullptr, true, nullptr);
     if (QWidget* panel = findPanel()) {
-        panel->move(m_panelPlace ? pos() + *m_panelPlace : m_pView->mapToGlobal(FIRST_PANEL_PLACE));
+        panel->move(m_panelPosition ? pos() + *m_panelPosition : m_pView->mapToGlobal(FIRST_PANEL_POSITION));
     }
     followState();
 }
@@ -128,7 +129,7 @@ void CMainWindow::clearPointing() {
 void CMainWindow::followState() {
     const bool open = vuIsEditorActive();
     if (const QWidget* panel = findPanel(); panel != nullptr && panel->isVisible()) {
-        m_panelPlace = panel->pos() - pos();
+        m_panelPosition = panel->pos() - pos();
     }
     if (m_pEditorAction->isChecked() != open) {
         m_pEditorAction->setChecked(open);
@@ -146,8 +147,8 @@ void CMainWindow::followState() {
 void CMainWindow::showTitle() {
     setWindowTitle(tr("%1[*] - Terrain sandbox").arg(m_document.name()));
     setWindowModified(m_document.isModified());
-    m_pSaveAction->setText(m_document.kind() == CMapDocument::ChangeKind::HEIGHTMAP ? tr("&Save Heightmap")
-                                                                                    : tr("&Save Project"));
+    m_pSaveAction->setText(m_document.kind() == CMapDocument::Kind::HEIGHTMAP ? tr("&Save Heightmap")
+                                                                              : tr("&Save Project"));
 }
 
 /// A texture is imported by its file name alone, so a file from a folder that is not looked through stays
@@ -167,15 +168,15 @@ void CMainWindow::watchTextures() {
     }
 }
 
-void CMainWindow::showPlace(const std::optional<TerrainHit>& hit) {
+void CMainWindow::showPosition(const std::optional<TerrainHit>& hit) {
     if (!hit.has_value()) {
-        m_pPlace->clear();
+        m_pPosition->clear();
         return;
     }
     const CMemoryMap& map = m_document.map();
-    m_pPlace->setText(tr("cell %1, %2   height %3   slope %4°")
-                          .arg(hit->x)
-                          .arg(hit->z)
-                          .arg(hit->point[1] / static_cast<double>(map.heightScale), 0, 'f', 1)
-                          .arg(static_cast<double>(map.getGradient(hit->x, hit->z)), 0, 'f', 0));
+    m_pPosition->setText(tr("cell %1, %2   height %3   slope %4°")
+                             .arg(hit->x)
+                             .arg(hit->z)
+                             .arg(hit->point[1] / static_cast<double>(map.heightScale), 0, 'f', 1)
+                             .arg(static_cast<double>(map.getGradient(hit->x, hit->z)), 0, 'f', 0));
 }

@@ -71,7 +71,7 @@ private:
     /// Follow what changed behind the menus' back: the panel was closed, the map was edited.
     void followState();
     void showTitle();
-    void showPlace(const std::optional<TerrainHit>& hit);
+    void showPosition(const std::optional<TerrainHit>& hit);
     void showControls();
     void adoptMap();
     QString settleSave(const QString& path, const CMapDocument::Outcome& outcome);
@@ -82,7 +82,7 @@ private:
     CMapDocument m_document;
     CRecentFiles m_recentFiles;
     CMapView* m_pView;
-    std::optional<QPoint> m_panelPlace; // where the person put the panel, from the window's corner
+    std::optional<QPoint> m_panelPosition; // where the person put the panel, from the window's corner
     int m_nWatchedTextures = 0;
     bool m_bHeightsAreEnough = false; // the person said so of this map
     QAction* m_pSaveAction = nullptr;
@@ -90,6 +90,6 @@ private:
     QAction* m_pFlyAction = nullptr;
     QSpinBox* m_pWaterLevel = nullptr;
     QComboBox* m_pUnitsPerPixel = nullptr;
-    QLabel* m_pPlace = nullptr;
-    QLabel* m_pPace = nullptr;
+    QLabel* m_pPosition = nullptr;
+    QLabel* m_pFrameRate = nullptr;
 };

@@ -15,7 +15,7 @@
 
 namespace {
 
-using ChangeKind = CMapDocument::ChangeKind;
+using Kind = CMapDocument::Kind;
 
 constexpr const char* HEIGHTMAP_FILTER = "Heightmaps (*.png);;All files (*)";
 constexpr const char* PROJECT_FILTER = "Map projects (project.json);;All files (*)";
@@ -26,7 +26,7 @@ constexpr const char* HEIGHTS_ALONE = "%1 is a heightmap, which keeps the height
                                       "in a project.";
 
 /// Where a file dialog begins for a map that has no place of its own yet.
-QString placeFor(const CMapDocument& document) {
+QString pathFor(const CMapDocument& document) {
     if (!document.path().isEmpty()) {
         return document.path();
     }
@@ -139,17 +139,17 @@ bool CMainWindow::tell(const QString& failure) {
 }
 
 void CMainWindow::chooseProject() {
-    const QString place = QFileInfo(placeFor(m_document)).absolutePath();
-    const QString path = QFileDialog::getOpenFileName(this, tr("Open Project"), place, tr(PROJECT_FILTER));
+    const QString folder = QFileInfo(pathFor(m_document)).absolutePath();
+    const QString path = QFileDialog::getOpenFileName(this, tr("Open Project"), folder, tr(PROJECT_FILTER));
     if (!path.isEmpty()) {
         openAsked(projectFolderOf(path));
     }
 }
 
 void CMainWindow::chooseHeightmap() {
-    const QString place = QFileInfo(placeFor(m_document)).absolutePath();
+    const QString folder = QFileInfo(pathFor(m_document)).absolutePath();
     const QString path =
-        QFileDialog::getOpenFileName(this, tr("Open Heightmap"), place, tr(HEIGHTMAP_FILTER));
+        QFileDialog::getOpenFileName(this, tr("Open Heightmap"), folder, tr(HEIGHTMAP_FILTER));
     if (!path.isEmpty()) {
         openAsked(path);
     }
@@ -167,41 +167,41 @@ void CMainWindow::openAsked(const QString& path) {
 }
 
 bool CMainWindow::save() {
-    if (m_document.kind() == ChangeKind::HEIGHTMAP) {
+    if (m_document.kind() == Kind::HEIGHTMAP) {
         return m_document.path().isEmpty() ? saveHeightmapAs() : saveHeightsTo(m_document.path());
     }
     return m_document.path().isEmpty() ? saveProjectAs() : tell(saveProject(m_document.path()));
 }
 
 bool CMainWindow::saveProjectAs() {
-    QString place = placeFor(m_document);
-    if (m_document.kind() == ChangeKind::HEIGHTMAP) {
-        place = QFileInfo(place).dir().filePath(QFileInfo(place).completeBaseName());
+    QString path = pathFor(m_document);
+    if (m_document.kind() == Kind::HEIGHTMAP) {
+        path = QFileInfo(path).dir().filePath(QFileInfo(path).completeBaseName());
     }
     // A folder that is there already is entered by the dialog, where its project file can be picked; the
     // dialog then asks whether it may be replaced.
-    QFileDialog dialog(this, tr("Save Project As"), QFileInfo(place).absolutePath(), tr(NEW_PROJECT_FILTER));
+    QFileDialog dialog(this, tr("Save Project As"), QFileInfo(path).absolutePath(), tr(NEW_PROJECT_FILTER));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setLabelText(QFileDialog::FileName, tr("New folder:"));
-    dialog.selectFile(QFileInfo(place).fileName());
+    dialog.selectFile(QFileInfo(path).fileName());
     return dialog.exec() == QDialog::Accepted &&
            tell(saveProject(projectFolderOf(dialog.selectedFiles().first())));
 }
 
 bool CMainWindow::saveHeightmapAs() {
-    QString place = placeFor(m_document);
-    if (m_document.kind() != ChangeKind::HEIGHTMAP) {
-        place += ".png";
+    QString suggested = pathFor(m_document);
+    if (m_document.kind() != Kind::HEIGHTMAP) {
+        suggested += ".png";
     }
     const QString path =
-        QFileDialog::getSaveFileName(this, tr("Save Heightmap As"), place, tr(HEIGHTMAP_FILTER));
+        QFileDialog::getSaveFileName(this, tr("Save Heightmap As"), suggested, tr(HEIGHTMAP_FILTER));
     return !path.isEmpty() && saveHeightsTo(path);
 }
 
 /// Of a project the heights are saved as a copy, so that nothing of it can get lost; but what else a
 /// heightmap has grown here would have no place to stay.
 bool CMainWindow::saveHeightsTo(const QString& path) {
-    const bool outgrown = m_document.kind() != ChangeKind::PROJECT && m_document.hasOtherChanges();
+    const bool outgrown = m_document.kind() != Kind::PROJECT && m_document.hasOtherChanges();
     if (!outgrown || m_bHeightsAreEnough) {
         return tell(saveHeightmap(path));
     }
@@ -222,7 +222,7 @@ bool CMainWindow::mayDropMap() {
     if (!m_document.isModified()) {
         return true;
     }
-    const bool outgrown = m_document.kind() == ChangeKind::HEIGHTMAP && m_document.hasOtherChanges();
+    const bool outgrown = m_document.kind() == Kind::HEIGHTMAP && m_document.hasOtherChanges();
     const QString question = tr(outgrown ? HEIGHTS_ALONE : "Save the changes to %1 first?");
     QMessageBox box(QMessageBox::Question, tr("Terrain sandbox"), question.arg(m_document.name()),
                     QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, this);

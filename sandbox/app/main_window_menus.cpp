@@ -151,13 +151,13 @@ void CMainWindow::makeToolBar() {
 }
 
 void CMainWindow::makeStatusBar() {
-    m_pPlace = new QLabel;
-    m_pPlace->setObjectName("place");
-    m_pPace = new QLabel;
-    m_pPace->setObjectName("pace");
-    m_pPace->setMinimumWidth(m_pPace->fontMetrics().horizontalAdvance("0000 fps"));
-    m_pPace->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    statusBar()->addPermanentWidget(m_pPlace);
-    statusBar()->addPermanentWidget(m_pPace);
+    m_pPosition = new QLabel;
+    m_pPosition->setObjectName("position");
+    m_pFrameRate = new QLabel;
+    m_pFrameRate->setObjectName("frameRate");
+    m_pFrameRate->setMinimumWidth(m_pFrameRate->fontMetrics().horizontalAdvance("0000 fps"));
+    m_pFrameRate->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    statusBar()->addPermanentWidget(m_pPosition);
+    statusBar()->addPermanentWidget(m_pFrameRate);
     statusBar()->showMessage(tr("F1 shows the controls"));
 }

@@ -146,7 +146,7 @@ CMapDocument::Outcome CMapDocument::openHeightmap(const QString& path,
     adopt(makeContents(reading.map, info.absolutePath()), beforeSwap);
     m_projectFile = {};
     dropAutosave(); // of what was open: its changes are saved or given up
-    belongTo(ChangeKind::HEIGHTMAP, path);
+    belongTo(Kind::HEIGHTMAP, path);
     lookForTexturesIn(info.absolutePath());
     if (reading.isCropped()) { // saving a part of a picture over the whole would lose the rest of it
         m_strPath.clear();
@@ -173,7 +173,7 @@ CMapDocument::Outcome CMapDocument::openProject(const QString& path,
     const QFileInfo info(path);
     const QString folder = info.isDir() ? info.absoluteFilePath() : info.absolutePath();
     dropAutosave(); // of what was open
-    belongTo(ChangeKind::PROJECT, folder);
+    belongTo(Kind::PROJECT, folder);
     lookForTexturesIn(folder);
     return {};
 }
@@ -185,7 +185,7 @@ void CMapDocument::adopt(Contents contents, const std::function<void()>& beforeS
     m_pScene = std::move(contents.scene);
 }
 
-void CMapDocument::belongTo(ChangeKind kind, const QString& path) {
+void CMapDocument::belongTo(Kind kind, const QString& path) {
     const QFileInfo info(QDir::cleanPath(path));
     m_kind = kind;
     m_strPath = isSample(path) ? QString() : info.absoluteFilePath();
@@ -206,7 +206,7 @@ QString CMapDocument::placeForTextures() const {
     if (m_strPath.isEmpty()) {
         return "the textures folder of a project of yours";
     }
-    const QString folder = m_kind == ChangeKind::PROJECT ? m_strPath : QFileInfo(m_strPath).absolutePath();
+    const QString folder = m_kind == Kind::PROJECT ? m_strPath : QFileInfo(m_strPath).absolutePath();
     return folder + '/' + PROJECT_TEXTURE_FOLDER;
 }
 
@@ -217,12 +217,12 @@ CMapDocument::Outcome CMapDocument::saveHeightmap(const QString& path) {
     if (!reason.isEmpty()) {
         return {failedTo("save", path, reason), {}};
     }
-    if (m_kind != ChangeKind::PROJECT) {
+    if (m_kind != Kind::PROJECT) {
         m_nSavedHeights = m_pMap->getChangeCount(MapChange::HEIGHTS);
         if (!isModified()) {
             dropAutosave();
         }
-        belongTo(ChangeKind::HEIGHTMAP, path);
+        belongTo(Kind::HEIGHTMAP, path);
     }
     return {};
 }
@@ -238,7 +238,7 @@ CMapDocument::Outcome CMapDocument::saveProject(const QString& folder) {
         return {failedTo("save", fault.path, fault.reason), {}};
     }
     dropAutosave();
-    belongTo(ChangeKind::PROJECT, folder);
+    belongTo(Kind::PROJECT, folder);
     dropAutosave();
     lookForTexturesIn(m_strPath.isEmpty() ? folder : m_strPath);
     rememberState();

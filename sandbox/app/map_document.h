@@ -15,7 +15,7 @@
 class CMapDocument {
 public:
     /// What the map came from and goes back to. A heightmap keeps the heights alone, a project all of it.
-    enum class ChangeKind { NOTHING, HEIGHTMAP, PROJECT };
+    enum class Kind { NOTHING, HEIGHTMAP, PROJECT };
 
     /// Level ground without a file.
     CMapDocument();
@@ -49,7 +49,7 @@ public:
     CMemoryMap& map() { return *m_pMap; }
     const CMemoryMap& map() const { return *m_pMap; }
     CMemoryScene& scene() { return *m_pScene; }
-    ChangeKind kind() const { return m_kind; }
+    Kind kind() const { return m_kind; }
     /// File or folder to save to; empty when saving would overwrite more than was opened, or nothing was
     /// opened, or what was opened is one of the samples that come with the program.
     const QString& path() const { return m_strPath; }
@@ -84,14 +84,14 @@ private:
     void adopt(Contents contents, const std::function<void()>& beforeSwap);
     void endAutosave();
     QString autosaveFolder() const { return m_strPath + ".autosave"; }
-    void belongTo(ChangeKind kind, const QString& path);
+    void belongTo(Kind kind, const QString& path);
     void lookForTexturesIn(const QString& mapFolder);
     std::uint64_t otherState() const;
     void rememberState();
 
     std::unique_ptr<CMemoryScene> m_pScene; // outlives the map
     std::unique_ptr<CMemoryMap> m_pMap;
-    ChangeKind m_kind = ChangeKind::NOTHING;
+    Kind m_kind = Kind::NOTHING;
     QString m_strPath;
     QString m_strName;
     QString m_strTextureFolder;

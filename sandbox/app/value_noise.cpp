@@ -1,4 +1,4 @@
-#include "sandbox/app/soft_noise.h"
+#include "sandbox/app/value_noise.h"
 
 #include <cmath>
 #include <cstdint>
@@ -17,16 +17,16 @@ float cornerValue(int x, int z, int size) {
 
 } // namespace
 
-CSoftNoise::CSoftNoise(int size) {
+CValueNoise::CValueNoise(int size) {
     const int corners = PERIOD / size;
     const auto corner = [=](int x, int z) { return cornerValue(x % corners, z % corners, size); };
     m_values.reserve(static_cast<std::size_t>(PERIOD) * PERIOD);
     for (int z = 0; z < PERIOD; ++z) {
         const int row = z / size;
-        const float v = softStep(0.0F, 1.0F, static_cast<float>(z % size) / static_cast<float>(size));
+        const float v = smoothstep(0.0F, 1.0F, static_cast<float>(z % size) / static_cast<float>(size));
         for (int x = 0; x < PERIOD; ++x) {
             const int column = x / size;
-            const float u = softStep(0.0F, 1.0F, static_cast<float>(x % size) / static_cast<float>(size));
+            const float u = smoothstep(0.0F, 1.0F, static_cast<float>(x % size) / static_cast<float>(size));
             const float above = std::lerp(corner(column, row), corner(column + 1, row), u);
             const float below = std::lerp(corner(column, row + 1), corner(column + 1, row + 1), u);
             m_values.push_back(std::lerp(above, below, v));

@@ -4,12 +4,12 @@
 #include <vector>
 
 /// Values in 0 to 1 that vary softly over the plane and repeat every PERIOD cells, the same at every run.
-class CSoftNoise {
+class CValueNoise {
 public:
     static constexpr int PERIOD = 256;
 
     /// Features about `size` cells wide; a divisor of PERIOD.
-    explicit CSoftNoise(int size);
+    explicit CValueNoise(int size);
 
     /// Any cell that is not negative.
     float at(int x, int z) const {
@@ -21,7 +21,7 @@ private:
 };
 
 /// 0 below `from`, 1 above `to`, an S-shaped way between them. `from` is less than `to`.
-inline float softStep(float from, float to, float value) {
-    const float way = std::clamp((value - from) / (to - from), 0.0F, 1.0F);
-    return way * way * (3.0F - 2.0F * way);
+inline float smoothstep(float from, float to, float value) {
+    const float t = std::clamp((value - from) / (to - from), 0.0F, 1.0F);
+    return t * t * (3.0F - 2.0F * t);
 }

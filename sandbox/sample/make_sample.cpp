@@ -3,7 +3,7 @@
 
 #include "sandbox/app/ground_dressing.h"
 #include "sandbox/app/map_document.h"
-#include "sandbox/app/soft_noise.h"
+#include "sandbox/app/value_noise.h"
 #include "sandbox/project/project_map.h"
 
 #include <QCoreApplication>
@@ -41,12 +41,12 @@ constexpr std::array<SampleField, 7> FIELDS{{
 }};
 
 /// Points from (x, z) to the nearest water, at most `limit`.
-int wayToWater(const CMemoryMap& map, int x, int z, int limit) {
-    for (int way = 0; way < limit; ++way) {
-        for (int i = -way; i <= way; ++i) {
-            if (map.getPointWater(x + i, z - way) || map.getPointWater(x + i, z + way) ||
-                map.getPointWater(x - way, z + i) || map.getPointWater(x + way, z + i)) {
-                return way;
+int distanceToWater(const CMemoryMap& map, int x, int z, int limit) {
+    for (int distance = 0; distance < limit; ++distance) {
+        for (int i = -distance; i <= distance; ++i) {
+            if (map.getPointWater(x + i, z - distance) || map.getPointWater(x + i, z + distance) ||
+                map.getPointWater(x - distance, z + i) || map.getPointWater(x + distance, z + i)) {
+                return distance;
             }
         }
     }
@@ -61,8 +61,8 @@ void fillLake(CMapDocument& document) {
     for (int z = 0; z <= map.getGridDim(); ++z) {
         for (int x = 0; x <= map.getGridDim(); ++x) {
             const auto above = static_cast<float>(map.getPointHeight(x, z) - LAKE_LEVEL);
-            if (wayToWater(map, x, z, WIDEST_BEACH) < WIDEST_BEACH) {
-                map.paintMultiTexture(x, z, 0.85F * (1.0F - softStep(BEACH, 3.0F * BEACH, above)));
+            if (distanceToWater(map, x, z, WIDEST_BEACH) < WIDEST_BEACH) {
+                map.paintMultiTexture(x, z, 0.85F * (1.0F - smoothstep(BEACH, 3.0F * BEACH, above)));
             }
         }
     }
@@ -79,17 +79,17 @@ void layFields(CMemoryMap& map, qxCTexture* furrows) {
     }
 }
 
-void plant(CMemoryMap& map, qxCTexture* texture, float x, float z, float size, float tallness) {
+void plant(CMemoryMap& map, qxCTexture* texture, float x, float z, float size, float height) {
     const float half = size / 2.0F;
     map.addDetail(qxDetailTypePoint, texture, {x - half, 0.0F, z - half}, {x + half, 0.0F, z - half},
-                  {x - half, 0.0F, z + half}, tallness);
+                  {x - half, 0.0F, z + half}, height);
 }
 
 /// One tree or bush at most per square of the spacing, somewhere in it: woods on the slopes, bushes along
 /// the water and here and there in the meadows.
 void plantTrees(CMemoryMap& map, qxCTexture* pine, qxCTexture* bush) {
-    const CSoftNoise lots(1);
-    const CSoftNoise stand(32); // the same as of the forest's paint
+    const CValueNoise lots(1);
+    const CValueNoise stand(32); // the same as of the forest's paint
     for (int z = TREE_SPACING; z < map.getGridDim() - TREE_SPACING; z += TREE_SPACING) {
         for (int x = TREE_SPACING; x < map.getGridDim() - TREE_SPACING; x += TREE_SPACING) {
             const auto chance = [&](int salt) { return lots.at(x * 7 + salt, z * 11 + salt * 3); };
@@ -104,7 +104,7 @@ void plantTrees(CMemoryMap& map, qxCTexture* pine, qxCTexture* bush) {
             const float wood = stand.at(column, row);
             if (wood > 0.5F && height > 335.0F && height < TREE_LINE && chance(3) < 0.8F) {
                 plant(map, pine, placeX, placeZ, 1.1F + 0.6F * chance(4), 1.5F);
-            } else if (height < 420.0F && wayToWater(map, column, row, 6) < 6 && chance(5) < 0.3F) {
+            } else if (height < 420.0F && distanceToWater(map, column, row, 6) < 6 && chance(5) < 0.3F) {
                 plant(map, bush, placeX, placeZ, 0.7F + 0.5F * chance(6), 0.9F);
             } else if (height < 420.0F && chance(7) < 0.05F) {
                 plant(map, bush, placeX, placeZ, 0.8F + 0.5F * chance(8), 0.9F);

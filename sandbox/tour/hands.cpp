@@ -24,25 +24,25 @@ void activate(QWindow& window) {
 
 } // namespace
 
-void CHands::moveTo(QWidget& widget, QPointF place) {
+void CHands::moveTo(QWidget& widget, QPointF position) {
     QWindow* const window = &windowOf(widget);
     if (m_pWindow != nullptr && m_pWindow != window) {
         QEvent leave(QEvent::Leave); // the window system's word to the window that the pointer was over
         QCoreApplication::sendEvent(m_pWindow, &leave);
     }
     m_pWindow = window;
-    m_place = widget.mapTo(widget.window(), place.toPoint());
-    m_lastScreenPlace = m_pWindow->mapToGlobal(m_place);
-    QTest::mouseMove(m_pWindow, m_place);
+    m_position = widget.mapTo(widget.window(), position.toPoint());
+    m_lastScreenPosition = m_pWindow->mapToGlobal(m_position);
+    QTest::mouseMove(m_pWindow, m_position);
 }
 
 void CHands::press(Qt::MouseButton button) {
     activate(*m_pWindow);
-    QTest::mousePress(m_pWindow, button, Qt::NoModifier, m_place);
+    QTest::mousePress(m_pWindow, button, Qt::NoModifier, m_position);
 }
 
 void CHands::release(Qt::MouseButton button) {
-    QTest::mouseRelease(m_pWindow, button, Qt::NoModifier, m_place);
+    QTest::mouseRelease(m_pWindow, button, Qt::NoModifier, m_position);
 }
 
 void CHands::drag(QWidget& widget, QPointF from, QPointF to, Qt::MouseButton button, int steps) {
@@ -57,15 +57,15 @@ void CHands::drag(QWidget& widget, QPointF from, QPointF to, Qt::MouseButton but
 
 /// A move that is handed to the window alone: unlike moveTo it does not wait for what it leads to be drawn,
 /// which keeps a long drag short where the processor draws.
-void CHands::glideTo(QWidget& widget, QPointF place, Qt::MouseButton held) {
-    m_place = widget.mapTo(widget.window(), place.toPoint());
-    QMouseEvent event(QEvent::MouseMove, m_place, m_pWindow->mapToGlobal(m_place), Qt::NoButton, held,
+void CHands::glideTo(QWidget& widget, QPointF position, Qt::MouseButton held) {
+    m_position = widget.mapTo(widget.window(), position.toPoint());
+    QMouseEvent event(QEvent::MouseMove, m_position, m_pWindow->mapToGlobal(m_position), Qt::NoButton, held,
                       Qt::NoModifier);
     QCoreApplication::sendEvent(m_pWindow, &event);
 }
 
-void CHands::click(QWidget& widget, QPointF place) {
-    moveTo(widget, place);
+void CHands::click(QWidget& widget, QPointF position) {
+    moveTo(widget, position);
     press(Qt::LeftButton);
     release(Qt::LeftButton);
 }
@@ -73,21 +73,21 @@ void CHands::click(QWidget& widget, QPointF place) {
 void CHands::doubleClick(QWidget& widget) {
     moveTo(widget, QRectF(widget.rect()).center());
     activate(*m_pWindow);
-    QTest::mouseDClick(m_pWindow, Qt::LeftButton, Qt::NoModifier, m_place);
+    QTest::mouseDClick(m_pWindow, Qt::LeftButton, Qt::NoModifier, m_position);
 }
 
-void CHands::turnWheel(QWidget& widget, QPointF place, int steps) {
-    moveTo(widget, place);
+void CHands::turnWheel(QWidget& widget, QPointF position, int steps) {
+    moveTo(widget, position);
     constexpr int ONE_STEP = 120;
     for (int step = 0; step < std::abs(steps); ++step) {
-        QWheelEvent event(m_place, m_pWindow->mapToGlobal(m_place), QPoint(),
+        QWheelEvent event(m_position, m_pWindow->mapToGlobal(m_position), QPoint(),
                           QPoint(0, steps > 0 ? ONE_STEP : -ONE_STEP), Qt::NoButton, Qt::NoModifier,
                           Qt::NoScrollPhase, false);
         QCoreApplication::sendEvent(m_pWindow, &event);
     }
 }
 
-void CHands::strike(QWidget& widget, Qt::Key key, Qt::KeyboardModifiers modifiers) {
+void CHands::pressKey(QWidget& widget, Qt::Key key, Qt::KeyboardModifiers modifiers) {
     activate(windowOf(widget));
     QTest::keyClick(&windowOf(widget), key, modifiers);
 }
@@ -99,8 +99,8 @@ void CHands::type(QWidget& widget, const QString& text) {
     }
 }
 
-QPoint CHands::screenPlace() const {
-    return m_pWindow != nullptr ? m_pWindow->mapToGlobal(m_place) : m_lastScreenPlace;
+QPoint CHands::screenPosition() const {
+    return m_pWindow != nullptr ? m_pWindow->mapToGlobal(m_position) : m_lastScreenPosition;
 }
 
 bool waitUntil(const std::function<bool()>& condition) {

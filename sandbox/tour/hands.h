@@ -12,30 +12,30 @@
 class CHands {
 public:
     /// Move the pointer over a place of the widget, in its own logical pixels.
-    void moveTo(QWidget& widget, QPointF place);
+    void moveTo(QWidget& widget, QPointF position);
     /// The window under the pointer becomes the active one first, as a window manager sees to.
     void press(Qt::MouseButton button);
     void release(Qt::MouseButton button);
     /// Press at the first place and release at the last, moving there in even steps. Nothing is drawn between
     /// the steps on the way.
     void drag(QWidget& widget, QPointF from, QPointF to, Qt::MouseButton button, int steps = 12);
-    void click(QWidget& widget, QPointF place);
+    void click(QWidget& widget, QPointF position);
     void click(QWidget& widget) { click(widget, QRectF(widget.rect()).center()); }
     void doubleClick(QWidget& widget);
-    void turnWheel(QWidget& widget, QPointF place, int steps);
+    void turnWheel(QWidget& widget, QPointF position, int steps);
     /// Strike a key while the widget's window has the keyboard.
-    void strike(QWidget& widget, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+    void pressKey(QWidget& widget, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
     /// Type text there.
     void type(QWidget& widget, const QString& text);
     /// Where the pointer is, in pixels of the screen.
-    QPoint screenPlace() const;
+    QPoint screenPosition() const;
 
 private:
-    void glideTo(QWidget& widget, QPointF place, Qt::MouseButton held);
+    void glideTo(QWidget& widget, QPointF position, Qt::MouseButton held);
 
     QPointer<QWindow> m_pWindow;
-    QPoint m_place;           // in the window
-    QPoint m_lastScreenPlace; // for when the window is gone
+    QPoint m_position;           // in the window
+    QPoint m_lastScreenPosition; // for when the window is gone
 };
 
 /// Handle events until `condition` holds; false when it has not come about in ten seconds.

@@ -12,7 +12,7 @@ constexpr QSize CLOSE_UP(200, 150);
 
 /// Rest the pointer at a place of one cell and require a cursor of this kind among those that show.
 void requireCursor(CTourStage& stage, double u, double v, int kind) {
-    stage.hands().moveTo(stage.view(), stage.placeOf(CURSOR_X + u, CURSOR_Z + v));
+    stage.hands().moveTo(stage.view(), stage.positionOf(CURSOR_X + u, CURSOR_Z + v));
     const auto cursors = stage.map().getEditCursors();
     const bool shown =
         std::ranges::any_of(cursors, [&](const EditCursor& cursor) { return cursor.kind == kind; });
@@ -30,7 +30,7 @@ struct CursorView {
 /// The view around the pointer, for a sheet of pictures side by side.
 QImage takeCloseUp(CTourStage& stage) {
     const QImage picture = stage.takePicture();
-    const QPoint pointer = stage.hands().screenPlace() - stage.window().geometry().topLeft();
+    const QPoint pointer = stage.hands().screenPosition() - stage.window().geometry().topLeft();
     QRect part(QPoint(), CLOSE_UP);
     part.moveCenter(pointer);
     return picture.copy(part);
@@ -71,7 +71,7 @@ void showEveryCursor(CTourStage& stage) {
         {TOOL_RAISE, BRUSH_FOUR_CELLS, 0.5, 0.4, 0},
         {TOOL_RAISE, BRUSH_DISC, 0.5, 0.4, 0},
     }};
-    stage.hands().turnWheel(stage.view(), stage.placeOfCell(CURSOR_X, CURSOR_Z), 10);
+    stage.hands().turnWheel(stage.view(), stage.positionOfCell(CURSOR_X, CURSOR_Z), 10);
     std::vector<QImage> closeUps;
     for (const CursorView& cursor : CURSORS) {
         stage.chooseTool(cursor.tool);
@@ -82,7 +82,7 @@ void showEveryCursor(CTourStage& stage) {
     stage.showTab(1);
     requireCursor(stage, 0.5, 0.4, 15);
     closeUps.push_back(takeCloseUp(stage));
-    stage.hands().turnWheel(stage.view(), stage.placeOfCell(CURSOR_X, CURSOR_Z), -4);
+    stage.hands().turnWheel(stage.view(), stage.positionOfCell(CURSOR_X, CURSOR_Z), -4);
     stage.setStepPicture(composeSheet(closeUps));
 }
 

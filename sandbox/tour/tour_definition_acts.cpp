@@ -50,7 +50,7 @@ void openFiles(CTourStage& stage, QWidget& dialog, const QStringList& paths) {
     stage.hands().click(*name);
     stage.hands().type(*name, '"' + paths.join("\" \"") + '"');
     stage.setStepPicture(stage.takePicture());
-    stage.hands().strike(*name, Qt::Key_Return);
+    stage.hands().pressKey(*name, Qt::Key_Return);
 }
 
 /// The definition being edited, which is also the one that is painted.
@@ -145,7 +145,7 @@ void editTerrainTypes(CTourStage& stage) {
     const auto edit = [&](QWidget& editor) {
         auto& types = dynamic_cast<QComboBox&>(part(editor, TERRAIN_TYPE));
         types.setFocus();
-        stage.hands().strike(types, Qt::Key_Down);
+        stage.hands().pressKey(types, Qt::Key_Down);
         for (int i = 0; i < stage.map().getNumTerrainDefs(); ++i) {
             if (types.currentText() == stage.map().getTerrainDef(i)->name) {
                 edited = stage.map().getTerrainDef(i);

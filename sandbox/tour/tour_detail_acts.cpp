@@ -17,7 +17,7 @@ const qxCMapDetailRecord& newest(CTourStage& stage) {
 
 /// Where the middle of a quad is seen.
 QPointF middleOf(CTourStage& stage, const qxCMapDetailRecord& quad) {
-    return stage.placeOf((quad.point1.x + quad.point2.x) / 2.0, (quad.point1.z + quad.point2.z) / 2.0);
+    return stage.positionOf((quad.point1.x + quad.point2.x) / 2.0, (quad.point1.z + quad.point2.z) / 2.0);
 }
 
 double edgeOf(const qxCMapDetailRecord& quad) {
@@ -27,17 +27,17 @@ double edgeOf(const qxCMapDetailRecord& quad) {
 /// Point at a quad, choose a tool and drag; the quad must be highlighted before.
 void dragQuad(CTourStage& stage, const qxCMapDetailRecord& quad, int tool, QPointF way) {
     stage.chooseTool(tool);
-    const QPointF place = middleOf(stage, quad);
-    stage.hands().moveTo(stage.view(), place);
+    const QPointF position = middleOf(stage, quad);
+    stage.hands().moveTo(stage.view(), position);
     require(quad.highlighted != 0, "the detail under the pointer is not highlighted");
-    stage.hands().drag(stage.view(), place, place + way, Qt::LeftButton);
+    stage.hands().drag(stage.view(), position, position + way, Qt::LeftButton);
 }
 
 /// The same drag, but along the ground, by cells.
 void dragQuadOver(CTourStage& stage, const qxCMapDetailRecord& quad, int tool, int cells) {
     const double x = (quad.point1.x + quad.point2.x) / 2.0;
     const double z = (quad.point1.z + quad.point2.z) / 2.0;
-    dragQuad(stage, quad, tool, stage.placeOf(x + cells, z) - stage.placeOf(x, z));
+    dragQuad(stage, quad, tool, stage.positionOf(x + cells, z) - stage.positionOf(x, z));
 }
 
 } // namespace
@@ -47,8 +47,8 @@ void addQuad(CTourStage& stage) {
     stage.chooseTexture(DETAIL_TEXTURE, "furrows");
     stage.chooseTool(TOOL_ADD_QUAD_DETAIL);
     const int before = countOf(stage);
-    stage.hands().drag(stage.view(), stage.placeOfCell(FIELD_OF_CROPS_X, FIELD_OF_CROPS_Z),
-                       stage.placeOfCell(FIELD_OF_CROPS_X + 1, FIELD_OF_CROPS_Z), Qt::LeftButton);
+    stage.hands().drag(stage.view(), stage.positionOfCell(FIELD_OF_CROPS_X, FIELD_OF_CROPS_Z),
+                       stage.positionOfCell(FIELD_OF_CROPS_X + 1, FIELD_OF_CROPS_Z), Qt::LeftButton);
     require(countOf(stage) == before + 1, "no detail is added");
     require(newest(stage).point0.x == FIELD_OF_CROPS_X + 1, "the new detail does not follow the drag");
 }
@@ -110,14 +110,14 @@ void plantDetails(CTourStage& stage) {
     stage.chooseTool(TOOL_ADD_POINT_DETAIL);
     const int before = countOf(stage);
     for (int i = 0; i < BUSHES; ++i) {
-        stage.hands().click(stage.view(), stage.placeOfCell(BUSH_X + i * 2, BUSH_Z + i % 2));
+        stage.hands().click(stage.view(), stage.positionOfCell(BUSH_X + i * 2, BUSH_Z + i % 2));
     }
     const int planted = countOf(stage) - before;
     require(planted == BUSHES, QString("%1 details planted, not %2").arg(planted).arg(BUSHES));
 }
 
 void showDetailHighlight(CTourStage& stage) {
-    stage.hands().moveTo(stage.view(), stage.placeOfCell(BUSH_X + 4, BUSH_Z));
+    stage.hands().moveTo(stage.view(), stage.positionOfCell(BUSH_X + 4, BUSH_Z));
     const CDetailList& details = stage.map().getDetails();
     int highlighted = 0;
     for (int i = 0; i < details.size(); ++i) {

@@ -96,7 +96,7 @@ QImage CTourStage::chooseColour(int swatch, const QColor& colour) {
         const auto* buttons = dialog.findChild<QDialogButtonBox*>();
         require(field != nullptr && buttons != nullptr, "the colour dialog lacks its controls");
         m_hands.click(*field);
-        m_hands.strike(*field, Qt::Key_A, Qt::ControlModifier);
+        m_hands.pressKey(*field, Qt::Key_A, Qt::ControlModifier);
         m_hands.type(*field, colour.name());
         picture = takePicture();
         m_hands.click(*buttons->button(QDialogButtonBox::Ok));

@@ -23,7 +23,7 @@ int unevenness(CTourStage& stage) {
 
 void rubOverField(CTourStage& stage) {
     for (int z = FIELD_Z0; z <= FIELD_Z1; z += 2) {
-        stage.hands().drag(stage.view(), stage.placeOfCell(FIELD_X0, z), stage.placeOfCell(FIELD_X1, z),
+        stage.hands().drag(stage.view(), stage.positionOfCell(FIELD_X0, z), stage.positionOfCell(FIELD_X1, z),
                            Qt::LeftButton, 40);
     }
 }
@@ -33,7 +33,7 @@ void rubOverField(CTourStage& stage) {
 void showCursor(CTourStage& stage) {
     stage.chooseTool(TOOL_RAISE);
     stage.clickControl(BRUSH_DISC);
-    stage.hands().moveTo(stage.view(), stage.placeOfCell(HILL_X, HILL_Z));
+    stage.hands().moveTo(stage.view(), stage.positionOfCell(HILL_X, HILL_Z));
     const auto cursors = stage.map().getEditCursors();
     require(cursors.size() == 12, QString("the disc has %1 cells, not 12").arg(cursors.size()));
     require(cursors[0].x == HILL_X + 1 && cursors[0].z == HILL_Z, "the cursor is not under the pointer");
@@ -41,7 +41,7 @@ void showCursor(CTourStage& stage) {
 
 void raiseGround(CTourStage& stage) {
     const int before = stage.map().getPointHeight(HILL_X + 2, HILL_Z + 2);
-    const QPointF from = stage.placeOfCell(HILL_X, HILL_Z);
+    const QPointF from = stage.positionOfCell(HILL_X, HILL_Z);
     constexpr int DRAG = 90;
     stage.hands().moveTo(stage.view(), from);
     stage.hands().press(Qt::LeftButton);
@@ -60,7 +60,7 @@ void drawCone(CTourStage& stage) {
     stage.chooseTool(TOOL_MAGNET);
     stage.setStrength(Qt::Key_End);
     const int before = stage.map().getPointHeight(CONE_X, CONE_Z);
-    const QPointF from = stage.placeOfCell(CONE_X, CONE_Z);
+    const QPointF from = stage.positionOfCell(CONE_X, CONE_Z);
     stage.hands().drag(stage.view(), from, from - QPointF(0, 160), Qt::LeftButton, 16);
     const int risen = stage.map().getPointHeight(CONE_X, CONE_Z) - before;
     require(risen > 140 && risen <= 161, QString("the hill rose by %1").arg(risen));
@@ -70,8 +70,8 @@ void levelRoad(CTourStage& stage) {
     stage.chooseTool(TOOL_SET_HEIGHT);
     stage.clickControl(BRUSH_FOUR_CELLS);
     stage.enterNumber(stage.control(HEIGHT), ROAD_HEIGHT);
-    stage.hands().drag(stage.view(), stage.placeOfCell(ROAD_X0, ROAD_Z), stage.placeOfCell(ROAD_X1, ROAD_Z),
-                       Qt::LeftButton, 80);
+    stage.hands().drag(stage.view(), stage.positionOfCell(ROAD_X0, ROAD_Z),
+                       stage.positionOfCell(ROAD_X1, ROAD_Z), Qt::LeftButton, 80);
     for (const int x : {ROAD_X0, ROAD_X0 + 1, ROAD_X1, ROAD_X1 + 1}) {
         const int height = stage.map().getPointHeight(x, ROAD_Z);
         require(height == ROAD_HEIGHT,
@@ -82,7 +82,7 @@ void levelRoad(CTourStage& stage) {
 void getHeight(CTourStage& stage) {
     stage.chooseTool(TOOL_GET_HEIGHT);
     constexpr double NEAR = 0.15; // of a cell, from the corner that is meant
-    stage.hands().click(stage.view(), stage.placeOf(CONE_X + 1 - NEAR, CONE_Z + 1 - NEAR));
+    stage.hands().click(stage.view(), stage.positionOf(CONE_X + 1 - NEAR, CONE_Z + 1 - NEAR));
     const int height = stage.map().getPointHeight(CONE_X + 1, CONE_Z + 1);
     require(stage.textOf(HEIGHT) == QString::number(height),
             QString("the panel shows %1, the corner is %2 high").arg(stage.textOf(HEIGHT)).arg(height));
@@ -90,7 +90,7 @@ void getHeight(CTourStage& stage) {
 
 void getGradient(CTourStage& stage) {
     stage.chooseTool(TOOL_GET_GRADIENT);
-    stage.hands().click(stage.view(), stage.placeOfCell(CONE_X + 3, CONE_Z));
+    stage.hands().click(stage.view(), stage.positionOfCell(CONE_X + 3, CONE_Z));
     const float gradient = stage.map().getGradient(CONE_X + 3, CONE_Z);
     require(gradient > 1.0F && std::abs(stage.textOf(GRADIENT).toFloat() - gradient) < 0.01F,
             QString("the panel shows %1, the slope is %2").arg(stage.textOf(GRADIENT)).arg(gradient));
@@ -103,7 +103,7 @@ void flattenCell(CTourStage& stage) {
     const int level = (height(0) + height(1) + height(2) + height(3)) / 4;
     require(height(0) != level || height(3) != level, "the cell is level already");
     stage.chooseTool(TOOL_FLATTEN);
-    stage.hands().click(stage.view(), stage.placeOfCell(CONE_X, CONE_Z + 3));
+    stage.hands().click(stage.view(), stage.positionOfCell(CONE_X, CONE_Z + 3));
     for (int corner = 0; corner < 4; ++corner) {
         require(height(corner) == level, QString("corner %1 is not at the average height").arg(corner));
     }
@@ -111,8 +111,8 @@ void flattenCell(CTourStage& stage) {
 
 void selectField(CTourStage& stage) {
     stage.chooseTool(TOOL_SELECT);
-    stage.hands().drag(stage.view(), stage.placeOfCell(FIELD_X0, FIELD_Z0),
-                       stage.placeOfCell(FIELD_X1, FIELD_Z1), Qt::LeftButton, 20);
+    stage.hands().drag(stage.view(), stage.positionOfCell(FIELD_X0, FIELD_Z0),
+                       stage.positionOfCell(FIELD_X1, FIELD_Z1), Qt::LeftButton, 20);
     const int outline = 2 * (FIELD_X1 - FIELD_X0) + 2 * (FIELD_Z1 - FIELD_Z0);
     require(stage.markedPoints() == outline,
             QString("%1 marked points, not %2").arg(stage.markedPoints()).arg(outline));
@@ -122,7 +122,7 @@ void raiseField(CTourStage& stage) {
     const int before = stage.map().getPointHeight(FIELD_X0 + 5, FIELD_Z0 + 5);
     const int beside = stage.map().getPointHeight(FIELD_X0 - 2, FIELD_Z0 + 5);
     stage.chooseTool(TOOL_RAISE);
-    const QPointF from = stage.placeOfCell(FIELD_X0 + 6, FIELD_Z0 + 5);
+    const QPointF from = stage.positionOfCell(FIELD_X0 + 6, FIELD_Z0 + 5);
     stage.hands().drag(stage.view(), from, from - QPointF(0, 60), Qt::LeftButton, 12);
     const int risen = stage.map().getPointHeight(FIELD_X0 + 5, FIELD_Z0 + 5) - before;
     require(std::abs(risen - 60) <= 1, QString("the field rose by %1, not by 60").arg(risen));
@@ -152,7 +152,7 @@ void undoStroke(CTourStage& stage) {
     const std::uint64_t before = stage.mapHash();
     stage.chooseTool(TOOL_RAISE);
     stage.clickControl(BRUSH_DISC);
-    const QPointF from = stage.placeOfCell(HILL_X, HILL_Z);
+    const QPointF from = stage.positionOfCell(HILL_X, HILL_Z);
     stage.hands().drag(stage.view(), from, from + QPointF(0, 50), Qt::LeftButton);
     require(stage.mapHash() != before, "a downward drag changes nothing");
     stage.clickControl(UNDO);
@@ -161,7 +161,7 @@ void undoStroke(CTourStage& stage) {
 
 void hideCursor(CTourStage& stage) {
     stage.clickControl(HIDE_CURSOR);
-    const QPointF from = stage.placeOfCell(HILL_X, HILL_Z);
+    const QPointF from = stage.positionOfCell(HILL_X, HILL_Z);
     stage.hands().moveTo(stage.view(), from);
     require(!stage.map().getEditCursors().empty(), "the cursor is hidden before the stroke");
     stage.hands().press(Qt::LeftButton);

@@ -72,8 +72,8 @@ CTourStage::CTourStage(CMainWindow& window) : m_window(window) {
     folders.emplace_back(m_delivery.path().toStdString());
     CEngineDirectories::setDirectories(folders);
     // How fast this machine draws is not part of the session.
-    if (auto* pace = window.findChild<QWidget*>("pace")) {
-        pace->hide();
+    if (auto* frameRate = window.findChild<QWidget*>("frameRate")) {
+        frameRate->hide();
     }
 }
 
@@ -102,7 +102,7 @@ void CTourStage::chooseTool(int tool) {
 void CTourStage::setStrength(Qt::Key end) {
     QWidget& slider = control(tour::STRENGTH);
     slider.setFocus();
-    m_hands.strike(slider, end);
+    m_hands.pressKey(slider, end);
 }
 
 void CTourStage::showTab(int index) {
@@ -118,9 +118,9 @@ void CTourStage::showTab(int index) {
 
 void CTourStage::enterText(QWidget& field, const QString& text) {
     m_hands.click(field, QPointF(PANEL_MARGIN / 2.0, field.height() / 2.0)); // clear of a spin box's arrows
-    m_hands.strike(field, Qt::Key_A, Qt::ControlModifier);
+    m_hands.pressKey(field, Qt::Key_A, Qt::ControlModifier);
     m_hands.type(field, text);
-    m_hands.strike(field, Qt::Key_Return);
+    m_hands.pressKey(field, Qt::Key_Return);
 }
 
 QString CTourStage::textOf(int id) {
@@ -148,13 +148,13 @@ void CTourStage::clickToolBar(const char* action) {
     m_hands.click(*button);
 }
 
-QPointF CTourStage::placeOf(double x, double z) {
+QPointF CTourStage::positionOf(double x, double z) {
     const double height = groundHeight(heightFieldOf(map()), x, z);
-    const auto place =
+    const auto position =
         view().project(QVector3D(static_cast<float>(x), static_cast<float>(height), static_cast<float>(z)));
-    require(place.has_value() && QRectF(view().rect()).contains(*place),
+    require(position.has_value() && QRectF(view().rect()).contains(*position),
             QString("the point %1, %2 is out of sight").arg(x).arg(z));
-    return *place;
+    return *position;
 }
 
 std::uint64_t CTourStage::mapHash() {
@@ -187,7 +187,7 @@ QImage CTourStage::takePicture() {
     QImage picture = screen.grabWindow(0, frame.x(), frame.y(), frame.width(), frame.height()).toImage();
     require(!picture.isNull(), "the screen cannot be seen");
     drawFrames(picture, frame.topLeft());
-    drawPointer(picture, m_hands.screenPlace() - frame.topLeft());
+    drawPointer(picture, m_hands.screenPosition() - frame.topLeft());
     return picture;
 }
 

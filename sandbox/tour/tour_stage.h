@@ -67,9 +67,9 @@ public:
     QString deliveryFolder() const { return m_delivery.path(); }
 
     /// Where a point of the map is seen in the view.
-    QPointF placeOf(double x, double z);
+    QPointF positionOf(double x, double z);
     /// Where the middle of a cell is seen.
-    QPointF placeOfCell(int x, int z) { return placeOf(x + 0.5, z + 0.5); }
+    QPointF positionOfCell(int x, int z) { return positionOf(x + 0.5, z + 0.5); }
     /// Fold of all that undo restores, heights, colours and blends, into one number.
     std::uint64_t mapHash();
     int markedPoints();

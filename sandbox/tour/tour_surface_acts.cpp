@@ -29,12 +29,12 @@ void floodValley(CTourStage& stage) {
     if (stage.waterPoints() > 0) { // a map that comes with a lake there is drained first
         for (const int tool : {TOOL_FLOOD, TOOL_DRAIN}) {
             stage.chooseTool(tool);
-            stage.hands().click(stage.view(), stage.placeOfCell(VALLEY_X, VALLEY_Z));
+            stage.hands().click(stage.view(), stage.positionOfCell(VALLEY_X, VALLEY_Z));
         }
     }
     const int before = stage.waterPoints();
     stage.chooseTool(TOOL_FLOOD);
-    stage.hands().click(stage.view(), stage.placeOfCell(VALLEY_X, VALLEY_Z));
+    stage.hands().click(stage.view(), stage.positionOfCell(VALLEY_X, VALLEY_Z));
     const int flooded = stage.waterPoints() - before;
     require(flooded > 4000, QString("only %1 points are flooded").arg(flooded));
 }
@@ -42,17 +42,17 @@ void floodValley(CTourStage& stage) {
 void drainValley(CTourStage& stage) {
     const int flooded = stage.waterPoints();
     stage.chooseTool(TOOL_DRAIN);
-    stage.hands().click(stage.view(), stage.placeOfCell(VALLEY_X, VALLEY_Z));
+    stage.hands().click(stage.view(), stage.positionOfCell(VALLEY_X, VALLEY_Z));
     require(stage.waterPoints() < flooded - 4000,
             QString("%1 of %2 points are still under water").arg(stage.waterPoints()).arg(flooded));
     stage.setStepPicture(stage.takePicture());
     stage.chooseTool(TOOL_FLOOD); // the lake stays for the rest of the session
-    stage.hands().click(stage.view(), stage.placeOfCell(VALLEY_X, VALLEY_Z));
+    stage.hands().click(stage.view(), stage.positionOfCell(VALLEY_X, VALLEY_Z));
     require(stage.waterPoints() == flooded, "the lake does not come back");
 }
 
 void showCheckerboard(CTourStage& stage) {
-    stage.hands().turnWheel(stage.view(), stage.placeOfCell(WORK_X, WORK_Z), 9);
+    stage.hands().turnWheel(stage.view(), stage.positionOfCell(WORK_X, WORK_Z), 9);
     stage.clickControl(CHECKERBOARD);
     require(stage.map().hasFlag(qxMapFlagChecker), "the checkerboard is not on");
 }
@@ -102,8 +102,8 @@ void tintGround(CTourStage& stage) {
     const int before = distance();
     stage.setStrength(Qt::Key_End);
     for (int z = FIELD_Z0; z <= FIELD_Z1 - 2; z += 2) {
-        stage.hands().drag(stage.view(), stage.placeOfCell(FIELD_X0, z), stage.placeOfCell(FIELD_X1 - 3, z),
-                           Qt::LeftButton, 30);
+        stage.hands().drag(stage.view(), stage.positionOfCell(FIELD_X0, z),
+                           stage.positionOfCell(FIELD_X1 - 3, z), Qt::LeftButton, 30);
     }
     require(distance() < before * 3 / 4,
             QString("the ground is %1 away from the colour, before it was %2").arg(distance()).arg(before));
@@ -115,8 +115,8 @@ void paintGround(CTourStage& stage) {
     stage.clickControl(BRUSH_DISC);
     stage.setStrength(Qt::Key_End);
     for (int z = HILL_Z - 1; z < HILL_Z + 6; z += 3) {
-        stage.hands().drag(stage.view(), stage.placeOfCell(HILL_X - 4, z), stage.placeOfCell(HILL_X + 8, z),
-                           Qt::LeftButton, 40);
+        stage.hands().drag(stage.view(), stage.positionOfCell(HILL_X - 4, z),
+                           stage.positionOfCell(HILL_X + 8, z), Qt::LeftButton, 40);
     }
     const auto rocky = rockyPoints(stage) - before;
     require(rocky > 60, QString("only %1 points have become rocky").arg(rocky));

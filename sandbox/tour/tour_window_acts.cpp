@@ -29,7 +29,7 @@ void comeCloser(CTourStage& stage) {
     const CViewCamera before = stage.view().camera();
     const QPointF middle = QRectF(stage.view().rect()).center();
     stage.hands().drag(stage.view(), middle, middle + QPointF(-60, 30), Qt::MiddleButton);
-    stage.hands().turnWheel(stage.view(), stage.placeOfCell(WORK_X, WORK_Z), 10);
+    stage.hands().turnWheel(stage.view(), stage.positionOfCell(WORK_X, WORK_Z), 10);
     const CViewCamera& after = stage.view().camera();
     require(after.pivotDistance() < before.pivotDistance() * 0.25,
             "the wheel does not bring the ground nearer");
@@ -37,7 +37,7 @@ void comeCloser(CTourStage& stage) {
 }
 
 void openEditor(CTourStage& stage) {
-    stage.hands().strike(stage.window(), Qt::Key_M);
+    stage.hands().pressKey(stage.window(), Qt::Key_M);
     require(waitUntil([&] { return vuIsEditorActive() && stage.dialog(MAP_EDITOR) != nullptr; }),
             "the map editor does not open");
     stage.movePanelAside();

@@ -105,7 +105,7 @@ void CMapView::initializeGL() {
 }
 
 void CMapView::paintGL() {
-    measurePace();
+    measureFrameRate();
     flyOn();
     m_nDrawnState = mapState();
     m_renderer.draw(m_camera, size() * devicePixelRatio(), devicePixelRatio(), m_options,
@@ -115,12 +115,12 @@ void CMapView::paintGL() {
     }
 }
 
-void CMapView::measurePace() {
+void CMapView::measureFrameRate() {
     const double seconds =
         m_sinceDrawn.isValid() ? static_cast<double>(m_sinceDrawn.nsecsElapsed()) * 1e-9 : 0.0;
     m_sinceDrawn.start();
     if (seconds > 0.0 && seconds < LONGEST_INTERVAL) { // a longer one was rest, not work
-        emit paceMeasured(1.0 / seconds);
+        emit frameRateMeasured(1.0 / seconds);
     }
 }
 

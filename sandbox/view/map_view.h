@@ -41,7 +41,7 @@ signals:
     /// The pointer is over this place now, or over no ground.
     void pointerMoved(const std::optional<TerrainHit>& hit);
     /// Pictures a second while the view moves, measured from one picture to the next.
-    void paceMeasured(double picturesPerSecond);
+    void frameRateMeasured(double framesPerSecond);
 
 protected:
     void initializeGL() override;
@@ -63,7 +63,7 @@ private:
     /// Take the edit cursor off the ground when the pointer is on none and no stroke runs.
     void hideCursor();
     void flyOn();
-    void measurePace();
+    void measureFrameRate();
     void settleCamera();
     double aspect() const;
     std::uint64_t mapState() const;

@@ -33,7 +33,7 @@ TextureTest::~TextureTest() {
     CEngineDirectories::setDirectories({});
 }
 
-QPoint TextureTest::placeOf(const QListWidget& entries, const QString& entry) {
+QPoint TextureTest::positionOf(const QListWidget& entries, const QString& entry) {
     const QList<QListWidgetItem*> found = entries.findItems(entry, Qt::MatchExactly);
     if (found.size() != 1) {
         throw std::runtime_error("the list does not have the entry once: " + entry.toStdString());
@@ -43,7 +43,7 @@ QPoint TextureTest::placeOf(const QListWidget& entries, const QString& entry) {
 
 void TextureTest::choose(const QWidget* list, const QString& entry) {
     const auto& entries = ui::control<QListWidget>(*list, IDC_TEXTURES);
-    ui::click(*entries.viewport(), placeOf(entries, entry));
+    ui::click(*entries.viewport(), positionOf(entries, entry));
 }
 
 QString TextureTest::selectedEntry(const QWidget* list) {

@@ -22,7 +22,7 @@ protected:
     static void click(const QWidget* list, int id) { ui::click(ui::control(*list, id)); }
     /// Click the list's entry with this text.
     static void choose(const QWidget* list, const QString& entry);
-    static QPoint placeOf(const QListWidget& entries, const QString& entry);
+    static QPoint positionOf(const QListWidget& entries, const QString& entry);
     static QString selectedEntry(const QWidget* list);
 
     QTemporaryDir m_directory;

@@ -128,9 +128,9 @@ TEST_F(TextureListTest, ADoubleClickChooses) {
     const auto [result, selected] =
         run(nullptr, {[](const QWidget* list) {
                 const auto& textures = ui::control<QListWidget>(*list, IDC_TEXTURES);
-                const QPoint place = placeOf(textures, "rock");
-                QTest::mouseClick(textures.viewport(), Qt::LeftButton, Qt::NoModifier, place);
-                QTest::mouseDClick(textures.viewport(), Qt::LeftButton, Qt::NoModifier, place);
+                const QPoint position = positionOf(textures, "rock");
+                QTest::mouseClick(textures.viewport(), Qt::LeftButton, Qt::NoModifier, position);
+                QTest::mouseDClick(textures.viewport(), Qt::LeftButton, Qt::NoModifier, position);
             }});
     EXPECT_EQ(result, IDOK);
     EXPECT_EQ(selected, m_pRock);

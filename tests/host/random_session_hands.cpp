@@ -20,7 +20,7 @@ namespace hands {
 
 namespace {
 
-bool hasNameOfTexture(int id) {
+bool showsText(int id) {
     return id == IDC_EXPAND || (id >= IDC_SMOOTH_TEXTURE && id <= IDC_DETAIL_TEXTURE);
 }
 
@@ -37,9 +37,9 @@ std::string textOf(const QWidget& widget, int id) {
         return edit->text().toStdString();
     }
     if (const auto* const button = qobject_cast<const QAbstractButton*>(&widget)) {
-        return button->isCheckable()  ? std::to_string(button->isChecked() ? 1 : 0)
-               : hasNameOfTexture(id) ? button->text().toStdString()
-                                      : std::string();
+        return button->isCheckable() ? std::to_string(button->isChecked() ? 1 : 0)
+               : showsText(id)       ? button->text().toStdString()
+                                     : std::string();
     }
     if (const auto* const label = qobject_cast<const QLabel*>(&widget)) {
         return label->text().toStdString();

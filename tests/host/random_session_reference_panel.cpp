@@ -30,7 +30,7 @@ const std::vector<int> RIGHT_COLUMN =
             {IDC_TILING_SPIN, IDC_SMOOTH_TEXTURE, IDC_ROUGH_TEXTURE, IDC_WATER_TEXTURE},
             {IDC_SELECT_ALL, IDC_DESELECT}});
 
-int placeOf(const std::vector<int>& ids, int id) {
+int indexOf(const std::vector<int>& ids, int id) {
     const auto found = std::find(ids.begin(), ids.end(), id);
     return found == ids.end() ? -1 : static_cast<int>(found - ids.begin());
 }
@@ -93,7 +93,7 @@ void CReferenceEditor::enable(int id, bool enabled) {
 }
 
 bool CReferenceEditor::isInReach(int id) const {
-    return !panel.disabled.contains(id) && (panel.expanded || placeOf(RIGHT_COLUMN, id) < 0);
+    return !panel.disabled.contains(id) && (panel.expanded || indexOf(RIGHT_COLUMN, id) < 0);
 }
 
 void CReferenceEditor::readControls(int refused) {
@@ -116,7 +116,7 @@ void CReferenceEditor::readControls(int refused) {
 
 void CReferenceEditor::refreshTools() {
     for (const int id : TOOLS) {
-        const int tool = placeOf(TOOLS, id);
+        const int tool = indexOf(TOOLS, id);
         const bool onDetails = tool < DETAIL_TOOLS && (panel.full || tool != ADD_POINT_DETAIL);
         const bool onTerrain = tool < TERRAIN_TOOLS && panel.full;
         enable(id, panel.isDetailsTab ? onDetails : onTerrain);
@@ -194,8 +194,8 @@ void CReferenceEditor::click(int id) {
 }
 
 bool CReferenceEditor::clickRadio(int id) {
-    const int tool = placeOf(TOOLS, id);
-    const int brush = placeOf(BRUSHES, id);
+    const int tool = indexOf(TOOLS, id);
+    const int brush = indexOf(BRUSHES, id);
     if (hasControls && (tool >= 0 || brush >= 0)) {
         readControls();
     }
@@ -337,10 +337,10 @@ std::string CReferenceEditor::shownText(int id) const {
     if (const auto picker = panel.pickers.find(id); picker != panel.pickers.end()) {
         return picker->second != nullptr ? picker->second->name.getString() : "-NONE-";
     }
-    if (const int tool = placeOf(TOOLS, id); tool >= 0) {
+    if (const int tool = indexOf(TOOLS, id); tool >= 0) {
         return panel.tool == tool ? "1" : "0";
     }
-    if (const int brush = placeOf(BRUSHES, id); brush >= 0) {
+    if (const int brush = indexOf(BRUSHES, id); brush >= 0) {
         return panel.brush == brush ? "1" : "0";
     }
     switch (id) {

@@ -126,7 +126,7 @@ protected:
     }
 
     /// A shortcut of the window.
-    void strike(Qt::Key key) {
+    void pressKey(Qt::Key key) {
         turnTo(m_pWindow.get());
         QTest::keyClick(m_pWindow.get(), key, Qt::ControlModifier);
     }
@@ -179,7 +179,7 @@ TEST_F(MainWindow, AProjectSavedFromTheMenuOpensTheSameInAnotherWindow) {
 
     openWindow();
     const QString projectFile = folder() + '/' + PROJECT_FILE_NAME;
-    converse({chooseFile(projectFile)}, [&] { strike(Qt::Key_O); });
+    converse({chooseFile(projectFile)}, [&] { pressKey(Qt::Key_O); });
     EXPECT_EQ(contents(map(), document().scene()), saved);
     EXPECT_EQ(document().path().toStdString(), folder().toStdString());
     EXPECT_FALSE(m_pWindow->isWindowModified());
@@ -274,7 +274,7 @@ TEST_F(MainWindow, AHeightmapSaysWhatItCannotKeep) {
     ui::settle();
     converse({answer(question, "Cancel")}, [&] { choose("save"); });
     EXPECT_NE(readHeightmapFile(heightmap()).map.heights[4 * EDGE + 4], 444);
-    converse({answer(question, "Save Heights Only")}, [&] { strike(Qt::Key_S); });
+    converse({answer(question, "Save Heights Only")}, [&] { pressKey(Qt::Key_S); });
     EXPECT_EQ(readHeightmapFile(heightmap()).map.heights[4 * EDGE + 4], 444);
     EXPECT_TRUE(m_pWindow->isWindowModified()) << "the water is not saved";
     map().setPointHeight(4, 4, 445, true);
@@ -412,7 +412,7 @@ TEST_F(MainWindow, RecentHoldsProjectsAndHeightmaps) {
     EXPECT_EQ(document().name().toStdString(), "hills.png");
     texts();
     recent->actions()[1]->trigger();
-    EXPECT_EQ(document().kind(), CMapDocument::ChangeKind::PROJECT);
+    EXPECT_EQ(document().kind(), CMapDocument::Kind::PROJECT);
     QFile::remove(heightmap());
     EXPECT_EQ(texts(), QString("my map - in %1\nhills.png - in %1 (off)").arg(place).toStdString());
 }

@@ -69,9 +69,9 @@ INT_PTR CFileDialog::DoModal() {
     const QPointer<QFileDialog> dialog = new QFileDialog(qtbackend::ownerOf(m_parent));
     dialog->setAcceptMode(m_bOpen ? QFileDialog::AcceptOpen : QFileDialog::AcceptSave);
     const bool several = m_bOpen && (m_ofn.Flags & OFN_ALLOWMULTISELECT) != 0;
-    dialog->setFileMode(several  ? QFileDialog::ExistingFiles
+    dialog->setFileMode(several   ? QFileDialog::ExistingFiles
                         : m_bOpen ? QFileDialog::ExistingFile
-                                 : QFileDialog::AnyFile);
+                                  : QFileDialog::AnyFile);
     dialog->setOption(QFileDialog::DontConfirmOverwrite, (m_ofn.Flags & OFN_OVERWRITEPROMPT) == 0);
     dialog->setNameFilters(nameFilters(m_strFilter));
     dialog->setDefaultSuffix(QString::fromUtf8(m_strExtension.GetString()));

@@ -79,13 +79,13 @@ std::string nameOf(const QWidget& widget) {
     return name;
 }
 
-std::string placed(const QWidget& widget, QPoint place) {
-    return nameOf(widget) + " at " + std::to_string(place.x()) + ", " + std::to_string(place.y());
+std::string describe(const QWidget& widget, QPoint position) {
+    return nameOf(widget) + " at " + std::to_string(position.x()) + ", " + std::to_string(position.y());
 }
 
 } // namespace
 
-VisiblePlace anyPlace(CEventDice& dice, QWidget& window) {
+VisiblePoint anyPoint(CEventDice& dice, QWidget& window) {
     const QList<QWidget*> parts = window.findChildren<QWidget*>();
     for (int attempt = 0; attempt < 10 && !parts.isEmpty(); ++attempt) {
         QWidget* const part = dice.of(parts);
@@ -111,23 +111,23 @@ void CEventGestures::add(EventKind kind, std::string what, std::function<bool()>
     m_acts.push_back({kind, std::move(what), std::move(send)});
 }
 
-void CEventGestures::press(EventKind kind, QWidget& widget, QPoint place, Qt::MouseButton button,
+void CEventGestures::press(EventKind kind, QWidget& widget, QPoint position, Qt::MouseButton button,
                            Qt::KeyboardModifiers modifiers) {
-    add(kind, placed(widget, place), [=, this, target = QPointer(&widget)] {
+    add(kind, describe(widget, position), [=, this, target = QPointer(&widget)] {
         if (target == nullptr || !target->isVisible()) {
             return false;
         }
-        m_hand.press(*target, place, button, modifiers);
+        m_hand.press(*target, position, button, modifiers);
         return true;
     });
 }
 
-void CEventGestures::moveTo(QWidget& widget, QPoint place) {
-    add(EventKind::MOVE, placed(widget, place), [=, this, target = QPointer(&widget)] {
+void CEventGestures::moveTo(QWidget& widget, QPoint position) {
+    add(EventKind::MOVE, describe(widget, position), [=, this, target = QPointer(&widget)] {
         if (target == nullptr || !target->isVisible()) {
             return false;
         }
-        m_hand.moveTo(*target, place);
+        m_hand.moveTo(*target, position);
         return true;
     });
 }
@@ -152,15 +152,15 @@ void CEventGestures::clickOn(QWidget& widget) {
     clickOn(widget, widget.rect().center());
 }
 
-void CEventGestures::clickOn(QWidget& widget, QPoint place, Qt::KeyboardModifiers modifiers) {
+void CEventGestures::clickOn(QWidget& widget, QPoint position, Qt::KeyboardModifiers modifiers) {
     pause();
-    press(EventKind::PRESS, widget, place, Qt::LeftButton, modifiers);
+    press(EventKind::PRESS, widget, position, Qt::LeftButton, modifiers);
     release(widget);
 }
 
-void CEventGestures::doubleClickOn(QWidget& widget, QPoint place) {
-    clickOn(widget, place);
-    press(EventKind::DOUBLE_CLICK, widget, place, Qt::LeftButton, Qt::NoModifier);
+void CEventGestures::doubleClickOn(QWidget& widget, QPoint position) {
+    clickOn(widget, position);
+    press(EventKind::DOUBLE_CLICK, widget, position, Qt::LeftButton, Qt::NoModifier);
     release(widget);
 }
 
@@ -172,8 +172,8 @@ void CEventGestures::dragTo(QWidget& from, QWidget& to) {
     release(to);
 }
 
-void CEventGestures::strike(QWidget& window, Qt::Key key, const QString& text,
-                            Qt::KeyboardModifiers modifiers) {
+void CEventGestures::pressKey(QWidget& window, Qt::Key key, const QString& text,
+                              Qt::KeyboardModifiers modifiers) {
     const QWidget* const focus = QApplication::focusWidget();
     std::string what = QKeySequence(static_cast<int>(modifiers) | key).toString().toStdString();
     what += " in " + nameOf(focus != nullptr ? *focus : window);
@@ -181,19 +181,19 @@ void CEventGestures::strike(QWidget& window, Qt::Key key, const QString& text,
         if (target == nullptr) {
             return false;
         }
-        m_hand.strike(*target, key, text, modifiers);
+        m_hand.pressKey(*target, key, text, modifiers);
         return true;
     });
 }
 
 void CEventGestures::type(QWidget& field, const QString& text, Qt::Key leaveBy) {
     clickOn(field);
-    strike(field, Qt::Key_A, "\x01", Qt::ControlModifier);
-    strike(field, Qt::Key_Delete, "\x7f");
+    pressKey(field, Qt::Key_A, "\x01", Qt::ControlModifier);
+    pressKey(field, Qt::Key_Delete, "\x7f");
     for (const QChar letter : text) {
-        strike(field, static_cast<Qt::Key>(letter.toUpper().unicode()), letter);
+        pressKey(field, static_cast<Qt::Key>(letter.toUpper().unicode()), letter);
     }
-    strike(field, leaveBy);
+    pressKey(field, leaveBy);
 }
 
 void CEventGestures::close(QWidget& window) {
@@ -207,19 +207,19 @@ void CEventGestures::close(QWidget& window) {
 }
 
 void CEventGestures::turnWheel(QWidget& widget) {
-    const QPoint place = widget.rect().center();
+    const QPoint position = widget.rect().center();
     add(EventKind::WHEEL, nameOf(widget),
-        [this, place, notches = m_dice.oneIn(2) ? 1 : -2, target = QPointer(&widget)] {
+        [this, position, notches = m_dice.oneIn(2) ? 1 : -2, target = QPointer(&widget)] {
             if (target == nullptr || !target->isVisible()) {
                 return false;
             }
-            m_hand.turnWheel(*target, place, notches);
+            m_hand.turnWheel(*target, position, notches);
             return true;
         });
 }
 
 void CEventGestures::changeFocus(QWidget& window) {
-    QWidget& next = m_dice.oneIn(3) ? *m_stage.window() : *anyPlace(m_dice, window).widget;
+    QWidget& next = m_dice.oneIn(3) ? *m_stage.window() : *anyPoint(m_dice, window).widget;
     add(EventKind::FOCUS, nameOf(next), [target = QPointer(&next)] {
         if (target == nullptr || !target->isVisible()) {
             return false;
@@ -249,25 +249,25 @@ void CEventGestures::resize(QWidget& window) {
 
 void CEventGestures::anyKey(QWidget& window) {
     const Key& key = m_dice.of(KEYS);
-    strike(window, key.key, QString::fromUtf8(key.text), key.modifiers);
+    pressKey(window, key.key, QString::fromUtf8(key.text), key.modifiers);
 }
 
 void CEventGestures::anyEvent(QWidget& window) {
-    const auto [widget, place] = anyPlace(m_dice, window);
+    const auto [widget, position] = anyPoint(m_dice, window);
     switch (m_dice.below(16)) {
     case 0:
-        return press(EventKind::PRESS, *widget, place, Qt::LeftButton, Qt::NoModifier);
+        return press(EventKind::PRESS, *widget, position, Qt::LeftButton, Qt::NoModifier);
     case 1:
     case 2:
-        return m_hand.isHolding() ? release(*widget) : moveTo(*widget, place);
+        return m_hand.isHolding() ? release(*widget) : moveTo(*widget, position);
     case 3:
     case 4:
-        return moveTo(*widget, place);
+        return moveTo(*widget, position);
     case 5:
-        press(EventKind::CONTEXT_PRESS, *widget, place, Qt::RightButton, Qt::NoModifier);
+        press(EventKind::CONTEXT_PRESS, *widget, position, Qt::RightButton, Qt::NoModifier);
         return release(*widget);
     case 6:
-        return doubleClickOn(*widget, place);
+        return doubleClickOn(*widget, position);
     case 7:
     case 8:
         return turnWheel(*widget);
@@ -279,15 +279,15 @@ void CEventGestures::anyEvent(QWidget& window) {
 }
 
 void CEventGestures::clickAnywhere(QWidget& window) {
-    const auto [widget, place] = anyPlace(m_dice, window);
-    clickOn(*widget, place, m_dice.oneIn(8) ? Qt::ControlModifier : Qt::NoModifier);
+    const auto [widget, position] = anyPoint(m_dice, window);
+    clickOn(*widget, position, m_dice.oneIn(8) ? Qt::ControlModifier : Qt::NoModifier);
 }
 
 void CEventGestures::dragAnywhere(QWidget& window) {
-    const auto [from, place] = anyPlace(m_dice, window);
-    const auto [to, end] = anyPlace(m_dice, window);
+    const auto [from, position] = anyPoint(m_dice, window);
+    const auto [to, end] = anyPoint(m_dice, window);
     pause();
-    press(EventKind::PRESS, *from, place, Qt::LeftButton, Qt::NoModifier);
+    press(EventKind::PRESS, *from, position, Qt::LeftButton, Qt::NoModifier);
     moveTo(*to, end);
     release(*to);
 }

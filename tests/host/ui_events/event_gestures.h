@@ -28,11 +28,11 @@ public:
 
     // With a purpose.
     void clickOn(QWidget& widget);
-    void clickOn(QWidget& widget, QPoint place, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
-    void doubleClickOn(QWidget& widget, QPoint place);
+    void clickOn(QWidget& widget, QPoint position, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+    void doubleClickOn(QWidget& widget, QPoint position);
     void dragTo(QWidget& from, QWidget& to);
-    void strike(QWidget& window, Qt::Key key, const QString& text = {},
-                Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+    void pressKey(QWidget& window, Qt::Key key, const QString& text = {},
+                  Qt::KeyboardModifiers modifiers = Qt::NoModifier);
     void type(QWidget& field, const QString& text, Qt::Key leaveBy);
     void close(QWidget& window);
 
@@ -44,9 +44,9 @@ public:
 
 private:
     void add(EventKind kind, std::string what, std::function<bool()> send);
-    void press(EventKind kind, QWidget& widget, QPoint place, Qt::MouseButton button,
+    void press(EventKind kind, QWidget& widget, QPoint position, Qt::MouseButton button,
                Qt::KeyboardModifiers modifiers);
-    void moveTo(QWidget& widget, QPoint place);
+    void moveTo(QWidget& widget, QPoint position);
     /// Where the pointer is by then; `over` says where the gesture took it.
     void release(const QWidget& over);
     void pause();
@@ -62,11 +62,11 @@ private:
 };
 
 /// A visible widget of the window, itself included, and a place in it that can be seen.
-struct VisiblePlace {
+struct VisiblePoint {
     QWidget* widget;
-    QPoint place;
+    QPoint position;
 };
-VisiblePlace anyPlace(CEventDice& dice, QWidget& window);
+VisiblePoint anyPoint(CEventDice& dice, QWidget& window);
 /// A visible, enabled widget of the window of this class that the eye can see; null when there is none.
 template <class Kind> Kind* anyOf(CEventDice& dice, const QWidget& window) {
     QList<Kind*> found;

@@ -12,8 +12,8 @@ QWindow* windowOf(const QWidget& widget) {
 
 } // namespace
 
-void CEventHand::point(QWidget& widget, QPoint place) {
-    m_global = widget.mapToGlobal(place);
+void CEventHand::point(QWidget& widget, QPoint position) {
+    m_global = widget.mapToGlobal(position);
     if (!isHolding() || m_pWindow == nullptr) {
         m_pWindow = windowOf(widget);
     }
@@ -26,16 +26,16 @@ void CEventHand::send(QEvent::Type type, Qt::MouseButton button, Qt::KeyboardMod
     }
 }
 
-void CEventHand::press(QWidget& widget, QPoint place, Qt::MouseButton button,
+void CEventHand::press(QWidget& widget, QPoint position, Qt::MouseButton button,
                        Qt::KeyboardModifiers modifiers) {
-    point(widget, place);
+    point(widget, position);
     m_button = button;
     m_nTime += 10;
     send(QEvent::MouseButtonPress, button, modifiers);
 }
 
-void CEventHand::moveTo(QWidget& widget, QPoint place) {
-    point(widget, place);
+void CEventHand::moveTo(QWidget& widget, QPoint position) {
+    point(widget, position);
     m_nTime += 10;
     send(QEvent::MouseMove, Qt::NoButton, Qt::NoModifier);
 }
@@ -47,7 +47,8 @@ void CEventHand::release() {
     send(QEvent::MouseButtonRelease, button, Qt::NoModifier);
 }
 
-void CEventHand::strike(QWidget& widget, Qt::Key key, const QString& text, Qt::KeyboardModifiers modifiers) {
+void CEventHand::pressKey(QWidget& widget, Qt::Key key, const QString& text,
+                          Qt::KeyboardModifiers modifiers) {
     QWindow* const focused = QGuiApplication::focusWindow();
     const QPointer<QWindow> window = focused != nullptr ? focused : windowOf(widget);
     if (window != nullptr) {
@@ -58,13 +59,13 @@ void CEventHand::strike(QWidget& widget, Qt::Key key, const QString& text, Qt::K
     }
 }
 
-void CEventHand::turnWheel(QWidget& widget, QPoint place, int notches) {
+void CEventHand::turnWheel(QWidget& widget, QPoint position, int notches) {
     constexpr int NOTCH = 120;
     QWindow* const window = windowOf(widget);
     if (window == nullptr) {
         return;
     }
-    const QPointF inWindow = widget.mapTo(widget.window(), place);
+    const QPointF inWindow = widget.mapTo(widget.window(), position);
     QWheelEvent event(inWindow, window->mapToGlobal(inWindow), QPoint(), QPoint(0, notches * NOTCH),
                       Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
     QCoreApplication::sendEvent(window, &event);

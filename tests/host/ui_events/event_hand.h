@@ -14,14 +14,14 @@
 class CEventHand {
 public:
     /// Presses a button over the widget, at a place in its coordinates.
-    void press(QWidget& widget, QPoint place, Qt::MouseButton button, Qt::KeyboardModifiers modifiers);
-    void moveTo(QWidget& widget, QPoint place);
+    void press(QWidget& widget, QPoint position, Qt::MouseButton button, Qt::KeyboardModifiers modifiers);
+    void moveTo(QWidget& widget, QPoint position);
     /// Lets the button go where the pointer is.
     void release();
     /// Presses and releases a key; it goes to the window that has the keyboard, else to that of `widget`.
-    void strike(QWidget& widget, Qt::Key key, const QString& text, Qt::KeyboardModifiers modifiers);
+    void pressKey(QWidget& widget, Qt::Key key, const QString& text, Qt::KeyboardModifiers modifiers);
     /// Turns the wheel over the widget by `notches` away from the person.
-    void turnWheel(QWidget& widget, QPoint place, int notches);
+    void turnWheel(QWidget& widget, QPoint position, int notches);
 
     bool isHolding() const { return m_button != Qt::NoButton; }
     /// Lets this much time pass on the clock of the events, in milliseconds.
@@ -29,7 +29,7 @@ public:
 
 private:
     void send(QEvent::Type type, Qt::MouseButton button, Qt::KeyboardModifiers modifiers);
-    void point(QWidget& widget, QPoint place);
+    void point(QWidget& widget, QPoint position);
 
     QPointer<QWindow> m_pWindow; // the one that hears the mouse: under the pointer, or pressed on
     QPointF m_global;

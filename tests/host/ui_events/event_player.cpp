@@ -207,7 +207,7 @@ void CEventPlayer::accept(DialogKind kind, QWidget& dialog) {
     if (button != nullptr) {
         m_gestures.clickOn(*button);
     } else {
-        m_gestures.strike(dialog, Qt::Key_Return, "\r");
+        m_gestures.pressKey(dialog, Qt::Key_Return, "\r");
     }
 }
 
@@ -219,10 +219,10 @@ void CEventPlayer::leave(DialogKind kind, QWidget& dialog, LeaveWay way) {
         QWidget* const own = usable(dialog, 2);
         QWidget* const button = own != nullptr ? own : buttonOf(dialog, {QDialogButtonBox::Cancel});
         return button != nullptr ? m_gestures.clickOn(*button)
-                                 : m_gestures.strike(dialog, Qt::Key_Escape, "\x1b");
+                                 : m_gestures.pressKey(dialog, Qt::Key_Escape, "\x1b");
     }
     case LeaveWay::ESCAPE:
-        return m_gestures.strike(dialog, Qt::Key_Escape, "\x1b");
+        return m_gestures.pressKey(dialog, Qt::Key_Escape, "\x1b");
     case LeaveWay::CLOSE_BOX:
         return m_gestures.close(dialog);
     default:

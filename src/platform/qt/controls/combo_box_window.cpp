@@ -107,7 +107,7 @@ LRESULT CComboBoxWindow::insert(int index, const QString& text) {
     }
     if (index < 0) {
         index = (style() & CBS_SORT) != 0
-                    ? sortedPlace(text, m_combo.count(), [this](int item) { return m_combo.itemText(item); })
+                    ? sortedIndex(text, m_combo.count(), [this](int item) { return m_combo.itemText(item); })
                     : m_combo.count();
     }
     const bool nothingSelected = m_combo.currentIndex() < 0;

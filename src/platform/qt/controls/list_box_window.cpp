@@ -106,7 +106,7 @@ LRESULT CListBoxWindow::insert(int index, const QString& text) {
     if (index < 0) {
         index =
             (style() & LBS_SORT) != 0
-                ? sortedPlace(text, m_list.count(), [this](int item) { return m_list.item(item)->text(); })
+                ? sortedIndex(text, m_list.count(), [this](int item) { return m_list.item(item)->text(); })
                 : m_list.count();
     }
     m_list.insertItem(index, text);

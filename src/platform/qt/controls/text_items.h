@@ -21,12 +21,12 @@ inline LRESULT copyItemText(const QString& text, LPARAM buffer) {
 }
 
 /// Where a text belongs among `count` sorted ones: behind those that are not greater, letter case aside.
-template <class TextAt> int sortedPlace(const QString& text, int count, TextAt textAt) {
-    int place = 0;
-    while (place < count && QString::compare(textAt(place), text, Qt::CaseInsensitive) <= 0) {
-        ++place;
+template <class TextAt> int sortedIndex(const QString& text, int count, TextAt textAt) {
+    int index = 0;
+    while (index < count && QString::compare(textAt(index), text, Qt::CaseInsensitive) <= 0) {
+        ++index;
     }
-    return place;
+    return index;
 }
 
 } // namespace qtbackend
