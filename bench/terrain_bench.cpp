@@ -1,7 +1,7 @@
 #include "bench/ratio.h"
 #include "engine/memory/memory_map.h"
-#include "host/module_state.h"
 #include "host/veskutil.h"
+#include "module/module_state.h"
 #include "terrain/map_recording.h"
 #include "terrain/map_selection.h"
 #include "terrain/map_undo_list.h"

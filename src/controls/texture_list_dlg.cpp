@@ -2,7 +2,7 @@
 
 #include "engine/qx_scene.h"
 #include "engine/qx_texture.h"
-#include "host/module_state.h"
+#include "module/module_state.h"
 #include "resources/resource_ids.h"
 
 #include <algorithm>

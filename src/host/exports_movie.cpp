@@ -1,6 +1,6 @@
 #include "host/export_scope.h"
-#include "host/module_state.h"
 #include "host/veskutil.h"
+#include "module/module_state.h"
 #include "platform/framework/win_app.h"
 #include "sound/sound_manager.h"
 

@@ -1,6 +1,6 @@
 #include "controls/surface_texture_fixture.h"
 #include "controls/texture_list_dlg.h"
-#include "host/module_state.h"
+#include "module/module_state.h"
 #include "resources/resource_ids.h"
 
 #include <gmock/gmock.h>

@@ -2,7 +2,7 @@
 
 #include "engine/temp_directory.h"
 #include "host/forwarding_map.h"
-#include "host/module_state.h"
+#include "module/module_state.h"
 #include "platform/framework/module_state.h"
 #include "sound/sound_manager.h"
 #include "terrain/map_editor_settings.h"

@@ -1,8 +1,8 @@
 #include "host/random_session_driver.h"
 #include "host/random_session_hands.h"
 
-#include "host/module_state.h"
 #include "host/veskutil.h"
+#include "module/module_state.h"
 #include "resources/resource_ids.h"
 #include "support/ui_driver.h"
 #include "terrain/panel/map_editor_dlg.h"

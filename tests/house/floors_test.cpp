@@ -10,15 +10,54 @@
 namespace {
 
 using house::IncludeMap;
+using testing::Each;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
+using testing::IsSubsetOf;
+
+/// Units of rings that are still to be opened; no unit may be added.
+const std::vector<std::string> RINGED = {
+    "src/engine/memory/image/image_decoder",
+    "src/engine/memory/image/png_decoder",
+    "src/engine/memory/image/tga_decoder",
+    "src/platform/framework/data_exchange",
+    "src/platform/framework/wnd",
+    "src/platform/qt/controls/button_window",
+    "src/platform/qt/controls/combo_box_window",
+    "src/platform/qt/controls/control_factory",
+    "src/platform/qt/controls/custom_window",
+    "src/platform/qt/controls/edit_window",
+    "src/platform/qt/controls/list_box_window",
+    "src/platform/qt/controls/owner_draw_window",
+    "src/platform/qt/controls/progress_window",
+    "src/platform/qt/controls/slider_window",
+    "src/platform/qt/controls/static_window",
+    "src/platform/qt/controls/tab_window",
+    "src/platform/qt/controls/up_down_window",
+    "src/platform/qt/foreign_window",
+    "src/platform/qt/key_translation",
+    "src/platform/qt/mouse_router",
+    "src/platform/qt/native_event",
+    "src/platform/qt/window",
+    "src/platform/qt/window_registry",
+    "src/sound/sound",
+    "src/sound/sound_manager",
+    "src/terrain/edit_cursor",
+    "src/terrain/map_editor_model",
+    "src/terrain/map_recording",
+    "src/terrain/map_selection",
+    "src/terrain/stroke_engine",
+    "src/terrain/tools/detail_tools",
+    "src/terrain/tools/height_tools",
+    "src/terrain/tools/surface_tools",
+};
 
 TEST(Floors, EveryIncludeLineKeepsThem) {
     const IncludeMap includes = house::readIncludes(VESK_SOURCE_DIR);
     ASSERT_GT(includes.size(), 20U) << "the tree was not read";
     EXPECT_THAT(house::findFloorViolations(includes), IsEmpty());
-    EXPECT_THAT(house::findIncludeCircles(includes), IsEmpty());
+    EXPECT_THAT(house::findUnitCircles(includes), Each(IsSubsetOf(RINGED)));
 }
 
 TEST(Floors, ViolationsAreFoundAndNameTheFile) {
@@ -34,9 +73,9 @@ TEST(Floors, ViolationsAreFoundAndNameTheFile) {
         {"src/engine/memory/a.cpp", {"QImage", false, 1}},
         {"src/controls/a.cpp", {"terrain/panel/map_editor_dlg.h", true, 1}},
         {"src/terrain/a.cpp", {"engine/memory/memory_map.h", true, 1}},
-        {"src/host/module_state.h", {"terrain/map_undo_list.h", true, 1}},
+        {"src/module/a.h", {"terrain/map_undo_list.h", true, 1}},
         {"sandbox/a.cpp", {"terrain/panel/map_editor_dlg.h", true, 1}},
-        {"sandbox/a.cpp", {"host/module_state.h", true, 1}},
+        {"sandbox/a.cpp", {"module/module_state.h", true, 1}},
     };
     for (const auto& [file, include] : planted) {
         EXPECT_THAT(house::findFloorViolations({{file, {include}}}), ElementsAre(HasSubstr(file + ":1")))
@@ -44,10 +83,12 @@ TEST(Floors, ViolationsAreFoundAndNameTheFile) {
     }
 }
 
-TEST(Floors, CirclesAreFound) {
-    const IncludeMap circle = {{"src/terrain/a.h", {{"terrain/b.h", true, 1}}},
-                               {"src/terrain/b.h", {{"terrain/a.h", true, 1}}}};
-    EXPECT_THAT(house::findIncludeCircles(circle), ElementsAre(HasSubstr("src/terrain/b.h")));
+TEST(Floors, CirclesOfUnitsAreFound) {
+    const IncludeMap ring = {{"src/terrain/a.h", {}},
+                             {"src/terrain/a.cpp", {{"terrain/b.h", true, 1}}},
+                             {"src/terrain/b.h", {{"terrain/a.h", true, 1}}},
+                             {"src/terrain/c.h", {{"terrain/a.h", true, 1}}}};
+    EXPECT_THAT(house::findUnitCircles(ring), ElementsAre(ElementsAre("src/terrain/a", "src/terrain/b")));
 }
 
 /// Direct link lines of the build, target by target, as the build system wrote them down.

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <fstream>
-#include <functional>
 #include <optional>
 #include <set>
 #include <string_view>
@@ -28,24 +27,25 @@ const std::vector<Room>& rooms() {
         {"src/platform/", {"platform/"}, System::STANDARD_ONLY},
         {"src/platform/qt/", {"platform/"}, System::QT_TOO},
         {"src/platform/openal/", {"platform/"}, System::OPEN_AL_TOO},
-        {"src/controls/", {"controls/", "platform/", "engine/qx_", "resources/"}, System::STANDARD_ONLY},
-        {"src/sound/", {"sound/", "platform/", "engine/qx_"}, System::STANDARD_ONLY},
+        {"src/module/", {"module/", "platform/"}, System::STANDARD_ONLY},
+        {"src/controls/",
+         {"controls/", "module/", "platform/", "engine/qx_", "resources/"},
+         System::STANDARD_ONLY},
+        {"src/sound/", {"sound/", "module/", "platform/", "engine/qx_"}, System::STANDARD_ONLY},
         {"src/terrain/",
-         {"terrain/", "controls/", "sound/", "platform/", "engine/qx_", "resources/"},
+         {"terrain/", "controls/", "sound/", "module/", "platform/", "engine/qx_", "resources/"},
          System::STANDARD_ONLY},
         {"src/movie/",
-         {"movie/", "controls/", "sound/", "platform/", "engine/qx_", "resources/"},
+         {"movie/", "controls/", "sound/", "module/", "platform/", "engine/qx_", "resources/"},
          System::STANDARD_ONLY},
         {"src/host/",
-         {"host/", "terrain/", "movie/", "controls/", "sound/", "platform/", "engine/qx_", "resources/"},
+         {"host/", "terrain/", "movie/", "controls/", "sound/", "module/", "platform/", "engine/qx_",
+          "resources/"},
          System::STANDARD_ONLY},
         {"sandbox/", {"sandbox/", "host/veskutil.h", "engine/"}, System::ANYTHING},
     };
     return ALL;
 }
-
-/// The one header of a higher room that every room may include: the module-wide state.
-constexpr const char* MODULE_STATE = "host/module_state.h";
 
 const Room* roomOf(const std::string& file) {
     const Room* found = nullptr;
@@ -88,17 +88,7 @@ std::optional<std::string> refuseSystem(System allowed, const std::string& name)
     return std::nullopt;
 }
 
-std::optional<std::string> refuseQuoted(const Room& room, const std::string& file,
-                                        const std::string& target) {
-    if (target == MODULE_STATE && room.prefix != "src/engine/" && !file.starts_with("sandbox/")) {
-        return std::nullopt;
-    }
-    if (file == std::string("src/") + MODULE_STATE) {
-        return target.starts_with("platform/")
-                   ? std::nullopt
-                   : std::optional<std::string>(
-                         "module-wide state names classes by forward declaration only");
-    }
+std::optional<std::string> refuseQuoted(const Room& room, const std::string& target) {
     const bool allowed = std::any_of(room.mayUse.begin(), room.mayUse.end(),
                                      [&](const std::string& prefix) { return target.starts_with(prefix); });
     if (!allowed) {
@@ -155,6 +145,11 @@ std::string resolve(const IncludeMap& includes, const std::string& target) {
     return {};
 }
 
+/// A header and the source beside it are one thing.
+std::string unitOf(const std::string& file) {
+    return file.substr(0, file.rfind('.'));
+}
+
 } // namespace
 
 IncludeMap readIncludes(const fs::path& root) {
@@ -183,7 +178,7 @@ std::vector<std::string> findFloorViolations(const IncludeMap& includes) {
         }
         for (const Include& include : lines) {
             const std::optional<std::string> reason = include.quoted
-                                                          ? refuseQuoted(*room, file, include.target)
+                                                          ? refuseQuoted(*room, include.target)
                                                           : refuseSystem(room->system, include.target);
             if (reason) {
                 found.push_back(file + ":" + std::to_string(include.line) + " includes " + include.target +
@@ -194,34 +189,39 @@ std::vector<std::string> findFloorViolations(const IncludeMap& includes) {
     return found;
 }
 
-std::vector<std::string> findIncludeCircles(const IncludeMap& includes) {
-    std::vector<std::string> circles;
-    std::set<std::string> finished;
-    std::vector<std::string> path;
-    const std::function<void(const std::string&)> visit = [&](const std::string& file) {
-        const auto onPath = std::find(path.begin(), path.end(), file);
-        if (onPath != path.end()) {
-            std::string circle;
-            for (auto step = onPath; step != path.end(); ++step) {
-                circle += *step + " -> ";
-            }
-            circles.push_back(circle + file);
-            return;
-        }
-        if (!finished.insert(file).second) {
-            return;
-        }
-        path.push_back(file);
-        for (const Include& include : includes.at(file)) {
-            const std::string next = include.quoted ? resolve(includes, include.target) : std::string();
-            if (!next.empty()) {
-                visit(next);
-            }
-        }
-        path.pop_back();
-    };
+std::vector<std::vector<std::string>> findUnitCircles(const IncludeMap& includes) {
+    std::map<std::string, std::set<std::string>> uses;
     for (const auto& [file, lines] : includes) {
-        visit(file);
+        std::set<std::string>& used = uses[unitOf(file)];
+        for (const Include& include : lines) {
+            const std::string target = include.quoted ? resolve(includes, include.target) : std::string();
+            if (!target.empty() && unitOf(target) != unitOf(file)) {
+                used.insert(unitOf(target));
+            }
+        }
+    }
+    std::map<std::string, std::set<std::string>> reached;
+    for (const auto& [unit, used] : uses) {
+        std::set<std::string>& all = reached[unit];
+        std::vector<std::string> open(used.begin(), used.end());
+        while (!open.empty()) {
+            const std::string next = open.back();
+            open.pop_back();
+            if (all.insert(next).second) {
+                open.insert(open.end(), uses.at(next).begin(), uses.at(next).end());
+            }
+        }
+    }
+    std::vector<std::vector<std::string>> circles;
+    std::set<std::string> named;
+    for (const auto& [unit, all] : reached) {
+        if (!all.contains(unit) || named.contains(unit)) {
+            continue;
+        }
+        std::vector<std::string>& circle = circles.emplace_back();
+        std::copy_if(all.begin(), all.end(), std::back_inserter(circle),
+                     [&](const std::string& other) { return reached.at(other).contains(unit); });
+        named.insert(circle.begin(), circle.end());
     }
     return circles;
 }

@@ -22,7 +22,7 @@ IncludeMap readIncludes(const std::filesystem::path& root);
 /// One text for each include line that a floor forbids: "file:line includes X: why".
 std::vector<std::string> findFloorViolations(const IncludeMap& includes);
 
-/// One text for each circle of includes between the project's files, naming the files on it.
-std::vector<std::string> findIncludeCircles(const IncludeMap& includes);
+/// Each set of units (a header and its source are one unit) that use one another in a ring, by sorted names.
+std::vector<std::vector<std::string>> findUnitCircles(const IncludeMap& includes);
 
 } // namespace house

@@ -1,7 +1,7 @@
 #include "terrain/panel_fixture.h"
 
-#include "host/module_state.h"
 #include "host/veskutil.h"
+#include "module/module_state.h"
 #include "resources/resource_ids.h"
 #include "support/ui_driver.h"
 #include "terrain/panel/map_editor_dlg.h"

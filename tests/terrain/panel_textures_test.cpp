@@ -2,8 +2,8 @@
 
 #include "engine/memory/engine_directories.h"
 #include "engine/qx_texture.h"
-#include "host/module_state.h"
 #include "host/veskutil.h"
+#include "module/module_state.h"
 #include "resources/resource_ids.h"
 #include "support/modal_steps.h"
 #include "terrain/panel/map_editor_dlg.h"

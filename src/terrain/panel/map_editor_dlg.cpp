@@ -1,6 +1,6 @@
 #include "terrain/panel/map_editor_dlg.h"
 
-#include "host/module_state.h"
+#include "module/module_state.h"
 #include "resources/resource_ids.h"
 #include "terrain/edit_cursor.h"
 #include "terrain/map_editor_settings.h"

@@ -1,4 +1,4 @@
-#include "host/module_state.h"
+#include "module/module_state.h"
 
 bool g_bEditorActive = false;
 CMapEditorDlg* g_pMapEditorDlg = nullptr;
