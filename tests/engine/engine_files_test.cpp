@@ -51,12 +51,19 @@ TEST_F(EngineFiles, NamesResolveInDirectoryOrderWithoutRegardToCase) {
         const char* name;
         const char* content;
     } const cases[] = {
-        {"Wind.WAV", "first wind"}, {"wind.wav", "first wind"},
-        {"WIND.wav", "first wind"}, {"RAIN.WAV", "rain"},
-        {"both.wav", "small"},      {"Both.wav", "capital"},
-        {"BOTH.WAV", "capital"},    {"TWO WORDS, \xC3\xA4.WAV", "spaced"},
-        {"a..b", "dots"},           {"snow.wav", "(none)"},
-        {"wind", "(none)"},         {"", "(none)"},
+        {"Wind.WAV", "first wind"},
+        {"wind.wav", "first wind"},
+        {"WIND.wav", "first wind"},
+        {"RAIN.WAV", "rain"},
+        {"both.wav", "small"},
+        {"Both.wav", "capital"},
+        {"BOTH.WAV", "capital"},
+        {"TWO WORDS, \xC3\xA4.WAV", "spaced"},
+        {"a..b", "dots"},
+        {"TWO WORDS, \xC3\x84.WAV", "(none)"}, // letters beyond A to Z have no case
+        {"snow.wav", "(none)"},
+        {"wind", "(none)"},
+        {"", "(none)"},
     };
     for (const auto& c : cases) {
         EXPECT_EQ(contentOf(c.name), c.content) << c.name;

@@ -1,5 +1,7 @@
 #include "engine/memory/engine_directories.h"
 
+#include "engine/qx_letter_case.h"
+
 #include <algorithm>
 #include <map>
 #include <system_error>
@@ -11,17 +13,6 @@ namespace fs = std::filesystem;
 std::vector<fs::path>& directoryList() {
     static std::vector<fs::path> directories;
     return directories;
-}
-
-// Only A to Z: what a locale or a file system makes of other letters is not the same everywhere.
-char lowered(char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
-std::string lowered(std::string_view text) {
-    std::string result(text);
-    std::ranges::transform(result, result.begin(), [](char c) { return lowered(c); });
-    return result;
 }
 
 bool isForbidden(char c) {
@@ -54,18 +45,17 @@ std::optional<fs::path> findInDirectory(const fs::path& directory, std::string_v
     if (isFile(exact)) {
         return exact;
     }
-    const std::string wanted = lowered(bareName);
     std::string found;
     forEachFileName(directory, [&](const std::string& name) {
         // The order of a directory's entries is chance, so the smallest spelling decides.
-        if (lowered(name) == wanted && (found.empty() || name < found)) {
+        if (isSameName(name, bareName) && (found.empty() || name < found)) {
             found = name;
         }
     });
     return found.empty() ? std::nullopt : std::optional(directory / found);
 }
 
-// Both texts lowered. After a mismatch only the last '*' is tried again, one character longer, so the work is
+// Both texts folded. After a mismatch only the last '*' is tried again, one character longer, so the work is
 // at most the product of the two lengths.
 bool matches(std::string_view text, std::string_view pattern) {
     std::size_t at = 0;
@@ -119,12 +109,12 @@ std::optional<fs::path> CEngineDirectories::resolve(std::string_view bareName) {
 }
 
 std::vector<std::string> CEngineDirectories::findMatching(std::string_view pattern) {
-    const std::string wanted = lowered(pattern);
+    const std::string wanted = foldCase(pattern);
     std::map<std::string, std::string> found;
     for (const fs::path& directory : directoryList()) {
         std::map<std::string, std::string> here;
         forEachFileName(directory, [&](const std::string& name) {
-            const std::string key = lowered(name);
+            const std::string key = foldCase(name);
             if (!matches(key, wanted)) {
                 return;
             }
