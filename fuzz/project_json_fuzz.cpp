@@ -8,9 +8,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const ProjectJsonReading reading = parseProjectJson(
         QByteArray::fromRawData(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size)));
     if (reading.error.isEmpty()) {
-        const QByteArray written = writeProjectJson(reading.settings, reading.original);
+        const QByteArray written = writeProjectJson(reading.settings, reading.original, reading.checksums);
         const ProjectJsonReading again = parseProjectJson(written);
-        if (!again.error.isEmpty() || writeProjectJson(again.settings, again.original) != written) {
+        if (!again.error.isEmpty() || writeProjectJson(again.settings, again.original, again.checksums) != written) {
             std::abort();
         }
     }

@@ -59,6 +59,7 @@ private:
     bool saveProjectAs();
     bool saveHeightmapAs();
     bool saveHeightsTo(const QString& path);
+    bool saveOutgrown();
     /// Ask what is to become of unsaved changes. False when the map at hand must stay.
     bool mayDropMap();
     void fillRecentMenu(QMenu& menu);

@@ -25,6 +25,9 @@ constexpr const char* HEIGHTS_ALONE = "%1 is a heightmap, which keeps the height
                                       "textures, water and details are kept only "
                                       "in a project.";
 
+constexpr const char* OUTGROWN = "%1 has 8 bits a point, which hold heights up to 255, and the map is higher "
+                                 "now. With 16 bits it can be saved under another name.";
+
 /// Where a file dialog begins for a map that has no place of its own yet.
 QString pathFor(const CMapDocument& document) {
     if (!document.path().isEmpty()) {
@@ -82,7 +85,7 @@ CMapDocument::Outcome CMainWindow::replaceMap(
 }
 
 void CMainWindow::offerAutosave() {
-    if (!m_document.hasAutosave()) {
+    if (m_document.abandonedCopy().isEmpty()) {
         return;
     }
     QMessageBox box(QMessageBox::Question, tr("Terrain sandbox"),
@@ -92,18 +95,20 @@ void CMainWindow::offerAutosave() {
     box.setObjectName("autosave-question");
     const QPushButton* open = box.addButton(tr("&Open Copy"), QMessageBox::AcceptRole);
     const QPushButton* remove = box.addButton(tr("&Delete Copy"), QMessageBox::DestructiveRole);
+    box.addButton(tr("&Later"), QMessageBox::RejectRole); // Escape as well: asked again the next time
     box.exec();
     if (box.clickedButton() == open) {
         tell(replaceMap([&](const std::function<void()>& beforeSwap) {
-                 return m_document.openAutosave(beforeSwap);
+                 return m_document.openAbandonedCopy(beforeSwap);
              }).error);
     } else if (box.clickedButton() == remove) {
-        m_document.dropAutosave();
+        m_document.deleteAbandonedCopy();
     }
 }
 
 void CMainWindow::autosave() {
-    if (vuIsEditingInProgress()) {
+    // The view's own word: the toolkit's flag stays set when an editor is closed in mid-stroke.
+    if (m_pView->isStroking()) {
         return; // the next time will do
     }
     const QString failure = m_document.autosave().error;
@@ -198,9 +203,26 @@ bool CMainWindow::saveHeightmapAs() {
     return !path.isEmpty() && saveHeightsTo(path);
 }
 
+/// A file of 8 bits is not turned into one of 16 behind a person's back: other programs show that black.
+bool CMainWindow::saveOutgrown() {
+    QMessageBox box(QMessageBox::Question, tr("Terrain sandbox"), tr(OUTGROWN).arg(m_document.name()),
+                    QMessageBox::Cancel, this);
+    box.setObjectName("outgrown-question");
+    const QPushButton* another = box.addButton(tr("Save &Heightmap As..."), QMessageBox::AcceptRole);
+    const QPushButton* project = box.addButton(tr("Save as &Project..."), QMessageBox::AcceptRole);
+    box.exec();
+    if (box.clickedButton() == project) {
+        return saveProjectAs();
+    }
+    return box.clickedButton() == another && saveHeightmapAs();
+}
+
 /// Of a project the heights are saved as a copy, so that nothing of it can get lost; but what else a
 /// heightmap has grown here would have no place to stay.
 bool CMainWindow::saveHeightsTo(const QString& path) {
+    if (QFileInfo(path).absoluteFilePath() == m_document.path() && m_document.hasOutgrownItsFile()) {
+        return saveOutgrown();
+    }
     const bool outgrown = m_document.kind() != Kind::PROJECT && m_document.hasOtherChanges();
     if (!outgrown || m_bHeightsAreEnough) {
         return tell(saveHeightmap(path));

@@ -3,7 +3,8 @@
 #include "engine/memory/engine_directories.h"
 #include "engine/qx_texture.h"
 #include "sandbox/app/ground_dressing.h"
-#include "sandbox/app/heightmap_file.h"
+#include "sandbox/files/heightmap_file.h"
+#include "sandbox/files/safe_file.h"
 #include "sandbox/project/project_map.h"
 
 #include <QDir>
@@ -20,7 +21,8 @@ constexpr int NEW_EDGE = 129;
 constexpr std::uint16_t NEW_HEIGHT = 100;
 constexpr double RELIEF = 0.07;        // highest ground over lowest, as a part of the map's width
 constexpr double STEEPEST_UNIT = 0.05; // world units that a height unit may have at most
-constexpr double FIRST_WATER = 0.04;   // of the way from the lowest ground to the highest
+constexpr const char* NO_MEMORY = "there is not enough memory";
+constexpr double FIRST_WATER = 0.04; // of the way from the lowest ground to the highest
 
 const QString& samples() {
     static const QString FOLDER = QStringLiteral(SANDBOX_SAMPLES);
@@ -91,13 +93,54 @@ ProjectFault writeCopy(const QString& folder, Project project) {
     try {
         return writeProject(folder, project);
     } catch (const std::bad_alloc&) {
-        return {folder, "there is not enough memory"};
+        return {folder, NO_MEMORY};
     }
 }
 
 QString failedTo(const char* what, const QString& path, const QString& reason) {
     return QString("Failed to %1 %2: %3").arg(what, path, reason);
 }
+
+/// Runs what may need more memory than there is; then nothing was changed yet.
+template <class Work> CMapDocument::Outcome withinMemory(const char* what, const QString& path, Work work) {
+    try {
+        return work();
+    } catch (const std::bad_alloc&) {
+        return {failedTo(what, path, NO_MEMORY), {}};
+    }
+}
+
+/// The folders and files that a save adds beside the project itself; gone again when the save fails.
+class CAddedFiles {
+public:
+    explicit CAddedFiles(const QString& folder) {
+        for (const QString& name : {folder + '/' + PROJECT_TEXTURE_FOLDER, folder}) {
+            if (!QFileInfo::exists(name)) {
+                m_folders.append(name);
+            }
+        }
+    }
+    ~CAddedFiles() {
+        for (const QString& file : files) {
+            static_cast<void>(removeFile(file));
+        }
+        for (const QString& folder : m_folders) {
+            QDir().rmdir(folder); // only when nothing is in it
+        }
+    }
+    CAddedFiles(const CAddedFiles&) = delete;
+    CAddedFiles& operator=(const CAddedFiles&) = delete;
+
+    QStringList files;
+
+    void keep() {
+        files.clear();
+        m_folders.clear();
+    }
+
+private:
+    QStringList m_folders;
+};
 
 } // namespace
 
@@ -128,8 +171,9 @@ CMapDocument::Contents CMapDocument::makeContents(const Heightmap& heights, cons
 }
 
 CMapDocument::Outcome CMapDocument::open(const QString& path, const std::function<void()>& beforeSwap) {
-    const Outcome outcome =
-        isProjectPath(path) ? openProject(path, beforeSwap) : openHeightmap(path, beforeSwap);
+    const Outcome outcome = withinMemory("open", path, [&] {
+        return isProjectPath(path) ? openProject(path, beforeSwap) : openHeightmap(path, beforeSwap);
+    });
     if (outcome.error.isEmpty()) {
         rememberState();
     }
@@ -147,6 +191,7 @@ CMapDocument::Outcome CMapDocument::openHeightmap(const QString& path,
     m_projectFile = {};
     dropAutosave(); // of what was open: its changes are saved or given up
     belongTo(Kind::HEIGHTMAP, path);
+    m_fileBits = static_cast<HeightmapBits>(reading.pictureBits);
     lookForTexturesIn(info.absolutePath());
     if (reading.isCropped()) { // saving a part of a picture over the whole would lose the rest of it
         m_strPath.clear();
@@ -187,6 +232,10 @@ void CMapDocument::adopt(Contents contents, const std::function<void()>& beforeS
 
 void CMapDocument::belongTo(Kind kind, const QString& path) {
     const QFileInfo info(QDir::cleanPath(path));
+    if (info.absoluteFilePath() != m_strPath) {
+        dropAutosave(); // it would be looked for beside the new place
+        m_fileBits = HeightmapBits::SIXTEEN;
+    }
     m_kind = kind;
     m_strPath = isSample(path) ? QString() : info.absoluteFilePath();
     m_strName = isSample(path) ? QString("%1 (sample)").arg(info.fileName()) : info.fileName();
@@ -211,37 +260,55 @@ QString CMapDocument::placeForTextures() const {
 }
 
 CMapDocument::Outcome CMapDocument::saveHeightmap(const QString& path) {
-    const std::span<const std::uint16_t> heights = m_pMap->getHeights();
-    const QString reason =
-        writeHeightmapFile(path, {m_pMap->getGridDim() + 1, {heights.begin(), heights.end()}});
-    if (!reason.isEmpty()) {
-        return {failedTo("save", path, reason), {}};
+    const bool isOwn = m_kind == Kind::HEIGHTMAP && QFileInfo(path).absoluteFilePath() == m_strPath;
+    const HeightmapBits bits = isOwn ? m_fileBits : HeightmapBits::SIXTEEN;
+    if (isOwn && hasOutgrownItsFile()) {
+        return {failedTo("save", path,
+                         "it has 8 bits a point, which hold heights up to 255, and the map is higher now"),
+                {}};
     }
-    if (m_kind != Kind::PROJECT) {
+    const Outcome outcome = withinMemory("save", path, [&] {
+        const QString reason = writeHeightmapFile(path, m_pMap->getGridDim() + 1, m_pMap->getHeights(), bits);
+        return Outcome{reason.isEmpty() ? QString() : failedTo("save", path, reason), {}};
+    });
+    if (outcome.error.isEmpty() && m_kind != Kind::PROJECT) {
         m_nSavedHeights = m_pMap->getChangeCount(MapChange::HEIGHTS);
         if (!isModified()) {
             dropAutosave();
         }
         belongTo(Kind::HEIGHTMAP, path);
     }
-    return {};
+    return outcome;
+}
+
+bool CMapDocument::hasOutgrownItsFile() const {
+    return m_kind == Kind::HEIGHTMAP && !m_strPath.isEmpty() &&
+           std::ranges::max(m_pMap->getHeights()) > highestHeight(m_fileBits);
 }
 
 CMapDocument::Outcome CMapDocument::saveProject(const QString& folder) {
+    const Outcome outcome = withinMemory("save", folder, [&] { return saveAll(folder); });
+    if (outcome.error.isEmpty()) {
+        dropAutosave();
+        belongTo(Kind::PROJECT, folder);
+        lookForTexturesIn(m_strPath.isEmpty() ? folder : m_strPath);
+        rememberState();
+    }
+    return outcome;
+}
+
+CMapDocument::Outcome CMapDocument::saveAll(const QString& folder) {
     Project project = captureProject(*m_pMap, *m_pScene);
     project.original = m_projectFile;
-    ProjectFault fault = copyTextures(project, folder);
+    CAddedFiles added(folder);
+    ProjectFault fault = copyTextures(project, folder, added.files);
     if (fault.reason.isEmpty()) {
         fault = writeProject(folder, project);
     }
     if (!fault.reason.isEmpty()) {
         return {failedTo("save", fault.path, fault.reason), {}};
     }
-    dropAutosave();
-    belongTo(Kind::PROJECT, folder);
-    dropAutosave();
-    lookForTexturesIn(m_strPath.isEmpty() ? folder : m_strPath);
-    rememberState();
+    added.keep();
     return {};
 }
 
@@ -258,11 +325,19 @@ CMapDocument::Outcome CMapDocument::autosave() {
     if (m_strPath.isEmpty() || !isModified() || state == m_nAutosaved) {
         return {};
     }
-    Project project = captureProject(*m_pMap, *m_pScene);
-    project.original = m_projectFile;
-    m_autosaving = std::async(std::launch::async, writeCopy, autosaveFolder(), std::move(project));
-    m_nAutosaved = state;
-    return {};
+    if (!m_copy.isOwned()) {
+        if (const QString reason = m_copy.claim(m_strPath); !reason.isEmpty()) {
+            return {failedTo("save", m_strPath + ".autosave", reason), {}};
+        }
+    }
+    return withinMemory("save", m_copy.folder(), [&] {
+        Project project = captureProject(*m_pMap, *m_pScene);
+        project.original = m_projectFile;
+        CAutomaticCopy::mark(project);
+        m_autosaving = std::async(std::launch::async, writeCopy, m_copy.folder(), std::move(project));
+        m_nAutosaved = state;
+        return Outcome();
+    });
 }
 
 void CMapDocument::endAutosave() {
@@ -272,17 +347,30 @@ void CMapDocument::endAutosave() {
     m_nAutosaved = 0;
 }
 
-bool CMapDocument::hasAutosave() const {
-    return !m_strPath.isEmpty() && QFileInfo(autosaveFolder() + '/' + PROJECT_FILE_NAME).isFile();
+QString CMapDocument::abandonedCopy() const {
+    return m_strPath.isEmpty() ? QString() : CAutomaticCopy::findAbandoned(m_strPath);
 }
 
-CMapDocument::Outcome CMapDocument::openAutosave(const std::function<void()>& beforeSwap) {
+CMapDocument::Outcome CMapDocument::openAbandonedCopy(const std::function<void()>& beforeSwap) {
+    const QString folder = abandonedCopy();
     Project project;
-    const ProjectFault fault = readProject(autosaveFolder(), project);
-    if (!fault.reason.isEmpty()) {
-        return {failedTo("open", fault.path, fault.reason), {}};
+    const Outcome read = withinMemory("open", folder, [&] {
+        const ProjectFault fault = readProject(folder, project);
+        return Outcome{fault.reason.isEmpty() ? QString() : failedTo("open", fault.path, fault.reason), {}};
+    });
+    if (!read.error.isEmpty()) {
+        return read;
     }
-    adopt(contentsOf(project), beforeSwap);
+    const Outcome built = withinMemory("open", folder, [&] {
+        adopt(contentsOf(project), beforeSwap);
+        return Outcome();
+    });
+    if (!built.error.isEmpty()) {
+        return built;
+    }
+    dropAutosave();
+    m_copy.takeOver(folder); // what it holds stays unsaved: the copy is kept until that is decided
+    CAutomaticCopy::unmark(project);
     m_projectFile = project.original;
     rememberState();
     constexpr std::uint64_t NEVER = ~std::uint64_t{0};
@@ -291,11 +379,16 @@ CMapDocument::Outcome CMapDocument::openAutosave(const std::function<void()>& be
     return {};
 }
 
+void CMapDocument::deleteAbandonedCopy() {
+    CAutomaticCopy copy;
+    if (const QString folder = abandonedCopy(); !folder.isEmpty() && copy.takeOver(folder)) {
+        copy.remove();
+    }
+}
+
 void CMapDocument::dropAutosave() {
     endAutosave();
-    if (hasAutosave()) {
-        QDir(autosaveFolder()).removeRecursively();
-    }
+    m_copy.remove();
 }
 
 bool CMapDocument::hasHeightChanges() const {

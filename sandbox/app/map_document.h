@@ -2,6 +2,8 @@
 
 #include "engine/memory/memory_map.h"
 #include "engine/memory/memory_scene.h"
+#include "sandbox/core/heightmap_png.h"
+#include "sandbox/project/automatic_copy.h"
 #include "sandbox/project/project_folder.h"
 
 #include <QJsonObject>
@@ -29,21 +31,27 @@ public:
     /// Replace the map by what the path holds: a project folder, its project file, or a heightmap. On failure
     /// the old map stays. `beforeSwap` runs when the new map is ready and the old one is about to be freed.
     Outcome open(const QString& path, const std::function<void()>& beforeSwap);
-    /// Write the heights to a file. It becomes the document's, unless that is a project, which stays one.
+    /// Write the heights to a file, with 16 bits a point; over the document's own file with as many as it
+    /// came with, which is refused when they do not hold the heights any more. It becomes the document's,
+    /// unless that is a project, which stays one.
     Outcome saveHeightmap(const QString& path);
+    /// The document's own file cannot hold the heights as they are now: it came with 8 bits a point.
+    bool hasOutgrownItsFile() const;
     /// Write all of it to a folder, the textures' images included. The folder becomes the document's. After a
     /// failure the folder holds the project that it held before.
     Outcome saveProject(const QString& folder);
 
     /// Write all of it to a folder beside the document's own, when it has unsaved changes that are not in
-    /// that copy yet. Nothing is done for a map without a place of its own, nor for one that takes long to
-    /// write.
+    /// that copy yet; a copy of another program, or of one that ended unasked, is left alone. Nothing is done
+    /// for a map without a place of its own.
     Outcome autosave();
-    /// There is such a copy: the program came to an end that nobody wanted, and the copy is newer than the
-    /// map.
-    bool hasAutosave() const;
-    /// Replace the map by the copy, as unsaved changes of the document. On failure the map stays.
-    Outcome openAutosave(const std::function<void()>& beforeSwap);
+    /// The folder of a copy that a program left that came to an end that nobody wanted; empty for none.
+    QString abandonedCopy() const;
+    /// Replace the map by that copy, as unsaved changes of the document. On failure the map stays.
+    Outcome openAbandonedCopy(const std::function<void()>& beforeSwap);
+    /// Remove that copy: a person decided so.
+    void deleteAbandonedCopy();
+    /// Remove the document's own copy: what is in it is saved or given up.
     void dropAutosave();
 
     CMemoryMap& map() { return *m_pMap; }
@@ -79,11 +87,11 @@ private:
 
     static Contents makeContents(const Heightmap& heights, const QString& mapFolder);
     static Contents contentsOf(const Project& project);
+    Outcome saveAll(const QString& folder);
     Outcome openHeightmap(const QString& path, const std::function<void()>& beforeSwap);
     Outcome openProject(const QString& path, const std::function<void()>& beforeSwap);
     void adopt(Contents contents, const std::function<void()>& beforeSwap);
     void endAutosave();
-    QString autosaveFolder() const { return m_strPath + ".autosave"; }
     void belongTo(Kind kind, const QString& path);
     void lookForTexturesIn(const QString& mapFolder);
     std::uint64_t otherState() const;
@@ -95,9 +103,11 @@ private:
     QString m_strPath;
     QString m_strName;
     QString m_strTextureFolder;
+    HeightmapBits m_fileBits = HeightmapBits::SIXTEEN; // of the heightmap at m_strPath
     QJsonObject m_projectFile; // as read or written last, for the keys that this program does not know
     std::uint64_t m_nSavedHeights = 0;
     std::uint64_t m_nSavedOther = 0;
+    CAutomaticCopy m_copy;
     std::uint64_t m_nAutosaved = 0;         // state that the copy holds
     std::future<ProjectFault> m_autosaving; // the copy that is being written, or was and is not yet judged
 };

@@ -31,11 +31,21 @@ struct HeightmapReading {
     bool isCropped() const { return pictureWidth != pictureHeight; }
 };
 
+/// Bits a pixel of a heightmap file; with 8 its heights reach to 255.
+enum class HeightmapBits { EIGHT = 8, SIXTEEN = 16 };
+
+/// Highest height that a file of so many bits holds.
+constexpr int highestHeight(HeightmapBits bits) {
+    return bits == HeightmapBits::EIGHT ? 0xFF : 0xFFFF;
+}
+
 /// Decode a whole PNG file held in memory: grey, 8 or 16 bits a pixel, without alpha. A pixel is a point and
 /// its value a height. Of a picture that is not square the largest square in the middle is taken. Every size
 /// is checked against the limits and against the length of the file before memory is taken for it; a file
-/// that is cut short or damaged anywhere is refused.
+/// that is cut short or damaged anywhere is refused. Throws std::bad_alloc.
 HeightmapReading decodeHeightmap(std::span<const std::uint8_t> file);
 
-/// The map as a 16-bit grey PNG file, or nothing when libpng gives up (out of memory).
-std::optional<std::vector<std::uint8_t>> encodeHeightmap(const Heightmap& map);
+/// The heights, `edge` times `edge`, as a grey PNG file, or nothing when libpng gives up (out of memory).
+/// None may be above highestHeight(bits).
+std::optional<std::vector<std::uint8_t>> encodeHeightmap(int edge, std::span<const std::uint16_t> heights,
+                                                         HeightmapBits bits);

@@ -1,72 +1,46 @@
 #include "sandbox/project/colour_layer.h"
 
-#include "sandbox/core/reason_text.h"
+#include "sandbox/core/png_picture.h"
 
-#include <QFileInfo>
-#include <QImage>
-#include <QImageReader>
-#include <QImageWriter>
-#include <QSaveFile>
 #include <cstring>
+#include <new>
 
 namespace {
 
-constexpr std::int64_t DEFLATE_MAX_RATIO = 1032; // RFC 1951: 258 bytes from two bits at best
-
-/// Whether the file ends with the chunk that ends a PNG. Qt shows what it can of a picture that is cut short.
-bool endsWhole(const QString& path) {
-    static const QByteArray END("\0\0\0\0IEND\xAE\x42\x60\x82", 12);
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) && file.size() > END.size() &&
-           file.seek(file.size() - END.size()) && file.readAll() == END;
-}
-
-std::size_t rowBytes(int edge) {
-    return static_cast<std::size_t>(edge) * sizeof(qxCColour);
+std::size_t pointsOf(int edge) {
+    return static_cast<std::size_t>(edge) * static_cast<std::size_t>(edge);
 }
 
 } // namespace
 
-QString readColourLayer(const QString& path, int edge, std::vector<qxCColour>& colours) {
-    if (QFileInfo::exists(path) && !endsWhole(path)) {
-        return "the file ends early";
+QString decodeColours(std::span<const std::uint8_t> file, int edge, std::vector<qxCColour>& colours) {
+    PngHeader header;
+    std::string reason = readPngHeader(file, header);
+    if (reason.empty() && (header.width != static_cast<unsigned>(edge) || header.height != header.width)) {
+        reason = "the picture is " + header.sizeText() + ", which does not fit the map";
     }
-    QImageReader reader(path, "png");
-    const QSize size = reader.size();
-    if (!size.isValid()) {
-        return reasonText(reader.errorString());
+    PngPicture picture;
+    if (reason.empty()) {
+        reason = decodePng(file, header, picture);
     }
-    if (size != QSize(edge, edge)) {
-        return QString("the picture is %1 x %2, which does not fit the map")
-            .arg(size.width())
-            .arg(size.height());
+    if (reason.empty() && picture.kind != PngKind::COLOUR) {
+        reason = "the picture is grey; the colours of a map are red, green, blue and alpha";
     }
-    // A bit a pixel is the least a PNG may have.
-    if (std::int64_t{edge} * edge / 8 > QFileInfo(path).size() * DEFLATE_MAX_RATIO) {
-        return QString("the file is too short for a picture of %1 x %1").arg(edge);
+    if (!reason.empty()) {
+        return QString::fromStdString(reason);
     }
-    const QImage image = reader.read().convertToFormat(QImage::Format_ARGB32);
-    if (image.isNull()) {
-        return reasonText(reader.errorString());
-    }
-    colours.resize(static_cast<std::size_t>(edge) * static_cast<std::size_t>(edge));
-    for (int row = 0; row < edge; ++row) {
-        std::memcpy(colours.data() + static_cast<std::size_t>(row) * static_cast<std::size_t>(edge),
-                    image.constScanLine(row), rowBytes(edge));
-    }
+    colours.resize(pointsOf(edge));
+    std::memcpy(colours.data(), picture.pixels.data(), picture.pixels.size());
     return {};
 }
 
-QString writeColourLayer(const QString& path, int edge, const std::vector<qxCColour>& colours) {
-    const QImage image(reinterpret_cast<const uchar*>(colours.data()), edge, edge,
-                       static_cast<qsizetype>(rowBytes(edge)), QImage::Format_ARGB32);
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly)) {
-        return reasonText(file.errorString());
+QByteArray encodeColours(int edge, const std::vector<qxCColour>& colours) {
+    PngPicture picture{edge, edge, PngKind::COLOUR,
+                       std::vector<std::uint8_t>(pointsOf(edge) * sizeof(qxCColour))};
+    std::memcpy(picture.pixels.data(), colours.data(), picture.pixels.size());
+    const auto file = encodePng(picture);
+    if (!file) {
+        throw std::bad_alloc();
     }
-    QImageWriter writer(&file, "png");
-    if (!writer.write(image)) {
-        return reasonText(writer.errorString());
-    }
-    return file.commit() ? QString() : reasonText(file.errorString());
+    return {reinterpret_cast<const char*>(file->data()), static_cast<qsizetype>(file->size())};
 }

@@ -1,146 +1,305 @@
 #include "sandbox/project/project_folder.h"
 
-#include "sandbox/app/heightmap_file.h"
-#include "sandbox/core/reason_text.h"
+#include "sandbox/core/heightmap_png.h"
+#include "sandbox/files/folder_lock.h"
+#include "sandbox/files/safe_file.h"
 #include "sandbox/project/colour_layer.h"
+#include "sandbox/project/detail_layer.h"
+#include "sandbox/project/layer_files.h"
 #include "sandbox/project/project_json.h"
+#include "sandbox/project/project_limits.h"
 
 #include <QDir>
 #include <QFileInfo>
-#include <QRegularExpression>
-#include <QSaveFile>
 #include <algorithm>
+#include <chrono>
+#include <span>
 
 namespace {
 
-constexpr qint64 LARGEST_PROJECT_FILE = 64LL * 1024 * 1024;
+constexpr std::chrono::seconds PATIENCE(10); // with a program that saves there
 
-ProjectFault readSettings(const QString& path, Project& project) {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        return {path, reasonText(file.errorString())};
-    }
-    if (file.size() > LARGEST_PROJECT_FILE) {
-        return {path, "it is larger than a project file can be"};
-    }
-    ProjectJsonReading reading = parseProjectJson(file.readAll());
-    if (!reading.error.isEmpty()) {
-        return {path, reading.error};
-    }
-    project.settings = std::move(reading.settings);
-    project.original = std::move(reading.original);
-    return {};
+std::span<const std::uint8_t> bytesOf(const QByteArray& bytes) {
+    return {reinterpret_cast<const std::uint8_t*>(bytes.constData()), static_cast<std::size_t>(bytes.size())};
 }
 
-/// A grey layer of `edge` points a side; 0 takes the size of the picture.
-ProjectFault readGreyLayer(const QString& path, int edge, Heightmap& layer) {
-    HeightmapReading reading = readHeightmapFile(path);
+/// Reads the layers of one project, each checked against the sum that the project file holds of it.
+class CLayerReader {
+public:
+    CLayerReader(const QDir& folder, const ProjectChecksums& checksums)
+        : m_folder(folder), m_checksums(checksums) {}
+
+    ProjectFault read(Project& project);
+
+private:
+    QString readBytes(const QString& name, const char* key, QByteArray& bytes) const;
+    QString readGrey(const QString& name, const char* key, std::vector<std::uint16_t>& values);
+    QString readColours(const Project& project, std::vector<qxCColour>& colours) const;
+    QString readDetails(ProjectSettings& settings) const;
+
+    QDir m_folder;
+    const ProjectChecksums& m_checksums;
+    int m_nEdge = 0; ///< of the first layer
+};
+
+QString CLayerReader::readBytes(const QString& name, const char* key, QByteArray& bytes) const {
+    const QString reason = readWholeFile(m_folder.filePath(name), LARGEST_LAYER_FILE, bytes);
+    if (!reason.isEmpty() || !m_checksums.contains(key) || m_checksums[key] == checksumOf(bytes)) {
+        return reason;
+    }
+    return "it was changed or damaged after it was saved; to open it as it is, remove \"checksums\" from the "
+           "project file";
+}
+
+QString CLayerReader::readGrey(const QString& name, const char* key, std::vector<std::uint16_t>& values) {
+    QByteArray bytes;
+    if (const QString reason = readBytes(name, key, bytes); !reason.isEmpty()) {
+        return reason;
+    }
+    HeightmapReading reading = decodeHeightmap(bytesOf(bytes));
     if (!reading.error.empty()) {
-        return {path, QString::fromStdString(reading.error)};
+        return QString::fromStdString(reading.error);
     }
-    if (reading.isCropped() || (edge != 0 && reading.map.edge != edge)) {
-        return {path, QString("the picture is %1 x %2, which does not fit the map")
-                          .arg(reading.pictureWidth)
-                          .arg(reading.pictureHeight)};
+    if (reading.isCropped() || (m_nEdge != 0 && reading.map.edge != m_nEdge)) {
+        return QString("the picture is %1 x %2, which does not fit the map")
+            .arg(reading.pictureWidth)
+            .arg(reading.pictureHeight);
     }
-    layer = std::move(reading.map);
+    m_nEdge = reading.map.edge;
+    values = std::move(reading.map.heights);
     return {};
 }
 
-ProjectFault readLayers(const QDir& folder, Project& project) {
+QString CLayerReader::readColours(const Project& project, std::vector<qxCColour>& colours) const {
+    QByteArray bytes;
+    const QString reason = readBytes(project.settings.layers.colours, "colours", bytes);
+    return reason.isEmpty() ? decodeColours(bytesOf(bytes), m_nEdge, colours) : reason;
+}
+
+QString CLayerReader::readDetails(ProjectSettings& settings) const {
+    if (settings.layers.details.isEmpty()) {
+        return {}; // the first format lists them in the project file
+    }
+    QByteArray bytes;
+    const QString reason = readBytes(settings.layers.details, "details", bytes);
+    return reason.isEmpty()
+               ? decodeDetails(bytes, static_cast<int>(settings.textures.size()), settings.details)
+               : reason;
+}
+
+ProjectFault CLayerReader::read(Project& project) {
     const ProjectLayers& names = project.settings.layers;
-    Heightmap heights;
-    Heightmap blends;
-    Heightmap water;
-    ProjectFault fault = readGreyLayer(folder.filePath(names.heights), 0, heights);
-    if (fault.reason.isEmpty()) {
-        fault = readGreyLayer(folder.filePath(names.blends), heights.edge, blends);
+    std::vector<std::uint16_t> water;
+    QString name = names.heights;
+    QString reason = readGrey(name, "heights", project.heights);
+    if (reason.isEmpty()) {
+        name = names.blends;
+        reason = readGrey(name, "blends", project.blends);
     }
-    if (fault.reason.isEmpty()) {
-        fault = readGreyLayer(folder.filePath(names.water), heights.edge, water);
+    if (reason.isEmpty()) {
+        name = names.water;
+        reason = readGrey(name, "water", water);
     }
-    if (fault.reason.isEmpty()) {
-        const QString path = folder.filePath(names.colours);
-        fault = {path, readColourLayer(path, heights.edge, project.colours)};
+    if (reason.isEmpty()) {
+        name = names.colours;
+        reason = readColours(project, project.colours);
     }
-    if (!fault.reason.isEmpty()) {
-        return fault;
+    if (reason.isEmpty()) {
+        name = names.details;
+        reason = readDetails(project.settings);
     }
-    project.edge = heights.edge;
-    project.heights = std::move(heights.heights);
-    project.blends = std::move(blends.heights);
-    project.water.resize(water.heights.size());
-    std::ranges::transform(water.heights, project.water.begin(), [](std::uint16_t value) {
+    if (!reason.isEmpty()) {
+        return {m_folder.filePath(name), reason};
+    }
+    project.edge = m_nEdge;
+    project.water.resize(water.size());
+    std::ranges::transform(water, project.water.begin(), [](std::uint16_t value) {
         return value != 0 ? std::uint8_t{1} : std::uint8_t{0};
     });
     return {};
 }
 
-/// Layer names that stand in the folder for nothing else yet: heights.1.png, heights.2.png and so on.
-ProjectLayers unusedNames(const QDir& folder) {
-    for (int number = 1;; ++number) {
-        const auto name = [number](const char* layer) { return QString("%1.%2.png").arg(layer).arg(number); };
-        const ProjectLayers names = {name("heights"), name("blends"), name("colours"), name("water")};
-        const auto taken = [&](const QString& file) { return QFileInfo::exists(folder.filePath(file)); };
-        if (!taken(names.heights) && !taken(names.blends) && !taken(names.colours) && !taken(names.water)) {
-            return names;
-        }
+ProjectFault readSettings(const QString& path, Project& project, ProjectChecksums& checksums) {
+    QByteArray text;
+    if (const QString reason = readWholeFile(path, LARGEST_PROJECT_FILE, text); !reason.isEmpty()) {
+        return {path, reason};
     }
+    ProjectJsonReading reading = parseProjectJson(text);
+    if (!reading.error.isEmpty()) {
+        return {path, reading.error};
+    }
+    project.settings = std::move(reading.settings);
+    project.original = std::move(reading.original);
+    checksums = std::move(reading.checksums);
+    return {};
 }
 
-ProjectFault writeLayers(const QDir& folder, const ProjectLayers& names, const Project& project) {
-    Heightmap water{project.edge, {}};
-    water.heights.resize(project.water.size());
-    std::ranges::transform(project.water, water.heights.begin(), [](std::uint8_t value) {
-        return value != 0 ? std::uint16_t{0xFFFF} : std::uint16_t{0};
-    });
-    const auto writeGrey = [&](const QString& name, const Heightmap& layer) {
-        const QString path = folder.filePath(name);
-        return ProjectFault{path, writeHeightmapFile(path, layer)};
+/// Writes one project into its folder. Lives for one save.
+class CProjectSaver {
+public:
+    CProjectSaver(const QString& folder, Project& project)
+        : m_folder(folder), m_project(project), m_settings(project.settings) {}
+
+    ProjectFault save();
+
+private:
+    QString checkLimits() const;
+    ProjectFault saveLocked();
+    ProjectFault writeLayers(bool& taken);
+    ProjectFault writeProjectFile();
+    ProjectFault put(const QString& name, const char* key, const QByteArray& bytes, bool& taken);
+    ProjectFault putGrey(const QString& name, const char* key, const std::vector<std::uint16_t>& values,
+                         bool& taken);
+    void removeWritten();
+    QStringList formerLayers() const;
+    QString projectFile() const { return m_folder.filePath(PROJECT_FILE_NAME); }
+
+    QDir m_folder;
+    Project& m_project;
+    ProjectSettings m_settings; ///< as they will be saved
+    ProjectChecksums m_checksums;
+    QStringList m_written;
+};
+
+QString CProjectSaver::checkLimits() const {
+    const auto tooMany = [](std::size_t count, int most, const char* what) {
+        return count > static_cast<std::size_t>(most)
+                   ? QString("it has %1 %2; a project has at most %3").arg(count).arg(what).arg(most)
+                   : QString();
     };
-    ProjectFault fault = writeGrey(names.heights, {project.edge, project.heights});
-    if (fault.reason.isEmpty()) {
-        fault = writeGrey(names.blends, {project.edge, project.blends});
+    const QString reasons[] = {
+        tooMany(m_settings.textures.size(), MOST_TEXTURES, "textures"),
+        tooMany(m_settings.definitions.size(), MOST_DEFINITIONS, "texture definitions"),
+        tooMany(m_settings.terrainTypes.size(), MOST_TERRAIN_TYPES, "terrain types"),
+        tooMany(m_settings.details.size(), MOST_DETAILS, "details")};
+    const auto* const found =
+        std::ranges::find_if(reasons, [](const QString& reason) { return !reason.isEmpty(); });
+    return found != std::end(reasons) ? *found : QString();
+}
+
+ProjectFault CProjectSaver::save() {
+    if (const QString reason = checkLimits(); !reason.isEmpty()) {
+        return {m_folder.path(), reason};
     }
-    if (fault.reason.isEmpty()) {
-        fault = writeGrey(names.water, water);
+    bool made = false;
+    if (const QString reason = makeFolder(m_folder.path(), made); !reason.isEmpty()) {
+        return {m_folder.path(), reason};
     }
-    if (fault.reason.isEmpty()) {
-        const QString path = folder.filePath(names.colours);
-        fault = {path, writeColourLayer(path, project.edge, project.colours)};
+    ProjectFault fault;
+    {
+        CFolderLock lock;
+        fault = {m_folder.path(), lock.acquire(m_folder.path(), CFolderLock::Kind::EXCLUSIVE, PATIENCE)};
+        if (fault.reason.isEmpty()) {
+            fault = saveLocked();
+        }
+    }
+    if (!fault.reason.isEmpty() && made) {
+        QDir().rmdir(m_folder.path()); // only when nothing is in it
     }
     return fault;
 }
 
-QStringList filesOf(const ProjectLayers& layers) {
-    return {layers.heights, layers.blends, layers.colours, layers.water};
+ProjectFault CProjectSaver::saveLocked() {
+    const QStringList former = formerLayers();
+    ProjectFault fault;
+    bool taken = true; // by a program that knows no locks
+    for (int number = 1; taken; ++number) {
+        m_settings.layers = unusedLayerNames(m_folder, number);
+        fault = writeLayers(taken);
+    }
+    if (fault.reason.isEmpty()) {
+        fault = writeProjectFile();
+    }
+    if (fault.reason.isEmpty()) {
+        sweepLayers(m_folder, filesOf(m_settings.layers), former);
+        m_project.settings.layers = m_settings.layers;
+    }
+    return fault;
 }
 
-void removeLayers(const QDir& folder, const QStringList& names) {
-    for (const QString& name : names) {
-        QFile::remove(folder.filePath(name));
+ProjectFault CProjectSaver::put(const QString& name, const char* key, const QByteArray& bytes, bool& taken) {
+    const QString path = m_folder.filePath(name);
+    const QString reason = makeFile(path, bytes, taken);
+    if (reason.isEmpty()) {
+        m_written.append(name);
+        m_checksums[key] = checksumOf(bytes);
     }
+    return {path, reason};
 }
 
-/// The layers that the project file now in the folder refers to, as far as a save gave them their names. A
-/// picture that a person put there under another name is theirs and stays.
-QStringList layersToReplace(const QDir& folder) {
-    static const QRegularExpression OURS("^(heights|blends|colours|water)\\.[0-9]+\\.png$");
-    Project earlier;
-    if (!readSettings(folder.filePath(PROJECT_FILE_NAME), earlier).reason.isEmpty()) {
-        return {};
+ProjectFault CProjectSaver::putGrey(const QString& name, const char* key,
+                                    const std::vector<std::uint16_t>& values, bool& taken) {
+    const auto encoded = encodeHeightmap(m_project.edge, values, HeightmapBits::SIXTEEN);
+    if (!encoded) {
+        return {m_folder.filePath(name), "there is not enough memory"};
     }
-    return filesOf(earlier.settings.layers).filter(OURS);
+    return put(name, key,
+               QByteArray::fromRawData(reinterpret_cast<const char*>(encoded->data()),
+                                       static_cast<qsizetype>(encoded->size())),
+               taken);
 }
 
-ProjectFault writeSettings(const QDir& folder, const ProjectSettings& settings, const QJsonObject& original) {
-    const QString path = folder.filePath(PROJECT_FILE_NAME);
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly)) {
-        return {path, reasonText(file.errorString())};
+ProjectFault CProjectSaver::writeLayers(bool& taken) {
+    const ProjectLayers& names = m_settings.layers;
+    taken = false;
+    ProjectFault fault = putGrey(names.heights, "heights", m_project.heights, taken);
+    if (fault.reason.isEmpty()) {
+        fault = putGrey(names.blends, "blends", m_project.blends, taken);
     }
-    file.write(writeProjectJson(settings, original));
-    return {path, file.commit() ? QString() : reasonText(file.errorString())};
+    if (fault.reason.isEmpty()) {
+        std::vector<std::uint16_t> water(m_project.water.size());
+        std::ranges::transform(m_project.water, water.begin(), [](std::uint8_t value) {
+            return value != 0 ? std::uint16_t{0xFFFF} : std::uint16_t{0};
+        });
+        fault = putGrey(names.water, "water", water, taken);
+    }
+    if (fault.reason.isEmpty()) {
+        const QByteArray colours = encodeColours(m_project.edge, m_project.colours);
+        fault = put(names.colours, "colours", colours, taken);
+    }
+    if (fault.reason.isEmpty()) {
+        fault = put(names.details, "details", encodeDetails(m_settings.details), taken);
+    }
+    if (fault.reason.isEmpty()) {
+        fault = {m_folder.path(), syncFolder(m_folder.path())};
+    }
+    if (!fault.reason.isEmpty()) {
+        removeWritten();
+    }
+    return fault;
+}
+
+ProjectFault CProjectSaver::writeProjectFile() {
+    const QByteArray text = writeProjectJson(m_settings, m_project.original, m_checksums);
+    QString reason;
+    if (text.size() > LARGEST_PROJECT_FILE) {
+        reason = QString("it would be larger than %1 MB, and could not be opened again")
+                     .arg(LARGEST_PROJECT_FILE / 1024 / 1024);
+    } else {
+        reason = replaceFile(projectFile(), text);
+    }
+    if (!reason.isEmpty()) {
+        // When the new file stands although the disk reports a fault, its layers must stand too.
+        QByteArray now;
+        if (!readWholeFile(projectFile(), LARGEST_PROJECT_FILE, now).isEmpty() || now != text) {
+            removeWritten();
+        }
+    }
+    return {projectFile(), reason};
+}
+
+void CProjectSaver::removeWritten() {
+    for (const QString& name : m_written) {
+        static_cast<void>(removeFile(m_folder.filePath(name)));
+    }
+    m_written.clear();
+}
+
+QStringList CProjectSaver::formerLayers() const {
+    Project former;
+    ProjectChecksums checksums;
+    return readSettings(projectFile(), former, checksums).reason.isEmpty() ? filesOf(former.settings.layers)
+                                                                           : QStringList();
 }
 
 } // namespace
@@ -149,10 +308,16 @@ ProjectFault readProject(const QString& folder, Project& project) {
     const QFileInfo info(folder);
     const QDir directory = info.isDir() ? QDir(folder) : info.dir();
     const QString path = info.isDir() ? directory.filePath(PROJECT_FILE_NAME) : folder;
+    CFolderLock lock;
+    const QString busy = lock.acquire(directory.path(), CFolderLock::Kind::SHARED, PATIENCE);
+    if (!busy.isEmpty() && directory.exists()) {
+        return {directory.path(), busy};
+    }
     Project read;
-    ProjectFault fault = readSettings(path, read);
+    ProjectChecksums checksums;
+    ProjectFault fault = readSettings(path, read, checksums);
     if (fault.reason.isEmpty()) {
-        fault = readLayers(directory, read);
+        fault = CLayerReader(directory, checksums).read(read);
     }
     if (fault.reason.isEmpty()) {
         project = std::move(read);
@@ -161,20 +326,16 @@ ProjectFault readProject(const QString& folder, Project& project) {
 }
 
 ProjectFault writeProject(const QString& folder, Project& project) {
-    if (!QDir().mkpath(folder)) {
-        return {folder, "the folder cannot be made"};
-    }
+    return CProjectSaver(folder, project).save();
+}
+
+void removeProject(const QString& folder) {
     const QDir directory(folder);
-    const QStringList replaced = layersToReplace(directory);
-    ProjectSettings settings = project.settings;
-    settings.layers = unusedNames(directory);
-    ProjectFault fault = writeLayers(directory, settings.layers, project);
-    if (fault.reason.isEmpty()) {
-        fault = writeSettings(directory, settings, project.original);
-    }
-    removeLayers(directory, fault.reason.isEmpty() ? replaced : filesOf(settings.layers));
-    if (fault.reason.isEmpty()) {
-        project.settings = std::move(settings);
-    }
-    return fault;
+    Project former;
+    ProjectChecksums checksums;
+    static_cast<void>(readSettings(directory.filePath(PROJECT_FILE_NAME), former, checksums));
+    static_cast<void>(removeFile(directory.filePath(PROJECT_FILE_NAME)));
+    sweepParts(directory.filePath(PROJECT_FILE_NAME));
+    sweepLayers(directory, {}, filesOf(former.settings.layers));
+    QDir().rmdir(folder); // only when nothing else is in it
 }

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "sandbox/core/heightmap_png.h"
 #include "sandbox/project/project_settings.h"
 
 #include <QJsonObject>
@@ -31,10 +30,15 @@ struct ProjectFault {
 };
 
 /// Read the project in `folder`, which may also be the path of its project file. `project` is changed only
-/// when everything is good.
+/// when everything is good. Waits a moment for a program that is saving there. Throws std::bad_alloc.
 ProjectFault readProject(const QString& folder, Project& project);
 
-/// Write the project to `folder`, which is made if needed. Layers go into new files and the project file is
-/// replaced last, so that at any moment the folder holds one whole project; what it no longer refers to of an
-/// earlier save is removed then. The new layer names are stored in `project`.
+/// Write the project to `folder`, which is made if needed, while no other program may. Layers go into new
+/// files and the project file is replaced last, so that at any moment the folder holds one whole project;
+/// what earlier saves left is removed then. What could not be opened again is refused. The new layer names
+/// are stored in `project`. Throws std::bad_alloc.
 ProjectFault writeProject(const QString& folder, Project& project);
+
+/// Remove the project in `folder` as far as this program wrote it: the project file and the layers, and the
+/// folder when nothing else is in it.
+void removeProject(const QString& folder);

@@ -1,7 +1,9 @@
 #include "sandbox/project/project_json.h"
 
 #include "sandbox/project/json_reader.h"
+#include "sandbox/project/project_limits.h"
 
+#include <QCryptographicHash>
 #include <QJsonDocument>
 #include <array>
 #include <charconv>
@@ -14,22 +16,24 @@ namespace {
 
 constexpr const char* FORMAT_NAME = "vesk-map-project";
 constexpr std::array<const char*, 3> BASE_TEXTURE_KEYS = {"smooth", "rough", "water"};
-constexpr int LONGEST_NAME = 255;
-constexpr int MOST_TEXTURES = 10000;
-constexpr int MOST_DEFINITIONS = 10000;
-constexpr int MOST_TERRAIN_TYPES = 1000;
-constexpr int MOST_DETAILS = 1000000;
+constexpr const char* CHECKSUMS = "checksums";
+constexpr const char* OWN_CHECKSUM = "project";
+constexpr const char* DETAILS = "details";
+constexpr int DETAIL_LIST_VERSION = 1; // the format that lists the details in the project file
 constexpr int HIGHEST_TILING = 256;
 // Whatever number a person types into the panel must come back, sensible or not.
 constexpr double LARGEST_NUMBER = std::numeric_limits<float>::max();
 constexpr double SMALLEST_SCALE = 1e-9;
 constexpr int FILTER_SIZE = _qxMapTerrainDef::FILTER_EDGE * _qxMapTerrainDef::FILTER_EDGE;
 
-void readLayers(CJsonReader reader, ProjectLayers& layers) {
+void readLayers(CJsonReader reader, int version, ProjectLayers& layers) {
     layers.heights = reader.readFileName("heights");
     layers.blends = reader.readFileName("blends");
     layers.colours = reader.readFileName("colours");
     layers.water = reader.readFileName("water");
+    if (version > DETAIL_LIST_VERSION) {
+        layers.details = reader.readFileName(DETAILS);
+    }
 }
 
 void readTextures(CJsonReader& reader, std::vector<ProjectTexture>& textures) {
@@ -91,8 +95,8 @@ void readDetails(CJsonReader& reader, int textureCount, std::vector<ProjectDetai
     }
 }
 
-void readSettings(CJsonReader& reader, ProjectSettings& settings) {
-    readLayers(reader.readObject("layers"), settings.layers);
+void readSettings(CJsonReader& reader, int version, ProjectSettings& settings) {
+    readLayers(reader.readObject("layers"), version, settings.layers);
     settings.waterLevel = reader.readFloat("waterLevel", -LARGEST_NUMBER, LARGEST_NUMBER);
     settings.heightScale = reader.readFloat("heightScale", SMALLEST_SCALE, LARGEST_NUMBER);
     settings.tiling = reader.readInt("tiling", 1, HIGHEST_TILING);
@@ -110,7 +114,9 @@ void readSettings(CJsonReader& reader, ProjectSettings& settings) {
     readDefinitions(reader, settings.definitions);
     settings.currentDefinition = reader.readInt("currentDefinition", 0, MOST_DEFINITIONS);
     readTerrainTypes(reader, settings.terrainTypes);
-    readDetails(reader, textureCount, settings.details);
+    if (version <= DETAIL_LIST_VERSION) {
+        readDetails(reader, textureCount, settings.details);
+    }
 }
 
 QString colourText(const qxCColour& colour) {
@@ -137,10 +143,6 @@ template <class List, class Write> QJsonArray listOf(const List& list, Write wri
     return array;
 }
 
-QJsonArray vectorText(const qxCVector3d& vector) {
-    return {shortest(vector.x), shortest(vector.y), shortest(vector.z)};
-}
-
 QJsonObject textureText(const ProjectTexture& texture) {
     return {
         {"name", texture.name}, {"file", texture.file}, {"size", texture.size}, {"format", texture.format}};
@@ -163,15 +165,6 @@ QJsonObject terrainTypeText(const _qxMapTerrainDef& type) {
         {"weighting", shortest(type.weighting)}};
 }
 
-QJsonObject detailText(const ProjectDetail& detail) {
-    return {{"texture", detail.texture},
-            {"point", detail.type == qxDetailTypePoint},
-            {"point0", vectorText(detail.points[0])},
-            {"point1", vectorText(detail.points[1])},
-            {"point2", vectorText(detail.points[2])},
-            {"scalar", shortest(detail.scalar)}};
-}
-
 QJsonObject settingsText(const ProjectSettings& settings) {
     QJsonObject base;
     for (std::size_t layer = 0; layer < BASE_TEXTURE_KEYS.size(); ++layer) {
@@ -182,7 +175,8 @@ QJsonObject settingsText(const ProjectSettings& settings) {
             {"layers", QJsonObject{{"heights", settings.layers.heights},
                                    {"blends", settings.layers.blends},
                                    {"colours", settings.layers.colours},
-                                   {"water", settings.layers.water}}},
+                                   {"water", settings.layers.water},
+                                   {DETAILS, settings.layers.details}}},
             {"waterLevel", shortest(settings.waterLevel)},
             {"heightScale", shortest(settings.heightScale)},
             {"tiling", settings.tiling},
@@ -194,8 +188,7 @@ QJsonObject settingsText(const ProjectSettings& settings) {
             {"baseTextures", base},
             {"definitions", listOf(settings.definitions, definitionText)},
             {"currentDefinition", settings.currentDefinition},
-            {"terrainTypes", listOf(settings.terrainTypes, terrainTypeText)},
-            {"details", listOf(settings.details, detailText)}};
+            {"terrainTypes", listOf(settings.terrainTypes, terrainTypeText)}};
 }
 
 /// `now`, with what only `before` holds.
@@ -218,7 +211,36 @@ QJsonValue keepUnknown(const QJsonValue& now, const QJsonValue& before) {
     return now;
 }
 
+/// The sum of what a project file says, however it is laid out; `file` is without its checksums.
+QString sumOfContents(const QJsonObject& file, const QJsonObject& layerSums) {
+    QJsonObject summed = file;
+    summed[CHECKSUMS] = layerSums;
+    return checksumOf(QJsonDocument(summed).toJson(QJsonDocument::Compact));
+}
+
+/// Take the sums out of the file that was read. Returns the reason when they do not fit it.
+QString takeChecksums(QJsonObject& file, ProjectChecksums& checksums) {
+    if (!file.contains(CHECKSUMS)) {
+        return {};
+    }
+    QJsonObject sums = file.take(CHECKSUMS).toObject();
+    const QString own = sums.take(OWN_CHECKSUM).toString();
+    if (own != sumOfContents(file, sums)) {
+        return QString(
+                   "it was changed or damaged after it was saved; to open it as it is, remove \"%1\" from it")
+            .arg(CHECKSUMS);
+    }
+    for (auto sum = sums.begin(); sum != sums.end(); ++sum) {
+        checksums[sum.key()] = sum.value().toString();
+    }
+    return {};
+}
+
 } // namespace
+
+QString checksumOf(const QByteArray& bytes) {
+    return QString::fromLatin1(QCryptographicHash::hash(bytes, QCryptographicHash::Sha256).toHex());
+}
 
 ProjectJsonReading parseProjectJson(const QByteArray& text) {
     ProjectJsonReading reading;
@@ -243,11 +265,24 @@ ProjectJsonReading parseProjectJson(const QByteArray& text) {
                 .arg(PROJECT_FORMAT_VERSION);
         return reading;
     }
-    readSettings(reader, reading.settings);
+    reading.error = takeChecksums(reading.original, reading.checksums);
+    readSettings(reader, version, reading.settings);
     return reading;
 }
 
-QByteArray writeProjectJson(const ProjectSettings& settings, const QJsonObject& original) {
-    const QJsonValue merged = keepUnknown(settingsText(settings), original);
-    return QJsonDocument(merged.toObject()).toJson(QJsonDocument::Indented);
+QByteArray writeProjectJson(const ProjectSettings& settings, const QJsonObject& original,
+                            const ProjectChecksums& layers) {
+    QJsonObject former = original;
+    former.remove(CHECKSUMS);
+    former.remove(DETAILS); // of the first format
+    const QJsonObject merged = keepUnknown(settingsText(settings), former).toObject();
+    // What cannot be written in JSON is settled before the sum is taken.
+    QJsonObject file = QJsonDocument::fromJson(QJsonDocument(merged).toJson(QJsonDocument::Compact)).object();
+    QJsonObject sums;
+    for (auto layer = layers.begin(); layer != layers.end(); ++layer) {
+        sums[layer.key()] = layer.value();
+    }
+    sums[OWN_CHECKSUM] = sumOfContents(file, sums);
+    file[CHECKSUMS] = sums;
+    return QJsonDocument(file).toJson(QJsonDocument::Indented);
 }

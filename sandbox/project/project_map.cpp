@@ -1,7 +1,8 @@
 #include "sandbox/project/project_map.h"
 
 #include "engine/memory/engine_directories.h"
-#include "sandbox/core/reason_text.h"
+#include "sandbox/files/safe_file.h"
+#include "sandbox/project/project_limits.h"
 
 #include <QDir>
 #include <QFile>
@@ -189,7 +190,7 @@ std::unique_ptr<CMemoryMap> buildMap(const Project& project, CMemoryScene& scene
     return map;
 }
 
-ProjectFault copyTextures(const Project& project, const QString& folder) {
+ProjectFault copyTextures(const Project& project, const QString& folder, QStringList& copied) {
     const QString target = QDir(folder).filePath(PROJECT_TEXTURE_FOLDER);
     for (const ProjectTexture& texture : project.settings.textures) {
         const auto source = CEngineDirectories::resolve(texture.file.toStdString());
@@ -197,13 +198,19 @@ ProjectFault copyTextures(const Project& project, const QString& folder) {
         if (!source || texture.file.isEmpty() || QFile::exists(copy)) {
             continue;
         }
-        QFile image(QString::fromStdString(source->string()));
-        if (!QDir().mkpath(target)) {
-            return {target, "the folder cannot be made"};
+        bool made = false;
+        if (const QString reason = makeFolder(target, made); !reason.isEmpty()) {
+            return {target, reason};
         }
-        if (!image.copy(copy)) {
-            return {copy, reasonText(image.errorString())};
+        QByteArray image;
+        const QString path = QString::fromStdString(source->string());
+        if (const QString reason = readWholeFile(path, LARGEST_LAYER_FILE, image); !reason.isEmpty()) {
+            return {path, reason};
         }
+        if (const QString reason = replaceFile(copy, image); !reason.isEmpty()) {
+            return {copy, reason};
+        }
+        copied.append(copy);
     }
     return {};
 }

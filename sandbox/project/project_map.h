@@ -4,6 +4,7 @@
 #include "engine/memory/memory_scene.h"
 #include "sandbox/project/project_folder.h"
 
+#include <QStringList>
 #include <memory>
 
 /// The map and scene as plain values, with the texture images found in the engine's directories left where
@@ -21,6 +22,6 @@ std::unique_ptr<CMemoryScene> buildScene(const Project& project);
 std::unique_ptr<CMemoryMap> buildMap(const Project& project, CMemoryScene& scene);
 
 /// Copy the images of the project's textures from the engine's directories into `folder`'s texture folder,
-/// where they are not there yet. An image that cannot be found is no fault: the texture was without one
-/// before.
-ProjectFault copyTextures(const Project& project, const QString& folder);
+/// where they are not there yet; `copied` receives the new files, also after a fault. An image that cannot be
+/// found is no fault: the texture was without one before.
+ProjectFault copyTextures(const Project& project, const QString& folder, QStringList& copied);

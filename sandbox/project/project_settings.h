@@ -30,6 +30,7 @@ struct ProjectLayers {
     QString blends;  ///< 16-bit grey PNG, 0 smooth to 65535 rough
     QString colours; ///< PNG with alpha, the points' tint
     QString water;   ///< grey PNG, anything but 0 is water
+    QString details; ///< layer of details; empty where the project file lists them
 };
 
 /// What a project file says: all of a map and its scene but the values of each point, which are layers.

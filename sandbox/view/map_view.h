@@ -29,6 +29,8 @@ public:
     const ViewOptions& options() const { return m_options; }
     void setUnitsPerPixel(int units) { m_strokes.setUnitsPerPixel(units); }
     const CViewCamera& camera() const { return m_camera; }
+    /// A stroke of the map editor is being made with the mouse.
+    bool isStroking() { return m_strokes.isStroking(); }
     /// Stand there and look so. World units.
     void lookFrom(const CViewCamera::Vector& eye, const CViewCamera::Vector& target);
     /// What lies under a place of the view, in logical pixels.

@@ -1,4 +1,5 @@
 #include "sandbox/core/heightmap_png.h"
+#include "sandbox/core/png_picture.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -37,9 +38,7 @@ template <class Value> Bytes makePng(const Picture& picture, Value value) {
     png_set_IHDR(png, info, static_cast<png_uint_32>(picture.width), static_cast<png_uint_32>(picture.height),
                  picture.bits, picture.colourType, picture.interlace, PNG_COMPRESSION_TYPE_DEFAULT,
                  PNG_FILTER_TYPE_DEFAULT);
-    const int channels = picture.colourType == PNG_COLOR_TYPE_RGB          ? 3
-                         : picture.colourType == PNG_COLOR_TYPE_GRAY_ALPHA ? 2
-                                                                           : 1;
+    const int channels = picture.colourType == PNG_COLOR_TYPE_RGB ? 3 : 1;
     std::vector<Bytes> rows;
     std::vector<png_bytep> pointers;
     for (int y = 0; y < picture.height; ++y) {
@@ -76,38 +75,30 @@ void putBigEndian(Bytes& file, std::size_t at, std::uint32_t value) {
     }
 }
 
-/// The file with another size in its header and a checksum to match.
+/// The file with another size in its header.
 Bytes withSize(Bytes file, std::uint32_t width, std::uint32_t height) {
     putBigEndian(file, WIDTH_AT, width);
     putBigEndian(file, HEIGHT_AT, height);
-    std::uint32_t crc = 0xFFFFFFFFU;
-    for (std::size_t i = 12; i < 29; ++i) {
-        crc ^= file[i];
-        for (int bit = 0; bit < 8; ++bit) {
-            crc = (crc >> 1U) ^ (0xEDB88320U & (0U - (crc & 1U)));
-        }
-    }
-    putBigEndian(file, 29, ~crc);
     return file;
 }
 
-TEST(HeightmapPng, SixteenBitsComeBackExactly) {
-    Heightmap map{37, {}};
-    for (int z = 0; z < map.edge; ++z) {
-        for (int x = 0; x < map.edge; ++x) {
-            map.heights.push_back(static_cast<std::uint16_t>(pattern(x, z)));
+TEST(HeightmapPng, WhatIsSavedComesBackExactly) {
+    constexpr int EDGE = 37;
+    for (const HeightmapBits bits : {HeightmapBits::EIGHT, HeightmapBits::SIXTEEN}) {
+        std::vector<std::uint16_t> heights;
+        for (int i = 0; i < EDGE * EDGE; ++i) {
+            heights.push_back(static_cast<std::uint16_t>(pattern(i % EDGE, i / EDGE) & highestHeight(bits)));
         }
+        heights.back() = static_cast<std::uint16_t>(highestHeight(bits));
+        const auto file = encodeHeightmap(EDGE, heights, bits);
+        ASSERT_TRUE(file.has_value());
+        const HeightmapReading reading = decodeHeightmap(*file);
+        EXPECT_EQ(reading.error, "");
+        EXPECT_EQ(reading.map.heights, heights);
+        EXPECT_EQ(reading.pictureBits, static_cast<int>(bits));
+        EXPECT_TRUE(isOurPng(*file) && isOurPng(std::span(*file).first(40)));
+        EXPECT_FALSE(isOurPng(makePng({.width = 9, .height = 9}, pattern)));
     }
-    map.heights.front() = 0;
-    map.heights.back() = 65535;
-    const auto file = encodeHeightmap(map);
-    ASSERT_TRUE(file.has_value());
-    const HeightmapReading reading = decodeHeightmap(*file);
-    EXPECT_EQ(reading.error, "");
-    EXPECT_EQ(reading.map.edge, map.edge);
-    EXPECT_EQ(reading.map.heights, map.heights);
-    EXPECT_EQ(reading.pictureBits, 16);
-    EXPECT_FALSE(reading.isCropped());
 }
 
 TEST(HeightmapPng, PixelValuesAreHeightsInEveryForm) {
@@ -180,8 +171,6 @@ TEST(HeightmapPng, RefusalsSayWhy) {
         {{'B', 'M', 1, 2, 3, 4}, "it is not a PNG file"},
         {makePng({.width = 4, .height = 4, .colourType = PNG_COLOR_TYPE_RGB}, pattern),
          "the picture is not plain grey; a heightmap is grey with 8 or 16 bits a pixel"},
-        {makePng({.width = 4, .height = 4, .colourType = PNG_COLOR_TYPE_GRAY_ALPHA}, pattern),
-         "the picture is not plain grey; a heightmap is grey with 8 or 16 bits a pixel"},
         {makePng({.width = 8, .height = 8, .bits = 4}, [](int, int) { return 0; }),
          "the picture has 4 bits a pixel; a heightmap has 8 or 16"},
         {makePng({.width = 1, .height = 9}, pattern),
@@ -191,7 +180,6 @@ TEST(HeightmapPng, RefusalsSayWhy) {
         {withSize(small, 0xFFFFFFFFU, 0xFFFFFFFFU),
          "the picture is 4294967295 x 4294967295; at most 8193 x 8193 can be opened"},
         {withSize(small, 0, 4), "the picture is 0 x 4; a map has at least 2 x 2 points"},
-        {withSize(small, 4, 6), "the file is damaged: Not enough image data"},
     };
     for (const Case& c : cases) {
         EXPECT_EQ(decodeHeightmap(c.file).error, c.error);

@@ -1,7 +1,8 @@
 vesk_test(sandbox_project_test
-    SOURCES project_test.cpp
+    SOURCES project_samples.cpp project_test.cpp save_faults_test.cpp
     LIBRARIES vesksandbox_app
     ENVIRONMENT QT_QPA_PLATFORM=offscreen)
+target_compile_definitions(sandbox_project_test PRIVATE VESK_SAMPLES="${CMAKE_SOURCE_DIR}/samples")
 
 # The menus, the questions and the dialogs, on the real window: it draws with OpenGL, which needs a display.
 add_executable(sandbox_window_test main_window_test.cpp ${CMAKE_SOURCE_DIR}/sandbox/shaders.qrc)
