@@ -1,3 +1,3 @@
 add_executable(veskplay ${CMAKE_CURRENT_LIST_DIR}/veskplay.cpp)
-target_link_libraries(veskplay PRIVATE vesk_sound qxmemory)
+target_link_libraries(veskplay PRIVATE vesk_sound qxmemory vesk_headless)
 vesk_warnings(veskplay)

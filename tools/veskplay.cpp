@@ -1,12 +1,14 @@
 // veskplay FILE…: plays WAV files one after another as the movie editor would play them.
 #include "engine/memory/engine_directories.h"
-#include "engine/qx_name.h"
+#include "engine/qx_file.h"
 #include "sound/sound.h"
 #include "sound/sound_manager.h"
 #include "sound/wave_reader.h"
 
 #include <algorithm>
+#include <array>
 #include <chrono>
+#include <cmath>
 #include <cstdio>
 #include <filesystem>
 #include <string>
@@ -27,51 +29,53 @@ void complain(const fs::path& path, const std::string& reason) {
     std::fprintf(stderr, "Failed to open %s: %s\n", path.c_str(), reason.c_str());
 }
 
-/// Playing time in seconds, or why there is none.
-struct Examination {
-    double seconds = 0.0;
-    std::string refusal;
-};
-
 std::string describeFormat(const WAVEFORMATEX& format) {
     return "format " + std::to_string(format.wFormatTag) + ", channels: " + std::to_string(format.nChannels) +
-           ", bits: " + std::to_string(format.wBitsPerSample);
+           ", bits: " + std::to_string(format.wBitsPerSample) +
+           ", rate: " + std::to_string(format.nSamplesPerSec);
 }
+
+/// Playing time and format, or why there is none.
+struct Examination {
+    double seconds = 0.0;
+    std::string format;
+    std::string refusal;
+};
 
 Examination examine(const fs::path& path) {
     std::error_code error;
     const fs::file_status status = fs::status(path, error);
     if (!fs::exists(status)) {
-        return {0.0, "no such file"};
+        return {0.0, {}, "no such file"};
     }
     if (!fs::is_regular_file(status) || access(path.c_str(), R_OK) != 0) {
-        return {0.0, fs::is_regular_file(status) ? "no permission to read it" : "not a file"};
+        return {0.0, {}, fs::is_regular_file(status) ? "no permission to read it" : "not a file"};
     }
     CWaveReader reader;
     if (FAILED(reader.open(path.c_str()))) {
-        return {0.0, "not a WAV file with a format and samples"};
+        return {0.0, {}, "not a WAV file with a format and samples"};
     }
     const WAVEFORMATEX& format = *reader.format();
-    const bool known = format.wFormatTag == WAVE_FORMAT_PCM || format.wFormatTag == WAVE_FORMAT_EXTENSIBLE;
-    const bool played = known && (format.nChannels == 1 || format.nChannels == 2) &&
-                        (format.wBitsPerSample == 8 || format.wBitsPerSample == 16);
-    if (!played || format.nAvgBytesPerSec == 0) {
-        return {0.0, describeFormat(format) + " is not played; PCM of 8 or 16 bits, one or two channels, is"};
-    }
     const auto bytes = std::min<std::uintmax_t>(reader.dataChunk().cksize, fs::file_size(path, error));
-    return {static_cast<double>(bytes) / format.nAvgBytesPerSec, {}};
+    const double perSecond = std::max<double>(format.nAvgBytesPerSec, 1.0);
+    return {static_cast<double>(bytes) / perSecond, describeFormat(format), {}};
+}
+
+/// Minutes, seconds and tenths, to the nearest tenth: "1:00.0" for 59.97.
+std::string clockText(double seconds) {
+    const long long tenths = std::llround(seconds * 10.0);
+    std::array<char, 40> text{};
+    std::snprintf(text.data(), text.size(), "%lld:%02lld.%lld", tenths / 600, tenths / 10 % 60, tenths % 10);
+    return text.data();
 }
 
 void showProgress(const std::string& title, double at, double seconds, const char* end) {
-    const auto minutes = [](double time) { return static_cast<int>(time) / 60; };
-    const auto rest = [&](double time) { return time - 60.0 * minutes(time); };
-    std::printf("\r%s  %d:%04.1f / %d:%04.1f%s", title.c_str(), minutes(at), rest(at), minutes(seconds),
-                rest(seconds), end);
+    std::printf("\r%s  %s / %s%s", title.c_str(), clockText(at).c_str(), clockText(seconds).c_str(), end);
     std::fflush(stdout);
 }
 
-/// Plays to the end, with a progress line where somebody watches.
-void follow(const CSound& sound, const std::string& title, double seconds) {
+/// Plays to the end, with a progress line where somebody watches. False when the device went away before.
+bool follow(const CSound& sound, const std::string& title, double seconds) {
     const bool watched = isatty(STDOUT_FILENO) != 0;
     const auto start = std::chrono::steady_clock::now();
     double at = 0.0;
@@ -82,33 +86,45 @@ void follow(const CSound& sound, const std::string& title, double seconds) {
         }
         std::this_thread::sleep_for(STEP);
     }
-    showProgress(title, std::min(at + 0.1, seconds), seconds, "\n");
+    const bool lost = g_soundManager.isDeviceLost();
+    showProgress(title, lost ? std::min(at, seconds) : seconds, seconds, "\n");
+    return !lost;
+}
+
+/// The sound lives no longer than it plays, however long the list is.
+bool playOpened(const fs::path& path, qxCFile& file, const std::string& title, const Examination& known) {
+    CSound sound(file, 0, *g_soundManager.device(), static_cast<DWORD>(g_soundManager.sampleRate()));
+    if (g_soundManager.isDeviceLost() || (sound.hasBuffer() && !sound.play(1.0F))) {
+        std::fprintf(stderr, "Failed to play %s: the sound device does not answer\n", path.c_str());
+        return false;
+    }
+    if (!sound.hasBuffer()) {
+        complain(path, "the sound device does not play it (" + known.format + ")");
+        return false;
+    }
+    if (!follow(sound, title, known.seconds)) {
+        std::fprintf(stderr, "Failed to play %s to its end: the sound device went away\n", path.c_str());
+        return false;
+    }
+    return true;
 }
 
 bool playFile(const fs::path& path, const std::string& number) {
-    const Examination examination = examine(path);
-    if (!examination.refusal.empty()) {
-        complain(path, examination.refusal);
+    const Examination known = examine(path);
+    if (!known.refusal.empty()) {
+        complain(path, known.refusal);
         return false;
     }
     if (g_soundManager.device() == nullptr) {
         return false;
     }
     CEngineDirectories::setDirectories({path.has_parent_path() ? path.parent_path() : fs::path(".")});
-    CSound* sound = g_soundManager.loadSound(qxCName(path.filename().c_str()), 0);
-    if (sound == nullptr || !sound->hasBuffer()) {
-        complain(path, sound == nullptr
-                           ? "no file by this name; rename it without ':' and control characters"
-                           : "the sound device does not take it; it needs whole frames and a rate "
-                             "from 100 to 200000 Hz");
+    qxCFile file;
+    if (!file.open(path.filename().c_str(), qxFileModeRead)) {
+        complain(path, "no file by this name; rename it without ':' and control characters");
         return false;
     }
-    if (!sound->play(1.0F)) {
-        std::fprintf(stderr, "Failed to play %s: the sound device does not answer\n", path.c_str());
-        return false;
-    }
-    follow(*sound, number + path.filename().string(), examination.seconds);
-    return true;
+    return playOpened(path, file, number + path.filename().string(), known);
 }
 
 } // namespace

@@ -10,6 +10,7 @@
 inline constexpr HRESULT DSERR_CONTROLUNAVAIL = makeHresult(0x8878001EU);
 inline constexpr HRESULT DSERR_INVALIDPARAM = E_INVALIDARG;
 inline constexpr HRESULT DSERR_INVALIDCALL = makeHresult(0x88780032U);
+inline constexpr HRESULT DSERR_PRIOLEVELNEEDED = makeHresult(0x88780046U);
 inline constexpr HRESULT DSERR_BADFORMAT = makeHresult(0x88780064U);
 inline constexpr HRESULT DSERR_NODRIVER = makeHresult(0x88780078U);
 inline constexpr HRESULT DSERR_BUFFERLOST = makeHresult(0x88780096U);
@@ -84,8 +85,8 @@ public:
     virtual HRESULT GetCaps(DSBCAPS* caps) = 0;
     /// DSBSTATUS_ bits.
     virtual HRESULT GetStatus(DWORD* status) = 0;
-    /// Gives access to `bytes` bytes from `offset`, or to all of them with DSBLOCK_ENTIREBUFFER. A range that
-    /// runs over the end goes on at the start: the second part, else null.
+    /// Gives access to the whole buffer, with DSBLOCK_ENTIREBUFFER or by its size; no other range is taken
+    /// and the second part is null. What was there before is not given back: the block is to be filled.
     virtual HRESULT Lock(DWORD offset, DWORD bytes, void** part1, DWORD* size1, void** part2, DWORD* size2,
                          DWORD flags) = 0;
     /// Takes what was written into use; a buffer that plays stops.
@@ -106,10 +107,11 @@ public:
 
 class IDirectSound : public IUnknown {
 public:
-    /// Makes a buffer with one reference. Secondary buffers take PCM of 8 or 16 bits, one or two channels.
+    /// Makes a buffer with one reference, once the cooperative level is set. Secondary buffers take PCM of 8
+    /// or 16 bits, one or two channels.
     virtual HRESULT CreateSoundBuffer(const DSBUFFERDESC* description, IDirectSoundBuffer** buffer,
                                       IUnknown* outer) = 0;
-    /// A null window stands for the desktop.
+    /// `window` belongs to the program, or is the desktop; null is refused.
     virtual HRESULT SetCooperativeLevel(HWND window, DWORD level) = 0;
     /// Null names the default device, which is the one there is.
     virtual HRESULT Initialize(const GUID* device) = 0;

@@ -78,8 +78,6 @@ public:
         return true;
     }
 
-    std::int64_t size() { return std::fseek(m_file.get(), 0, SEEK_END) == 0 ? std::ftell(m_file.get()) : -1; }
-
     void describe(MMIOINFO& info) {
         info.dwFlags = MMIO_ALLOCBUF;
         info.cchBuffer = BUFFER_SIZE;
@@ -128,7 +126,7 @@ bool readChunkHead(CMultimediaFile& file, MMCKINFO& chunk) {
 
 } // namespace
 
-HMMIO mmioOpenA(LPCSTR path, LPMMIOINFO info, DWORD flags) {
+HMMIO mmioOpenA(LPSTR path, LPMMIOINFO info, DWORD flags) {
     std::error_code error;
     // A pipe or a device would make the caller wait; a folder opens and then reads nothing.
     if (path == nullptr || info != nullptr || flags != (MMIO_ALLOCBUF | MMIO_READ) ||
@@ -159,23 +157,11 @@ LONG mmioRead(HMMIO file, HPSTR destination, LONG count) {
 }
 
 LONG mmioSeek(HMMIO file, LONG offset, int origin) {
-    if (file == nullptr) {
+    if (file == nullptr || offset < 0 || origin != SEEK_SET) {
         return -1;
     }
-    std::int64_t base = 0;
-    if (origin == SEEK_CUR) {
-        base = file->position();
-    } else if (origin == SEEK_END) {
-        base = file->size();
-    } else if (origin != SEEK_SET) {
-        return -1;
-    }
-    const std::int64_t target = base + offset;
-    if (base < 0 || target < 0 || target > std::numeric_limits<LONG>::max()) {
-        return -1;
-    }
-    file->moveTo(target);
-    return static_cast<LONG>(target);
+    file->moveTo(offset);
+    return offset;
 }
 
 MMRESULT mmioDescend(HMMIO file, LPMMCKINFO chunk, const MMCKINFO* parent, UINT flags) {
@@ -187,7 +173,7 @@ MMRESULT mmioDescend(HMMIO file, LPMMCKINFO chunk, const MMCKINFO* parent, UINT 
     }
     const std::int64_t end = parent != nullptr ? std::int64_t{parent->dwDataOffset} + parent->cksize
                                                : std::numeric_limits<std::int64_t>::max();
-    MMCKINFO found;
+    MMCKINFO found{};
     while (file->position() < end && readChunkHead(*file, found)) {
         if (flags == 0 || found.ckid == chunk->ckid) {
             *chunk = found;

@@ -31,34 +31,33 @@ inline constexpr FOURCC FOURCC_LIST = mmioFOURCC('L', 'I', 'S', 'T');
 /// One chunk. `dwDataOffset` is where its content starts in the file; for "RIFF" and "LIST" the content
 /// starts with the form type.
 struct MMCKINFO {
-    FOURCC ckid = 0;
-    DWORD cksize = 0;
-    FOURCC fccType = 0;
-    DWORD dwDataOffset = 0;
-    DWORD dwFlags = 0;
+    FOURCC ckid;
+    DWORD cksize;
+    FOURCC fccType;
+    DWORD dwDataOffset;
+    DWORD dwFlags;
 };
 using LPMMCKINFO = MMCKINFO*;
 
 /// The state of a file's buffer: the bytes from pchNext to before pchEndRead are the next ones of the file.
 struct MMIOINFO {
-    DWORD dwFlags = 0;
-    LONG cchBuffer = 0;
-    HPSTR pchBuffer = nullptr;
-    HPSTR pchNext = nullptr;
-    HPSTR pchEndRead = nullptr;
-    HMMIO hmmio = nullptr;
+    DWORD dwFlags;
+    LONG cchBuffer;
+    HPSTR pchBuffer;
+    HPSTR pchNext;
+    HPSTR pchEndRead;
+    HMMIO hmmio;
 };
 using LPMMIOINFO = MMIOINFO*;
 
 /// Opens a regular file for buffered reading; `info` is null, `flags` MMIO_ALLOCBUF | MMIO_READ. Null when it
-/// cannot be opened. The caller closes it.
-HMMIO mmioOpenA(LPCSTR path, LPMMIOINFO info, DWORD flags);
+/// cannot be opened. The caller closes it. The path is not written to.
+HMMIO mmioOpenA(LPSTR path, LPMMIOINFO info, DWORD flags);
 MMRESULT mmioClose(HMMIO file, UINT flags);
 
 /// Reads up to `count` bytes; the number read, 0 at the end, -1 on an invalid argument.
 LONG mmioRead(HMMIO file, HPSTR destination, LONG count);
-/// Moves to `offset` from the start (SEEK_SET), the position (SEEK_CUR) or the end (SEEK_END). The new
-/// position, which may lie past the end, or -1.
+/// Moves to `offset` from the start; `origin` is SEEK_SET. The new position, which may lie past the end, or -1.
 LONG mmioSeek(HMMIO file, LONG offset, int origin);
 
 /// Enters the chunk at the position, or with MMIO_FINDCHUNK the next one whose id is chunk->ckid. A search

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cassert>
+#include <cstdint>
 #include <cstring>
 
 namespace {
@@ -10,7 +11,7 @@ namespace {
 // 0x3F7FFFFE: a full-scale signal never rounds up.
 constexpr float ALMOST_ONE = 0.99999988F;
 
-constexpr std::uint64_t BLOCK_SAMPLES = 512;
+constexpr std::size_t BLOCK_SAMPLES = 512;
 
 /// The factors that are worked on in blocks. Over all sums that as many samples can have, the float product
 /// below truncates to what the sum of the double terms does; for other factors that is not known.
@@ -36,14 +37,14 @@ template <unsigned Factor, unsigned Channels> void reduceBlock(const std::int16_
     }
 }
 
-template <unsigned Factor, unsigned Channels> void reduceInBlocks(BYTE* samples, std::uint64_t outFrames) {
-    constexpr std::uint64_t BLOCK_FRAMES = BLOCK_SAMPLES / Channels;
-    constexpr std::uint64_t FRAME_BYTES = Channels * sizeof(std::int16_t);
+template <unsigned Factor, unsigned Channels> void reduceInBlocks(BYTE* samples, std::size_t outFrames) {
+    constexpr std::size_t BLOCK_FRAMES = BLOCK_SAMPLES / Channels;
+    constexpr std::size_t FRAME_BYTES = Channels * sizeof(std::int16_t);
     static_assert(Factor <= LARGEST_BLOCK_FACTOR);
     std::array<std::int16_t, BLOCK_SAMPLES * Factor> in{}; // a last block that is not full works on zeroes
     std::array<std::int16_t, BLOCK_SAMPLES> out;
-    for (std::uint64_t done = 0; done < outFrames;) {
-        const std::uint64_t frames = std::min(BLOCK_FRAMES, outFrames - done);
+    for (std::size_t done = 0; done < outFrames;) {
+        const std::size_t frames = std::min(BLOCK_FRAMES, outFrames - done);
         std::memcpy(in.data(), samples + done * Factor * FRAME_BYTES, frames * Factor * FRAME_BYTES);
         reduceBlock<Factor, Channels>(in.data(), out.data());
         std::memcpy(samples + done * FRAME_BYTES, out.data(), frames * FRAME_BYTES);
@@ -52,14 +53,14 @@ template <unsigned Factor, unsigned Channels> void reduceInBlocks(BYTE* samples,
 }
 
 /// Any factor and number of channels, term by term.
-void reduceEachSample(BYTE* samples, std::uint64_t outFrames, unsigned channels, unsigned factor) {
+void reduceEachSample(BYTE* samples, std::size_t outFrames, unsigned channels, unsigned factor) {
     const float scale = ALMOST_ONE / static_cast<float>(factor);
-    for (std::uint64_t frame = 0; frame < outFrames; ++frame) {
-        for (std::uint64_t channel = 0; channel < channels; ++channel) {
+    for (std::size_t frame = 0; frame < outFrames; ++frame) {
+        for (std::size_t channel = 0; channel < channels; ++channel) {
             double sum = 0.0;
-            for (std::uint64_t term = 0; term < factor; ++term) {
+            for (std::size_t term = 0; term < factor; ++term) {
                 std::int16_t sample = 0;
-                const std::uint64_t index = (frame * factor + term) * channels + channel;
+                const std::size_t index = (frame * factor + term) * channels + channel;
                 std::memcpy(&sample, samples + index * sizeof sample, sizeof sample);
                 sum += double{static_cast<float>(sample)} * double{scale};
             }
@@ -69,7 +70,7 @@ void reduceEachSample(BYTE* samples, std::uint64_t outFrames, unsigned channels,
     }
 }
 
-template <unsigned Factor> void reduceByConstant(BYTE* samples, std::uint64_t outFrames, unsigned channels) {
+template <unsigned Factor> void reduceByConstant(BYTE* samples, std::size_t outFrames, unsigned channels) {
     switch (channels) {
     case 1:
         return reduceInBlocks<Factor, 1>(samples, outFrames);
@@ -82,7 +83,7 @@ template <unsigned Factor> void reduceByConstant(BYTE* samples, std::uint64_t ou
 
 } // namespace
 
-void downsample16(std::span<BYTE> samples, std::uint64_t outFrames, unsigned channels, unsigned factor) {
+void downsample16(std::span<BYTE> samples, std::size_t outFrames, unsigned channels, unsigned factor) {
     assert(channels > 0 && factor > 0);
     assert(outFrames <= samples.size() / sizeof(std::int16_t) / channels / factor);
     BYTE* const data = samples.data();
@@ -102,13 +103,13 @@ void downsample16(std::span<BYTE> samples, std::uint64_t outFrames, unsigned cha
     }
 }
 
-void downsample8(std::span<BYTE> samples, std::uint64_t outFrames, unsigned channels, unsigned factor) {
+void downsample8(std::span<BYTE> samples, std::size_t outFrames, unsigned channels, unsigned factor) {
     assert(channels > 0 && factor > 0);
     assert(outFrames <= samples.size() / channels / factor);
-    for (std::uint64_t frame = 0; frame < outFrames; ++frame) {
-        for (std::uint64_t channel = 0; channel < channels; ++channel) {
-            std::uint64_t sum = factor / 2;
-            for (std::uint64_t term = 0; term < factor; ++term) {
+    for (std::size_t frame = 0; frame < outFrames; ++frame) {
+        for (std::size_t channel = 0; channel < channels; ++channel) {
+            std::size_t sum = factor / 2;
+            for (std::size_t term = 0; term < factor; ++term) {
                 sum += samples[(frame * factor + term) * channels + channel];
             }
             samples[frame * channels + channel] = static_cast<BYTE>(sum / factor);

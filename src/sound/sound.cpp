@@ -1,7 +1,6 @@
 #include "sound/sound.h"
 
 #include "engine/qx_file.h"
-#include "sound/sound_manager.h"
 #include "sound/wave_samples.h"
 
 #include <algorithm>
@@ -24,11 +23,12 @@ LONG toDeviceVolume(float volume) {
 
 } // namespace
 
-CSound::CSound(qxCFile& file, DWORD flags) : m_name(file.getFilename()) {
+CSound::CSound(qxCFile& file, DWORD flags, IDirectSound& device, DWORD highestRate)
+    : m_name(file.getFilename()) {
     m_desc.dwSize = sizeof m_desc;
     m_desc.dwFlags = flags != 0 ? flags : DEFAULT_SOUND_FLAGS;
     const int length = file.getLength();
-    if (length <= 0 || g_soundManager.device() == nullptr) {
+    if (length <= 0) {
         return;
     }
     // Not cleared first: the file fills it, and what it did not fill is not looked at.
@@ -37,7 +37,7 @@ CSound::CSound(qxCFile& file, DWORD flags) : m_name(file.getFilename()) {
         return;
     }
     const int filled = std::clamp(file.read(block.get(), length, false), 0, length);
-    createBuffer({block.get(), static_cast<std::size_t>(filled)});
+    createBuffer({block.get(), static_cast<std::size_t>(filled)}, device, highestRate);
 }
 
 CSound::~CSound() {
@@ -46,14 +46,14 @@ CSound::~CSound() {
     }
 }
 
-void CSound::createBuffer(std::span<BYTE> image) {
-    auto wave = findWaveSamples(image, static_cast<DWORD>(g_soundManager.sampleRate()));
+void CSound::createBuffer(std::span<BYTE> image, IDirectSound& device, DWORD highestRate) {
+    auto wave = findWaveSamples(image, highestRate);
     if (!wave) {
         return;
     }
     m_desc.dwBufferBytes = static_cast<DWORD>(wave->bytes.size());
-    m_desc.lpwfxFormat = &wave->format.Format;
-    const HRESULT created = g_soundManager.device()->CreateSoundBuffer(&m_desc, &m_pBuffer, nullptr);
+    m_desc.lpwfxFormat = &wave->format.block();
+    const HRESULT created = device.CreateSoundBuffer(&m_desc, &m_pBuffer, nullptr);
     m_desc.lpwfxFormat = nullptr;
     if (FAILED(created)) {
         m_pBuffer = nullptr;

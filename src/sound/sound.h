@@ -11,13 +11,14 @@ class qxCFile;
 inline constexpr DWORD DEFAULT_SOUND_FLAGS =
     DSBCAPS_CTRL3D | DSBCAPS_CTRLVOLUME | DSBCAPS_MUTE3DATMAXDISTANCE | DSBCAPS_LOCDEFER;
 
-/// One WAV file in a buffer of the sound device of g_soundManager, reduced to at most the manager's rate. A
-/// file that cannot be read or played gives a sound without a buffer, on which every operation does nothing.
-/// Made by CSoundManager::loadSound, which owns it.
+/// One WAV file in a buffer of a sound device. A file that cannot be read or that the device does not play
+/// gives a sound without a buffer, on which every operation does nothing. CSoundManager::loadSound makes
+/// those of the toolkit and owns them.
 class CSound {
 public:
-    /// Reads the whole of an open engine file. `flags` are DSBCAPS_ bits, 0 for DEFAULT_SOUND_FLAGS.
-    CSound(qxCFile& file, DWORD flags);
+    /// Reads the whole of an open engine file; a sound recorded above `highestRate` frames a second is
+    /// reduced. `flags` are DSBCAPS_ bits, 0 for DEFAULT_SOUND_FLAGS.
+    CSound(qxCFile& file, DWORD flags, IDirectSound& device, DWORD highestRate);
     ~CSound();
     CSound(const CSound&) = delete;
     CSound& operator=(const CSound&) = delete;
@@ -36,7 +37,7 @@ public:
     const char* name() const { return m_name.getString(); }
 
 private:
-    void createBuffer(std::span<BYTE> image);
+    void createBuffer(std::span<BYTE> image, IDirectSound& device, DWORD highestRate);
     bool fillBuffer(std::span<const BYTE> samples) const;
 
     IDirectSoundBuffer* m_pBuffer = nullptr;

@@ -2,6 +2,7 @@
 
 #include "engine/qx_file.h"
 #include "engine/qx_name.h"
+#include "platform/windows/functions.h"
 #include "sound/sound.h"
 
 #include <memory>
@@ -27,9 +28,6 @@ void deleteSounds(CGrowArray<CSound*>& sounds) {
 } // namespace
 
 int CSoundManager::create() {
-    if (m_pDevice != nullptr && !isDeviceLost()) {
-        return 0;
-    }
     release();
     m_nSampleRate = 22050;
     if (FAILED(CoInitialize(nullptr))) {
@@ -42,7 +40,8 @@ int CSoundManager::create() {
     }
     m_pDevice = static_cast<IDirectSound*>(device);
     m_pDevice->Initialize(nullptr);
-    m_pDevice->SetCooperativeLevel(nullptr, DSSCL_PRIORITY);
+    const HWND foreground = GetForegroundWindow();
+    m_pDevice->SetCooperativeLevel(foreground != nullptr ? foreground : GetDesktopWindow(), DSSCL_PRIORITY);
     setUpPrimaryBuffer();
     return 0;
 }
@@ -107,7 +106,7 @@ CSound* CSoundManager::loadSound(const qxCName& name, DWORD flags) {
     if (!file.open(name.getString(), qxFileModeRead)) {
         return nullptr;
     }
-    auto sound = std::make_unique<CSound>(file, flags);
+    auto sound = std::make_unique<CSound>(file, flags, *m_pDevice, static_cast<DWORD>(m_nSampleRate));
     m_loadedSounds.append(sound.get());
     file.close();
     return sound.release();

@@ -10,8 +10,8 @@ class qxCName;
 /// g_soundManager. While it has no device, every operation but create does nothing.
 class CSoundManager {
 public:
-    /// Connects to the default device: 0, or -1 when there is none. A manager that is connected already keeps
-    /// its connection and its sounds, unless the device has vanished: then it begins anew. Prints nothing.
+    /// Connects to the default device: 0, or -1 when there is none. A manager that is connected already is
+    /// released first, and its sounds with it. Prints nothing.
     int create();
     /// Deletes every sound and closes the device. Pointers to sounds are dead from here on.
     void release();
@@ -26,6 +26,8 @@ public:
 
     /// Null while disconnected.
     IDirectSound* device() const { return m_pDevice; }
+    /// Whether the device has vanished since create: nothing plays any more.
+    bool isDeviceLost() const;
     /// Sounds recorded above this many frames a second are reduced when loaded.
     int sampleRate() const { return m_nSampleRate; }
     const CGrowArray<CSound*>& loadedSounds() const { return m_loadedSounds; }
@@ -33,7 +35,6 @@ public:
     IDirectSound3DListener* listener() const { return m_pListener; }
 
 private:
-    bool isDeviceLost() const;
     void setUpPrimaryBuffer();
 
     int m_nSampleRate = 22050;

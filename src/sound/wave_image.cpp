@@ -88,11 +88,15 @@ bool parseWaveImage(std::span<BYTE> image, WAVEFORMATEX** outFormat, BYTE** outD
     return false;
 }
 
-WAVEFORMATEXTENSIBLE copyWaveFormat(std::span<const BYTE> image, const WAVEFORMATEX* format) {
-    const BYTE* const first = reinterpret_cast<const BYTE*>(format);
-    const auto available = static_cast<std::uint64_t>(image.data() + image.size() - first);
-    const std::uint64_t length = std::min<std::uint64_t>(readWord(first - 4), available);
-    WAVEFORMATEXTENSIBLE copy{};
-    std::memcpy(&copy, first, std::min<std::uint64_t>(length, sizeof copy));
-    return copy;
+CWaveFormat::CWaveFormat(std::span<const BYTE> image, const WAVEFORMATEX* found) {
+    const BYTE* const first = reinterpret_cast<const BYTE*>(found);
+    const auto available = static_cast<std::size_t>(image.data() + image.size() - first);
+    const std::size_t length = std::min<std::size_t>(readWord(first - 4), available);
+    WAVEFORMATEX head{};
+    std::memcpy(&head, first, std::min(length, sizeof head));
+    const std::size_t extra = length > sizeof head ? length - sizeof head : 0;
+    head.cbSize = static_cast<WORD>(std::min<std::size_t>(head.cbSize, extra));
+    m_bytes.resize(sizeof head + head.cbSize);
+    std::memcpy(m_bytes.data(), &head, sizeof head);
+    std::memcpy(m_bytes.data() + sizeof head, first + sizeof head, head.cbSize);
 }

@@ -40,7 +40,8 @@ CWaveReader::~CWaveReader() {
 HRESULT CWaveReader::open(const char* path) {
     close();
     m_pFormat.reset();
-    m_hFile = mmioOpenA(path, nullptr, MMIO_ALLOCBUF | MMIO_READ);
+    // Takes a path it may write to, which it does not when it only opens.
+    m_hFile = mmioOpenA(const_cast<LPSTR>(path), nullptr, MMIO_ALLOCBUF | MMIO_READ);
     if (m_hFile == nullptr) {
         return E_FAIL;
     }
@@ -65,7 +66,7 @@ HRESULT CWaveReader::reset() {
 
 HRESULT CWaveReader::read(DWORD count, BYTE* dest, DWORD* outRead) {
     *outRead = 0;
-    MMIOINFO buffer;
+    MMIOINFO buffer{};
     if (mmioGetInfo(m_hFile, &buffer, 0) != MMSYSERR_NOERROR) {
         return E_FAIL;
     }
@@ -100,7 +101,7 @@ HRESULT CWaveReader::readFormat() {
         m_riffChunk.ckid != FOURCC_RIFF || m_riffChunk.fccType != ID_WAVE) {
         return E_FAIL;
     }
-    MMCKINFO chunk;
+    MMCKINFO chunk{};
     chunk.ckid = ID_FMT;
     if (mmioDescend(m_hFile, &chunk, &m_riffChunk, MMIO_FINDCHUNK) != MMSYSERR_NOERROR ||
         chunk.cksize < DWORD{PCM_FORMAT_SIZE} || FAILED(readFormatBlock())) {

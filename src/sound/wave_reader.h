@@ -35,6 +35,6 @@ private:
 
     std::unique_ptr<BYTE[]> m_pFormat;
     HMMIO m_hFile = nullptr;
-    MMCKINFO m_dataChunk;
-    MMCKINFO m_riffChunk;
+    MMCKINFO m_dataChunk{};
+    MMCKINFO m_riffChunk{};
 };

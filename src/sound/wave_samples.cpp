@@ -1,28 +1,26 @@
 #include "sound/wave_samples.h"
 
 #include "sound/downsample.h"
-#include "sound/wave_image.h"
-
-#include <cstdint>
 
 namespace {
 
-bool hasWholeFrames(const WAVEFORMATEX& format) {
+/// Whether the down-sampling knows these samples.
+bool isReducible(const WAVEFORMATEX& format) {
+    const bool isPcm = format.wFormatTag == WAVE_FORMAT_PCM || format.wFormatTag == WAVE_FORMAT_EXTENSIBLE;
     const bool knownWidth = format.wBitsPerSample == 8 || format.wBitsPerSample == 16;
-    return knownWidth && format.nChannels > 0 && format.nSamplesPerSec > 0 &&
-           format.nBlockAlign == std::uint32_t{format.nChannels} * (format.wBitsPerSample / 8U);
+    return isPcm && knownWidth && format.nChannels > 0 &&
+           format.nBlockAlign == format.nChannels * (format.wBitsPerSample / 8U);
 }
 
 /// When the data does not divide evenly, its last bytes keep what stood there before.
-void reduceRate(WaveSamples& wave, DWORD highestRate) {
-    WAVEFORMATEX& format = wave.format.Format;
+void reduceRate(WAVEFORMATEX& format, std::span<BYTE>& bytes, DWORD highestRate) {
     const DWORD factor = format.nSamplesPerSec / highestRate;
-    const std::uint64_t outFrames = wave.bytes.size() / format.nBlockAlign / factor;
+    const std::size_t outFrames = bytes.size() / format.nBlockAlign / factor;
     const auto downsample = format.wBitsPerSample == 16 ? downsample16 : downsample8;
-    downsample(wave.bytes, outFrames, format.nChannels, factor);
+    downsample(bytes, outFrames, format.nChannels, factor);
     format.nSamplesPerSec /= factor;
     format.nAvgBytesPerSec /= factor;
-    wave.bytes = wave.bytes.first(wave.bytes.size() / factor);
+    bytes = bytes.first(bytes.size() / factor);
 }
 
 } // namespace
@@ -34,12 +32,9 @@ std::optional<WaveSamples> findWaveSamples(std::span<BYTE> image, DWORD highestR
     if (!parseWaveImage(image, &format, &data, &size)) {
         return std::nullopt;
     }
-    WaveSamples wave{copyWaveFormat(image, format), {data, size}};
-    if (!hasWholeFrames(wave.format.Format)) {
-        return std::nullopt;
-    }
-    if (wave.format.Format.nSamplesPerSec > highestRate) {
-        reduceRate(wave, highestRate);
+    WaveSamples wave{CWaveFormat(image, format), {data, size}};
+    if (wave.format.block().nSamplesPerSec > highestRate && isReducible(wave.format.block())) {
+        reduceRate(wave.format.block(), wave.bytes, highestRate);
     }
     return wave;
 }

@@ -8,16 +8,12 @@
 #include <sndfile.h>
 
 #include <filesystem>
-#include <fstream>
-#include <iostream>
-#include <iterator>
 #include <optional>
 #include <random>
 
 namespace {
 
 using wave::Bytes;
-using wave::operator+;
 
 /// A file as read: its samples as 16-bit ones.
 struct Sound {
@@ -45,7 +41,7 @@ std::optional<Sound> readFromMemory(Bytes file) {
     if (!parseWaveImage(file, &format, &data, &size)) {
         return std::nullopt;
     }
-    return soundOf(copyWaveFormat(file, format).Format, data, size);
+    return soundOf(CWaveFormat(file, format).block(), data, size);
 }
 
 std::optional<Sound> readFromDisk(const std::filesystem::path& path) {
@@ -74,94 +70,26 @@ std::optional<Sound> readByPeer(const std::filesystem::path& path) {
     return read == info.frames ? std::optional(sound) : std::nullopt;
 }
 
-class CFileMaker {
-public:
-    explicit CFileMaker(unsigned seed) : m_random(seed) {}
-
-    Bytes make() {
-        const unsigned channels = 1 + below(2);
-        const unsigned bits = below(3) == 0 ? 8 : 16;
-        const std::uint32_t rates[] = {8000, 11025, 22050, 32000, 44100, 48000, 96000, 1 + below(200'000)};
-        const std::uint32_t rate = rates[below(std::size(rates))];
-        const Bytes format =
-            below(4) == 0 ? wave::extensibleFormat(channels, rate, bits) : wave::format(channels, rate, bits);
-        Bytes data(below(600) * channels * bits / 8);
-        for (BYTE& byte : data) {
-            byte = static_cast<BYTE>(below(256));
-        }
-        const Bytes dataChunk =
-            below(20) == 0
-                ? wave::lyingChunk("data", static_cast<std::uint32_t>(data.size()) + below(50), data)
-                : wave::chunk("data", data);
-        const Bytes formatChunk = wave::chunk("fmt ", format);
-        const bool dataFirst = below(20) == 0;
-        Bytes chunks = otherChunks();
-        chunks = chunks + (dataFirst ? dataChunk : formatChunk) + otherChunks();
-        chunks = chunks + (dataFirst ? formatChunk : dataChunk) + otherChunks();
-        return below(20) == 0 ? wave::riffOfSize(static_cast<std::uint32_t>(m_random()), chunks)
-                              : wave::riff(chunks);
-    }
-
-private:
-    unsigned below(std::size_t limit) { return static_cast<unsigned>(m_random() % limit); }
-
-    Bytes otherChunks() {
-        Bytes chunks;
-        for (unsigned count = below(3); count > 0; --count) {
-            const char* const ids[] = {"LIST", "junk", "PAD ", "id3 ", "note"};
-            chunks = std::move(chunks) + wave::chunk(ids[below(std::size(ids))], Bytes(below(40), 0));
-        }
-        return chunks;
-    }
-
-    std::mt19937 m_random;
-};
-
-TEST(Sndfile, TenThousandFilesAreReadAlike) {
-    constexpr int FILES = 10'000;
+TEST(Sndfile, TwoThousandFilesAreReadAlike) {
+    constexpr int FILES = 2'000;
     const CTempDirectory directory;
-    CFileMaker maker(4242);
+    std::mt19937 random(4242);
     int alikeInMemory = 0;
     int alikeOnDisk = 0;
     for (int i = 0; i < FILES; ++i) {
-        const Bytes file = maker.make();
-        const auto path = directory.write("a.wav", {reinterpret_cast<const char*>(file.data()), file.size()});
+        const Bytes file = wave::anyFile(random);
+        const auto path = directory.write("a.wav", wave::textOf(file));
         const auto peer = readByPeer(path);
         const auto fromDisk = readFromDisk(path);
         std::filesystem::remove(path); // writing over a file makes some file systems wait for the disk
-        if (!peer) {
-            continue;
-        }
-        if (const auto ours = readFromMemory(file)) {
-            ASSERT_TRUE(*ours == *peer) << "file " << i << ": " << ours->samples.size()
-                                        << " samples, the peer " << peer->samples.size();
-            ++alikeInMemory;
-        }
-        if (fromDisk) {
-            ASSERT_TRUE(*fromDisk == *peer) << "file " << i << " from disk: " << fromDisk->samples.size();
-            ++alikeOnDisk;
-        }
+        const auto fromMemory = readFromMemory(file);
+        ASSERT_TRUE(!peer || !fromMemory || *fromMemory == *peer) << "file " << i;
+        ASSERT_TRUE(!peer || !fromDisk || *fromDisk == *peer) << "file " << i << " from disk";
+        alikeInMemory += peer && fromMemory ? 1 : 0;
+        alikeOnDisk += peer && fromDisk ? 1 : 0;
     }
-    std::cout << FILES << " files: " << alikeInMemory << " alike in memory, " << alikeOnDisk << " on disk\n";
     EXPECT_GT(alikeInMemory, FILES * 9 / 10);
     EXPECT_GT(alikeOnDisk, FILES * 9 / 10);
-}
-
-/// The test sounds of the alsa-utils package, where it is installed.
-TEST(Sndfile, RealFilesAreReadAlike) {
-    const std::filesystem::path folder = "/usr/share/sounds/alsa";
-    std::error_code error;
-    for (const auto& entry : std::filesystem::directory_iterator(folder, error)) {
-        if (entry.path().extension() != ".wav") {
-            continue;
-        }
-        std::ifstream stream(entry.path(), std::ios::binary);
-        const Bytes file{std::istreambuf_iterator<char>(stream), {}};
-        const auto peer = readByPeer(entry.path());
-        ASSERT_TRUE(peer) << entry.path();
-        EXPECT_TRUE(readFromMemory(file) == peer) << entry.path();
-        EXPECT_TRUE(readFromDisk(entry.path()) == peer) << entry.path();
-    }
 }
 
 } // namespace

@@ -27,12 +27,8 @@ protected:
         ASSERT_EQ(g_soundManager.create(), 0);
     }
 
-    void write(const char* name, const wave::Bytes& bytes) const {
-        m_directory.write(name, {reinterpret_cast<const char*>(bytes.data()), bytes.size()});
-    }
-
     CSound* load(const char* name, const wave::Bytes& bytes) const {
-        write(name, bytes);
+        m_directory.write(name, wave::textOf(bytes));
         return g_soundManager.loadSound(qxCName(name), 0);
     }
 

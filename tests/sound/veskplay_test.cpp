@@ -7,7 +7,6 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
-#include <fstream>
 #include <iterator>
 #include <string>
 
@@ -18,73 +17,78 @@ namespace {
 using testing::HasSubstr;
 using wave::Bytes;
 
-struct Result {
-    std::string output; ///< both streams
-    int code = -1;
-};
-
 class Veskplay : public testing::Test {
 protected:
-    Result play(const std::string& environment, const std::string& arguments) const {
-        const std::string command = "cd '" + m_directory.path().string() + "' && " + environment + " '" +
+    /// Runs the player behind a shell's `setting`; what both streams got is kept. The exit code.
+    int play(const std::string& setting, const std::string& arguments) {
+        const std::string command = "cd '" + m_directory.path().string() + "' && " + setting + " '" +
                                     VESK_PLAYER + "' " + arguments + " 2>&1";
-        Result result;
+        m_strOutput.clear();
         std::FILE* const pipe = popen(command.c_str(), "r");
-        std::array<char, 256> part{};
-        while (std::fgets(part.data(), part.size(), pipe) != nullptr) {
-            result.output += part.data();
+        for (std::array<char, 256> part{}; std::fgets(part.data(), part.size(), pipe) != nullptr;) {
+            m_strOutput += part.data();
         }
-        result.code = WEXITSTATUS(pclose(pipe));
-        return result;
+        return WEXITSTATUS(pclose(pipe));
     }
 
-    void write(const char* name, const Bytes& bytes) const {
-        m_directory.write(name, {reinterpret_cast<const char*>(bytes.data()), bytes.size()});
+    /// A device that writes a file, and how many sounds it holds at once.
+    std::string intoFile(int sounds) const {
+        m_directory.write("alsoft.conf",
+                          "[general]\nsources = " + std::to_string(sounds) + "\n[wave]\nfile = heard.wav\n");
+        return "ALSOFT_DRIVERS=wave ALSOFT_CONF=alsoft.conf";
+    }
+
+    void write(const char* name, const Bytes& format, const Bytes& data) const {
+        m_directory.write(name, wave::textOf(wave::file(format, data)));
     }
 
     CTempDirectory m_directory;
+    std::string m_strOutput;
 };
 
 TEST_F(Veskplay, PlaysTheListIntoTheDevice) {
-    const std::vector<std::int16_t> samples = wave::noise(8820, 3); // 0.1 s
-    write("a.wav", wave::file(wave::format(2, 44100, 16), wave::bytesOf(samples)));
-    write("b.wav", wave::file(wave::format(1, 22050, 16), Bytes(4410, 9)));
-    m_directory.write("alsoft.conf", "[wave]\nfile = heard.wav\n");
-    const Result result = play("ALSOFT_DRIVERS=wave ALSOFT_CONF=alsoft.conf", "a.wav ./b.wav");
-    EXPECT_EQ(result.code, 0) << result.output;
-    EXPECT_THAT(result.output, HasSubstr("1/2 a.wav  0:00.1 / 0:00.1"));
-    EXPECT_THAT(result.output, HasSubstr("2/2 b.wav  0:00.1 / 0:00.1"));
+    write("a.wav", wave::format(2, 44100, 16), wave::bytesOf(wave::noise(8820, 3))); // 0.1 s
+    Bytes lying = wave::format(1, 44100, 8);
+    lying[8] = 100; // bytes a second: 59.97 s of them
+    lying[9] = lying[10] = 0;
+    write("b.wav", lying, Bytes(5997, 9));
+    EXPECT_EQ(play(intoFile(256), "a.wav ./b.wav"), 0) << m_strOutput;
+    EXPECT_THAT(m_strOutput, HasSubstr("1/2 a.wav  0:00.1 / 0:00.1"));
+    EXPECT_THAT(m_strOutput, HasSubstr("2/2 b.wav  1:00.0 / 1:00.0"));
     std::ifstream stream(m_directory.path() / "heard.wav", std::ios::binary);
     const std::string heard(std::istreambuf_iterator<char>(stream), {});
-    const auto loud = std::count_if(heard.begin() + std::min<std::ptrdiff_t>(100, std::ssize(heard)),
-                                    heard.end(), [](char byte) { return byte != 0; });
-    EXPECT_GT(loud, 8820) << "of " << heard.size() << " bytes";
+    EXPECT_GT(std::ssize(heard) - std::count(heard.begin(), heard.end(), '\0'), 8820);
 }
 
-TEST_F(Veskplay, SaysWhatItCannotRead) {
-    write("good.wav", wave::file(wave::format(2, 22050, 16), Bytes(400, 9)));
-    write("deep.wav", wave::file(wave::format(2, 44100, 24), Bytes(600, 9)));
-    write("text.wav", Bytes(100, 'x'));
-    for (const char* drivers : {"null", "nothing"}) {
-        const Result result =
-            play(std::string("ALSOFT_DRIVERS=") + drivers, "missing.wav good.wav text.wav deep.wav .");
-        EXPECT_EQ(result.code, 1);
-        EXPECT_EQ(
-            result.output,
-            "Failed to open the sound device: none was found; connect one or start the sound server\n"
-            "Failed to open missing.wav: no such file\n"
-            "Failed to open text.wav: not a WAV file with a format and samples\n"
-            "Failed to open deep.wav: format 1, channels: 2, bits: 24 is not played; PCM of 8 or 16 bits, "
-            "one or two channels, is\n"
-            "Failed to open .: not a file\n")
-            << drivers;
-    }
+TEST_F(Veskplay, HoldsOneSoundAtATime) {
+    write("a.wav", wave::format(2, 22050, 16), Bytes(400, 9));
+    EXPECT_EQ(play(intoFile(2), "a.wav a.wav a.wav a.wav a.wav a.wav"), 0) << m_strOutput;
 }
 
-TEST_F(Veskplay, WithoutFilesTellsItsUse) {
-    const Result result = play("", "");
-    EXPECT_EQ(result.code, 2);
-    EXPECT_THAT(result.output, HasSubstr("Usage: veskplay FILE..."));
+TEST_F(Veskplay, TellsThatTheDeviceWentAway) {
+    write("a.wav", wave::format(2, 22050, 16), Bytes(22050 * 4 * 60, 1)); // a minute
+    EXPECT_EQ(play("trap '' XFSZ; ulimit -f 64; " + intoFile(256), "a.wav"), 1);
+    EXPECT_THAT(m_strOutput, HasSubstr("Failed to play a.wav to its end: the sound device went away\n"));
+}
+
+TEST_F(Veskplay, SaysWhatItCannotPlay) {
+    write("good.wav", wave::format(2, 22050, 16), Bytes(400, 9));
+    write("deep.wav", wave::format(2, 44100, 24), Bytes(600, 9));
+    m_directory.write("text.wav", std::string(100, 'x'));
+    const std::string unread = "Failed to open missing.wav: no such file\n"
+                               "Failed to open text.wav: not a WAV file with a format and samples\n"
+                               "Failed to open .: not a file\n";
+    EXPECT_EQ(play("ALSOFT_DRIVERS=null", "missing.wav good.wav text.wav ."), 1);
+    EXPECT_EQ(m_strOutput, "Failed to open the sound device: none was found; connect one or start the sound "
+                           "server\n" +
+                               unread);
+    EXPECT_EQ(play(intoFile(256), "missing.wav deep.wav"), 1);
+    EXPECT_EQ(m_strOutput,
+              "Failed to open missing.wav: no such file\n"
+              "Failed to open deep.wav: the sound device does not play it (format 1, channels: 2, "
+              "bits: 24, rate: 44100)\n");
+    EXPECT_EQ(play("", ""), 2);
+    EXPECT_THAT(m_strOutput, HasSubstr("Usage: veskplay FILE..."));
 }
 
 } // namespace

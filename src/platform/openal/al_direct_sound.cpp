@@ -21,6 +21,9 @@ HRESULT CAlDirectSound::CreateSoundBuffer(const DSBUFFERDESC* description, IDire
     if (outer != nullptr) {
         return CLASS_E_NOAGGREGATION;
     }
+    if (!m_bHasLevel) {
+        return DSERR_PRIOLEVELNEEDED;
+    }
     try {
         return (description->dwFlags & DSBCAPS_PRIMARYBUFFER) != 0
                    ? CAlPrimaryBuffer::create(m_pDevice, *description, buffer)
@@ -31,8 +34,12 @@ HRESULT CAlDirectSound::CreateSoundBuffer(const DSBUFFERDESC* description, IDire
 }
 
 /// OpenAL mixes the sounds of all programs whichever window is in front: every level is the same here.
-HRESULT CAlDirectSound::SetCooperativeLevel(HWND /*window*/, DWORD level) {
-    return level == DSSCL_PRIORITY ? S_OK : DSERR_INVALIDPARAM;
+HRESULT CAlDirectSound::SetCooperativeLevel(HWND window, DWORD level) {
+    if (window == nullptr || level != DSSCL_PRIORITY) {
+        return DSERR_INVALIDPARAM;
+    }
+    m_bHasLevel = true;
+    return S_OK;
 }
 
 /// The device was opened when the object was made.

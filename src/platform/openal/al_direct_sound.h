@@ -17,4 +17,5 @@ public:
 
 private:
     std::shared_ptr<CAlDevice> m_pDevice;
+    bool m_bHasLevel = false;
 };

@@ -1,7 +1,5 @@
 #include "platform/openal/al_primary_buffer.h"
 
-#include "platform/openal/al_gain.h"
-
 #include <AL/al.h>
 
 #include <array>
@@ -51,32 +49,16 @@ HRESULT CAlPrimaryBuffer::create(std::shared_ptr<CAlDevice> device, const DSBUFF
     if (description.dwBufferBytes != 0 || description.lpwfxFormat != nullptr) {
         return DSERR_INVALIDPARAM;
     }
-    *buffer = new CAlPrimaryBuffer(std::move(device), description.dwFlags);
+    *buffer = new CAlPrimaryBuffer(std::move(device), description);
     return S_OK;
 }
 
 HRESULT CAlPrimaryBuffer::QueryInterface(REFIID interfaceId, void** object) {
-    if (interfaceId == IID_IDirectSound3DListener && object != nullptr && (m_nFlags & DSBCAPS_CTRL3D) != 0) {
-        *object = static_cast<IDirectSound3DListener*>(new CAlListener(m_pDevice));
+    if (interfaceId == IID_IDirectSound3DListener && object != nullptr && (flags() & DSBCAPS_CTRL3D) != 0) {
+        *object = static_cast<IDirectSound3DListener*>(new CAlListener(sharedDevice()));
         return S_OK;
     }
     return answerQuery(interfaceId, IID_IDirectSoundBuffer, object);
-}
-
-HRESULT CAlPrimaryBuffer::GetCaps(DSBCAPS* caps) {
-    if (caps == nullptr || caps->dwSize != sizeof *caps) {
-        return DSERR_INVALIDPARAM;
-    }
-    *caps = {sizeof *caps, m_nFlags, 0, 0, 0};
-    return S_OK;
-}
-
-HRESULT CAlPrimaryBuffer::GetStatus(DWORD* status) {
-    if (status == nullptr) {
-        return DSERR_INVALIDPARAM;
-    }
-    *status = m_pDevice->isConnected() ? DSBSTATUS_PLAYING : DSBSTATUS_BUFFERLOST;
-    return S_OK;
 }
 
 /// The mixed samples are the device's alone: what would need its priority above all is refused.
@@ -96,18 +78,15 @@ HRESULT CAlPrimaryBuffer::SetCurrentPosition(DWORD) {
     return DSERR_INVALIDCALL;
 }
 
-HRESULT CAlPrimaryBuffer::SetVolume(LONG volume) {
-    if ((m_nFlags & DSBCAPS_CTRLVOLUME) == 0) {
-        return DSERR_CONTROLUNAVAIL;
-    }
-    if (!isVolume(volume)) {
-        return DSERR_INVALIDPARAM;
-    }
-    const CAlDevice::CCurrent current(*m_pDevice);
-    alListenerf(AL_GAIN, gainOf(volume));
+HRESULT CAlPrimaryBuffer::Stop() {
     return S_OK;
 }
 
-HRESULT CAlPrimaryBuffer::Stop() {
-    return S_OK;
+/// The mix never rests.
+bool CAlPrimaryBuffer::isPlaying() const {
+    return true;
+}
+
+void CAlPrimaryBuffer::applyGain(float gain) {
+    alListenerf(AL_GAIN, gain);
 }

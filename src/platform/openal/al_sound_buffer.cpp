@@ -1,11 +1,9 @@
 #include "platform/openal/al_sound_buffer.h"
 
-#include "platform/openal/al_gain.h"
-
-#include <algorithm>
 #include <cstring>
 #include <new>
 #include <span>
+#include <utility>
 
 namespace {
 
@@ -65,20 +63,17 @@ HRESULT CAlSoundBuffer::create(std::shared_ptr<CAlDevice> device, const DSBUFFER
 }
 
 CAlSoundBuffer::CAlSoundBuffer(std::shared_ptr<CAlDevice> device, const DSBUFFERDESC& description)
-    : m_pDevice(std::move(device))
-    , m_format(*description.lpwfxFormat)
-    , m_nFlags(description.dwFlags)
-    , m_bytes(description.dwBufferBytes) {}
+    : CAlBuffer(std::move(device), description), m_format(*description.lpwfxFormat) {}
 
 HRESULT CAlSoundBuffer::makeSource() {
-    const CAlDevice::CCurrent current(*m_pDevice);
+    const CAlDevice::CCurrent current(device());
     alGenBuffers(1, &m_nBuffer);
     alGenSources(1, &m_nSource);
     return alGetError() == AL_NO_ERROR ? S_OK : DSERR_OUTOFMEMORY;
 }
 
 CAlSoundBuffer::~CAlSoundBuffer() {
-    const CAlDevice::CCurrent current(*m_pDevice);
+    const CAlDevice::CCurrent current(device());
     if (m_nSource != 0) {
         alDeleteSources(1, &m_nSource);
     }
@@ -91,68 +86,55 @@ HRESULT CAlSoundBuffer::QueryInterface(REFIID interfaceId, void** object) {
     return answerQuery(interfaceId, IID_IDirectSoundBuffer, object);
 }
 
-HRESULT CAlSoundBuffer::GetCaps(DSBCAPS* caps) {
-    if (caps == nullptr || caps->dwSize != sizeof *caps) {
-        return DSERR_INVALIDPARAM;
-    }
-    *caps = {sizeof *caps, m_nFlags, static_cast<DWORD>(m_bytes.size()), 0, 0};
-    return S_OK;
-}
-
-HRESULT CAlSoundBuffer::GetStatus(DWORD* status) {
-    if (status == nullptr) {
-        return DSERR_INVALIDPARAM;
-    }
-    *status = isPlaying() ? DSBSTATUS_PLAYING : 0;
-    return S_OK;
-}
-
 bool CAlSoundBuffer::isPlaying() const {
-    const CAlDevice::CCurrent current(*m_pDevice);
+    const CAlDevice::CCurrent current(device());
     ALint state = AL_INITIAL;
     alGetSourcei(m_nSource, AL_SOURCE_STATE, &state);
-    return state == AL_PLAYING && m_pDevice->isConnected();
+    return state == AL_PLAYING;
 }
 
 HRESULT CAlSoundBuffer::Lock(DWORD offset, DWORD bytes, void** part1, DWORD* size1, void** part2,
                              DWORD* size2, DWORD flags) {
-    const auto whole = static_cast<DWORD>(m_bytes.size());
-    if ((flags & DSBLOCK_ENTIREBUFFER) != 0) {
-        bytes = whole;
-    }
-    if (part1 == nullptr || size1 == nullptr || offset >= whole || bytes == 0 || bytes > whole) {
+    const bool whole = (flags & DSBLOCK_ENTIREBUFFER) != 0 || (offset == 0 && bytes == size());
+    if (part1 == nullptr || size1 == nullptr || !whole) {
         return DSERR_INVALIDPARAM;
     }
-    *part1 = m_bytes.data() + offset;
-    *size1 = std::min(bytes, whole - offset);
+    try {
+        m_locked.resize(size());
+    } catch (const std::bad_alloc&) {
+        return DSERR_OUTOFMEMORY;
+    }
+    *part1 = m_locked.data();
+    *size1 = size();
     if (part2 != nullptr && size2 != nullptr) {
-        *size2 = bytes - *size1;
-        *part2 = *size2 > 0 ? m_bytes.data() : nullptr;
+        *part2 = nullptr;
+        *size2 = 0;
     }
     return S_OK;
 }
 
 HRESULT CAlSoundBuffer::Unlock(void* part1, DWORD /*size1*/, void* /*part2*/, DWORD /*size2*/) {
-    if (part1 == nullptr) {
+    if (part1 == nullptr || part1 != m_locked.data()) {
         return DSERR_INVALIDPARAM;
     }
-    const std::size_t width = m_format.wBitsPerSample / 8U;
-    std::span<const BYTE> samples =
-        std::span(m_bytes).first(m_bytes.size() - m_bytes.size() % m_format.nBlockAlign);
-    std::vector<BYTE> both;
     try {
-        if (m_format.nChannels == 1) {
-            both = doubleSamples(samples, width);
-            samples = both;
-        }
+        return passToSource(std::exchange(m_locked, {}));
     } catch (const std::bad_alloc&) {
         return DSERR_OUTOFMEMORY;
     }
-    const CAlDevice::CCurrent current(*m_pDevice);
+}
+
+HRESULT CAlSoundBuffer::passToSource(std::vector<BYTE> bytes) {
+    const std::size_t width = m_format.wBitsPerSample / 8U;
+    bytes.resize(bytes.size() - bytes.size() % m_format.nBlockAlign);
+    if (m_format.nChannels == 1) {
+        bytes = doubleSamples(bytes, width);
+    }
+    const CAlDevice::CCurrent current(device());
     alSourceStop(m_nSource);
     alSourcei(m_nSource, AL_BUFFER, 0); // a buffer in use takes no data
-    alBufferData(m_nBuffer, width == 1 ? AL_FORMAT_STEREO8 : AL_FORMAT_STEREO16, samples.data(),
-                 static_cast<ALsizei>(samples.size()), static_cast<ALsizei>(m_format.nSamplesPerSec));
+    alBufferData(m_nBuffer, width == 1 ? AL_FORMAT_STEREO8 : AL_FORMAT_STEREO16, bytes.data(),
+                 static_cast<ALsizei>(bytes.size()), static_cast<ALsizei>(m_format.nSamplesPerSec));
     alSourcei(m_nSource, AL_BUFFER, static_cast<ALint>(m_nBuffer));
     return alGetError() == AL_NO_ERROR ? S_OK : DSERR_OUTOFMEMORY;
 }
@@ -161,40 +143,32 @@ HRESULT CAlSoundBuffer::Play(DWORD /*reserved1*/, DWORD /*reserved2*/, DWORD fla
     if (flags != 0) {
         return DSERR_INVALIDPARAM;
     }
-    if (!m_pDevice->isConnected()) {
+    if (!device().isConnected()) {
         return DSERR_BUFFERLOST;
     }
     if (isPlaying()) {
         return S_OK;
     }
-    const CAlDevice::CCurrent current(*m_pDevice);
+    const CAlDevice::CCurrent current(device());
     alSourcePlay(m_nSource);
     return alGetError() == AL_NO_ERROR ? S_OK : DSERR_BUFFERLOST;
 }
 
 HRESULT CAlSoundBuffer::SetCurrentPosition(DWORD position) {
-    if (position >= m_bytes.size()) {
+    if (position >= size()) {
         return DSERR_INVALIDPARAM;
     }
-    const CAlDevice::CCurrent current(*m_pDevice);
+    const CAlDevice::CCurrent current(device());
     alSourcei(m_nSource, AL_SAMPLE_OFFSET, static_cast<ALint>(position / m_format.nBlockAlign));
     return alGetError() == AL_NO_ERROR ? S_OK : DSERR_INVALIDPARAM;
 }
 
-HRESULT CAlSoundBuffer::SetVolume(LONG volume) {
-    if ((m_nFlags & DSBCAPS_CTRLVOLUME) == 0) {
-        return DSERR_CONTROLUNAVAIL;
-    }
-    if (!isVolume(volume)) {
-        return DSERR_INVALIDPARAM;
-    }
-    const CAlDevice::CCurrent current(*m_pDevice);
-    alSourcef(m_nSource, AL_GAIN, gainOf(volume));
+HRESULT CAlSoundBuffer::Stop() {
+    const CAlDevice::CCurrent current(device());
+    alSourcePause(m_nSource);
     return S_OK;
 }
 
-HRESULT CAlSoundBuffer::Stop() {
-    const CAlDevice::CCurrent current(*m_pDevice);
-    alSourcePause(m_nSource);
-    return S_OK;
+void CAlSoundBuffer::applyGain(float gain) {
+    alSourcef(m_nSource, AL_GAIN, gain);
 }

@@ -6,6 +6,8 @@
 
 namespace {
 
+constexpr const char* LOG_LEVEL = "ALSOFT_LOGLEVEL";
+
 void ignoreMessage(const char*, int, const char*, int, const char*, void*) {}
 
 /// ALSA's function that sets the calling thread's own message handler, or null where ALSA is not installed.
@@ -18,8 +20,9 @@ void* findAlsaHandlerSetter() {
 } // namespace
 
 CTerminalSilence::CTerminalSilence() {
-    // OpenAL Soft reads its log level once, at its first call, and has no other way to set it.
-    setenv("ALSOFT_LOGLEVEL", "0", 0);
+    // OpenAL Soft reads its log level once, at its first call, and has no other way to set it. The process gets
+    // its environment back.
+    m_bSetLevel = std::getenv(LOG_LEVEL) == nullptr && setenv(LOG_LEVEL, "0", 0) == 0;
     m_setHandler = reinterpret_cast<SetHandler>(findAlsaHandlerSetter());
     if (m_setHandler != nullptr) {
         m_previous = m_setHandler(ignoreMessage);
@@ -29,5 +32,8 @@ CTerminalSilence::CTerminalSilence() {
 CTerminalSilence::~CTerminalSilence() {
     if (m_setHandler != nullptr) {
         m_setHandler(m_previous);
+    }
+    if (m_bSetLevel) {
+        unsetenv(LOG_LEVEL);
     }
 }

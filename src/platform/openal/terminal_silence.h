@@ -16,4 +16,5 @@ private:
 
     SetHandler m_setHandler = nullptr;
     Handler m_previous = nullptr;
+    bool m_bSetLevel = false;
 };

@@ -174,6 +174,15 @@ HWND GetActiveWindow() {
     return CWindowRegistry::instance().findOrAdopt(hosts)->handle();
 }
 
+HWND GetForegroundWindow() {
+    return GetActiveWindow();
+}
+
+HWND GetDesktopWindow() {
+    static char s_desktop = 0;
+    return reinterpret_cast<HWND>(&s_desktop);
+}
+
 HWND SetActiveWindow(HWND window) {
     const HWND former = GetActiveWindow();
     QWidget* const widget = widgetOf(window);

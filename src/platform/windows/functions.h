@@ -63,6 +63,10 @@ HWND GetWindow(HWND window, UINT relation);
 /// The window of this process that has the keyboard, the host's ones included; null for none.
 HWND GetActiveWindow();
 HWND SetActiveWindow(HWND window);
+/// The window that the person works in, as far as this process can tell: one of its own, or null.
+HWND GetForegroundWindow();
+/// Stands for the whole screen; never null, and no other window's handle.
+HWND GetDesktopWindow();
 
 BOOL GetWindowRect(HWND window, LPRECT rect); ///< screen coordinates, frame included
 BOOL GetClientRect(HWND window, LPRECT rect);
