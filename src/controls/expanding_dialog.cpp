@@ -66,6 +66,9 @@ void CExpandingDialog::enableOutside(const CRect& frameRect, bool enable) {
         CRect overlap;
         if (!overlap.IntersectRect(&childRect, &frameRect)) {
             child->EnableWindow(enable ? TRUE : FALSE);
+            // Nobody sees them when the dialog is small; Tab passes over what is hidden, even where the
+            // dialog's own rules enable it again.
+            child->ShowWindow(enable ? SW_SHOW : SW_HIDE);
         }
     }
 }

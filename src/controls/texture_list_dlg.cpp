@@ -158,6 +158,9 @@ void CTextureListDlg::refreshList() {
     m_textures.SetCurSel(0);
     for (int i = 0; i < m_pScene->getNumTextures(); ++i) {
         qxCTexture* const texture = m_pScene->getTexture(i);
+        if (texture == nullptr) {
+            continue; // a scene that counts more than it has
+        }
         const int entry = m_textures.AddString(texture->name.getString());
         m_textures.SetItemData(entry, reinterpret_cast<DWORD_PTR>(texture));
         if (texture == m_pSelected) {
@@ -233,7 +236,11 @@ void CTextureListDlg::importFile(const CString& path) {
     if (m_pScene == nullptr) {
         return; // taken away while a message or the file dialog stood open
     }
-    m_pSelected = m_pScene->createTexture();
+    qxCTexture* const made = m_pScene->createTexture();
+    if (made == nullptr) {
+        return;
+    }
+    m_pSelected = made;
     m_pSelected->setFilename(fileName.c_str());
     m_pSelected->name.setString(name.c_str());
     m_pScene->addTexture(m_pSelected);

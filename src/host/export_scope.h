@@ -14,3 +14,15 @@ template <typename Body> void runExport(Body&& body) noexcept {
         return;
     }
 }
+
+/// A flag that is set while this lives.
+class CFlagScope {
+public:
+    explicit CFlagScope(bool& flag) : m_flag(flag) { m_flag = true; }
+    ~CFlagScope() { m_flag = false; }
+    CFlagScope(const CFlagScope&) = delete;
+    CFlagScope& operator=(const CFlagScope&) = delete;
+
+private:
+    bool& m_flag;
+};

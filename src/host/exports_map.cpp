@@ -7,6 +7,7 @@
 #include "terrain/panel/map_editor_dlg.h"
 
 #include <memory>
+#include <utility>
 
 namespace {
 
@@ -14,14 +15,27 @@ namespace {
 /// beside the exports so that whatever links them has it.
 CWinApp theApp;
 
+/// Runs `call` on the open panel, if there is one. The panel lives until the call has left it, even when the
+/// map that it works on calls back and closes the editor.
+template <class Call> void visitPanel(Call call) {
+    if (g_bEditorActive) {
+        CMapEditorDlg& panel = *g_pMapEditorDlg;
+        const CHostedEditorDlg::CVisit visit(panel);
+        call(panel);
+    }
+}
+
+bool g_bOpening = false; ///< a panel is being made: its map may call back
+
 } // namespace
 
 void vuCreateEditor(HWND host, qxCMap* map, CString textureDir, vuMessageCallback onMessage, bool fullEditing,
                     vuIntCallback intCallback) {
     runExport([&] {
-        if (g_bEditorActive || map == nullptr) {
+        if (g_bEditorActive || g_bOpening || map == nullptr) {
             return;
         }
+        const CFlagScope opening(g_bOpening);
         auto panel = std::make_unique<CMapEditorDlg>(fullEditing);
         g_pMapEditorDlg = panel.get();
         g_strTextureDir = textureDir;
@@ -44,11 +58,11 @@ void vuDestroyEditor() {
         if (!g_bEditorActive) {
             return;
         }
-        g_pMapEditorDlg->destroy();
-        g_pMapEditorDlg = nullptr;
+        CMapEditorDlg& panel = *std::exchange(g_pMapEditorDlg, nullptr);
         g_bEditorActive = false;
         g_pfnMessageCallback = nullptr;
         g_pfnIntCallback = nullptr;
+        panel.destroy(); // last: it may end dialogs, and their callers ask whether the editor is open
     });
 }
 
@@ -58,16 +72,12 @@ void vuStartEditing(int x, int z, int edge, int corner) {
             return;
         }
         g_bEditingInProgress = true;
-        g_pMapEditorDlg->strokeStart(x, z, edge, corner);
+        visitPanel([=](CMapEditorDlg& panel) { panel.strokeStart(x, z, edge, corner); });
     });
 }
 
 void vuUpdateEditing(int x, int z, int /*ignored1*/, int /*ignored2*/, int /*ignored3*/, int amount) {
-    runExport([=] {
-        if (g_bEditorActive) {
-            g_pMapEditorDlg->strokeUpdate(x, z, amount);
-        }
-    });
+    runExport([=] { visitPanel([=](CMapEditorDlg& panel) { panel.strokeUpdate(x, z, amount); }); });
 }
 
 void vuStopEditing() {
@@ -76,16 +86,12 @@ void vuStopEditing() {
             return;
         }
         g_bEditingInProgress = false;
-        g_pMapEditorDlg->strokeEnd();
+        visitPanel([](CMapEditorDlg& panel) { panel.strokeEnd(); });
     });
 }
 
 void vuUpdateCursor(int x, int z, int edge, int corner) {
-    runExport([=] {
-        if (g_bEditorActive) {
-            g_pMapEditorDlg->updateCursor(x, z, edge, corner);
-        }
-    });
+    runExport([=] { visitPanel([=](CMapEditorDlg& panel) { panel.updateCursor(x, z, edge, corner); }); });
 }
 
 bool vuIsEditorActive() {

@@ -40,7 +40,8 @@ VU_API void vuUpdateCursor(int x, int z, int edge, int corner);
 VU_API bool vuIsEditorActive();
 VU_API bool vuIsEditingInProgress();
 /// Forget the remembered tool settings and the undo history. To be called before a map that was edited is
-/// freed: they are matched to a map by its address alone.
+/// freed: they are matched to a map by its address alone. A panel that is still open may be closed by its own
+/// Close afterwards, which remembers its settings for that address again: close the editor first.
 VU_API void vuDestroySettings();
 
 /// Open the movie editor on `movie`. Ignored when one is open; the sound device starts even when `movie` is

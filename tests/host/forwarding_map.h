@@ -5,11 +5,13 @@
 
 #include <functional>
 
-/// A map whose reads of the tiling, the first thing a panel asks of its map, can be watched or made to fail.
+/// A map that can be watched, made to fail, or made to call back: when the tiling is read, the first thing a
+/// panel asks of its map, when its size is read, and when a height is set.
 class CForwardingMap : public qxCMap {
 public:
     std::function<void()> onReadTiling = [] {};
     std::function<void()> onReadDim = [] {};
+    std::function<void()> onSetHeight = [] {};
 
     qxCScene* getScene() const override { return m_map.getScene(); }
     int getGridDim() const override {
@@ -17,7 +19,10 @@ public:
         return m_map.getGridDim();
     }
     int getPointHeight(int x, int z) const override { return m_map.getPointHeight(x, z); }
-    void setPointHeight(int x, int z, int h, bool d) override { m_map.setPointHeight(x, z, h, d); }
+    void setPointHeight(int x, int z, int h, bool d) override {
+        onSetHeight();
+        m_map.setPointHeight(x, z, h, d);
+    }
     qxCColour getPointColour(int l, int x, int z) const override { return m_map.getPointColour(l, x, z); }
     void setPointColour(int l, int x, int z, const qxCColour& c) override {
         m_map.setPointColour(l, x, z, c);

@@ -41,8 +41,12 @@ LRESULT SendMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
         return 0;
     }
     const CDispatchScope scope;
-    return target->object() != nullptr ? target->object()->WindowProc(message, wParam, lParam)
-                                       : target->process(message, wParam, lParam);
+    try {
+        return target->object() != nullptr ? target->object()->WindowProc(message, wParam, lParam)
+                                           : target->process(message, wParam, lParam);
+    } catch (...) {
+        return 0; // what a handler let through ends with its message: the window system cannot carry it
+    }
 }
 
 BOOL PostMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {

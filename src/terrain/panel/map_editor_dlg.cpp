@@ -7,80 +7,41 @@
 #include "terrain/map_undo_list.h"
 #include "terrain/stroke_engine.h"
 
+#include <cmath>
+
 namespace {
 
-constexpr int KEEP_TOGGLE = 1;
 constexpr int DETAILS_TAB = 1;
 constexpr int LOWEST_HEIGHT = 0;
 constexpr int HIGHEST_HEIGHT = 1023;
 
+/// A number that a record holds and a field could not read back, such as one that is not a number, is shown
+/// as 0.
+void exchangeFinite(CDataExchange* pDX, int controlId, float& value) {
+    if (!std::isfinite(value)) {
+        value = 0.0F;
+    }
+    DDX_Text(pDX, controlId, value);
+}
+
 } // namespace
 
 CMapEditorDlg::CMapEditorDlg(bool fullEditing)
-    : CEditorDialog(IDD_MAP_EDITOR, nullptr, IDC_SIMPLE_FRAME, IDC_EXPAND, "Advanced Controls >>",
-                    "Simple Controls<<", KEEP_TOGGLE)
+    : CHostedEditorDlg(IDD_MAP_EDITOR, IDC_SIMPLE_FRAME, IDC_EXPAND, "Advanced Controls >>",
+                       "Simple Controls<<", g_bEditorActive)
     , m_bFullEditing(fullEditing) {}
 
 CMapEditorDlg::~CMapEditorDlg() {
-    // The window goes while the controls that are members still exist. A field that loses the focus on the
-    // way must not ask the user about its value.
-    m_pMap = nullptr;
-    m_bOwnsItself = false;
-    m_bFreeWhenIdle = false;
-    CMapEditorDlg::DestroyWindow();
+    endWindow();
 }
 
-bool CMapEditorDlg::createWindow(CWnd* host) {
-    m_bOwnsItself = Create(IDD_MAP_EDITOR, host) != FALSE;
-    return m_bOwnsItself;
+void CMapEditorDlg::onUserCloses() {
+    saveSettings(*this);
 }
 
-void CMapEditorDlg::destroy() {
+void CMapEditorDlg::letGo() {
     m_pMap = nullptr;
     abandonDialogs();
-    if (m_nDispatchDepth == 0) {
-        delete this;
-        return;
-    }
-    m_bFreeWhenIdle = true;
-    DestroyWindow(); // now: a message box over a panel that is only hidden would go on blocking the host
-}
-
-void CMapEditorDlg::closeByUser() {
-    if (m_pMap == nullptr) {
-        return;
-    }
-    saveSettings(*this);
-    g_bEditorActive = false;
-    destroy();
-}
-
-void CMapEditorDlg::PostNcDestroy() {
-    if (!m_bOwnsItself) {
-        return;
-    }
-    if (m_pMap != nullptr) {
-        // The window went down with the host's: the exports must not reach for it any more.
-        m_pMap = nullptr;
-        abandonDialogs();
-        g_bEditorActive = false;
-    }
-    m_bOwnsItself = false;
-    if (m_nDispatchDepth == 0) {
-        delete this;
-        return;
-    }
-    m_bFreeWhenIdle = true;
-}
-
-LRESULT CMapEditorDlg::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
-    ++m_nDispatchDepth;
-    const LRESULT result = CEditorDialog::WindowProc(message, wParam, lParam);
-    --m_nDispatchDepth;
-    if (m_nDispatchDepth == 0 && m_bFreeWhenIdle) {
-        delete this;
-    }
-    return result;
 }
 
 void CMapEditorDlg::strokeStart(int x, int z, int edge, int corner) {
@@ -93,6 +54,9 @@ void CMapEditorDlg::strokeUpdate(int x, int z, int amount) {
 
 void CMapEditorDlg::strokeEnd() {
     ::strokeEnd(*this);
+    if (isEnding()) { // the map closed the editor on the way
+        return;
+    }
     refreshUndoIndicators();
     showMembers();
 }
@@ -110,7 +74,7 @@ void CMapEditorDlg::showMembers() {
 }
 
 bool CMapEditorDlg::readControls() {
-    if (m_pMap == nullptr) {
+    if (m_pMap == nullptr || isEnding()) {
         return false;
     }
     const bool accepted = UpdateData(TRUE) != FALSE;
@@ -124,7 +88,7 @@ bool CMapEditorDlg::readControls() {
 }
 
 void CMapEditorDlg::DoDataExchange(CDataExchange* pDX) {
-    CEditorDialog::DoDataExchange(pDX);
+    CHostedEditorDlg::DoDataExchange(pDX);
     DDX_Control(pDX, IDC_TOOL_TABS, m_tabs);
     DDX_Control(pDX, IDC_TILING_SPIN, m_tilingSpin);
     exchangeSurfaceControls(pDX);
@@ -134,11 +98,11 @@ void CMapEditorDlg::DoDataExchange(CDataExchange* pDX) {
     DDX_Text(pDX, IDC_STRENGTH_TEXT, m_strStrength);
     DDX_Slider(pDX, IDC_STRENGTH, m_nStrength);
     exchangeHeight(pDX);
-    DDX_Text(pDX, IDC_VARIATION, m_fVariation);
-    DDX_Text(pDX, IDC_BLEND, m_fBlend);
+    exchangeFinite(pDX, IDC_VARIATION, m_fVariation);
+    exchangeFinite(pDX, IDC_BLEND, m_fBlend);
     DDX_Text(pDX, IDC_TEXTURE_NUMBER, m_nTextureNumber);
     DDX_Text(pDX, IDC_TILING, m_nTiling);
-    DDX_Text(pDX, IDC_GRADIENT, m_fGradient);
+    exchangeFinite(pDX, IDC_GRADIENT, m_fGradient);
     DDX_Radio(pDX, IDC_BRUSH_VERTEX, m_nBrushSize);
     DDX_Check(pDX, IDC_MAP_FLAG, m_bMapFlag);
     DDX_Check(pDX, IDC_HIDE_CURSOR, m_bHideCursor);

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "controls/colour_button.h"
-#include "controls/editor_dialog.h"
+#include "controls/hosted_editor_dlg.h"
 #include "controls/image_preview.h"
 #include "controls/texture_picker_button.h"
 #include "terrain/map_editor_model.h"
@@ -15,9 +15,8 @@ class CTerrainTypeDlg;
 class qxCMapMultiTexture;
 
 /// The map editor panel: shows the model's settings in the controls of its template, runs the commands of its
-/// buttons and passes the host's strokes on to the model's tools. Lives on the heap; once its window is open
-/// it owns itself: it is freed when the user closes the window or when the host calls destroy().
-class CMapEditorDlg : public CEditorDialog, public CMapEditorModel {
+/// buttons and passes the host's strokes on to the model's tools.
+class CMapEditorDlg : public CHostedEditorDlg, public CMapEditorModel {
 public:
     /// `fullEditing` allows the terrain tools and the panel's own "Close".
     explicit CMapEditorDlg(bool fullEditing);
@@ -25,14 +24,6 @@ public:
 
     /// Edit this map, which the host owns and keeps alive until the panel is closed.
     void bind(qxCMap* map) { m_pMap = map; }
-    /// Open the modeless window as a child of `host`, which may be null. False, and the object still the
-    /// caller's, when there is no window.
-    bool createWindow(CWnd* host);
-    /// Close the window and free the object, without remembering its settings. From inside one of the panel's
-    /// own commands (a host's timer may call while a message box is open) the object lives on,
-    /// without its map and its window, until that command returns.
-    void destroy();
-
     void strokeStart(int x, int z, int edge, int corner);
     void strokeUpdate(int x, int z, int amount);
     void strokeEnd();
@@ -45,10 +36,8 @@ public:
 protected:
     void DoDataExchange(CDataExchange* pDX) override;
     BOOL OnInitDialog() override;
-    void OnOK() override;
-    void OnCancel() override;
-    void PostNcDestroy() override;
-    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
+    void onUserCloses() override;
+    void letGo() override;
 
     afx_msg void onToolClicked();
     afx_msg void onBrushClicked();
@@ -62,7 +51,6 @@ protected:
     afx_msg void onDeselect();
     afx_msg void onUndo();
     afx_msg void onCloseButton();
-    afx_msg void OnClose();
 
     afx_msg void onPreviousDefinition();
     afx_msg void onNextDefinition();
@@ -95,7 +83,6 @@ private:
     void refreshStrengthAndBrushes();
     void refreshUndoIndicators();
     void setButtonIcon(int controlId, int iconId);
-    void closeByUser();
 
     // What the ground looks like: texture definitions and their preview, base textures, colours.
     void exchangeSurfaceControls(CDataExchange* pDX);
@@ -140,8 +127,4 @@ private:
     int m_nTiling = 0;
     int m_bMapFlag = 0;
     int m_bFog = 0;
-
-    bool m_bOwnsItself = false;   ///< the end of the window is the end of the object
-    bool m_bFreeWhenIdle = false; ///< to be freed when the outermost message has been handled
-    int m_nDispatchDepth = 0;     ///< messages being handled, one inside the other
 };

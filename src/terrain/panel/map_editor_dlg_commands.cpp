@@ -10,7 +10,7 @@
 
 #include <utility>
 
-BEGIN_MESSAGE_MAP(CMapEditorDlg, CEditorDialog)
+BEGIN_MESSAGE_MAP(CMapEditorDlg, CHostedEditorDlg)
 ON_BN_CLICKED(IDC_TOOL_SELECT, &CMapEditorDlg::onToolClicked)
 ON_BN_CLICKED(IDC_TOOL_RAISE, &CMapEditorDlg::onToolClicked)
 ON_BN_CLICKED(IDC_TOOL_FLATTEN, &CMapEditorDlg::onToolClicked)
@@ -40,7 +40,6 @@ ON_BN_CLICKED(IDC_SELECT_ALL, &CMapEditorDlg::onSelectAll)
 ON_BN_CLICKED(IDC_DESELECT, &CMapEditorDlg::onDeselect)
 ON_BN_CLICKED(IDC_UNDO, &CMapEditorDlg::onUndo)
 ON_BN_CLICKED(IDC_CLOSE, &CMapEditorDlg::onCloseButton)
-ON_WM_CLOSE()
 ON_BN_CLICKED(IDC_PREVIOUS_TEXTURE, &CMapEditorDlg::onPreviousDefinition)
 ON_BN_CLICKED(IDC_NEXT_TEXTURE, &CMapEditorDlg::onNextDefinition)
 ON_BN_CLICKED(IDC_INSERT_DEFINITION, &CMapEditorDlg::onInsertDefinition)
@@ -86,7 +85,7 @@ void CMapEditorDlg::onBrushClicked() {
 void CMapEditorDlg::OnHScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar) {
     if (readControls()) {
         refreshStrengthAndBrushes();
-        CEditorDialog::OnHScroll(nSBCode, nPos, pScrollBar);
+        CHostedEditorDlg::OnHScroll(nSBCode, nPos, pScrollBar);
     }
 }
 
@@ -154,19 +153,6 @@ void CMapEditorDlg::onUndo() {
 
 void CMapEditorDlg::onCloseButton() {
     closeByUser();
-}
-
-void CMapEditorDlg::OnClose() {
-    closeByUser();
-}
-
-void CMapEditorDlg::OnOK() {
-    // The framework would hide the window and leave the editor open without one. Enter has no meaning here
-    // outside the edit fields, ...
-}
-
-void CMapEditorDlg::OnCancel() {
-    // ... and a stray Escape must not end a long session: only "Close" and the window's own close request do.
 }
 
 void CMapEditorDlg::refreshStrengthAndBrushes() {

@@ -14,7 +14,7 @@ constexpr int HIGHEST_STRENGTH = 10;
 } // namespace
 
 BOOL CMapEditorDlg::OnInitDialog() {
-    CEditorDialog::OnInitDialog();
+    CHostedEditorDlg::OnInitDialog();
     CenterWindow();
     initCloseButton();
     initIcons();

@@ -86,20 +86,21 @@ qxCMapMultiTexture* CMapEditorDlg::currentDefinition() {
 
 void CMapEditorDlg::refreshDefinition() {
     const int count = m_pMap->getNumMultiTextures();
+    m_nTextureNumber =
+        std::clamp(m_nTextureNumber, 0, std::max(count - 1, 0)); // the host may have removed some
+    const qxCMapMultiTexture* const definition = currentDefinition();
     for (const int control :
          {IDC_TINT_1, IDC_TINT_2, IDC_BLEND, IDC_VARIATION, IDC_GLOBAL_SMOOTH, IDC_TERRAIN_TYPES}) {
-        GetDlgItem(control)->EnableWindow(count > 0 ? TRUE : FALSE);
+        GetDlgItem(control)->EnableWindow(definition != nullptr ? TRUE : FALSE);
     }
-    if (count > 0) {
-        m_nTextureNumber = std::clamp(m_nTextureNumber, 0, count - 1); // the host may have removed some
+    if (definition != nullptr) {
         m_pMap->setCurrentMultiTexture(m_nTextureNumber);
-        const qxCMapMultiTexture& definition = *m_pMap->getMultiTexture(m_nTextureNumber);
-        m_tint1.setColour(definition.tint1);
-        m_tint2.setColour(definition.tint2);
+        m_tint1.setColour(definition->tint1);
+        m_tint2.setColour(definition->tint2);
         redraw(m_tint1);
         redraw(m_tint2);
-        m_fBlend = definition.blend;
-        m_fVariation = definition.variation;
+        m_fBlend = definition->blend;
+        m_fVariation = definition->variation;
         m_preview.invalidateAll();
         showPreview();
     }
@@ -165,11 +166,12 @@ void CMapEditorDlg::onDuplicateDefinition() {
         return;
     }
     const qxCMapMultiTexture values = *original;
-    qxCMapMultiTexture* const copy = m_pMap->addMultiTexture();
-    copy->tint1 = values.tint1;
-    copy->tint2 = values.tint2;
-    copy->blend = values.blend;
-    copy->variation = values.variation;
+    if (qxCMapMultiTexture* const copy = m_pMap->addMultiTexture()) {
+        copy->tint1 = values.tint1;
+        copy->tint2 = values.tint2;
+        copy->blend = values.blend;
+        copy->variation = values.variation;
+    }
     m_nTextureNumber = m_pMap->getNumMultiTextures() - 1;
     refreshDefinition();
 }

@@ -5,11 +5,17 @@
 
 #include <algorithm>
 #include <cfloat>
+#include <cmath>
 #include <numeric>
 
 namespace {
 
 constexpr int KEEP_TOGGLE = 1;
+
+/// A record may hold what a field could not read back, such as what is not a number: it is shown as 0.
+float shownNumber(float value) {
+    return std::isfinite(value) ? value : 0.0F;
+}
 
 CString shownText(float value) {
     CString text;
@@ -44,6 +50,7 @@ CTerrainTypeDlg::CTerrainTypeDlg(qxCMap* map, CWnd* parent)
     , m_pMap(map) {}
 
 void CTerrainTypeDlg::abandon() {
+    m_bEnding = true; // the field that has the focus loses it: nobody is to be asked about its value any more
     m_pMap = nullptr;
     m_pTerrainDef = nullptr;
     EndDialog(IDCANCEL);
@@ -70,8 +77,10 @@ BOOL CTerrainTypeDlg::OnInitDialog() {
     CEditorDialog::OnInitDialog();
     const int count = m_pMap != nullptr ? m_pMap->getNumTerrainDefs() : 0;
     for (int i = 0; i < count; ++i) {
-        const int item = m_types.AddString(m_pMap->getTerrainDef(i)->name);
-        m_types.SetItemData(item, static_cast<DWORD_PTR>(i));
+        if (const _qxMapTerrainDef* const type = m_pMap->getTerrainDef(i)) {
+            const int item = m_types.AddString(type->name);
+            m_types.SetItemData(item, static_cast<DWORD_PTR>(i));
+        }
     }
     m_types.SetCurSel(0);
     loadSelected();
@@ -85,11 +94,14 @@ void CTerrainTypeDlg::loadSelected() {
         return;
     }
     m_pTerrainDef = m_pMap->getTerrainDef(static_cast<int>(m_types.GetItemData(item)));
-    m_fEffectOnNeighbours = m_pTerrainDef->effectOnNeighbours;
-    m_fNoise = m_pTerrainDef->noise;
+    if (m_pTerrainDef == nullptr) {
+        return;
+    }
+    m_fEffectOnNeighbours = shownNumber(m_pTerrainDef->effectOnNeighbours);
+    m_fNoise = shownNumber(m_pTerrainDef->noise);
     m_bPreserveFlatAreas = m_pTerrainDef->preserveFlatAreas ? 1 : 0;
-    m_fWeighting = m_pTerrainDef->weighting;
-    std::ranges::copy(m_pTerrainDef->filter, m_filter.begin());
+    m_fWeighting = shownNumber(m_pTerrainDef->weighting);
+    std::ranges::transform(m_pTerrainDef->filter, m_filter.begin(), shownNumber);
 }
 
 /// Read the controls, let `write` store what it is about in the record, and show what holds. After a value

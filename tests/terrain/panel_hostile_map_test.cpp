@@ -1,0 +1,158 @@
+// Maps that call the exports back, throw, and answer with nothing: the host's bugs are not the panel's end.
+#include "host/forwarding_map.h"
+#include "host/veskutil.h"
+#include "resources/resource_ids.h"
+#include "support/modal_steps.h"
+#include "support/ui_driver.h"
+#include "terrain/panel_fixture.h"
+
+#include <QApplication>
+
+#include <limits>
+#include <stdexcept>
+
+namespace {
+
+constexpr float NO_NUMBER = std::numeric_limits<float>::quiet_NaN();
+
+class HostileMap : public PanelTest {
+protected:
+    ~HostileMap() override { vuDestroyEditor(); }
+
+    CForwardingMap m_hostile;
+};
+
+TEST_F(HostileMap, MayCloseTheEditorInsideAStroke) {
+    open(m_hostile);
+    click(IDC_TOOL_RAISE);
+    click(IDC_BRUSH_DISC);
+    bool closed = false;
+    m_hostile.onSetHeight = [&] {
+        vuDestroyEditor();
+        EXPECT_FALSE(vuIsEditorActive()) << "at once";
+        closed = true;
+    };
+    vuStartEditing(5, 5, 0, 0);
+    vuUpdateEditing(5, 5, 0, 0, 0, -9);
+    EXPECT_TRUE(closed);
+    EXPECT_EQ(panel(), nullptr);
+    vuStopEditing();
+    m_hostile.onSetHeight = [] {};
+    open(m_hostile);
+    vuStartEditing(5, 5, 0, 0);
+    vuStopEditing();
+    EXPECT_FALSE(vuIsEditingInProgress());
+}
+
+TEST_F(HostileMap, MayReplaceTheEditorInsideAStroke) {
+    open(m_hostile);
+    click(IDC_TOOL_RAISE);
+    m_hostile.onSetHeight = [&] {
+        vuDestroyEditor();
+        vuCreateEditor(nullptr, &m_map, "textures", nullptr, true, nullptr);
+    };
+    stroke(5, 5, -9);
+    ASSERT_TRUE(vuIsEditorActive());
+    ASSERT_NE(panel(), nullptr);
+    click(IDC_CLOSE);
+    EXPECT_FALSE(vuIsEditorActive());
+    EXPECT_EQ(panel(), nullptr) << "and no second one stands behind it";
+}
+
+TEST_F(HostileMap, OpensOnePanelHoweverOftenItAsksWhileItIsOpened) {
+    m_hostile.onReadTiling = [&] {
+        vuCreateEditor(nullptr, &m_map, "elsewhere", nullptr, true, nullptr);
+        vuDestroyEditor();
+    };
+    open(m_hostile);
+    m_hostile.onReadTiling = [] {};
+    ASSERT_TRUE(vuIsEditorActive());
+    click(IDC_CLOSE);
+    EXPECT_EQ(panel(), nullptr);
+    EXPECT_FALSE(vuIsEditorActive());
+}
+
+TEST_F(HostileMap, MayThrowInsideAClick) {
+    open(m_hostile);
+    expand();
+    m_hostile.onReadDim = [] { throw std::runtime_error("out of its depth"); };
+    click(IDC_SELECT_ALL);
+    m_hostile.onReadDim = [] {};
+    ASSERT_TRUE(vuIsEditorActive());
+    click(IDC_TOOL_RAISE);
+    EXPECT_TRUE(isChecked(IDC_TOOL_RAISE)) << "the panel works on";
+    click(IDC_CLOSE);
+    EXPECT_EQ(panel(), nullptr);
+}
+
+/// Counts what it does not have, and what it has is no number.
+class CEmptyHandedMap : public CForwardingMap {
+public:
+    qxCTexture* getTexture(qxMapLayerType /*layer*/) const override { return nullptr; }
+    int getNumTerrainDefs() const override { return 3; }
+    _qxMapTerrainDef* getTerrainDef(int index) override { return index == 1 ? &m_type : nullptr; }
+    int getNumMultiTextures() const override { return 2; }
+    qxCMapMultiTexture* getMultiTexture(int index) override { return index == 0 ? &m_definition : nullptr; }
+    qxCMapMultiTexture* addMultiTexture() override { return nullptr; }
+    float getGradient(int /*x*/, int /*z*/) const override { return NO_NUMBER; }
+
+private:
+    _qxMapTerrainDef m_type{.noise = NO_NUMBER, .weighting = NO_NUMBER};
+    qxCMapMultiTexture m_definition{{}, {}, NO_NUMBER, NO_NUMBER};
+};
+
+TEST_F(HostileMap, WhatItDoesNotHaveIsShownAsNothing) {
+    CEmptyHandedMap empty;
+    open(empty);
+    expand();
+    EXPECT_EQ(text(IDC_BLEND), "0");
+    EXPECT_EQ(text(IDC_VARIATION), "0");
+    click(IDC_TOOL_GET_GRADIENT);
+    stroke(3, 3);
+    EXPECT_EQ(text(IDC_GRADIENT), "0");
+    for (const int button : {IDC_DUPLICATE_DEFINITION, IDC_INSERT_DEFINITION, IDC_NEXT_TEXTURE,
+                             IDC_DELETE_DEFINITION, IDC_TOOL_RAISE, IDC_TOOL_PAINT, IDC_HIDE_CURSOR}) {
+        click(button); // a message box would hold the test up
+    }
+    stroke(4, 4, -5);
+    CModalSteps person({[](QWidget* dialog) {
+        EXPECT_EQ(ui::control(*dialog, IDC_NOISE).property("text").toString(), "0");
+        dialog->close();
+    }});
+    click(IDC_PREVIOUS_TEXTURE);
+    click(IDC_TERRAIN_TYPES);
+    EXPECT_TRUE(person.areDone());
+    vuDestroyEditor();
+}
+
+TEST_F(HostileMap, AHostMayCloseTheEditorUnderABadTextInADialog) {
+    open();
+    expand();
+    click(IDC_INSERT_DEFINITION);
+    CModalSteps person({[](QWidget* dialog) {
+        ui::type(ui::control(*dialog, IDC_NOISE), "not a number");
+        vuDestroyEditor(); // asks nothing: a message box would be a second window, which nobody expects
+        EXPECT_FALSE(dialog->isVisible());
+    }});
+    click(IDC_TERRAIN_TYPES);
+    EXPECT_TRUE(person.areDone());
+    EXPECT_FALSE(vuIsEditorActive());
+    stroke(3, 3);
+}
+
+TEST_F(HostileMap, TabPassesOverWhatAFoldedPanelHides) {
+    open();
+    click(IDC_TOOL_RAISE);
+    ui::click(*control(IDC_HEIGHT));
+    for (int i = 0; i < 40; ++i) {
+        ui::press(Qt::Key_Tab);
+        const QWidget* focused = QApplication::focusWidget();
+        ASSERT_NE(focused, nullptr);
+        ASSERT_TRUE(panel()->rect().contains(focused->mapTo(panel(), focused->rect().center())))
+            << focused->objectName().toStdString();
+    }
+    expand();
+    EXPECT_TRUE(isShown(IDC_BLEND));
+}
+
+} // namespace
