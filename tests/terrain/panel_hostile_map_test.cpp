@@ -141,6 +141,7 @@ TEST_F(HostileMap, AHostMayCloseTheEditorUnderABadTextInADialog) {
 }
 
 TEST_F(HostileMap, TabPassesOverWhatAFoldedPanelHides) {
+    m_map.addMultiTexture(); // what enables the fields of the hidden half
     open();
     click(IDC_TOOL_RAISE);
     ui::click(*control(IDC_HEIGHT));
