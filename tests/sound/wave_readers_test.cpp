@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <memory>
 
 namespace {
@@ -216,6 +217,21 @@ TEST_F(WaveReaders, WhatIsNoFileIsRefused) {
     EXPECT_EQ(m_reader.open(nullptr), E_FAIL);
     EXPECT_EQ(m_reader.read(1, &byte, &count), E_FAIL);
     EXPECT_EQ(m_reader.reset(), E_FAIL);
+}
+
+TEST_F(WaveReaders, NoFileStaysOpen) {
+    const auto openFiles = [] {
+        return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {});
+    };
+    const auto before = openFiles();
+    EXPECT_EQ(open(riff(DATA)), E_FAIL);
+    EXPECT_EQ(openFiles(), before) << "refused";
+    {
+        CWaveReader reader;
+        ASSERT_EQ(reader.open(m_directory.write("b.wav", wave::textOf(riff(FORMAT + DATA))).c_str()), S_OK);
+        EXPECT_EQ(openFiles(), before + 1);
+    }
+    EXPECT_EQ(openFiles(), before) << "gone with its reader";
 }
 
 } // namespace
