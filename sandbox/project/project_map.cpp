@@ -207,10 +207,10 @@ ProjectFault copyTextures(const Project& project, const QString& folder, QString
         if (const QString reason = readWholeFile(path, LARGEST_LAYER_FILE, image); !reason.isEmpty()) {
             return {path, reason};
         }
+        copied.append(copy); // it may be there although the disk reports a fault
         if (const QString reason = replaceFile(copy, image); !reason.isEmpty()) {
             return {copy, reason};
         }
-        copied.append(copy);
     }
     return {};
 }

@@ -1,5 +1,6 @@
 // Saving on disks that fail, fill up and lose their program: afterwards the old project or the new one opens,
 // never a mixture; the person is told; and the next save leaves nothing behind but the project.
+#include "sandbox/app/map_document.h"
 #include "sandbox/failing_disk.h"
 #include "sandbox/files/heightmap_file.h"
 #include "sandbox/project/automatic_copy.h"
@@ -100,6 +101,28 @@ TEST_F(SaveFaults, AFailedFirstSaveLeavesNoFolder) {
         }
         return disk.hasFailed();
     });
+}
+
+TEST_F(SaveFaults, ADocumentIsSavedWithItsTexturesOrNotAtAll) {
+    const std::vector<std::uint16_t> level(9, 7);
+    ASSERT_EQ(writeHeightmapFile(picture(), 3, level, HeightmapBits::EIGHT), "");
+    CMapDocument document;
+    ASSERT_EQ(document.open(picture(), [] {}).error, "");
+    bool reached = true;
+    for (int k = 1; reached; ++k) {
+        QDir(folder()).removeRecursively();
+        const CFailingDisk disk(Fault::ONCE, k);
+        const QString error = document.saveProject(folder()).error;
+        reached = disk.hasFailed();
+        Project project;
+        const bool whole = readProject(folder(), project).reason.isEmpty();
+        EXPECT_TRUE(error.isEmpty() ? whole : error.startsWith("Failed to save ")) << k;
+        EXPECT_TRUE(whole || !QFile::exists(folder() + "/textures")) << "left behind by operation " << k;
+        if (error.isEmpty()) { // it is the document's place now
+            ASSERT_EQ(document.open(picture(), [] {}).error, "");
+        }
+    }
+    EXPECT_TRUE(QFile::exists(folder() + "/textures/grass.tga"));
 }
 
 TEST_F(SaveFaults, AHeightmapIsTheOldOneOrTheNew) {
