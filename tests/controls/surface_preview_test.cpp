@@ -5,6 +5,10 @@
 
 #include <gtest/gtest.h>
 
+#include <QApplication>
+#include <QPixmap>
+#include <QScreen>
+
 #include <vector>
 
 namespace {
@@ -49,25 +53,28 @@ TEST(ImagePreview, WithoutAnImageItIsBlack) {
     EXPECT_EQ(pictureOf(dialog.button(0)), black);
 }
 
-// What was painted before is in the context that the control gets to paint on.
-TEST(ImagePreview, AnImageWithoutPixelsLeavesWhatWasPainted) {
+/// What the window shows of a control once it was painted again; a picture made anew would not tell what
+/// stays.
+QImage repainted(QWidget* widget) {
+    widget->update();
+    QApplication::processEvents();
+    const QPoint place = widget->mapTo(widget->window(), QPoint());
+    return widget->screen()
+        ->grabWindow(widget->window()->winId(), place.x(), place.y(), widget->width(), widget->height())
+        .toImage();
+}
+
+TEST(ImagePreview, AnImageWithoutPixelsLeavesWhatTheWindowShows) {
+    const qxCImageFile image = makeImage();
+    const qxCImageFile notLoaded;
     CImagePreview preview;
     CSurfaceDialog dialog({&preview}, BS_OWNERDRAW, 50, 50);
-    CClientDC screen(&dialog);
-    CDC memory;
-    CBitmap bitmap;
-    ASSERT_TRUE(memory.CreateCompatibleDC(&screen) && bitmap.CreateCompatibleBitmap(&screen, 20, 10));
-    CBitmap* const former = memory.SelectObject(&bitmap);
-    memory.FillSolidRect(0, 0, 20, 10, RGB(9, 8, 7));
-
-    qxCImageFile notLoaded;
+    preview.setImage(&image, 1, 1);
+    const QImage painted = repainted(dialog.button(0));
     preview.setImage(&notLoaded, 1, 1);
-    DRAWITEMSTRUCT record;
-    record.hDC = memory.m_hDC;
-    record.rcItem = {0, 0, 20, 10};
-    preview.DrawItem(&record);
-    EXPECT_EQ(memory.GetPixel(3, 3), RGB(9, 8, 7));
-    memory.SelectObject(former);
+    EXPECT_EQ(repainted(dialog.button(0)), painted);
+    preview.setImage(nullptr, 1, 1);
+    EXPECT_NE(repainted(dialog.button(0)), painted);
 }
 
 } // namespace

@@ -102,6 +102,17 @@ TEST_F(ControlNotifications, SlidersReportTheUsersMovesOnly) {
     EXPECT_THAT(m_dialog.takeHeard(), ElementsAre("19 scrolls 1 0", "19 scrolls 7 0"));
 }
 
+TEST_F(ControlNotifications, SlidersAnswerAClickAtAnyHeight) {
+    auto* const slider = static_cast<CSliderCtrl*>(m_dialog.GetDlgItem(SLIDE));
+    QWidget& widget = m_dialog.at(SLIDE);
+    slider->SetRange(0, 10);
+    for (int y = 0; y < widget.height(); ++y) {
+        slider->SetPos(0);
+        ui::click(widget, {widget.width() - 3, y});
+        EXPECT_EQ(slider->GetPos(), 2) << "a page, clicked at " << y << " of " << widget.height();
+    }
+}
+
 TEST_F(ControlNotifications, CombosSortAndReportTheUsersChoiceOnly) {
     auto* const combo = static_cast<CComboBox*>(m_dialog.GetDlgItem(COMBO));
     EXPECT_EQ(combo->SetItemData(combo->AddString("Rock"), 7), 0);

@@ -105,18 +105,24 @@ TEST_F(MouseRouting, AWheelTurnedOnTheWayPastChangesNothing) {
     DialogTemplate layout = dialogLayout({
         dialogItem(EDIT, "Edit", WS_TABSTOP, {0, 40, 40, 12}),
         dialogItem(A, "msctls_trackbar32", WS_TABSTOP, {0, 0, 60, 14}),
+        dialogItem(PUSH, "Edit", WS_TABSTOP, {0, 60, 40, 12}),
+        dialogItem(B, "msctls_updown32", UDS_AUTOBUDDY | UDS_ALIGNRIGHT, {0, 60, 11, 12}),
     });
     layout.id = CRecordingDialog::TEMPLATE_ID + 1;
     ASSERT_TRUE(other.CreateIndirect(layout));
     QWidget& window = *ui::dialog(layout.id);
     ASSERT_TRUE(ui::waitUntilActive(&window));
     ui::control(window, EDIT).setFocus();
-    ui::turnWheel(ui::control(window, A), 1);
-    EXPECT_THAT(other.takeHeard(), IsEmpty());
-    ui::control(window, A).setFocus();
-    other.takeHeard();
-    ui::turnWheel(ui::control(window, A), 1);
-    EXPECT_FALSE(other.takeHeard().empty());
+    for (const auto& [turned, meant] : {std::pair(A, A), {B, PUSH}}) {
+        ui::control(window, EDIT).setFocus();
+        other.takeHeard();
+        ui::turnWheel(ui::control(window, turned), 1);
+        EXPECT_THAT(other.takeHeard(), IsEmpty()) << turned;
+        ui::control(window, meant).setFocus();
+        other.takeHeard();
+        ui::turnWheel(ui::control(window, turned), 1);
+        EXPECT_FALSE(other.takeHeard().empty()) << turned;
+    }
 }
 
 } // namespace

@@ -6,7 +6,8 @@
 namespace qtbackend {
 
 /// Makes sure that there is an application object, the host's or one that then stays to the process's end.
-/// False when widgets cannot be made, as the host runs Qt without them.
+/// False when widgets cannot be made: the host runs Qt without them, or has ended its application object, or
+/// there is no display.
 bool ensureApplication();
 
 /// The font that a dialog template asks for, as this machine has it. The two logical fonts of the windowing

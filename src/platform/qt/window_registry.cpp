@@ -77,6 +77,16 @@ CWindow* CWindowRegistry::findOrAdopt(HWND handle) {
     return known != nullptr ? known : &add(std::make_unique<CForeignWindow>(handle));
 }
 
+std::vector<HWND> CWindowRegistry::topLevels() const {
+    std::vector<HWND> found;
+    for (const auto& [handle, window] : m_windows) {
+        if (!window->isForeign() && window->widget() != nullptr && window->widget()->isWindow()) {
+            found.push_back(handle);
+        }
+    }
+    return found;
+}
+
 std::vector<HWND> CWindowRegistry::ownedBy(const CWindow& owner) const {
     std::vector<HWND> owned;
     if (owner.widget() != nullptr && !owner.widget()->isWindow() && !owner.isForeign()) {

@@ -28,6 +28,8 @@ public:
     /// The window behind a handle that may be a host's: a stand-in is made for one not seen before.
     CWindow* findOrAdopt(HWND handle);
     /// Every dialog owned by the window.
+    /// The windows of ours that stand alone, in no order.
+    std::vector<HWND> topLevels() const;
     std::vector<HWND> ownedBy(const CWindow& owner) const;
 
     /// Forgets the window; the object is deleted when no message handler runs any more.

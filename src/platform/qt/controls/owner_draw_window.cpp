@@ -23,6 +23,15 @@ public:
     void setWindow(COwnerDrawWindow* window) { m_pWindow = window; }
 
 protected:
+    /// Styles take the attribute from a button when they get it.
+    bool event(QEvent* event) override {
+        const bool handled = QAbstractButton::event(event);
+        if (event->type() == QEvent::Polish || event->type() == QEvent::StyleChange) {
+            setAttribute(Qt::WA_OpaquePaintEvent);
+        }
+        return handled;
+    }
+
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
         if (!std::exchange(m_bPainted, true)) {

@@ -5,8 +5,11 @@
 #include "platform/framework/message_state.h"
 #include "platform/windows/control_messages.h"
 
+#include <QMouseEvent>
 #include <QScrollBar>
 #include <QSlider>
+#include <QStyle>
+#include <QStyleOptionSlider>
 
 #include <algorithm>
 #include <utility>
@@ -33,6 +36,31 @@ int codeOf(int action) {
         return SB_THUMBTRACK;
     }
 }
+
+/// Answers a press beside its groove like one on it.
+class CTrackbar : public QSlider {
+public:
+    using QSlider::QSlider;
+
+protected:
+    void mousePressEvent(QMouseEvent* event) override {
+        QStyleOptionSlider option;
+        initStyleOption(&option);
+        const auto rectOf = [&](QStyle::SubControl part) {
+            return style()->subControlRect(QStyle::CC_Slider, &option, part, this);
+        };
+        QPoint place = event->position().toPoint();
+        if (!rectOf(QStyle::SC_SliderHandle).contains(place)) {
+            const QPoint groove = rectOf(QStyle::SC_SliderGroove).center();
+            (orientation() == Qt::Horizontal ? place.ry() : place.rx()) =
+                orientation() == Qt::Horizontal ? groove.y() : groove.x();
+        }
+        QMouseEvent moved(event->type(), place, event->globalPosition(), event->button(), event->buttons(),
+                          event->modifiers(), event->pointingDevice());
+        QSlider::mousePressEvent(&moved);
+        event->setAccepted(moved.isAccepted());
+    }
+};
 
 } // namespace
 
@@ -88,7 +116,8 @@ void CAbstractSliderWindow::setRange(int lower, int upper) {
 
 CSliderWindow::CSliderWindow(CWindow& parent, const ControlTraits& traits)
     : CAbstractSliderWindow(
-          new QSlider((traits.window.style & TBS_VERT) != 0 ? Qt::Vertical : Qt::Horizontal, parent.widget()),
+          new CTrackbar((traits.window.style & TBS_VERT) != 0 ? Qt::Vertical : Qt::Horizontal,
+                        parent.widget()),
           parent, traits) {
     setRange(0, 100);
     if ((style() & TBS_AUTOTICKS) != 0) {

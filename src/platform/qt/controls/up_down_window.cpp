@@ -159,8 +159,13 @@ void CUpDownWindow::step(bool up) {
     }
 }
 
-/// A press first gives the buddy the focus, so that what was typed elsewhere is taken over before the step.
+/// A press first gives the buddy the focus, so that what was typed elsewhere is taken over before the step. A
+/// wheel turned on the way past changes nothing.
 bool CUpDownWindow::onEvent(QObject*, QEvent* event) {
+    if (event->type() == QEvent::Wheel && (buddy() == nullptr || !buddy()->widget()->hasFocus())) {
+        event->ignore();
+        return true;
+    }
     if (event->type() != QEvent::MouseButtonPress || buddy() == nullptr || !widget()->isEnabled()) {
         return false;
     }
