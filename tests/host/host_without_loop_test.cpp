@@ -81,17 +81,31 @@ TEST_F(HostWithoutLoop, IsNotServedFromInsideAService) {
     vuDestroyEditor();
 }
 
-TEST_F(HostWithoutLoop, LeavesALoopOfTheHostsAlone) {
+TEST_F(HostWithoutLoop, LeavesALoopOfTheHostsAloneAndOutlivesIt) {
     delete qApp; // the library's
     int count = 1;
     char name[] = "host";
     char* arguments[] = {&name[0], nullptr};
-    const QApplication application(count, &arguments[0]);
-    open(m_map);
-    bool isHandled = false;
-    QTimer::singleShot(0, [&isHandled] { isHandled = true; });
-    vuSoundUpdate();
-    EXPECT_FALSE(isHandled);
-    vuDestroyEditor();
-    vuDestroySettings();
+    {
+        const QApplication application(count, &arguments[0]);
+        open(m_map);
+        bool isHandled = false;
+        QTimer::singleShot(0, [&isHandled] { isHandled = true; });
+        vuSoundUpdate();
+        EXPECT_FALSE(isHandled);
+        vuStartEditing(3, 3, 0, 0);
+    }
+    EXPECT_FALSE(vuIsEditorActive()) << "its window ended with the application object";
+    for (int i = 0; i < 2; ++i) {
+        vuUpdateEditing(4, 4, 0, 0, 0, 1);
+        vuStopEditing();
+        vuUpdateCursor(4, 4, 0, 0);
+        vuDestroyEditor();
+        vuSoundUpdate();
+        vuMovieCameraAltered(nullptr, true);
+        vuDestroyMovieEditor();
+        vuDestroySettings();
+        EXPECT_EQ(open(m_map), nullptr);
+        EXPECT_FALSE(vuIsEditorActive());
+    }
 }

@@ -1,4 +1,4 @@
-// What the sound device is told when it is opened, on a device that only listens.
+// Which window the sound device is given, on a device that only listens.
 #include "platform/openal/com_object.h"
 #include "platform/windows/functions.h"
 #include "sound/sound_manager.h"
@@ -7,15 +7,10 @@
 
 namespace {
 
-int g_foreground = 0;
-int g_desktop = 0;
+const HWND FOREGROUND = reinterpret_cast<HWND>(std::uintptr_t{1});
+const HWND DESKTOP = reinterpret_cast<HWND>(std::uintptr_t{2});
 HWND g_hForeground = nullptr;
 HWND g_hGiven = nullptr;
-DWORD g_level = 0;
-
-HWND handleOf(int& window) {
-    return reinterpret_cast<HWND>(&window);
-}
 
 class CListeningDevice final : public CComObject<IDirectSound> {
 public:
@@ -26,20 +21,17 @@ public:
         return E_FAIL;
     }
     HRESULT SetCooperativeLevel(HWND window, DWORD level) override {
-        g_hGiven = window;
-        g_level = level;
+        g_hGiven = level == DSSCL_PRIORITY ? window : nullptr;
         return S_OK;
     }
     HRESULT Initialize(const GUID*) override { return E_FAIL; }
 };
 
 TEST(DeviceWindow, IsTheForegroundWindowOrElseTheDesktop) {
-    for (const auto& [foreground, given] :
-         {std::pair(handleOf(g_foreground), handleOf(g_foreground)), {nullptr, handleOf(g_desktop)}}) {
+    for (const HWND foreground : {FOREGROUND, HWND{}}) {
         g_hForeground = foreground;
         EXPECT_EQ(g_soundManager.create(), 0);
-        EXPECT_EQ(g_hGiven, given);
-        EXPECT_EQ(g_level, DSSCL_PRIORITY);
+        EXPECT_EQ(g_hGiven, foreground != nullptr ? FOREGROUND : DESKTOP);
         g_soundManager.release();
     }
 }
@@ -51,16 +43,14 @@ HWND GetForegroundWindow() {
 }
 
 HWND GetDesktopWindow() {
-    return handleOf(g_desktop);
+    return DESKTOP;
 }
 
 HRESULT CoInitialize(void*) {
     return S_FALSE;
 }
 
-HRESULT CoCreateInstance(REFCLSID, IUnknown*, DWORD, REFIID interfaceId, void** object) {
-    auto* device = new CListeningDevice;
-    const HRESULT result = device->QueryInterface(interfaceId, object);
-    device->Release();
-    return result;
+HRESULT CoCreateInstance(REFCLSID, IUnknown*, DWORD, REFIID, void** object) {
+    *object = static_cast<IDirectSound*>(new CListeningDevice);
+    return S_OK;
 }

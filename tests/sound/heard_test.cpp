@@ -31,8 +31,7 @@ TEST_F(Heard, WhatWentInComesOut) {
             CSound* sound = load("a.wav", wave::file(wave::format(channels, rate, 16), wave::bytesOf(in)));
             ASSERT_TRUE(sound != nullptr && sound->play(1.0F));
             const Samples played = factor == 0 ? in : referenceDownsample(in, channels, factor);
-            EXPECT_EQ(m_loopback->hearSamples(5000), onBoth(played, channels, 5000))
-                << rate << " Hz, channels: " << channels;
+            EXPECT_EQ(hear(5000), onBoth(played, channels, 5000)) << rate << " Hz, channels: " << channels;
             EXPECT_TRUE(sound->isFinished());
         }
     }
@@ -49,7 +48,7 @@ TEST_F(Heard, EightBits) {
         }
         CSound* sound = load("a.wav", wave::file(wave::format(1, factor * RATE, 8), data));
         ASSERT_TRUE(sound->play(1.0F));
-        EXPECT_EQ(m_loopback->hearSamples(1100), onBoth(expected, 1, 1100)) << "reduced by " << factor;
+        EXPECT_EQ(hear(1100), onBoth(expected, 1, 1100)) << "reduced by " << factor;
     }
 }
 
@@ -66,7 +65,7 @@ TEST_F(Heard, Volume) {
                                        {1.0e30F, 1.0},
                                        {refused, 1.0}}) {
         ASSERT_TRUE(sound->play(volume));
-        const Samples heard = m_loopback->hearSamples(2100);
+        const Samples heard = hear(2100);
         for (std::size_t i = 0; i < in.size(); ++i) {
             ASSERT_NEAR(heard[i], in[i] * gain, gain == 1.0 ? 0.0 : 1.0) << "volume " << volume;
         }
@@ -79,18 +78,18 @@ TEST_F(Heard, PlayStartsAgainAndStopRewinds) {
     CSound* sound = load("a.wav", wave::file(wave::format(2, RATE, 16), wave::bytesOf(in)));
     for (const bool stopped : {false, true}) {
         ASSERT_TRUE(sound->play(1.0F));
-        EXPECT_EQ(m_loopback->hearSamples(500), onBoth(in, 2, 500)) << "from the beginning";
+        EXPECT_EQ(hear(500), onBoth(in, 2, 500)) << "from the beginning";
         EXPECT_FALSE(sound->isFinished());
         if (stopped) {
             g_soundManager.stopAll();
         }
         EXPECT_EQ(sound->isFinished(), stopped);
     }
-    EXPECT_EQ(m_loopback->hearSamples(100), Samples(200, 0));
+    EXPECT_EQ(hear(100), Samples(200, 0));
 }
 
 /// The interface below the sounds, where they do not reach.
-TEST_F(Heard, BufferKeepsItsPromises) {
+TEST_F(Heard, BufferRefusesWhatItCannotDo) {
     listenAt(RATE);
     wave::Bytes format = wave::format(2, RATE, 16) + wave::word16(0);
     DSBUFFERDESC desc{sizeof desc, 0, 800, 0, reinterpret_cast<WAVEFORMATEX*>(format.data()), {}};
@@ -99,15 +98,11 @@ TEST_F(Heard, BufferKeepsItsPromises) {
     void* part = nullptr;
     DWORD size = 0;
     EXPECT_EQ(buffer->Lock(0, 400, &part, &size, nullptr, nullptr, 0), DSERR_INVALIDPARAM);
-    ASSERT_EQ(buffer->Lock(0, 800, &part, &size, nullptr, nullptr, 0), S_OK);
-    EXPECT_EQ(size, 800U);
+    EXPECT_EQ(buffer->Lock(0, 800, &part, &size, nullptr, nullptr, 0), S_OK);
     EXPECT_EQ(buffer->Unlock(&desc, size, nullptr, 0), DSERR_INVALIDPARAM);
     EXPECT_EQ(buffer->Unlock(part, size, nullptr, 0), S_OK);
     EXPECT_EQ(buffer->SetVolume(-100), DSERR_CONTROLUNAVAIL);
     EXPECT_EQ(buffer->SetCurrentPosition(800), DSERR_INVALIDPARAM);
-    EXPECT_EQ(buffer->QueryInterface(IID_IDirectSound3DListener, &part), E_NOINTERFACE);
-    EXPECT_EQ(buffer->AddRef(), 2U);
-    EXPECT_EQ(buffer->Release(), 1U);
     EXPECT_EQ(buffer->Release(), 0U);
 }
 

@@ -3,35 +3,31 @@
 #include "engine/memory/engine_directories.h"
 #include "engine/qx_name.h"
 #include "engine/temp_directory.h"
-#include "sound/loopback.h"
 #include "sound/sound.h"
 #include "sound/sound_manager.h"
 #include "sound/wave_bytes.h"
 
+#include <AL/alc.h>
 #include <gtest/gtest.h>
 
-#include <optional>
-
-/// A folder that the engine finds its files in, and g_soundManager playing into a loopback device.
+/// A folder that the engine finds its files in. On demand g_soundManager plays into a device without
+/// loudspeakers, from which the test takes the samples: two channels, neither limited nor dithered.
 class SoundFixture : public testing::Test {
 protected:
     SoundFixture() { CEngineDirectories::setDirectories({m_directory.path()}); }
-    ~SoundFixture() override {
-        g_soundManager.release();
-        CEngineDirectories::setDirectories({});
-    }
+    ~SoundFixture() override;
 
-    void listenAt(int rate) {
-        g_soundManager.release();
-        m_loopback.emplace(rate);
-        ASSERT_EQ(g_soundManager.create(), 0);
-    }
+    /// From now on the sound device is that one, `rate` frames a second.
+    void useLoopback(int rate);
+    /// The same, and g_soundManager opens it.
+    void listenAt(int rate);
+    CSound* load(const char* name, const wave::Bytes& bytes) const;
 
-    CSound* load(const char* name, const wave::Bytes& bytes) const {
-        m_directory.write(name, wave::textOf(bytes));
-        return g_soundManager.loadSound(qxCName(name), 0);
-    }
+    /// What is heard during the next `frames` frames, both channels interleaved.
+    std::vector<std::int16_t> hear(std::size_t frames) const;
 
     CTempDirectory m_directory;
-    std::optional<CLoopback> m_loopback;
+
+private:
+    ALCdevice* m_pLoopback = nullptr;
 };

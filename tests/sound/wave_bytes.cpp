@@ -1,26 +1,9 @@
 #include "sound/wave_bytes.h"
 
 #include <cstring>
-#include <iterator>
+#include <random>
 
 namespace wave {
-
-namespace {
-
-unsigned below(std::mt19937& random, std::size_t limit) {
-    return static_cast<unsigned>(random() % limit);
-}
-
-Bytes otherChunks(std::mt19937& random) {
-    Bytes chunks;
-    for (unsigned count = below(random, 3); count > 0; --count) {
-        const char* const ids[] = {"LIST", "junk", "PAD ", "id3 ", "note"};
-        chunks = std::move(chunks) + chunk(ids[below(random, std::size(ids))], Bytes(below(random, 40), 0));
-    }
-    return chunks;
-}
-
-} // namespace
 
 Bytes word16(unsigned value) {
     return {static_cast<BYTE>(value & 0xFFU), static_cast<BYTE>(value >> 8U & 0xFFU)};
@@ -68,30 +51,6 @@ Bytes extensibleFormat(unsigned channels, std::uint32_t rate, unsigned bits) {
 
 Bytes file(const Bytes& formatBlock, const Bytes& data) {
     return riff(chunk("fmt ", formatBlock) + chunk("data", data));
-}
-
-Bytes anyFile(std::mt19937& random) {
-    const unsigned channels = 1 + below(random, 2);
-    const unsigned bits = below(random, 3) == 0 ? 8 : 16;
-    const std::uint32_t rates[] = {8000,  11025, 22050, 32000,
-                                   44100, 48000, 96000, 1 + below(random, 200'000)};
-    const std::uint32_t rate = rates[below(random, std::size(rates))];
-    const Bytes block =
-        below(random, 4) == 0 ? extensibleFormat(channels, rate, bits) : format(channels, rate, bits);
-    Bytes data(below(random, 600) * channels * bits / 8);
-    for (BYTE& byte : data) {
-        byte = static_cast<BYTE>(below(random, 256));
-    }
-    const auto claimed = static_cast<std::uint32_t>(data.size()) + below(random, 50);
-    Bytes first = chunk("fmt ", block);
-    Bytes second = below(random, 20) == 0 ? lyingChunk("data", claimed, data) : chunk("data", data);
-    if (below(random, 20) == 0) {
-        std::swap(first, second);
-    }
-    Bytes chunks = otherChunks(random) + first;
-    chunks = std::move(chunks) + otherChunks(random) + second;
-    chunks = std::move(chunks) + otherChunks(random);
-    return below(random, 20) == 0 ? riffOfSize(static_cast<std::uint32_t>(random()), chunks) : riff(chunks);
 }
 
 Bytes bytesOf(const std::vector<std::int16_t>& samples) {

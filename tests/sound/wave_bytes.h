@@ -3,7 +3,6 @@
 #include "platform/wave_format.h"
 
 #include <cstdint>
-#include <random>
 #include <string_view>
 #include <vector>
 
@@ -31,9 +30,6 @@ Bytes extensibleFormat(unsigned channels, std::uint32_t rate, unsigned bits);
 
 /// An ordinary file: a format and a data chunk.
 Bytes file(const Bytes& formatBlock, const Bytes& data);
-/// A readable file of any shape: formats, rates, chunks in any order, sizes that now and then lie.
-Bytes anyFile(std::mt19937& random);
-
 Bytes bytesOf(const std::vector<std::int16_t>& samples);
 /// The same bytes as a text, to be written to a file.
 std::string_view textOf(const Bytes& bytes);
