@@ -10,7 +10,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (reading.error.isEmpty()) {
         const QByteArray written = writeProjectJson(reading.settings, reading.original, reading.checksums);
         const ProjectJsonReading again = parseProjectJson(written);
-        if (!again.error.isEmpty() || writeProjectJson(again.settings, again.original, again.checksums) != written) {
+        if (!again.error.isEmpty() ||
+            writeProjectJson(again.settings, again.original, again.checksums) != written) {
             std::abort();
         }
     }

@@ -24,7 +24,7 @@ struct PngHeader {
     std::uint32_t width = 0;
     std::uint32_t height = 0;
     int bitDepth = 0;
-    int colourType = 0; ///< as the PNG specification numbers them: 0 grey, 2 RGB, 6 RGB and alpha
+    int colourType = 0; ///< as PNG numbers them: 0 grey, 2 RGB, 6 RGB and alpha
     std::string sizeText() const { return std::to_string(width) + " x " + std::to_string(height); }
 };
 
