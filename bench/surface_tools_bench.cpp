@@ -2,7 +2,7 @@
 #include "engine/memory/memory_map.h"
 #include "host/veskutil.h"
 #include "module/module_state.h"
-#include "terrain/map_undo_list.h"
+#include "terrain/model/map_undo_list.h"
 #include "terrain/panel/map_editor_dlg.h"
 #include "terrain/tools/surface_tools.h"
 

@@ -2,9 +2,9 @@
 #include "engine/memory/memory_map.h"
 #include "host/veskutil.h"
 #include "module/module_state.h"
-#include "terrain/map_recording.h"
-#include "terrain/map_selection.h"
-#include "terrain/map_undo_list.h"
+#include "terrain/model/map_recording.h"
+#include "terrain/model/map_selection.h"
+#include "terrain/model/map_undo_list.h"
 #include "terrain/panel/map_editor_dlg.h"
 #include "terrain/stroke_engine.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "engine/memory/grid_region.h"
+#include "engine/memory/map/grid_region.h"
 #include "sandbox/core/height_field.h"
 
 #include <cstdint>

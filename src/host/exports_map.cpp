@@ -2,8 +2,8 @@
 #include "host/veskutil.h"
 #include "module/module_state.h"
 #include "platform/framework/win_app.h"
-#include "terrain/map_editor_settings.h"
-#include "terrain/map_undo_list.h"
+#include "terrain/model/map_editor_settings.h"
+#include "terrain/model/map_undo_list.h"
 #include "terrain/panel/map_editor_dlg.h"
 
 #include <memory>

@@ -1,8 +1,8 @@
 #include "terrain/edit_cursor.h"
 
 #include "engine/qx_map.h"
-#include "terrain/map_editor_model.h"
-#include "terrain/tools/saturating.h"
+#include "terrain/grid/saturating.h"
+#include "terrain/model/map_editor_model.h"
 
 #include <array>
 #include <cstddef>
@@ -47,7 +47,7 @@ constexpr std::array<CursorPiece, 12> DISC_PIECES{{{1, 0, CURSOR_CELL},
                                                    {1, 3, CURSOR_CELL},
                                                    {2, 3, CURSOR_CELL}}};
 
-void updateDetailCursor(CMapEditorModel& model, int x, int z, bool duringStroke) {
+void updateDetailCursor(CMapEditorModel& model, int x, int z, CursorUse use) {
     qxCMap& map = *model.m_pMap;
     map.addEditCursor(x, z, CURSOR_DETAIL);
     qxCMapDetailRecord* const found = map.findDetail(static_cast<float>(x), static_cast<float>(z));
@@ -55,7 +55,7 @@ void updateDetailCursor(CMapEditorModel& model, int x, int z, bool duringStroke)
         model.m_pCurrentDetail->highlighted = 0;
     }
     if (found != nullptr) {
-        found->highlighted = duringStroke ? 0 : 1;
+        found->highlighted = use == CursorUse::HOVER ? 1 : 0;
     }
     model.m_pCurrentDetail = found;
 }
@@ -68,9 +68,9 @@ int effectiveBrushSize(const CMapEditorModel& model) {
     case TOOL_DRAIN:
     case TOOL_GET_GRADIENT:
     case TOOL_MAGNET:
-        return 2;
+        return BRUSH_CELL;
     case TOOL_GET_HEIGHT:
-        return 0;
+        return BRUSH_POINT;
     default:
         return model.m_nBrushSize;
     }
@@ -90,28 +90,28 @@ void addPieces(qxCMap& map, int x, int z, std::span<const CursorPiece> pieces) {
 
 } // namespace
 
-void updateCursor(CMapEditorModel& model, int x, int z, int edge, int corner, bool duringStroke) {
+void updateCursor(CMapEditorModel& model, int x, int z, int edge, int corner, CursorUse use) {
     qxCMap& map = *model.m_pMap;
     map.clearEditCursors();
-    if (model.m_bHideCursor != 0 && duringStroke) {
+    if (model.m_bHideCursor != 0 && use == CursorUse::STROKE) {
         return;
     }
     if (model.isDetailsTab() && model.m_nTool >= 0 && model.m_nTool < DETAIL_TOOL_COUNT) {
-        updateDetailCursor(model, x, z, duringStroke);
+        updateDetailCursor(model, x, z, use);
         return;
     }
     switch (effectiveBrushSize(model)) {
-    case 0:
+    case BRUSH_POINT:
         return addOneOf(map, x, z, CORNER_KINDS, corner);
-    case 1:
+    case BRUSH_EDGE:
         return addOneOf(map, x, z, EDGE_KINDS, edge);
-    case 2:
+    case BRUSH_CELL:
         return addPieces(map, x, z, CELL_PIECES);
-    case 3:
+    case BRUSH_PLUS:
         return addPieces(map, x, z, PLUS_PIECES);
-    case 4:
+    case BRUSH_BLOCK:
         return addPieces(map, x, z, BLOCK_PIECES);
-    case 5:
+    case BRUSH_DISC:
         return addPieces(map, x, z, DISC_PIECES);
     default:
         return;

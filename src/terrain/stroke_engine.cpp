@@ -2,9 +2,10 @@
 
 #include "engine/qx_map.h"
 #include "terrain/edit_cursor.h"
-#include "terrain/map_editor_model.h"
-#include "terrain/map_selection.h"
+#include "terrain/model/map_editor_model.h"
+#include "terrain/model/map_selection.h"
 #include "terrain/tools/detail_tools.h"
+#include "terrain/tools/drag_tools.h"
 #include "terrain/tools/height_tools.h"
 #include "terrain/tools/surface_tools.h"
 
@@ -64,12 +65,12 @@ void applyTerrainTool(CMapEditorModel& model, int x, int z, int amount) {
     }
 }
 
-void markRubberBand(CMapEditorModel& model, int x, int z, bool on) {
-    drawMarkRect(*model.m_pMap, model.m_selection.x0, model.m_selection.z0, x, z, on);
+void markRubberBand(CMapEditorModel& model, int x, int z, Mark mark) {
+    drawMarkRect(*model.m_pMap, model.m_selection.x0, model.m_selection.z0, x, z, mark);
 }
 
-void markPoint(CMapEditorModel& model, int x, int z, bool on) {
-    drawMarkRect(*model.m_pMap, x, z, x, z, on);
+void markPoint(CMapEditorModel& model, int x, int z, Mark mark) {
+    drawMarkRect(*model.m_pMap, x, z, x, z, mark);
 }
 
 void eraseLastMark(CMapEditorModel& model) {
@@ -78,9 +79,9 @@ void eraseLastMark(CMapEditorModel& model) {
         return;
     }
     if (model.m_nTool == TOOL_SELECT) {
-        markRubberBand(model, stroke.lastX, stroke.lastZ, false);
+        markRubberBand(model, stroke.lastX, stroke.lastZ, Mark::OFF);
     } else {
-        markPoint(model, stroke.lastX, stroke.lastZ, false);
+        markPoint(model, stroke.lastX, stroke.lastZ, Mark::OFF);
     }
 }
 
@@ -90,9 +91,9 @@ void drawNewMark(CMapEditorModel& model) {
         return;
     }
     if (model.m_nTool == TOOL_SELECT) {
-        markRubberBand(model, model.m_selection.x1, model.m_selection.z1, true);
+        markRubberBand(model, model.m_selection.x1, model.m_selection.z1, Mark::ON);
     } else {
-        markPoint(model, stroke.x, stroke.z, true);
+        markPoint(model, stroke.x, stroke.z, Mark::ON);
     }
 }
 
@@ -102,10 +103,12 @@ void strokeStart(CMapEditorModel& model, int x, int z, int edge, int corner) {
     model.m_stroke = {.x = x, .z = z, .edge = edge, .corner = corner};
     // A snapshot serves its own stroke only. Without this a tool that is chosen in the middle of this one
     // would put heights of an earlier stroke back.
-    model.m_heightBuffer.owner = HeightSnapshot::Owner::NONE;
-    model.m_brushSnapshot = {};
+    model.m_snapshot.area.owner = HeightSnapshot::Owner::NONE;
+    model.m_snapshot.brush.size = 0;
     if (model.isDetailsTab()) {
-        startDetailTool(model);
+        if (startDetailTool(model) == FirstUpdate::AT_ONCE) {
+            strokeUpdate(model, x, z, 0);
+        }
         return;
     }
     if (model.m_nTool == TOOL_SELECT) {
@@ -127,7 +130,7 @@ void strokeUpdate(CMapEditorModel& model, int x, int z, int amount) {
         eraseLastMark(model);
         applyTerrainTool(model, x, z, amount);
     }
-    updateCursor(model, stroke.x, stroke.z, stroke.edge, stroke.corner, true);
+    updateCursor(model, stroke.x, stroke.z, stroke.edge, stroke.corner, CursorUse::STROKE);
     stroke.lastX = stroke.x;
     stroke.lastZ = stroke.z;
     if (!isDetailsTab) {
@@ -145,7 +148,7 @@ void strokeEnd(CMapEditorModel& model) {
             dropSelection(model);
         }
         if (stroke.hasLastPoint() && !model.m_selection.exists) {
-            markPoint(model, stroke.lastX, stroke.lastZ, false);
+            markPoint(model, stroke.lastX, stroke.lastZ, Mark::OFF);
         }
     }
     model.m_pMap->clearEditCursors();

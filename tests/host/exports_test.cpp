@@ -5,8 +5,8 @@
 #include "module/module_state.h"
 #include "platform/framework/module_state.h"
 #include "sound/sound_manager.h"
-#include "terrain/map_editor_settings.h"
-#include "terrain/map_undo_list.h"
+#include "terrain/model/map_editor_settings.h"
+#include "terrain/model/map_undo_list.h"
 #include "terrain/panel/map_editor_dlg.h"
 
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
 #include "host/random_session.h"
 
 #include "resources/resource_ids.h"
-#include "terrain/map_undo_list.h"
+#include "terrain/model/map_undo_list.h"
 
 #include <algorithm>
 #include <cmath>

@@ -2,10 +2,10 @@
 
 #include "resources/resource_ids.h"
 #include "terrain/edit_cursor.h"
-#include "terrain/map_editor_settings.h"
-#include "terrain/map_recording.h"
-#include "terrain/map_selection.h"
-#include "terrain/map_undo_list.h"
+#include "terrain/model/map_editor_settings.h"
+#include "terrain/model/map_recording.h"
+#include "terrain/model/map_selection.h"
+#include "terrain/model/map_undo_list.h"
 #include "terrain/panel/map_editor_buttons.h"
 #include "terrain/stroke_engine.h"
 
@@ -65,7 +65,7 @@ public:
 
     void hover(int x, int z, int edge, int corner) override {
         if (m_pPanel) {
-            updateCursor(*m_pPanel, x, z, edge, corner, false);
+            updateCursor(*m_pPanel, x, z, edge, corner, CursorUse::HOVER);
         }
     }
 

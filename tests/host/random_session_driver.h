@@ -1,7 +1,7 @@
 #pragma once
 
 #include "engine/memory/memory_map.h"
-#include "terrain/map_editor_model.h"
+#include "terrain/model/map_editor_model.h"
 
 #include <memory>
 #include <string>

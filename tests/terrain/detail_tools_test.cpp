@@ -31,7 +31,7 @@ protected:
         qxCMapDetailRecord* const quad =
             m_map.addDetail(qxDetailTypeQuad, &m_texture, {8, 2, 8}, {9, 2, 8}, {8, 2, 9}, 0.75F);
         useTool(DETAIL_MOVE);
-        updateCursor(m_panel, 8, 8, 0, 0, false);
+        updateCursor(m_panel, 8, 8, 0, 0, CursorUse::HOVER);
         EXPECT_EQ(m_panel.m_pCurrentDetail, quad);
         return *quad;
     }

@@ -1,7 +1,7 @@
 #include "terrain/support/test_panel.h"
 
 #include "terrain/edit_cursor.h"
-#include "terrain/map_selection.h"
+#include "terrain/model/map_selection.h"
 
 #include <algorithm>
 #include <array>
@@ -14,10 +14,10 @@ using Cursors = std::vector<std::tuple<int, int, int>>;
 class EditCursorTest : public TerrainTest {
 protected:
     /// The cursors of a pointer over cell (8, 8), relative to it.
-    Cursors cursors(int tool, int brush, int edge, int corner, bool duringStroke = false) {
+    Cursors cursors(int tool, int brush, int edge, int corner, CursorUse use = CursorUse::HOVER) {
         m_panel.m_nTool = tool;
         m_panel.m_nBrushSize = brush;
-        updateCursor(m_panel, 8, 8, edge, corner, duringStroke);
+        updateCursor(m_panel, 8, 8, edge, corner, use);
         Cursors found;
         for (const EditCursor& cursor : m_map.getEditCursors()) {
             found.emplace_back(cursor.x - 8, cursor.z - 8, cursor.kind);
@@ -71,10 +71,10 @@ TEST_F(EditCursorTest, SomeToolsHaveAShapeOfTheirOwn) {
 
 TEST_F(EditCursorTest, HidesOnlyDuringAStroke) {
     m_panel.m_bHideCursor = 1;
-    EXPECT_EQ(cursors(TOOL_RAISE, 2, 0, 0, true), Cursors{});
-    EXPECT_EQ(cursors(TOOL_RAISE, 2, 0, 0, false).size(), 1U);
+    EXPECT_EQ(cursors(TOOL_RAISE, 2, 0, 0, CursorUse::STROKE), Cursors{});
+    EXPECT_EQ(cursors(TOOL_RAISE, 2, 0, 0, CursorUse::HOVER).size(), 1U);
     m_panel.m_bHideCursor = 0;
-    EXPECT_EQ(cursors(TOOL_RAISE, 2, 0, 0, true).size(), 1U);
+    EXPECT_EQ(cursors(TOOL_RAISE, 2, 0, 0, CursorUse::STROKE).size(), 1U);
 }
 
 TEST_F(EditCursorTest, HighlightsTheDetailUnderThePointer) {
@@ -84,10 +84,10 @@ TEST_F(EditCursorTest, HighlightsTheDetailUnderThePointer) {
     EXPECT_EQ(cursors(DETAIL_MOVE, 2, 0, 0), (Cursors{{0, 0, 15}}));
     EXPECT_EQ(m_panel.m_pCurrentDetail, detail);
     EXPECT_EQ(detail->highlighted, 1);
-    cursors(DETAIL_MOVE, 2, 0, 0, true);
+    cursors(DETAIL_MOVE, 2, 0, 0, CursorUse::STROKE);
     EXPECT_EQ(detail->highlighted, 0);
     cursors(DETAIL_MOVE, 2, 0, 0);
-    updateCursor(m_panel, 2, 2, 0, 0, false);
+    updateCursor(m_panel, 2, 2, 0, 0, CursorUse::HOVER);
     EXPECT_EQ(m_panel.m_pCurrentDetail, nullptr);
     EXPECT_EQ(detail->highlighted, 0);
     EXPECT_EQ(cursors(DETAIL_TOOL_COUNT, 4, 0, 0).size(),
@@ -98,10 +98,10 @@ using Marks = TerrainTest;
 
 TEST_F(Marks, OutlineARectangleInAnyCornerOrder) {
     const Points outline{{3, 4}, {4, 4}, {5, 4}, {3, 5}, {5, 5}, {3, 6}, {4, 6}, {5, 6}};
-    drawMarkRect(m_map, 5, 4, 3, 6, true);
+    drawMarkRect(m_map, 5, 4, 3, 6, Mark::ON);
     EXPECT_EQ(marked(), outline);
-    drawMarkRect(m_map, 4, 5, 4, 5, true);
-    drawMarkRect(m_map, 3, 6, 5, 4, false);
+    drawMarkRect(m_map, 4, 5, 4, 5, Mark::ON);
+    drawMarkRect(m_map, 3, 6, 5, 4, Mark::OFF);
     EXPECT_EQ(marked(), (Points{{4, 5}}));
 }
 

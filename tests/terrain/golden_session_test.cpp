@@ -2,7 +2,7 @@
 
 #include "engine/qx_texture.h"
 #include "terrain/edit_cursor.h"
-#include "terrain/map_selection.h"
+#include "terrain/model/map_selection.h"
 
 #include <bit>
 #include <cstdint>
@@ -96,7 +96,7 @@ TEST_F(GoldenSession, EveryStrokeLeavesTheMapAsItAlwaysDid) {
         m_panel.m_nTool = step.tool;
         m_panel.m_nBrushSize = step.brush;
         m_panel.m_nStrength = step.strength;
-        updateCursor(m_panel, 9, 6, 0, 0, false);
+        updateCursor(m_panel, 9, 6, 0, 0, CursorUse::HOVER);
         start(6, 5, 5, 2);
         update(7, 7, -13);
         update(9, 6, -29);

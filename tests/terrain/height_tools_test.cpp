@@ -1,6 +1,6 @@
 #include "terrain/support/test_panel.h"
 
-#include "terrain/map_selection.h"
+#include "terrain/model/map_selection.h"
 
 #include <array>
 

@@ -1,8 +1,8 @@
 #include "terrain/support/logging_map.h"
 #include "terrain/support/test_panel.h"
 
-#include "terrain/map_editor_settings.h"
-#include "terrain/map_selection.h"
+#include "terrain/model/map_editor_settings.h"
+#include "terrain/model/map_selection.h"
 
 #include <limits>
 

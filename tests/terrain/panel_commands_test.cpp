@@ -2,7 +2,7 @@
 
 #include "host/veskutil.h"
 #include "resources/resource_ids.h"
-#include "terrain/map_undo_list.h"
+#include "terrain/model/map_undo_list.h"
 #include "terrain/panel/map_editor_buttons.h"
 #include "terrain/panel/map_editor_dlg.h"
 

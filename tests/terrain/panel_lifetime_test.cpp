@@ -5,7 +5,7 @@
 #include "resources/resource_ids.h"
 #include "support/modal_steps.h"
 #include "support/ui_driver.h"
-#include "terrain/map_undo_list.h"
+#include "terrain/model/map_undo_list.h"
 #include "terrain/panel/map_editor_dlg.h"
 
 #include <QApplication>

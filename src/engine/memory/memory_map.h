@@ -1,7 +1,7 @@
 #pragma once
 
-#include "engine/memory/grid_region.h"
 #include "engine/memory/map/detail_list.h"
+#include "engine/memory/map/grid_region.h"
 #include "engine/memory/map/point_layer.h"
 #include "engine/memory/map/surface_pattern.h"
 #include "engine/qx_map.h"

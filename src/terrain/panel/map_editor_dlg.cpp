@@ -3,8 +3,8 @@
 #include "module/module_state.h"
 #include "resources/resource_ids.h"
 #include "terrain/edit_cursor.h"
-#include "terrain/map_editor_settings.h"
-#include "terrain/map_undo_list.h"
+#include "terrain/model/map_editor_settings.h"
+#include "terrain/model/map_undo_list.h"
 #include "terrain/stroke_engine.h"
 
 #include <cmath>
@@ -62,7 +62,7 @@ void CMapEditorDlg::strokeEnd() {
 }
 
 void CMapEditorDlg::updateCursor(int x, int z, int edge, int corner) {
-    ::updateCursor(*this, x, z, edge, corner, false);
+    ::updateCursor(*this, x, z, edge, corner, CursorUse::HOVER);
 }
 
 bool CMapEditorDlg::isDetailsTab() const {

@@ -4,7 +4,7 @@
 #include "controls/hosted_editor_dlg.h"
 #include "controls/image_preview.h"
 #include "controls/texture_picker_button.h"
-#include "terrain/map_editor_model.h"
+#include "terrain/model/map_editor_model.h"
 #include "terrain/panel/map_editor_buttons.h"
 #include "terrain/texture_preview.h"
 

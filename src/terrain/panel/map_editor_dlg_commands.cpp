@@ -3,9 +3,9 @@
 #include "engine/qx_map.h"
 #include "engine/qx_scene.h"
 #include "resources/resource_ids.h"
-#include "terrain/map_recording.h"
-#include "terrain/map_selection.h"
-#include "terrain/map_undo_list.h"
+#include "terrain/model/map_recording.h"
+#include "terrain/model/map_selection.h"
+#include "terrain/model/map_undo_list.h"
 #include "terrain/panel/map_editor_buttons.h"
 
 #include <utility>

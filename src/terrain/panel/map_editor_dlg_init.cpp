@@ -3,7 +3,7 @@
 #include "engine/qx_map.h"
 #include "engine/qx_scene.h"
 #include "resources/resource_ids.h"
-#include "terrain/map_editor_settings.h"
+#include "terrain/model/map_editor_settings.h"
 #include "terrain/panel/map_editor_buttons.h"
 
 namespace {

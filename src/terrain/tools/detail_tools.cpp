@@ -2,24 +2,11 @@
 
 #include "engine/qx_map.h"
 #include "engine/qx_matrix4d.h"
-#include "terrain/map_editor_model.h"
-#include "terrain/stroke_engine.h"
+#include "terrain/model/map_editor_model.h"
 
 #include <algorithm>
 
 namespace {
-
-/// A detail as it was on the stroke's first update: an update replaces the effect of the one before.
-struct DetailSnapshot {
-    qxCMapDetailRecord* record = nullptr; // none: there is nothing to edit
-    qxCVector3d point0;
-    qxCVector3d point1;
-    qxCVector3d point2;
-    int x = 0; // picked point of that update
-    int z = 0;
-};
-
-DetailSnapshot g_snapshot;
 
 qxCVector3d groundPoint(double x, double z) {
     return {static_cast<float>(x), 0.0F, static_cast<float>(z)};
@@ -32,39 +19,40 @@ void clearHighlight(qxCMapDetailRecord* detail) {
 }
 
 /// `created` (null when the map refused it) becomes the current detail and is dragged from here on.
-void startDragOf(CMapEditorModel& model, qxCMapDetailRecord* created) {
+FirstUpdate startDragOf(CMapEditorModel& model, qxCMapDetailRecord* created) {
     clearHighlight(model.m_pCurrentDetail);
     clearHighlight(created);
     model.m_pCurrentDetail = created;
-    strokeUpdate(model, model.m_stroke.x, model.m_stroke.z, 0);
+    return FirstUpdate::AT_ONCE;
 }
 
-void startAddQuad(CMapEditorModel& model) {
+FirstUpdate startAddQuad(CMapEditorModel& model) {
     if (model.m_pDetailTexture == nullptr) {
-        return;
+        return FirstUpdate::BY_HOST;
     }
     const double x = model.m_stroke.x;
     const double z = model.m_stroke.z;
-    startDragOf(model, model.m_pMap->addDetail(qxDetailTypeQuad, model.m_pDetailTexture, groundPoint(x, z),
+    return startDragOf(model,
+                       model.m_pMap->addDetail(qxDetailTypeQuad, model.m_pDetailTexture, groundPoint(x, z),
                                                groundPoint(x + 1, z), groundPoint(x, z + 1), 1.0F));
 }
 
-void startAddPoint(CMapEditorModel& model) {
+FirstUpdate startAddPoint(CMapEditorModel& model) {
     if (model.m_pDetailTexture == nullptr) {
-        return;
+        return FirstUpdate::BY_HOST;
     }
     const qxCVector3d middle = groundPoint(model.m_stroke.x + 0.5, model.m_stroke.z + 0.5);
-    startDragOf(model,
-                model.m_pMap->addDetail(qxDetailTypePoint, model.m_pDetailTexture, middle, 0.5F, 0.0F, 1.0F));
+    return startDragOf(
+        model, model.m_pMap->addDetail(qxDetailTypePoint, model.m_pDetailTexture, middle, 0.5F, 0.0F, 1.0F));
 }
 
-void startDuplicate(CMapEditorModel& model) {
+FirstUpdate startDuplicate(CMapEditorModel& model) {
     const qxCMapDetailRecord* const original = model.m_pCurrentDetail;
     if (original == nullptr) {
-        return;
+        return FirstUpdate::BY_HOST;
     }
-    startDragOf(model, model.m_pMap->addDetail(original->type, original->texture, original->point0,
-                                               original->point1, original->point2, original->scalar));
+    return startDragOf(model, model.m_pMap->addDetail(original->type, original->texture, original->point0,
+                                                      original->point1, original->point2, original->scalar));
 }
 
 /// Drag, rotate and scale begin alike: follow the pointer and, on the first update, take the snapshot.
@@ -75,53 +63,52 @@ void followPointer(CMapEditorModel& model, int x, int z) {
     if (!stroke.firstUpdate) {
         return;
     }
-    g_snapshot.record = model.m_pCurrentDetail;
+    DetailSnapshot& snapshot = model.m_snapshot.detail;
+    snapshot.record = model.m_pCurrentDetail;
     if (const qxCMapDetailRecord* const detail = model.m_pCurrentDetail) {
-        g_snapshot = {model.m_pCurrentDetail, detail->point0, detail->point1, detail->point2, x, z};
+        snapshot = {model.m_pCurrentDetail, detail->point0, detail->point1, detail->point2, x, z};
     }
 }
 
 /// Put each point of the detail where `transform` takes it from its snapshot.
-template <typename Transform> void placeDetail(const Transform& transform) {
-    if (g_snapshot.record == nullptr) {
+template <typename Transform> void placeDetail(const DetailSnapshot& snapshot, const Transform& transform) {
+    if (snapshot.record == nullptr) {
         return;
     }
-    g_snapshot.record->point0 = transform(g_snapshot.point0);
-    g_snapshot.record->point1 = transform(g_snapshot.point1);
-    g_snapshot.record->point2 = transform(g_snapshot.point2);
+    snapshot.record->point0 = transform(snapshot.point0);
+    snapshot.record->point1 = transform(snapshot.point1);
+    snapshot.record->point2 = transform(snapshot.point2);
 }
 
-/// The transform about the detail's middle, which stays where it is.
-qxCMatrix4d aboutMiddle(const qxCMatrix4d& transform) {
-    const qxCVector3d middle = (g_snapshot.point1 + g_snapshot.point2) * 0.5F;
+/// Transform the detail about its middle, which stays where it is.
+void placeAboutMiddle(const DetailSnapshot& snapshot, const qxCMatrix4d& transform) {
+    const qxCVector3d middle = (snapshot.point1 + snapshot.point2) * 0.5F;
     qxCMatrix4d toOrigin;
     toOrigin.translation(-middle);
     qxCMatrix4d back;
     back.translation(middle);
-    return back * (transform * toOrigin);
+    const qxCMatrix4d whole = back * (transform * toOrigin);
+    placeDetail(snapshot, [&whole](const qxCVector3d& point) { return whole * point; });
 }
 
-void placeAboutMiddle(const qxCMatrix4d& transform) {
-    placeDetail([matrix = aboutMiddle(transform)](const qxCVector3d& point) { return matrix * point; });
+void dragDetail(const CMapEditorModel& model) {
+    const DetailSnapshot& snapshot = model.m_snapshot.detail;
+    const qxCVector3d offset = groundPoint(static_cast<double>(model.m_stroke.x) - snapshot.x,
+                                           static_cast<double>(model.m_stroke.z) - snapshot.z);
+    placeDetail(snapshot, [&offset](const qxCVector3d& point) { return point + offset; });
 }
 
-void dragDetail(const StrokeState& stroke) {
-    const qxCVector3d offset = groundPoint(static_cast<double>(stroke.x) - g_snapshot.x,
-                                           static_cast<double>(stroke.z) - g_snapshot.z);
-    placeDetail([&offset](const qxCVector3d& point) { return point + offset; });
-}
-
-void rotateDetail(int amount) {
+void rotateDetail(const CMapEditorModel& model, int amount) {
     qxCMatrix4d rotation;
     rotation.rotationY(static_cast<float>(amount));
-    placeAboutMiddle(rotation);
+    placeAboutMiddle(model.m_snapshot.detail, rotation);
 }
 
-void scaleDetail(int amount) {
+void scaleDetail(const CMapEditorModel& model, int amount) {
     const float s = std::max(1.0F - static_cast<float>(amount) * 0.04F, 0.1F);
     qxCMatrix4d scaling;
     scaling.scaling({s, s, s});
-    placeAboutMiddle(scaling);
+    placeAboutMiddle(model.m_snapshot.detail, scaling);
 }
 
 void deleteDetail(CMapEditorModel& model) {
@@ -132,7 +119,7 @@ void deleteDetail(CMapEditorModel& model) {
     clearHighlight(detail);
     model.m_pCurrentDetail = nullptr;
     model.m_pMap->removeDetail(detail);
-    forgetDetailSnapshot();
+    model.m_snapshot.detail = {};
 }
 
 /// Mirror the detail along its x edge: its place stays, its texture runs the other way.
@@ -151,7 +138,7 @@ void flipDetail(CMapEditorModel& model) {
 
 } // namespace
 
-void startDetailTool(CMapEditorModel& model) {
+FirstUpdate startDetailTool(CMapEditorModel& model) {
     switch (model.m_nTool) {
     case DETAIL_ADD_QUAD:
         return startAddQuad(model);
@@ -162,12 +149,13 @@ void startDetailTool(CMapEditorModel& model) {
     case DETAIL_MOVE:
     case DETAIL_ROTATE:
     case DETAIL_SCALE:
-        return clearHighlight(model.m_pCurrentDetail);
+        clearHighlight(model.m_pCurrentDetail);
+        return FirstUpdate::BY_HOST;
     case DETAIL_DELETE:
     case DETAIL_FLIP:
-        return strokeUpdate(model, model.m_stroke.x, model.m_stroke.z, 0);
+        return FirstUpdate::AT_ONCE;
     default:
-        return;
+        return FirstUpdate::BY_HOST;
     }
 }
 
@@ -178,13 +166,13 @@ void updateDetailTool(CMapEditorModel& model, int x, int z, int amount) {
     case DETAIL_DUPLICATE:
     case DETAIL_MOVE:
         followPointer(model, x, z);
-        return dragDetail(model.m_stroke);
+        return dragDetail(model);
     case DETAIL_ROTATE:
         followPointer(model, x, z);
-        return rotateDetail(amount);
+        return rotateDetail(model, amount);
     case DETAIL_SCALE:
         followPointer(model, x, z);
-        return scaleDetail(amount);
+        return scaleDetail(model, amount);
     case DETAIL_DELETE:
         return deleteDetail(model);
     case DETAIL_FLIP:
@@ -192,8 +180,4 @@ void updateDetailTool(CMapEditorModel& model, int x, int z, int amount) {
     default:
         return;
     }
-}
-
-void forgetDetailSnapshot() {
-    g_snapshot = {};
 }

@@ -4,11 +4,11 @@ class CMapEditorModel;
 
 /// The tools of the Details tab, which place, move, turn, scale, mirror, copy and delete terrain details.
 
+/// Whether a stroke's first update is to run as soon as the stroke starts, or is the host's first.
+enum class FirstUpdate { AT_ONCE, BY_HOST };
+
 /// What the selected detail tool does when a stroke starts; the stroke's state has been stored.
-void startDetailTool(CMapEditorModel& model);
+FirstUpdate startDetailTool(CMapEditorModel& model);
 
 /// What it does on an update of the stroke at (x, z); `amount` turns or scales.
 void updateDetailTool(CMapEditorModel& model, int x, int z, int amount);
-
-/// Let go of the detail that the last stroke edited. To be called when its map may go.
-void forgetDetailSnapshot();

@@ -2,11 +2,11 @@
 
 #include "engine/qx_map.h"
 #include "engine/qx_random.h"
-#include "terrain/map_editor_model.h"
-#include "terrain/map_recording.h"
-#include "terrain/map_selection.h"
-#include "terrain/tools/footprint.h"
-#include "terrain/tools/saturating.h"
+#include "terrain/grid/footprint.h"
+#include "terrain/grid/saturating.h"
+#include "terrain/model/map_editor_model.h"
+#include "terrain/model/map_recording.h"
+#include "terrain/model/map_selection.h"
 
 #include <algorithm>
 #include <array>
@@ -105,16 +105,16 @@ void setHeight(CMapEditorModel& model) {
     const std::int64_t z = model.m_stroke.z;
     if (model.m_selection.exists) {
         setArea(model, selectedPoints(model));
-    } else if (model.m_nBrushSize == 2) {
+    } else if (model.m_nBrushSize == BRUSH_CELL) {
         setArea(model, areaNearGrid(*model.m_pMap, x, z, x + 1, z + 1));
-    } else if (model.m_nBrushSize == 4) {
+    } else if (model.m_nBrushSize == BRUSH_BLOCK) {
         setArea(model, areaNearGrid(*model.m_pMap, x - 1, z - 1, x + 2, z + 2));
     }
 }
 
 void getHeight(CMapEditorModel& model) {
     const StrokeState& stroke = model.m_stroke;
-    for (const auto [dx, dz] : brushFootprint(0, stroke.edge, stroke.corner)) {
+    for (const auto [dx, dz] : brushFootprint(BRUSH_POINT, stroke.edge, stroke.corner)) {
         model.m_nHeight =
             model.m_pMap->getPointHeight(addSaturating(stroke.x, dx), addSaturating(stroke.z, dz));
     }

@@ -6,17 +6,10 @@ class CMapEditorModel;
 /// Heights are never held to a range here, only to what an int holds; every point is recorded before it is
 /// changed.
 
-/// Raise the selection, or the brush's points, by -amount from where they stood on the first update.
-void raise(CMapEditorModel& model, int amount);
-
-/// A raised-cosine bump of radius `strength` points around the middle of the cell, -amount high, on the
-/// heights of the stroke's first update.
-void magnet(CMapEditorModel& model, int amount);
-
 /// Set the cell's corners to their mean.
 void flatten(CMapEditorModel& model);
 
-/// Set the selection, the cell (brush size 2) or 4 x 4 points around it (brush size 4) to the panel's height.
+/// Set the selection, the cell (BRUSH_CELL) or 4 x 4 points around it (BRUSH_BLOCK) to the panel's height.
 void setHeight(CMapEditorModel& model);
 
 /// Read the height of the stroke's corner into the panel's height.

@@ -1,11 +1,11 @@
 #include "terrain/tools/surface_tools.h"
 
 #include "engine/qx_map.h"
-#include "terrain/map_editor_model.h"
-#include "terrain/map_recording.h"
-#include "terrain/map_selection.h"
-#include "terrain/tools/footprint.h"
-#include "terrain/tools/saturating.h"
+#include "terrain/grid/footprint.h"
+#include "terrain/grid/saturating.h"
+#include "terrain/model/map_editor_model.h"
+#include "terrain/model/map_recording.h"
+#include "terrain/model/map_selection.h"
 
 #include <algorithm>
 #include <span>
@@ -45,7 +45,8 @@ private:
     float m_fShare;
 };
 
-/// Record what a Tint or Paint brush may touch: the one point of size 0, else the block of the brush size.
+/// Record what a Tint or Paint brush may touch: the one point of BRUSH_POINT, else the block of the brush
+/// size.
 void recordBrush(CMapEditorModel& model, std::span<const FootprintPoint> footprint) {
     const std::int64_t x = model.m_stroke.x;
     const std::int64_t z = model.m_stroke.z;
@@ -67,7 +68,7 @@ std::span<const FootprintPoint> strokeFootprint(const CMapEditorModel& model) {
 bool isRim(int brushSize, const FootprintPoint& point) {
     const bool isPlus = point.dx == 1 || point.dz == 1;
     const bool isCentre = point.dx == 1 && point.dz == 1;
-    return (brushSize == 3 && !isCentre) || (brushSize == 4 && !isPlus);
+    return (brushSize == BRUSH_PLUS && !isCentre) || (brushSize == BRUSH_BLOCK && !isPlus);
 }
 
 void paintBrush(CMapEditorModel& model, float weight) {

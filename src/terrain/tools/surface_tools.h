@@ -10,7 +10,7 @@ class CMapEditorModel;
 void tintGround(CMapEditorModel& model);
 
 /// Paint the current terrain texture definition onto the selection's or the brush's points, with the strength
-/// in tenths as weight; half of it on the rim of the brush sizes 3 and 4.
+/// in tenths as weight; half of it on the rim of BRUSH_PLUS and BRUSH_BLOCK.
 void paint(CMapEditorModel& model);
 
 /// Add water at the point.

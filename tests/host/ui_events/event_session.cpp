@@ -1,7 +1,7 @@
 #include "host/ui_events/event_session.h"
 
 #include "host/veskutil.h"
-#include "terrain/map_undo_list.h"
+#include "terrain/model/map_undo_list.h"
 
 #include <QApplication>
 #include <QColorDialog>

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "engine/memory/memory_map.h"
-#include "terrain/map_editor_model.h"
-#include "terrain/map_recording.h"
-#include "terrain/map_undo_list.h"
+#include "terrain/model/map_editor_model.h"
+#include "terrain/model/map_recording.h"
+#include "terrain/model/map_undo_list.h"
 #include "terrain/stroke_engine.h"
 
 #include <gtest/gtest.h>

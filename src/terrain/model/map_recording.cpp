@@ -1,9 +1,9 @@
-#include "terrain/map_recording.h"
+#include "terrain/model/map_recording.h"
 
 #include "engine/qx_map.h"
-#include "terrain/map_editor_model.h"
-#include "terrain/map_undo_list.h"
-#include "terrain/tools/grid_area.h"
+#include "terrain/grid/grid_area.h"
+#include "terrain/model/map_editor_model.h"
+#include "terrain/model/map_undo_list.h"
 
 #include <algorithm>
 #include <bit>

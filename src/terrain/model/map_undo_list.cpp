@@ -1,4 +1,4 @@
-#include "terrain/map_undo_list.h"
+#include "terrain/model/map_undo_list.h"
 
 #include <algorithm>
 

@@ -1,13 +1,15 @@
 #pragma once
 
-#include "terrain/tools/grid_area.h"
+#include "terrain/grid/grid_area.h"
 
 class CMapEditorModel;
 class qxCMap;
 
-/// Draw (`on`) or erase the outline of a rectangle of points on the marker layer; the corners in any order.
-/// Erasing clears the pixels, whatever else was marked there.
-void drawMarkRect(qxCMap& map, int x0, int z0, int x1, int z1, bool on);
+enum class Mark { OFF, ON };
+
+/// Draw or erase the outline of a rectangle of points on the marker layer; the corners in any order. Erasing
+/// clears the pixels, whatever else was marked there.
+void drawMarkRect(qxCMap& map, int x0, int z0, int x1, int z1, Mark mark);
 
 /// The command "Select All": every cell of the map, outlined.
 void selectAll(CMapEditorModel& model);

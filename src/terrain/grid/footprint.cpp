@@ -1,4 +1,4 @@
-#include "terrain/tools/footprint.h"
+#include "terrain/grid/footprint.h"
 
 #include <array>
 #include <cstddef>
@@ -41,23 +41,23 @@ constexpr auto BLOCK = square<3>();
 
 std::span<const FootprintPoint> brushFootprint(int brushSize, int edge, int corner) {
     switch (brushSize) {
-    case 0:
+    case BRUSH_POINT:
         if (corner < 0 || corner > 3) {
             return {};
         }
         return {&CORNERS[static_cast<std::size_t>(corner)], 1};
-    case 1:
+    case BRUSH_EDGE:
         if (edge < 0 || edge > 5) {
             return {};
         }
         return EDGES[static_cast<std::size_t>(edge)];
-    case 2:
+    case BRUSH_CELL:
         return CELL;
-    case 3:
+    case BRUSH_PLUS:
         return PLUS;
-    case 4:
+    case BRUSH_BLOCK:
         return BLOCK;
-    case 5:
+    case BRUSH_DISC:
         return DISC;
     default:
         return {};
@@ -65,6 +65,6 @@ std::span<const FootprintPoint> brushFootprint(int brushSize, int edge, int corn
 }
 
 int brushBlockSize(int brushSize) {
-    constexpr std::array<int, 6> SIZES{2, 2, 2, 3, 3, 5};
-    return brushSize < 0 || brushSize > 5 ? 0 : SIZES[static_cast<std::size_t>(brushSize)];
+    constexpr std::array<int, BRUSH_SIZE_COUNT> SIZES{2, 2, 2, 3, 3, MAX_BRUSH_EDGE};
+    return brushSize < 0 || brushSize >= BRUSH_SIZE_COUNT ? 0 : SIZES[static_cast<std::size_t>(brushSize)];
 }

@@ -1,34 +1,22 @@
+#include "terrain/tools/drag_tools.h"
+
 #include "engine/qx_map.h"
-#include "terrain/map_editor_model.h"
-#include "terrain/map_recording.h"
-#include "terrain/map_selection.h"
-#include "terrain/tools/footprint.h"
-#include "terrain/tools/height_tools.h"
-#include "terrain/tools/saturating.h"
+#include "terrain/grid/footprint.h"
+#include "terrain/grid/saturating.h"
+#include "terrain/model/map_editor_model.h"
+#include "terrain/model/map_recording.h"
+#include "terrain/model/map_selection.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <cstddef>
 #include <memory>
 
-// Raise and Magnet: an update replaces the effect of the one before, so both work from the heights that the
-// first update found.
-
 namespace {
-
-constexpr int TABLE_EDGE = 5;
-
-// Heights under the brush, [dx][dz], for Raise without a selection.
-std::array<std::array<int, TABLE_EDGE>, TABLE_EDGE> g_brushHeights;
-
-int& brushHeight(int dx, int dz) {
-    return g_brushHeights[static_cast<std::size_t>(dx)][static_cast<std::size_t>(dz)];
-}
 
 void takeSnapshot(CMapEditorModel& model, HeightSnapshot::Owner owner, const GridArea& area) {
     const qxCMap& map = *model.m_pMap;
-    HeightSnapshot& snapshot = model.m_heightBuffer;
+    HeightSnapshot& snapshot = model.m_snapshot.area;
     snapshot = {}; // the old buffer goes before the new one comes
     snapshot.heights = std::make_unique_for_overwrite<int[]>(area.pointCount());
     int* next = snapshot.heights.get();
@@ -42,7 +30,7 @@ void takeSnapshot(CMapEditorModel& model, HeightSnapshot::Owner owner, const Gri
 }
 
 void raiseSelection(CMapEditorModel& model, int amount) {
-    const HeightSnapshot& snapshot = model.m_heightBuffer;
+    const HeightSnapshot& snapshot = model.m_snapshot.area;
     if (model.m_stroke.firstUpdate) {
         const GridArea area = selectedPoints(model);
         recordBlock(model, area.x0, area.z0, area.x1, area.z1);
@@ -61,22 +49,29 @@ void raiseSelection(CMapEditorModel& model, int amount) {
     }
 }
 
+int& heightIn(BrushSnapshot& snapshot, int dx, int dz) {
+    return snapshot.heights[static_cast<std::size_t>(dx)][static_cast<std::size_t>(dz)];
+}
+
 void takeBrushSnapshot(CMapEditorModel& model, int size) {
     const StrokeState& stroke = model.m_stroke;
     recordBlock(model, stroke.x, stroke.z, std::int64_t{stroke.x} + size - 1,
                 std::int64_t{stroke.z} + size - 1);
+    BrushSnapshot& snapshot = model.m_snapshot.brush;
     for (int dz = 0; dz < size; ++dz) {
         for (int dx = 0; dx < size; ++dx) {
-            brushHeight(dx, dz) =
+            heightIn(snapshot, dx, dz) =
                 model.m_pMap->getPointHeight(addSaturating(stroke.x, dx), addSaturating(stroke.z, dz));
         }
     }
-    model.m_brushSnapshot = {stroke.x, stroke.z, size};
+    snapshot.x = stroke.x;
+    snapshot.z = stroke.z;
+    snapshot.size = size;
 }
 
 void raiseBrush(CMapEditorModel& model, int amount) {
     const StrokeState& stroke = model.m_stroke;
-    const BrushSnapshot& snapshot = model.m_brushSnapshot;
+    BrushSnapshot& snapshot = model.m_snapshot.brush;
     const auto footprint = brushFootprint(model.m_nBrushSize, stroke.edge, stroke.corner);
     if (stroke.firstUpdate && !footprint.empty()) {
         takeBrushSnapshot(model, brushBlockSize(model.m_nBrushSize));
@@ -84,7 +79,7 @@ void raiseBrush(CMapEditorModel& model, int amount) {
     for (const auto [dx, dz] : footprint) {
         if (dx < snapshot.size && dz < snapshot.size) {
             model.m_pMap->setPointHeight(addSaturating(snapshot.x, dx), addSaturating(snapshot.z, dz),
-                                         subtractSaturating(brushHeight(dx, dz), amount), true);
+                                         subtractSaturating(heightIn(snapshot, dx, dz), amount), true);
         }
     }
 }
@@ -97,9 +92,9 @@ void takeMagnetSnapshot(CMapEditorModel& model) {
     const GridArea area = areaNearGrid(*model.m_pMap, x - radius, z - radius, x + radius + 1, z + radius + 1);
     recordBlock(model, area.x0, area.z0, area.x1, area.z1);
     takeSnapshot(model, HeightSnapshot::Owner::MAGNET, area);
-    model.m_heightBuffer.x = model.m_stroke.x;
-    model.m_heightBuffer.z = model.m_stroke.z;
-    model.m_heightBuffer.radius = model.m_nStrength;
+    model.m_snapshot.area.x = model.m_stroke.x;
+    model.m_snapshot.area.z = model.m_stroke.z;
+    model.m_snapshot.area.radius = model.m_nStrength;
 }
 
 /// Share of the amount that a point at this distance from the middle of the bump moves by, 1.0 to 0.0.
@@ -121,7 +116,7 @@ void raise(CMapEditorModel& model, int amount) {
 }
 
 void magnet(CMapEditorModel& model, int amount) {
-    const HeightSnapshot& snapshot = model.m_heightBuffer;
+    const HeightSnapshot& snapshot = model.m_snapshot.area;
     if (model.m_stroke.firstUpdate) {
         takeMagnetSnapshot(model);
     }

@@ -1,4 +1,4 @@
-#include "terrain/tools/grid_area.h"
+#include "terrain/grid/grid_area.h"
 
 #include "engine/qx_map.h"
 

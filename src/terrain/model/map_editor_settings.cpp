@@ -1,7 +1,7 @@
-#include "terrain/map_editor_settings.h"
+#include "terrain/model/map_editor_settings.h"
 
-#include "terrain/map_editor_model.h"
-#include "terrain/map_undo_list.h"
+#include "terrain/model/map_editor_model.h"
+#include "terrain/model/map_undo_list.h"
 
 MapEditorSettings g_savedSettings;
 
@@ -10,7 +10,7 @@ void restoreSettings(CMapEditorModel& model) {
     if (!saved.valid || saved.map != model.m_pMap) {
         g_mapUndoList.clear();
         saved.map = model.m_pMap;
-        saved.brushSize = 2;
+        saved.brushSize = BRUSH_CELL;
         saved.tool = TOOL_SELECT;
         saved.height = 0; // the strength stays as it was
     }

@@ -1,8 +1,8 @@
-#include "terrain/map_selection.h"
+#include "terrain/model/map_selection.h"
 
 #include "engine/qx_map.h"
-#include "terrain/map_editor_model.h"
-#include "terrain/tools/saturating.h"
+#include "terrain/grid/saturating.h"
+#include "terrain/model/map_editor_model.h"
 
 #include <algorithm>
 #include <utility>
@@ -20,10 +20,10 @@ void setSize(MapSelection& selection) {
 
 } // namespace
 
-void drawMarkRect(qxCMap& map, int x0, int z0, int x1, int z1, bool on) {
+void drawMarkRect(qxCMap& map, int x0, int z0, int x1, int z1, Mark mark) {
     const auto [left, right] = std::minmax(x0, x1);
     const auto [near, far] = std::minmax(z0, z1);
-    const qxCColour& colour = on ? MARK_ON : MARK_OFF;
+    const qxCColour& colour = mark == Mark::ON ? MARK_ON : MARK_OFF;
     const GridArea area = areaNearGrid(map, left, near, right, far);
     const GridArea inner = areaNearGrid(map, left, std::int64_t{near} + 1, right, std::int64_t{far} - 1);
     map.lockMarkerLayer();
@@ -46,7 +46,7 @@ void selectAll(CMapEditorModel& model) {
     selection.x1 = model.m_pMap->getGridDim() - 1;
     selection.z1 = selection.x1;
     setSize(selection);
-    drawMarkRect(*model.m_pMap, selection.x0, selection.z0, selection.x1, selection.z1, true);
+    drawMarkRect(*model.m_pMap, selection.x0, selection.z0, selection.x1, selection.z1, Mark::ON);
 }
 
 void deselect(CMapEditorModel& model) {
@@ -58,7 +58,7 @@ void deselect(CMapEditorModel& model) {
 void dropSelection(CMapEditorModel& model) {
     MapSelection& selection = model.m_selection;
     if (selection.exists) {
-        drawMarkRect(*model.m_pMap, selection.x0, selection.z0, selection.x1, selection.z1, false);
+        drawMarkRect(*model.m_pMap, selection.x0, selection.z0, selection.x1, selection.z1, Mark::OFF);
         selection.exists = false;
     }
 }

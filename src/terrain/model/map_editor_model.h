@@ -1,9 +1,7 @@
 #pragma once
 
 #include "engine/qx_colour.h"
-#include "terrain/tools/grid_area.h"
-
-#include <memory>
+#include "terrain/model/stroke_snapshot.h"
 
 class qxCMap;
 class qxCMapDetailRecord;
@@ -63,41 +61,20 @@ struct MapSelection {
     bool exists = false; ///< a completed selection is in force, its outline is on the marker layer
 };
 
-/// Heights as they were on a stroke's first update, which Raise (on a selection) and Magnet work from.
-/// Whatever the panel changes in the middle of the stroke, they go on with these points, for these are
-/// recorded.
-struct HeightSnapshot {
-    enum class Owner { NONE, RAISE, MAGNET };
-
-    Owner owner = Owner::NONE;      ///< whose it is; NONE: not taken in this stroke
-    GridArea area;                  ///< the points held
-    std::unique_ptr<int[]> heights; ///< rows of equal z, x ascending
-    int x = 0;                      ///< Magnet: the picked cell
-    int z = 0;
-    int radius = 0; ///< Magnet: in points
-};
-
-/// The same for Raise with a brush; the heights stand in a table of the module.
-struct BrushSnapshot {
-    int x = 0; ///< the picked cell
-    int z = 0;
-    int size = 0; ///< points a side; 0: not taken in this stroke
-};
-
 /// What the map editor's tools work on, apart from the map: the settings that the panel shows and the state
 /// of stroke and selection. The panel derives from it; the tools know no window. Borrows map, texture and
 /// detail, which the host owns and keeps alive as long as the editor is open.
 class CMapEditorModel {
 public:
-    CMapEditorModel();
-    virtual ~CMapEditorModel();
+    CMapEditorModel() = default;
+    virtual ~CMapEditorModel() = default;
     CMapEditorModel(const CMapEditorModel&) = delete;
     CMapEditorModel& operator=(const CMapEditorModel&) = delete;
 
     qxCMap* m_pMap = nullptr;
-    int m_nTool = -1;         ///< tool index of the visible tab, -1 none
-    int m_nOtherTabTool = 0;  ///< tool index of the tab that is not shown
-    int m_nBrushSize = -1;    ///< 0 to 5, -1 none
+    int m_nTool = -1;         ///< TerrainTool or DetailTool, by the visible tab; -1 none
+    int m_nOtherTabTool = 0;  ///< the tool of the tab that is not shown
+    int m_nBrushSize = -1;    ///< BrushSize, -1 none
     int m_nStrength = 0;      ///< 1 to 10; 0 until the panel's slider was first read
     int m_nHeight = 0;        ///< target height of Set Hgt, 0 to 1023; written by Get Hgt
     float m_fGradient = 0.0F; ///< written by Get Grad
@@ -107,8 +84,7 @@ public:
 
     StrokeState m_stroke;
     MapSelection m_selection;
-    HeightSnapshot m_heightBuffer;
-    BrushSnapshot m_brushSnapshot;
+    StrokeSnapshot m_snapshot;
 
     /// True while the Details tab is selected.
     virtual bool isDetailsTab() const = 0;
