@@ -1,6 +1,6 @@
 #include "host/veskutil.h"
 
-#include "engine/temp_directory.h"
+#include "support/temp_directory.h"
 #include "host/forwarding_map.h"
 #include "module/module_state.h"
 #include "platform/framework/module_state.h"

@@ -113,13 +113,12 @@ void CReferenceEditor::writeHeight(const Point& point, std::int64_t height, bool
 }
 
 void CReferenceEditor::recordArea(std::int64_t x0, std::int64_t z0, std::int64_t x1, std::int64_t z1) {
-    bool start = panel.first;
     for (const auto& [px, pz] : pointsOf(x0, z0, x1, z1)) {
         const int x = static_cast<int>(px);
         const int z = static_cast<int>(pz);
-        history.push_back({start, x, z, map->getPointHeightQ(x, z), map->getPointColourQ(0, x, z),
+        history.push_back({!m_bHasRecorded, x, z, map->getPointHeightQ(x, z), map->getPointColourQ(0, x, z),
                            map->getPointBlendQ(1, x, z)});
-        start = false;
+        m_bHasRecorded = true;
         if (history.size() > HISTORY_CAPACITY) {
             history.pop_front();
         }
@@ -127,6 +126,7 @@ void CReferenceEditor::recordArea(std::int64_t x0, std::int64_t z0, std::int64_t
 }
 
 void CReferenceEditor::undo() {
+    m_bHasRecorded = false;
     while (!history.empty()) {
         const Record record = history.back();
         history.pop_back();
@@ -238,6 +238,8 @@ void CReferenceEditor::start(int px, int pz, int edge, int corner) {
     panel.lastX = panel.lastZ = -1;
     panel.first = true;
     m_worker = Worker::NONE;
+    m_bHasRecorded = false;
+    m_pAdded = nullptr;
     if (!panel.isDetailsTab) {
         if (panel.tool == 0) {
             dropSelection();
@@ -280,6 +282,7 @@ void CReferenceEditor::addDetail(qxCMapDetailRecord* created) {
         created->highlighted = 0;
     }
     panel.detail = created;
+    m_pAdded = created;
     update(panel.x, panel.z, 0, 0);
 }
 

@@ -141,7 +141,9 @@ private:
         int height = 0;
     } m_saved;
     qxCRandom m_roughen;
-    std::vector<int> m_copy; // the whole map's heights at the first update
+    bool m_bHasRecorded = false;            // in this stroke
+    qxCMapDetailRecord* m_pAdded = nullptr; // by the start of this stroke
+    std::vector<int> m_copy;                // the whole map's heights at the first update
     Worker m_worker = Worker::NONE;
     std::vector<Point> m_workPoints;
     Point m_workOrigin;

@@ -291,10 +291,10 @@ void CReferenceEditor::dragDetail(int px, int pz, int amount) {
     panel.x = px;
     panel.z = pz;
     if (panel.first) {
-        m_dragged.record = panel.detail;
-        if (panel.detail != nullptr) {
-            m_dragged = {
-                panel.detail, panel.detail->point0, panel.detail->point1, panel.detail->point2, px, pz};
+        qxCMapDetailRecord* const taken = isAnyOf(panel.tool, {0, 5, 6}) ? m_pAdded : panel.detail;
+        m_dragged.record = taken;
+        if (taken != nullptr) {
+            m_dragged = {taken, taken->point0, taken->point1, taken->point2, px, pz};
         }
     }
     qxCMapDetailRecord* const detail = m_dragged.record;

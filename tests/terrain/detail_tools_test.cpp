@@ -59,54 +59,41 @@ TEST_F(DetailTools, AddQuadPlacesACellAndDragsIt) {
     update(10, 2);
     update(5, 9);
     EXPECT_EQ(corners(quad), (Corners{{{5, 0, 9}, {6, 0, 9}, {5, 0, 10}}}));
-    stop();
-    m_panel.m_pDetailTexture = nullptr;
-    start(1, 1);
-    EXPECT_EQ(m_map.getDetails().size(), 1);
-    EXPECT_TRUE(m_panel.m_stroke.firstUpdate); // not even an update was run
 }
 
 TEST_F(DetailTools, AddPointStandsInTheMiddleOfTheCell) {
     useTool(DETAIL_ADD_POINT);
     start(3, 4);
     ASSERT_EQ(m_map.getDetails().size(), 1);
-    const qxCMapDetailRecord& point = m_map.getDetails()[0];
-    EXPECT_EQ(point.type, qxDetailTypePoint);
-    EXPECT_EQ((point.point1 + point.point2) * 0.5F, qxCVector3d(3.5F, 0.0F, 4.5F));
+    EXPECT_EQ(m_map.getDetails()[0].type, qxDetailTypePoint);
+    EXPECT_EQ((m_map.getDetails()[0].point1 + m_map.getDetails()[0].point2) * 0.5F,
+              qxCVector3d(3.5F, 0, 4.5F));
 }
 
-TEST_F(DetailTools, MoveKeepsTheHeightAndTheOffsetOfThePointer) {
-    qxCMapDetailRecord& quad = hoveredQuad();
-    useTool(DETAIL_MOVE);
-    start(8, 8);
-    EXPECT_EQ(quad.highlighted, 0);
-    EXPECT_TRUE(m_panel.m_stroke.firstUpdate);
-    update(9, 8); // picked up here
-    update(12, 3);
-    EXPECT_EQ(corners(quad), (Corners{{{11, 2, 3}, {12, 2, 3}, {11, 2, 4}}}));
-}
-
-TEST_F(DetailTools, RotateTurnsAboutTheMiddle) {
-    qxCMapDetailRecord& quad = hoveredQuad();
-    const Corners before = corners(quad);
-    useTool(DETAIL_ROTATE);
-    strokeAt(0);
-    EXPECT_EQ(corners(quad), before);
-    m_panel.m_pCurrentDetail = &quad;
-    start(8, 8);
-    update(8, 8, 45);
-    update(8, 8, 180); // replaces the turn before
-    expectNear(corners(quad), {{{9, 2, 9}, {8, 2, 9}, {9, 2, 8}}});
-}
-
-TEST_F(DetailTools, ScaleWorksInHundredthsAndStopsAtATenth) {
-    qxCMapDetailRecord& quad = hoveredQuad();
-    useTool(DETAIL_SCALE);
-    start(8, 8);
-    update(8, 8, -25);
-    expectNear(corners(quad), {{{7.5F, 2, 7.5F}, {9.5F, 2, 7.5F}, {7.5F, 2, 9.5F}}});
-    update(8, 8, 30);
-    expectNear(corners(quad), {{{8.45F, 2, 8.45F}, {8.55F, 2, 8.45F}, {8.45F, 2, 8.55F}}});
+TEST_F(DetailTools, EachUpdateReplacesTheOneBefore) {
+    const struct {
+        int tool, x, z, amount;
+        Corners corners; ///< after an update at (9, 8) and then this one
+    } cases[] = {
+        {DETAIL_MOVE, 12, 3, 0, {{{11, 2, 3}, {12, 2, 3}, {11, 2, 4}}}},
+        {DETAIL_ROTATE, 9, 8, 180, {{{9, 2, 9}, {8, 2, 9}, {9, 2, 8}}}},
+        {DETAIL_ROTATE, 9, 8, 0, {{{8, 2, 8}, {9, 2, 8}, {8, 2, 9}}}},
+        {DETAIL_SCALE, 9, 8, -25, {{{7.5F, 2, 7.5F}, {9.5F, 2, 7.5F}, {7.5F, 2, 9.5F}}}},
+        {DETAIL_SCALE, 9, 8, 30, {{{8.45F, 2, 8.45F}, {8.55F, 2, 8.45F}, {8.45F, 2, 8.55F}}}},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(testing::Message() << "tool " << c.tool << " by " << c.amount);
+        qxCMapDetailRecord& quad = hoveredQuad();
+        useTool(c.tool);
+        start(8, 8);
+        EXPECT_EQ(quad.highlighted, 0);
+        update(9, 8, 45); // picked up here
+        update(c.x, c.z, c.amount);
+        expectNear(corners(quad), c.corners);
+        stop();
+        m_map.removeDetail(&quad);
+        m_panel.m_pCurrentDetail = nullptr;
+    }
 }
 
 TEST_F(DetailTools, FlipMirrorsInPlaceOnceAStroke) {
@@ -153,19 +140,19 @@ TEST_F(DetailTools, DeleteRemovesTheDetailAndForgetsItsDrag) {
     stop();
 }
 
-TEST_F(DetailTools, WithoutACurrentDetailNothingHappens) {
-    hoveredQuad();
-    const Corners before = corners(m_map.getDetails()[0]);
-    for (int tool = 1; tool < DETAIL_TOOL_COUNT; ++tool) {
-        if (tool == DETAIL_ADD_POINT) {
-            continue;
-        }
-        m_panel.m_pCurrentDetail = nullptr;
+TEST_F(DetailTools, WithoutADetailOrATextureNothingHappens) {
+    m_panel.m_pDetailTexture = nullptr;
+    qxCMapDetailRecord& quad = hoveredQuad();
+    const Corners before = corners(quad);
+    for (int tool = 0; tool < DETAIL_TOOL_COUNT; ++tool) {
+        const bool adds = tool == DETAIL_ADD_QUAD || tool == DETAIL_ADD_POINT;
+        m_panel.m_pCurrentDetail = adds ? &quad : nullptr; // hovered, but not theirs
         useTool(tool);
-        start(1, 1);
-        update(2, 2, 20);
+        start(8, 8);
+        update(10, 9, 20);
+        update(12, 9, 20);
         stop();
         ASSERT_EQ(m_map.getDetails().size(), 1) << tool;
-        EXPECT_EQ(corners(m_map.getDetails()[0]), before) << tool;
+        EXPECT_EQ(corners(quad), before) << tool;
     }
 }

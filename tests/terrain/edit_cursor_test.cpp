@@ -4,7 +4,7 @@
 #include "terrain/model/map_selection.h"
 
 #include <algorithm>
-#include <array>
+#include <set>
 #include <tuple>
 
 namespace {
@@ -28,53 +28,34 @@ protected:
 
 } // namespace
 
-TEST_F(EditCursorTest, ShowsWhatTheBrushTouches) {
-    const std::array<int, 4> corners{5, 6, 8, 7};
-    for (int corner = 0; corner < 4; ++corner) {
-        EXPECT_EQ(cursors(TOOL_RAISE, 0, 0, corner),
-                  (Cursors{{0, 0, corners[static_cast<std::size_t>(corner)]}}));
+TEST_F(EditCursorTest, ShowsWhatTheToolTouches) {
+    const struct {
+        int tool, brush, edge, corner;
+        Cursors shown;
+    } cases[] = {
+        {TOOL_RAISE, BRUSH_POINT, 0, 2, {{0, 0, 8}}},
+        {TOOL_RAISE, BRUSH_POINT, 0, 4, {}},
+        {TOOL_RAISE, BRUSH_EDGE, 3, 0, {{0, 0, 1}}},
+        {TOOL_RAISE, BRUSH_EDGE, 6, 0, {}},
+        {TOOL_RAISE, BRUSH_CELL, 0, 0, {{0, 0, 0}}},
+        {TOOL_RAISE, BRUSH_PLUS, 0, 0, {{0, 0, 13}, {1, 0, 14}, {0, 1, 12}, {1, 1, 11}}},
+        {TOOL_RAISE, BRUSH_BLOCK, 0, 0, {{0, 0, 0}, {1, 0, 0}, {0, 1, 0}, {1, 1, 0}}},
+        {TOOL_RAISE, BRUSH_SIZE_COUNT, 0, 0, {}},
+        {TOOL_RAISE, -1, 0, 0, {}},
+        {TOOL_GET_HEIGHT, BRUSH_DISC, 0, 3, {{0, 0, 7}}}, // one corner, whatever the brush
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(cursors(c.tool, c.brush, c.edge, c.corner), c.shown) << c.tool << ' ' << c.brush;
     }
-    const std::array<int, 6> edges{2, 3, 4, 1, 9, 10};
-    for (int edge = 0; edge < 6; ++edge) {
-        EXPECT_EQ(cursors(TOOL_RAISE, 1, edge, 0), (Cursors{{0, 0, edges[static_cast<std::size_t>(edge)]}}));
+    for (int tool = -1; tool < 14; ++tool) {
+        const bool isCell = std::set{0, 6, 7, 8, 10, 11}.contains(tool);
+        if (tool != TOOL_GET_HEIGHT) {
+            EXPECT_EQ(cursors(tool, BRUSH_DISC, 0, 0).size(), isCell ? 1U : 12U) << tool;
+        }
     }
-    EXPECT_EQ(cursors(TOOL_RAISE, 2, 0, 0), (Cursors{{0, 0, 0}}));
-    EXPECT_EQ(cursors(TOOL_RAISE, 3, 0, 0), (Cursors{{0, 0, 13}, {1, 0, 14}, {0, 1, 12}, {1, 1, 11}}));
-    EXPECT_EQ(cursors(TOOL_RAISE, 4, 0, 0), (Cursors{{0, 0, 0}, {1, 0, 0}, {0, 1, 0}, {1, 1, 0}}));
-    EXPECT_EQ(cursors(TOOL_RAISE, 5, 0, 0), (Cursors{{1, 0, 0},
-                                                     {2, 0, 0},
-                                                     {0, 1, 0},
-                                                     {1, 1, 0},
-                                                     {2, 1, 0},
-                                                     {3, 1, 0},
-                                                     {0, 2, 0},
-                                                     {1, 2, 0},
-                                                     {2, 2, 0},
-                                                     {3, 2, 0},
-                                                     {1, 3, 0},
-                                                     {2, 3, 0}}));
-    for (const auto& [brush, edge, corner] :
-         {std::tuple{0, 0, 4}, {0, 0, -1}, {1, 6, 0}, {-1, 0, 0}, {6, 0, 0}}) {
-        EXPECT_EQ(cursors(TOOL_RAISE, brush, edge, corner), Cursors{});
-    }
-}
-
-TEST_F(EditCursorTest, SomeToolsHaveAShapeOfTheirOwn) {
-    for (const int tool : {0, 6, 7, 8, 10, 11}) {
-        EXPECT_EQ(cursors(tool, 5, 0, 0), (Cursors{{0, 0, 0}})) << tool;
-    }
-    EXPECT_EQ(cursors(TOOL_GET_HEIGHT, 5, 0, 2), (Cursors{{0, 0, 8}}));
-    for (const int tool : {-1, 1, 2, 3, 5, 9, 12, 13}) {
-        EXPECT_EQ(cursors(tool, 5, 0, 0).size(), 12U) << tool;
-    }
-}
-
-TEST_F(EditCursorTest, HidesOnlyDuringAStroke) {
-    m_panel.m_bHideCursor = 1;
-    EXPECT_EQ(cursors(TOOL_RAISE, 2, 0, 0, CursorUse::STROKE), Cursors{});
-    EXPECT_EQ(cursors(TOOL_RAISE, 2, 0, 0, CursorUse::HOVER).size(), 1U);
-    m_panel.m_bHideCursor = 0;
-    EXPECT_EQ(cursors(TOOL_RAISE, 2, 0, 0, CursorUse::STROKE).size(), 1U);
+    m_panel.m_bHideCursor = 1; // in a stroke only
+    EXPECT_EQ(cursors(TOOL_RAISE, BRUSH_CELL, 0, 0, CursorUse::STROKE), Cursors{});
+    EXPECT_EQ(cursors(TOOL_RAISE, BRUSH_CELL, 0, 0, CursorUse::HOVER).size(), 1U);
 }
 
 TEST_F(EditCursorTest, HighlightsTheDetailUnderThePointer) {
@@ -103,17 +84,6 @@ TEST_F(Marks, OutlineARectangleInAnyCornerOrder) {
     drawMarkRect(m_map, 4, 5, 4, 5, Mark::ON);
     drawMarkRect(m_map, 3, 6, 5, 4, Mark::OFF);
     EXPECT_EQ(marked(), (Points{{4, 5}}));
-}
-
-TEST_F(Marks, FollowTheStrokeAndGoWithIt) {
-    useTool(TOOL_FLATTEN);
-    start(3, 3);
-    EXPECT_EQ(marked(), (Points{{3, 3}}));
-    update(5, 6);
-    EXPECT_EQ(marked(), (Points{{5, 6}}));
-    stop();
-    EXPECT_EQ(marked(), Points{});
-    EXPECT_TRUE(m_map.getEditCursors().empty());
 }
 
 TEST_F(Marks, TheRubberBandBecomesTheOutlineOfTheSelection) {
@@ -154,16 +124,4 @@ TEST_F(Marks, MagnetKeepsTheSelectionAndLeavesItsPoint) {
     EXPECT_FALSE(m_panel.m_selection.exists);
     stop();
     EXPECT_EQ(marked(), (Points{{10, 10}}));
-}
-
-TEST_F(Marks, TheDetailsTabDrawsNone) {
-    select(2, 2, 4, 4);
-    const Points outline = marked();
-    m_panel.isDetails = true;
-    useTool(DETAIL_MOVE);
-    start(9, 9);
-    update(10, 10);
-    stop();
-    EXPECT_EQ(marked(), outline);
-    EXPECT_TRUE(m_panel.m_selection.exists);
 }

@@ -3,55 +3,35 @@
 #include "terrain/model/map_selection.h"
 
 #include <array>
-
-namespace {
-
-struct FootprintCase {
-    int brush;
-    int edge;
-    int corner;
-    std::vector<std::pair<int, int>> touched; ///< relative to the picked point, row by row
-    int recorded;                             ///< points
-};
-
-} // namespace
+#include <limits>
 
 using RaiseFootprint = TerrainTest;
 
 TEST_F(RaiseFootprint, FollowsBrushEdgeAndCorner) {
-    const std::vector<FootprintCase> cases{
-        {0, 0, 0, {{0, 0}}, 4},
-        {0, 0, 1, {{1, 0}}, 4},
-        {0, 0, 2, {{1, 1}}, 4},
-        {0, 0, 3, {{0, 1}}, 4},
-        {1, 0, 0, {{0, 0}, {1, 0}}, 4},
-        {1, 1, 0, {{1, 0}, {1, 1}}, 4},
-        {1, 2, 0, {{0, 1}, {1, 1}}, 4},
-        {1, 3, 0, {{0, 0}, {0, 1}}, 4},
-        {1, 4, 0, {{0, 0}, {1, 1}}, 4},
-        {1, 5, 0, {{1, 0}, {0, 1}}, 4},
-        {2, 0, 0, {{0, 0}, {1, 0}, {0, 1}, {1, 1}}, 4},
-        {3, 0, 0, {{1, 0}, {0, 1}, {1, 1}, {2, 1}, {1, 2}}, 9},
-        {4, 0, 0, {{0, 0}, {1, 0}, {2, 0}, {0, 1}, {1, 1}, {2, 1}, {0, 2}, {1, 2}, {2, 2}}, 9},
-        {5,
-         0,
-         0,
-         {{1, 0}, {2, 0}, {3, 0}, {0, 1}, {1, 1}, {2, 1}, {3, 1}, {4, 1}, {0, 2}, {1, 2}, {2, 2},
-          {3, 2}, {4, 2}, {0, 3}, {1, 3}, {2, 3}, {3, 3}, {4, 3}, {1, 4}, {2, 4}, {3, 4}},
-         25},
-        {0, 0, 4, {}, 0}, // what does not exist changes nothing, the history included
-        {1, 6, 0, {}, 0},
-        {1, -1, 0, {}, 0},
-        {6, 0, 0, {}, 0},
+    const struct {
+        int brush, edge, corner;
+        Points touched; ///< relative to the picked point, row by row
+        int recorded;   ///< points
+    } cases[] = {
+        {BRUSH_POINT, 0, 2, {{1, 1}}, 4},
+        {BRUSH_POINT, 0, 3, {{0, 1}}, 4},
+        {BRUSH_POINT, 0, 4, {}, 0}, // what does not exist changes nothing, the history included
+        {BRUSH_EDGE, 1, 0, {{1, 0}, {1, 1}}, 4},
+        {BRUSH_EDGE, 5, 0, {{1, 0}, {0, 1}}, 4},
+        {BRUSH_EDGE, -1, 0, {}, 0},
+        {BRUSH_CELL, 0, 0, {{0, 0}, {1, 0}, {0, 1}, {1, 1}}, 4},
+        {BRUSH_PLUS, 0, 0, {{1, 0}, {0, 1}, {1, 1}, {2, 1}, {1, 2}}, 9},
+        {BRUSH_SIZE_COUNT, 0, 0, {}, 0},
         {-1, 0, 0, {}, 0},
     };
     useTool(TOOL_RAISE);
-    for (const FootprintCase& c : cases) {
+    for (const auto& c : cases) {
         SCOPED_TRACE(testing::Message()
                      << "brush " << c.brush << " edge " << c.edge << " corner " << c.corner);
         m_panel.m_nBrushSize = c.brush;
         start(10, 10, c.edge, c.corner);
-        update(3, 3, -7); // the pointer moves on, the work stays where it began
+        update(3, 3, -9); // the pointer moves on, the work stays where it began
+        update(3, 3, -7);
         stop();
         Points expected;
         for (const auto& [dx, dz] : c.touched) {
@@ -63,19 +43,15 @@ TEST_F(RaiseFootprint, FollowsBrushEdgeAndCorner) {
         undo(m_panel);
         EXPECT_EQ(changedHeights(), Points{});
     }
+    m_panel.m_nBrushSize = BRUSH_DISC; // 5 x 5 without its corners
+    start(10, 10);
+    update(10, 10, -1);
+    EXPECT_EQ(changedHeights().size(), 21U);
+    EXPECT_EQ(height(10, 10), LEVEL);
+    EXPECT_EQ(height(14, 13), LEVEL + 1);
 }
 
 using HeightTools = TerrainTest;
-
-TEST_F(HeightTools, RaiseReplacesTheUpdateBefore) {
-    useTool(TOOL_RAISE);
-    start(4, 4);
-    update(4, 4, -5);
-    update(9, 9, -3);
-    EXPECT_EQ(height(4, 4), LEVEL + 3);
-    EXPECT_EQ(changedHeights().size(), 4U);
-    EXPECT_EQ(g_mapUndoList.getCount(), 4);
-}
 
 TEST_F(HeightTools, RaiseLiftsAllCornersOfTheSelectedCells) {
     m_map.setPointHeight(3, 4, 50, false);
@@ -153,29 +129,25 @@ TEST_F(HeightTools, SetHeightKnowsTheCellAndTheFourByFourBlock) {
     }
 }
 
-TEST_F(HeightTools, GetHeightReadsTheCornerAndShowsIt) {
+TEST_F(HeightTools, GetHeightAndGetGradientReadAndShow) {
     m_map.setPointHeight(3, 2, 1, false);
     m_map.setPointHeight(3, 3, 2, false);
     m_map.setPointHeight(2, 3, 3, false);
     useTool(TOOL_GET_HEIGHT);
-    const std::array<int, 4> expected{LEVEL, 1, 2, 3};
-    for (int corner = 0; corner < 4; ++corner) {
+    for (const auto& [corner, expected] : {std::pair{0, LEVEL}, {1, 1}, {2, 2}, {3, 3}, {4, 3}}) {
         start(2, 2, 0, corner);
-        EXPECT_EQ(m_panel.m_nHeight, expected[static_cast<std::size_t>(corner)]);
+        EXPECT_EQ(m_panel.m_nHeight, expected) << corner;
     }
-    start(2, 2, 0, 4);
-    EXPECT_EQ(m_panel.m_nHeight, 3);
     EXPECT_EQ(m_panel.shown, 5);
-    EXPECT_TRUE(g_mapUndoList.isEmpty());
-}
-
-TEST_F(HeightTools, GetGradientReadsAndShowsIt) {
-    m_map.setPointHeight(5, 5, 900, false);
     useTool(TOOL_GET_GRADIENT);
-    start(4, 5);
-    EXPECT_EQ(m_panel.m_fGradient, m_map.getGradient(4, 5));
+    start(4, 3);
     EXPECT_GT(m_panel.m_fGradient, 0.0F);
-    EXPECT_EQ(m_panel.shown, 1);
+    EXPECT_EQ(m_panel.m_fGradient, m_map.getGradient(4, 3));
+    m_map.heightScale = std::numeric_limits<float>::quiet_NaN(); // a gradient that no field can show
+    start(4, 3);
+    EXPECT_EQ(m_panel.m_fGradient, 0.0F);
+    EXPECT_EQ(m_panel.shown, 7);
+    EXPECT_TRUE(g_mapUndoList.isEmpty());
 }
 
 TEST_F(HeightTools, SmoothMovesByTenthsTowardsTheMean) {

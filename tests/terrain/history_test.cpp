@@ -47,7 +47,7 @@ TEST_F(CallsOfTheHistory, ReadEveryPointBeforeTheFirstWriteAndRestoreNewestFirst
 
 using History = TerrainTest;
 
-TEST_F(History, OneUndoTakesBackOneStrokeOfManyUpdates) {
+TEST_F(History, EachStrokeThatRecordsIsOneStep) {
     useTool(TOOL_SET_HEIGHT);
     m_panel.m_nHeight = 5;
     start(1, 1);
@@ -62,6 +62,17 @@ TEST_F(History, OneUndoTakesBackOneStrokeOfManyUpdates) {
     undo(m_panel);
     EXPECT_EQ(changedHeights(), first);
     EXPECT_EQ(height(1, 1), 5);
+
+    start(-9, 4); // off the grid: the first update records nothing
+    update(-8, 4);
+    update(6, 6);
+    update(7, 6);
+    undo(m_panel); // in the middle of the stroke
+    EXPECT_EQ(changedHeights(), first);
+    update(6, 9);
+    stop();
+    undo(m_panel);
+    EXPECT_EQ(changedHeights(), first);
     EXPECT_EQ(g_mapUndoList.getCount(), 4);
 }
 
@@ -91,35 +102,31 @@ TEST_F(History, AStrokeLargerThanTheCapacityIsUndoneAsFarAsItIsKept) {
 }
 
 TEST_F(History, BelongsToTheMapOfTheRememberedSettings) {
-    g_savedSettings = {};
-    g_savedSettings.strength = 4;
-    g_savedSettings.height = 77;
+    const auto settings = [](const CMapEditorModel& panel) {
+        return std::tuple(panel.m_nTool, panel.m_nBrushSize, panel.m_nStrength, panel.m_nHeight);
+    };
+    g_savedSettings = {.strength = 4, .height = 77};
     g_mapUndoList.push({});
     restoreSettings(m_panel); // nothing valid: reset, but the strength stays
-    EXPECT_EQ(m_panel.m_nBrushSize, 2);
-    EXPECT_EQ(m_panel.m_nTool, 0);
-    EXPECT_EQ(m_panel.m_nHeight, 0);
-    EXPECT_EQ(m_panel.m_nStrength, 4);
+    EXPECT_EQ(settings(m_panel), std::tuple(TOOL_SELECT, BRUSH_CELL, 4, 0));
     EXPECT_TRUE(g_mapUndoList.isEmpty());
 
     g_mapUndoList.push({});
-    m_panel.m_nTool = 9;
-    m_panel.m_nBrushSize = 5;
+    m_panel.m_nTool = TOOL_PAINT;
+    m_panel.m_nBrushSize = BRUSH_DISC;
     m_panel.m_nStrength = 7;
     m_panel.m_nHeight = 1000;
     saveSettings(m_panel);
     CTestPanel again;
     again.m_pMap = &m_map;
     restoreSettings(again);
-    EXPECT_EQ(std::tie(again.m_nTool, again.m_nBrushSize, again.m_nStrength, again.m_nHeight),
-              std::tie(m_panel.m_nTool, m_panel.m_nBrushSize, m_panel.m_nStrength, m_panel.m_nHeight));
+    EXPECT_EQ(settings(again), settings(m_panel));
     EXPECT_EQ(g_mapUndoList.getCount(), 1);
 
     CMemoryMap other(4, nullptr);
     again.m_pMap = &other;
     restoreSettings(again);
-    EXPECT_EQ(again.m_nTool, 0);
-    EXPECT_EQ(again.m_nStrength, 7);
+    EXPECT_EQ(settings(again), std::tuple(TOOL_SELECT, BRUSH_CELL, 7, 0));
     EXPECT_TRUE(g_mapUndoList.isEmpty());
     g_savedSettings = {};
 }

@@ -45,7 +45,10 @@ struct StrokeState {
     int corner = 0; ///< 0 to 3, fixed for the stroke
     int lastX = -1; ///< point marked by the previous update; (-1, -1): none
     int lastZ = -1;
-    bool firstUpdate = true; ///< until the end of the stroke's first update
+    bool firstUpdate = true;  ///< until the end of the stroke's first update
+    bool hasRecorded = false; ///< the stroke has records in the history
+
+    qxCMapDetailRecord* addedDetail = nullptr; ///< what the stroke's start placed; null: nothing
 
     bool hasLastPoint() const { return lastX != -1 || lastZ != -1; }
 };

@@ -15,7 +15,9 @@ namespace {
 constexpr int COLOUR_LAYER = 0;
 constexpr int BLEND_LAYER = 1;
 
-void appendPoint(const qxCMap& map, int x, int z, bool groupStart) {
+enum class StepStart { NO, YES };
+
+void recordPoint(const qxCMap& map, int x, int z, StepStart start) {
     const int blend = map.getPointBlendQ(BLEND_LAYER, x, z);
     const qxCColour colour = map.getPointColourQ(COLOUR_LAYER, x, z);
     const int height = map.getPointHeightQ(x, z);
@@ -25,7 +27,7 @@ void appendPoint(const qxCMap& map, int x, int z, bool groupStart) {
     record.z = static_cast<std::uint16_t>(z);
     record.height = static_cast<std::uint16_t>(height);
     record.blend = static_cast<std::uint16_t>(blend);
-    record.groupStart = groupStart ? 1 : 0;
+    record.groupStart = start == StepStart::YES ? 1 : 0;
 }
 
 void writePoint(qxCMap& map, const MapUndoRecord& record) {
@@ -36,12 +38,6 @@ void writePoint(qxCMap& map, const MapUndoRecord& record) {
 
 } // namespace
 
-void recordPoint(CMapEditorModel& model, int x, int z, bool groupStart) {
-    if (!areaOnGrid(*model.m_pMap, x, z, x, z).isEmpty()) {
-        appendPoint(*model.m_pMap, x, z, groupStart);
-    }
-}
-
 void recordBlock(CMapEditorModel& model, std::int64_t x0, std::int64_t z0, std::int64_t x1, std::int64_t z1) {
     const qxCMap& map = *model.m_pMap;
     const GridArea area = areaOnGrid(map, x0, z0, x1, z1);
@@ -49,18 +45,20 @@ void recordBlock(CMapEditorModel& model, std::int64_t x0, std::int64_t z0, std::
     // drop out again before its end: they are not even read, which is most of the time of a large block.
     const std::size_t points = area.pointCount();
     std::size_t skipped = points - std::min<std::size_t>(points, CMapUndoList::CAPACITY);
-    bool groupStart = model.m_stroke.firstUpdate && skipped == 0;
+    StepStart start = !model.m_stroke.hasRecorded && skipped == 0 ? StepStart::YES : StepStart::NO;
+    model.m_stroke.hasRecorded = model.m_stroke.hasRecorded || points > 0;
     const auto rows = static_cast<std::size_t>(area.isEmpty() ? 1 : area.z1 - area.z0 + 1);
     for (int x = area.x0 + static_cast<int>(skipped / rows); x <= area.x1; ++x) {
         for (int z = area.z0 + static_cast<int>(skipped % rows); z <= area.z1; ++z) {
-            appendPoint(map, x, z, groupStart);
-            groupStart = false;
+            recordPoint(map, x, z, start);
+            start = StepStart::NO;
         }
         skipped = 0; // only the first column kept is cut
     }
 }
 
 void undo(CMapEditorModel& model) {
+    model.m_stroke.hasRecorded = false; // what a stroke records after an undo in its middle is a new step
     // Read where the records stand: taking them off one by one would wait for the count at every point.
     while (!g_mapUndoList.isEmpty()) {
         const std::span<const MapUndoRecord> run = g_mapUndoList.getNewestRun();

@@ -23,6 +23,7 @@ FirstUpdate startDragOf(CMapEditorModel& model, qxCMapDetailRecord* created) {
     clearHighlight(model.m_pCurrentDetail);
     clearHighlight(created);
     model.m_pCurrentDetail = created;
+    model.m_stroke.addedDetail = created;
     return FirstUpdate::AT_ONCE;
 }
 
@@ -55,8 +56,8 @@ FirstUpdate startDuplicate(CMapEditorModel& model) {
                                                       original->point1, original->point2, original->scalar));
 }
 
-/// Drag, rotate and scale begin alike: follow the pointer and, on the first update, take the snapshot.
-void followPointer(CMapEditorModel& model, int x, int z) {
+/// Follow the pointer and, on the first update, take the snapshot of what the stroke works on.
+void followPointer(CMapEditorModel& model, int x, int z, qxCMapDetailRecord* detail) {
     StrokeState& stroke = model.m_stroke;
     stroke.x = x;
     stroke.z = z;
@@ -64,9 +65,9 @@ void followPointer(CMapEditorModel& model, int x, int z) {
         return;
     }
     DetailSnapshot& snapshot = model.m_snapshot.detail;
-    snapshot.record = model.m_pCurrentDetail;
-    if (const qxCMapDetailRecord* const detail = model.m_pCurrentDetail) {
-        snapshot = {model.m_pCurrentDetail, detail->point0, detail->point1, detail->point2, x, z};
+    snapshot.record = detail;
+    if (detail != nullptr) {
+        snapshot = {detail, detail->point0, detail->point1, detail->point2, x, z};
     }
 }
 
@@ -164,14 +165,17 @@ void updateDetailTool(CMapEditorModel& model, int x, int z, int amount) {
     case DETAIL_ADD_QUAD:
     case DETAIL_ADD_POINT:
     case DETAIL_DUPLICATE:
+        // These never take hold of a detail that was there before: without one of their own they do nothing.
+        followPointer(model, x, z, model.m_stroke.addedDetail);
+        return dragDetail(model);
     case DETAIL_MOVE:
-        followPointer(model, x, z);
+        followPointer(model, x, z, model.m_pCurrentDetail);
         return dragDetail(model);
     case DETAIL_ROTATE:
-        followPointer(model, x, z);
+        followPointer(model, x, z, model.m_pCurrentDetail);
         return rotateDetail(model, amount);
     case DETAIL_SCALE:
-        followPointer(model, x, z);
+        followPointer(model, x, z, model.m_pCurrentDetail);
         return scaleDetail(model, amount);
     case DETAIL_DELETE:
         return deleteDetail(model);

@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstddef>
 
 namespace {
@@ -137,7 +138,8 @@ void smooth(CMapEditorModel& model) {
 }
 
 void getGradient(CMapEditorModel& model) {
-    model.m_fGradient = model.m_pMap->getGradient(model.m_stroke.x, model.m_stroke.z);
+    const float gradient = model.m_pMap->getGradient(model.m_stroke.x, model.m_stroke.z);
+    model.m_fGradient = std::isfinite(gradient) ? gradient : 0.0F; // a field cannot show what is no number
     model.showMembers();
 }
 

@@ -19,7 +19,7 @@ void getHeight(CMapEditorModel& model);
 /// when the pointer has moved.
 void smooth(CMapEditorModel& model);
 
-/// Read the gradient of the picked point into the panel's gradient.
+/// Read the gradient of the picked point into the panel's gradient; what is no number is read as 0.
 void getGradient(CMapEditorModel& model);
 
 /// Move the cell's corners up or down at random, by up to the strength.
