@@ -1,62 +1,107 @@
 #include "terrain/texture_preview.h"
 
 #include "engine/qx_map.h"
-#include "engine/qx_random.h"
+#include "engine/qx_surface_recipe.h"
 #include "engine/qx_texture.h"
 
 #include <algorithm>
 #include <span>
 #include <utility>
 
-// The two pixel loops gain a factor of two from 32-byte vectors. They are compiled a second time for machines
-// that have them and chosen at load; without fused multiply-add both give the same bytes. The sanitizers'
-// runtimes start too late for such a choice.
-#if defined(__x86_64__) && defined(__GNUC__) && !defined(__clang__) && !defined(__SANITIZE_ADDRESS__)
-#define VESK_WIDE_VECTORS [[gnu::target_clones("avx2", "default")]]
-#else
-#define VESK_WIDE_VECTORS
-#endif
-
 namespace {
 
 constexpr int EDGE = CTexturePreview::MAP_EDGE;
-constexpr int NODE_SPACING = 32;
-constexpr int CELLS = EDGE / NODE_SPACING;
-constexpr int NODES = CELLS + 1;
-constexpr int TINT_SEED = 123;
-constexpr int BLEND_SEED = 345;
+static_assert(EDGE == qx_surface::EDGE);
 
-template <class Value> using NodeGrid = std::array<std::array<Value, NODES>, NODES>; // [column][row]
-
-qxCColour mix(const qxCColour& from, const qxCColour& to, float t) {
-    return interpolate(from, to, t);
+void interpolateOneByOne(std::span<const qxCColour> from, std::span<const qxCColour> to,
+                         std::span<const float> t, std::span<qxCColour> out) {
+    for (std::size_t i = 0; i < out.size(); ++i) {
+        out[i] = interpolate(from[i], to[i], t[i]);
+    }
 }
 
-float mix(float from, float to, float t) {
-    return from + t * (to - from);
+void rampOneByOne(const qxCColour& from, const qxCColour& to, std::span<const float> t,
+                  std::span<qxCColour> out) {
+    for (std::size_t i = 0; i < out.size(); ++i) {
+        out[i] = interpolate(from, to, t[i]);
+    }
 }
 
-/// Fraction of the way from one node to the next.
-float fractionOf(int position) {
-    return static_cast<float>(position % NODE_SPACING) / static_cast<float>(NODE_SPACING);
+void tintOneByOne(std::span<const qxCColour> colours, std::span<const qxCColour> tints,
+                  std::span<qxCColour> out) {
+    for (std::size_t i = 0; i < out.size(); ++i) {
+        out[i] = tint(colours[i], tints[i]);
+    }
+}
+
+constexpr qxColourRows ONE_BY_ONE = {interpolateOneByOne, rampOneByOne, tintOneByOne};
+
+/// Every level of every channel in turn, against one that runs another way.
+std::array<qxCColour, 256> makeTrial(int stride) {
+    std::array<qxCColour, 256> colours;
+    for (int i = 0; i < 256; ++i) {
+        colours[static_cast<std::size_t>(i)] = {i * stride, i * stride + 85, 255 - i * stride, i};
+    }
+    return colours;
+}
+
+/// The rows' functions give what the engine gives for single colours.
+bool agrees(const qxColourRows& rows) {
+    const auto from = makeTrial(1);
+    const auto to = makeTrial(37);
+    std::array<float, 256> shares;
+    for (std::size_t i = 0; i < shares.size(); ++i) {
+        shares[i] = static_cast<float>(i * 89 % 256) / 255.0F;
+    }
+    const auto tried = [&](const qxColourRows& by) {
+        std::array<qxCColour, 3 * 256> out;
+        const std::span<qxCColour> whole(out);
+        by.interpolate(from, to, shares, whole.first<256>());
+        by.ramp(from[40], to[40], shares, whole.subspan<256, 256>());
+        by.tint(from, to, whole.last<256>());
+        return out;
+    };
+    return tried(rows) == tried(ONE_BY_ONE);
+}
+
+/// What the terrain shows is what the engine's functions for one colour say. Its functions for rows save the
+/// calls, where it has them and they say the same: a host may have replaced the others alone.
+const qxColourRows& colourRows() {
+    static const bool s_useRows = qxGetColourRows != nullptr && agrees(qxGetColourRows());
+    return s_useRows ? qxGetColourRows() : ONE_BY_ONE;
+}
+
+/// Fractions of the way from one node to the next.
+constexpr auto FRACTIONS = [] {
+    std::array<float, qx_surface::SPACING> fractions{};
+    for (int step = 0; step < qx_surface::SPACING; ++step) {
+        fractions[static_cast<std::size_t>(step)] = qx_surface::fractionOf(step);
+    }
+    return fractions;
+}();
+
+void ramp(const qxCColour& from, const qxCColour& to, std::span<qxCColour> out) {
+    colourRows().ramp(from, to, FRACTIONS, out);
+}
+
+void ramp(float from, float to, std::span<float> out) {
+    for (std::size_t i = 0; i < out.size(); ++i) {
+        out[i] = qx_surface::mix(from, to, FRACTIONS[i]);
+    }
 }
 
 /// Bilinear between the nodes. Within one row the ends of a cell's span do not change, so each row mixes its
 /// nine columns once and then only along x.
-template <class Value>
-VESK_WIDE_VECTORS void fillBetweenNodes(const NodeGrid<Value>& nodes, std::span<Value> map) {
+template <class Value> void fillBetweenNodes(const qx_surface::NodeGrid<Value>& nodes, std::span<Value> map) {
+    constexpr auto SPACING = static_cast<std::size_t>(qx_surface::SPACING);
     for (int y = 0; y < EDGE; ++y) {
-        const std::size_t nodeRow = static_cast<std::size_t>(y / NODE_SPACING);
-        const float u = fractionOf(y);
-        std::array<Value, NODES> ends;
-        for (std::size_t i = 0; i < NODES; ++i) {
-            ends[i] = mix(nodes[i][nodeRow], nodes[i][nodeRow + 1], u);
+        std::array<Value, qx_surface::NODES> ends;
+        for (std::size_t i = 0; i < ends.size(); ++i) {
+            ends[i] = qx_surface::mixColumn(nodes, i, y);
         }
-        Value* row = &map[static_cast<std::size_t>(y) * EDGE];
-        for (std::size_t cell = 0; cell < CELLS; ++cell) {
-            for (int step = 0; step < NODE_SPACING; ++step) {
-                *row++ = mix(ends[cell], ends[cell + 1], fractionOf(step));
-            }
+        for (std::size_t cell = 0; cell + 1 < ends.size(); ++cell) {
+            ramp(ends[cell], ends[cell + 1], map.first(SPACING));
+            map = map.subspan(SPACING);
         }
     }
 }
@@ -69,22 +114,6 @@ void copyBaseImage(const qxCTexture* texture, qxCImageFile& copy) {
     loaded.load(texture->getFilename(), false);
     copy.setSize(loaded.width, loaded.height, qxImageFileFormatColourAlpha);
     std::ranges::copy(std::as_const(loaded).getPixels(), copy.getPixels().begin());
-}
-
-/// One row of the composite, channel by channel: `smooth` mixed to `rough` by `blend`, times `tint` over 255.
-/// The same arithmetic as interpolate() and tint(), written over plain bytes so that it runs several channels
-/// at a time. A tint's alpha is 255 here, which leaves the mixed alpha as it is.
-VESK_WIDE_VECTORS void compositeBytes(const std::uint8_t* smooth, const std::uint8_t* rough,
-                                      const float* blend, const std::uint8_t* tintBytes, std::uint8_t* out,
-                                      int count) {
-    for (int i = 0; i < count; ++i) {
-        const std::uint8_t mixed = qx_detail::mixChannel(smooth[i], rough[i], blend[i]);
-        out[i] = qx_detail::multiplyChannel(mixed, tintBytes[i]);
-    }
-}
-
-const std::uint8_t* bytesOf(const qxCColour* colours) {
-    return reinterpret_cast<const std::uint8_t*>(colours);
 }
 
 } // namespace
@@ -125,31 +154,13 @@ const qxCImageFile* CTexturePreview::showDetail(const qxCTexture* texture) {
 }
 
 void CTexturePreview::makeTintMap(const qxCColour& tint1, const qxCColour& tint2) {
-    qxCRandom random;
-    random.setSeed(TINT_SEED);
-    NodeGrid<qxCColour> nodes;
-    for (auto& column : nodes) {
-        for (qxCColour& node : column) {
-            node = interpolate(tint1, tint2, random.get(1.0F));
-            node.a = 255; // a tint's alpha plays no part
-        }
-    }
     m_tintMap.resize(MAP_SIZE);
-    fillBetweenNodes<qxCColour>(nodes, m_tintMap);
+    fillBetweenNodes<qxCColour>(qx_surface::makeTintNodes(tint1, tint2), m_tintMap);
 }
 
 void CTexturePreview::makeBlendMap(float blend, float variation) {
-    qxCRandom random;
-    random.setSeed(BLEND_SEED);
-    NodeGrid<float> nodes;
-    for (auto& column : nodes) {
-        for (float& node : column) {
-            const float value = blend + random.get(-variation, variation);
-            node = value > 0.0F ? std::min(value, 1.0F) : 0.0F; // what is no number counts as 0
-        }
-    }
     m_blendMap.resize(MAP_SIZE);
-    fillBetweenNodes<float>(nodes, m_blendMap);
+    fillBetweenNodes<float>(qx_surface::makeBlendNodes(blend, variation), m_blendMap);
 }
 
 void CTexturePreview::makeComposite() {
@@ -162,19 +173,15 @@ void CTexturePreview::makeComposite() {
 }
 
 void CTexturePreview::compositeRow(int y) {
-    constexpr int CHANNELS = 4;
+    const auto width = static_cast<std::size_t>(m_composite.width);
     const std::size_t mapRow = static_cast<std::size_t>(y % EDGE) * EDGE;
-    const std::size_t imageRow = static_cast<std::size_t>(y) * static_cast<std::size_t>(m_composite.width);
-    std::array<float, static_cast<std::size_t>(EDGE) * CHANNELS> blends;
-    for (std::size_t x = 0; x < EDGE; ++x) {
-        std::fill_n(&blends[x * CHANNELS], CHANNELS, m_blendMap[mapRow + x]);
-    }
-    for (int x = 0; x < m_composite.width; x += EDGE) {
-        const std::size_t at = imageRow + static_cast<std::size_t>(x);
-        const int pixels = std::min(EDGE, m_composite.width - x);
-        compositeBytes(bytesOf(&std::as_const(m_smoothImage).getPixels()[at]),
-                       bytesOf(&std::as_const(m_roughImage).getPixels()[at]), blends.data(),
-                       bytesOf(&m_tintMap[mapRow]),
-                       reinterpret_cast<std::uint8_t*>(&m_composite.getPixels()[at]), pixels * CHANNELS);
+    for (std::size_t x = 0; x < width; x += EDGE) {
+        const std::size_t at = static_cast<std::size_t>(y) * width + x;
+        const std::size_t count = std::min<std::size_t>(EDGE, width - x);
+        const std::span<qxCColour> out = m_composite.getPixels().subspan(at, count);
+        colourRows().interpolate(std::as_const(m_smoothImage).getPixels().subspan(at, count),
+                                 std::as_const(m_roughImage).getPixels().subspan(at, count),
+                                 std::span(m_blendMap).subspan(mapRow, count), out);
+        colourRows().tint(out, std::span(m_tintMap).subspan(mapRow, count), out);
     }
 }

@@ -36,7 +36,6 @@ public:
     /// Have this item made anew by the next picture.
     void invalidate(Item item) { m_ready[item] = false; }
     void invalidateAll() { m_ready.fill(false); }
-    bool isReady(Item item) const { return m_ready[item]; }
 
     /// The picture of `definition` on the base textures of `map`, after making every item that is not ready.
     /// Null, for nothing to show, when a base texture is missing, has no readable image, or the two images

@@ -3,94 +3,52 @@
 #include "engine/memory/engine_directories.h"
 #include "engine/memory/memory_map.h"
 #include "engine/memory/memory_scene.h"
-#include "engine/qx_random.h"
 #include "engine/qx_texture.h"
+#include "support/surface_recipe.h"
+#include "support/temp_directory.h"
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <filesystem>
-#include <fstream>
-#include <unistd.h>
+#include <limits>
+#include <random>
+#include <string>
 
 namespace {
 
 using Item = CTexturePreview::Item;
 
-/// The picture's formulas, one pixel at a time and as they are told on paper.
-class CSlowReference {
-public:
-    explicit CSlowReference(const CTexturePreview::Definition& definition) {
-        qxCRandom random;
-        random.setSeed(123);
-        for (int i = 0; i <= 8; ++i) {
-            for (int j = 0; j <= 8; ++j) {
-                m_tints[i][j] = interpolate(definition.tint1, definition.tint2, random.get(1.0F));
-            }
-        }
-        random.setSeed(345);
-        for (int i = 0; i <= 8; ++i) {
-            for (int j = 0; j <= 8; ++j) {
-                const float spread = random.get(-definition.variation, definition.variation);
-                m_fBlends[i][j] = std::clamp(definition.blend + spread, 0.0F, 1.0F);
-            }
-        }
-    }
+CSurfaceRecipe recipeOf(const CTexturePreview::Definition& d) {
+    return {d.tint1, d.tint2, d.blend, d.variation};
+}
 
-    qxCColour tintAt(int x, int y) const {
-        const int bi = x / 32;
-        const int bj = y / 32;
-        const float w = static_cast<float>(x % 32) / 32;
-        const float u = static_cast<float>(y % 32) / 32;
-        return interpolate(interpolate(m_tints[bi][bj], m_tints[bi][bj + 1], u),
-                           interpolate(m_tints[bi + 1][bj], m_tints[bi + 1][bj + 1], u), w);
-    }
-
-    float blendAt(int x, int y) const {
-        const int bi = x / 32;
-        const int bj = y / 32;
-        const float w = static_cast<float>(x % 32) / 32;
-        const float u = static_cast<float>(y % 32) / 32;
-        const float left = m_fBlends[bi][bj] + u * (m_fBlends[bi][bj + 1] - m_fBlends[bi][bj]);
-        const float right = m_fBlends[bi + 1][bj] + u * (m_fBlends[bi + 1][bj + 1] - m_fBlends[bi + 1][bj]);
-        return left + w * (right - left);
-    }
-
-    qxCColour pixelAt(const qxCImageFile& smooth, const qxCImageFile& rough, int x, int y) const {
-        return tint(interpolate(smooth.getPixel(x, y), rough.getPixel(x, y), blendAt(x % 256, y % 256)),
-                    tintAt(x % 256, y % 256));
-    }
-
-private:
-    qxCColour m_tints[9][9];
-    float m_fBlends[9][9] = {};
-};
+/// The picture's formulas, one pixel at a time.
+qxCColour pixelAt(const CSurfaceRecipe& recipe, const qxCImageFile& smooth, const qxCImageFile& rough, int x,
+                  int y) {
+    return tint(interpolate(smooth.getPixel(x, y), rough.getPixel(x, y), recipe.blendAt(x % 256, y % 256)),
+                recipe.tintAt(x % 256, y % 256));
+}
 
 class TexturePreview : public testing::Test {
 protected:
-    void SetUp() override {
-        m_folder = std::filesystem::temp_directory_path() / ("texture_preview_" + std::to_string(getpid()));
-        std::filesystem::create_directories(m_folder);
-        CEngineDirectories::setDirectories({m_folder});
-    }
-    void TearDown() override {
-        CEngineDirectories::setDirectories({});
-        std::filesystem::remove_all(m_folder);
-    }
+    void SetUp() override { CEngineDirectories::setDirectories({m_folder.path()}); }
+    void TearDown() override { CEngineDirectories::setDirectories({}); }
 
     /// A true-colour image with alpha whose pixels all differ.
     void writeImage(const char* name, int width, int height, unsigned seed) {
-        std::ofstream file(m_folder / name, std::ios::binary);
-        const int header[18] = {
-            0,  0,   2, 0, 0, 0, 0, 0, 0, 0, 0, 0, width % 256, width / 256, height % 256, height / 256,
-            32, 0x28};
-        for (const int byte : header) {
-            file.put(static_cast<char>(byte));
-        }
+        std::string file(18, '\0');
+        const auto put = [&file](std::size_t at, int value) { file[at] = static_cast<char>(value); };
+        put(2, 2);
+        put(12, width % 256);
+        put(13, width / 256);
+        put(14, height % 256);
+        put(15, height / 256);
+        put(16, 32);
+        put(17, 0x28);
         std::mt19937 noise(seed);
         for (int i = 0; i < width * height * 4; ++i) {
-            file.put(static_cast<char>(noise() & 0xFF));
+            file.push_back(static_cast<char>(noise() & 0xFF));
         }
+        m_folder.write(name, file);
     }
 
     void setBase(qxMapLayerType layer, const char* name) {
@@ -99,7 +57,7 @@ protected:
         m_map.setTexture(layer, texture);
     }
 
-    std::filesystem::path m_folder;
+    CTempDirectory m_folder;
     CMemoryScene m_scene;
     CMemoryMap m_map{16, &m_scene};
     std::unique_ptr<CTexturePreview> m_pPreview = std::make_unique<CTexturePreview>();
@@ -121,11 +79,11 @@ TEST_F(TexturePreview, EveryPixelIsWhatTheFormulasGive) {
         qxCImageFile smooth;
         qxCImageFile rough;
         ASSERT_TRUE(smooth.load("smooth.tga", false) && rough.load("rough.tga", false));
-        const CSlowReference reference(m_definition);
+        const CSurfaceRecipe recipe = recipeOf(m_definition);
         int wrong = 0;
         for (int y = 0; y < height; ++y) {
             for (int x = 0; x < width; ++x) {
-                wrong += shown->getPixel(x, y) == reference.pixelAt(smooth, rough, x, y) ? 0 : 1;
+                wrong += shown->getPixel(x, y) == pixelAt(recipe, smooth, rough, x, y) ? 0 : 1;
             }
         }
         EXPECT_EQ(wrong, 0) << width << " x " << height;
@@ -162,8 +120,10 @@ TEST_F(TexturePreview, OnlyInvalidatedItemsAreMadeAnew) {
     setBase(qxMapLayerRough, "two.tga");
     const CTexturePreview::Definition other{{1, 2, 3, 255}, {200, 0, 90, 255}, 0.9F, 0.05F};
 
-    const auto pixelsAfter = [&](std::initializer_list<Item> invalidated, bool swapTints, bool swapBlend,
-                                 bool swapSmooth, bool swapRough) {
+    qxCImageFile one;
+    qxCImageFile two;
+    ASSERT_TRUE(one.load("one.tga", false) && two.load("two.tga", false));
+    for (unsigned items = 0; items < 1U << CTexturePreview::ITEM_COUNT; ++items) {
         setBase(qxMapLayerSmooth, "one.tga");
         setBase(qxMapLayerRough, "two.tga");
         m_pPreview->invalidateAll();
@@ -171,39 +131,24 @@ TEST_F(TexturePreview, OnlyInvalidatedItemsAreMadeAnew) {
         // From here on everything is different, but only the invalidated items may notice.
         setBase(qxMapLayerSmooth, "two.tga");
         setBase(qxMapLayerRough, "one.tga");
-        for (const Item item : invalidated) {
-            m_pPreview->invalidate(item);
-        }
-        const qxCImageFile* shown = m_pPreview->showDefinition(other, m_map);
-        CTexturePreview::Definition expected = m_definition;
-        if (swapTints) {
-            expected.tint1 = other.tint1;
-            expected.tint2 = other.tint2;
-        }
-        if (swapBlend) {
-            expected.blend = other.blend;
-            expected.variation = other.variation;
-        }
-        qxCImageFile smooth;
-        qxCImageFile rough;
-        smooth.load(swapSmooth ? "two.tga" : "one.tga", false);
-        rough.load(swapRough ? "one.tga" : "two.tga", false);
-        const CSlowReference reference(expected);
-        for (int i = 0; i < 256; ++i) {
-            if (shown->getPixel(i % 16, i / 16) != reference.pixelAt(smooth, rough, i % 16, i / 16)) {
-                return false;
+        const auto isNew = [items](Item item) { return (items >> item & 1) != 0; };
+        for (int item = 0; item < CTexturePreview::ITEM_COUNT; ++item) {
+            if (isNew(static_cast<Item>(item))) {
+                m_pPreview->invalidate(static_cast<Item>(item));
             }
         }
-        return true;
-    };
-    EXPECT_TRUE(pixelsAfter({}, false, false, false, false));
-    EXPECT_TRUE(pixelsAfter({Item::COMPOSITE}, false, false, false, false));
-    EXPECT_TRUE(pixelsAfter({Item::TINT_MAP, Item::COMPOSITE}, true, false, false, false));
-    EXPECT_TRUE(pixelsAfter({Item::BLEND_MAP, Item::COMPOSITE}, false, true, false, false));
-    EXPECT_TRUE(pixelsAfter({Item::SMOOTH_IMAGE, Item::COMPOSITE}, false, false, true, false));
-    EXPECT_TRUE(pixelsAfter({Item::ROUGH_IMAGE, Item::COMPOSITE}, false, false, false, true));
-    EXPECT_TRUE(pixelsAfter({Item::TINT_MAP, Item::BLEND_MAP}, false, false, false, false))
-        << "the composite was not asked for";
+        const qxCImageFile* shown = m_pPreview->showDefinition(other, m_map);
+        const bool isMade = isNew(Item::COMPOSITE);
+        const auto& tints = isMade && isNew(Item::TINT_MAP) ? other : m_definition;
+        const auto& blends = isMade && isNew(Item::BLEND_MAP) ? other : m_definition;
+        const CTexturePreview::Definition expected{tints.tint1, tints.tint2, blends.blend, blends.variation};
+        const qxCImageFile& smooth = isMade && isNew(Item::SMOOTH_IMAGE) ? two : one;
+        const qxCImageFile& rough = isMade && isNew(Item::ROUGH_IMAGE) ? one : two;
+        for (const auto& [x, y] : {std::pair{0, 0}, {7, 9}, {15, 15}}) {
+            EXPECT_EQ(shown->getPixel(x, y), pixelAt(recipeOf(expected), smooth, rough, x, y))
+                << "items " << items;
+        }
+    }
 }
 
 TEST_F(TexturePreview, ADetailTakesTheComposite) {
