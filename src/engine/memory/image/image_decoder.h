@@ -1,19 +1,11 @@
 #pragma once
 
+#include "engine/memory/image/decoded_image.h"
 #include "engine/qx_api.h"
-#include "engine/qx_colour.h"
 
 #include <cstdint>
 #include <optional>
 #include <span>
-#include <vector>
-
-/// The pixels of an image file.
-struct DecodedImage {
-    int width = 0;                 ///< 1 to qxCImageFile::MAX_EDGE
-    int height = 0;                ///< 1 to qxCImageFile::MAX_EDGE
-    std::vector<qxCColour> pixels; ///< width * height, rows from the top
-};
 
 /// Decodes the bytes of a PNG or TGA file. Nothing for any other content, for a size beyond
 /// qxCImageFile::MAX_EDGE and for a file that does not hold all of its pixels. Memory is taken only when the

@@ -1,6 +1,10 @@
 #pragma once
 
-#include "engine/memory/image/image_decoder.h"
+#include "engine/memory/image/decoded_image.h"
+
+#include <cstdint>
+#include <optional>
+#include <span>
 
 /// True when the bytes begin with the PNG signature and a complete IHDR chunk.
 bool isPng(std::span<const std::uint8_t> bytes);

@@ -1,10 +1,10 @@
 #include "engine/memory/image/tga_decoder.h"
 
-#include "engine/memory/image/tga_library.h"
 #include "engine/qx_image_file.h"
 
 #include <algorithm>
-#include <memory>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -91,35 +91,28 @@ bool isSupported(const TgaHeader& header, Bytes bytes) {
            header.height <= qxCImageFile::MAX_EDGE && header.pixelOffset() <= bytes.size();
 }
 
-// Bytes that the image's packets take. Nothing when the bytes end before the image does.
-std::optional<std::size_t> packedSize(Bytes bytes, std::size_t pixelCount, std::size_t pixelSize) {
-    std::size_t offset = 0;
-    while (pixelCount > 0) {
-        if (offset >= bytes.size()) {
+// The pixels that the packets stand for. Nothing when the bytes end before the image does; each packet is
+// checked before its pixels are written, so a short file takes no more memory than a packet more than it
+// holds.
+std::optional<std::vector<std::uint8_t>> unpack(Bytes bytes, std::size_t pixelCount, std::size_t pixelSize) {
+    std::vector<std::uint8_t> pixels;
+    while (pixels.size() < pixelCount * pixelSize) {
+        if (bytes.empty()) {
             return std::nullopt;
         }
-        const bool isRepeat = (bytes[offset] & REPEAT) != 0;
-        const std::size_t count = std::min<std::size_t>((bytes[offset] & ~REPEAT & 0xFFU) + 1, pixelCount);
-        const std::size_t size = 1 + (isRepeat ? pixelSize : count * pixelSize);
-        if (bytes.size() - offset < size) {
+        const bool isRepeat = (bytes[0] & REPEAT) != 0;
+        const std::size_t left = pixelCount - pixels.size() / pixelSize;
+        const std::size_t count = std::min<std::size_t>((bytes[0] & ~REPEAT & 0xFFU) + 1, left);
+        const std::size_t stored = isRepeat ? pixelSize : count * pixelSize;
+        if (bytes.size() <= stored) {
             return std::nullopt;
         }
-        offset += size;
-        pixelCount -= count;
+        for (std::size_t i = 0; i < count * pixelSize; ++i) {
+            pixels.push_back(bytes[1 + i % stored]);
+        }
+        bytes = bytes.subspan(1 + stored);
     }
-    return offset;
-}
-
-// The stored pixels, packed or not, without what follows them. Nothing when they are not all there.
-std::optional<Bytes> storedPixels(const TgaHeader& header, Bytes bytes) {
-    const Bytes data = bytes.subspan(header.pixelOffset());
-    const std::size_t pixelSize = bytesFor(header.pixelBits);
-    const std::optional<std::size_t> size =
-        header.isPacked ? packedSize(data, header.pixelCount(), pixelSize) : header.pixelCount() * pixelSize;
-    if (!size || *size > data.size()) {
-        return std::nullopt;
-    }
-    return data.first(*size);
+    return pixels;
 }
 
 qxCColour colourOfWord(int word, bool hasAlphaBit) {
@@ -142,23 +135,7 @@ std::vector<qxCColour> colourMap(const TgaHeader& header, Bytes bytes) {
     return map;
 }
 
-// The same image as a file that the library reads to the last bit. As it stands the library loses the alpha
-// bit of 16-bit colours and the first index of a colour map, so words and indices are handed to it as plain
-// greys of one or two channels: what it unpacks then are the bytes as they were stored.
-std::vector<std::uint8_t> plainFile(const TgaHeader& header, Bytes bytes, Bytes pixels) {
-    std::vector<std::uint8_t> file(HEADER_SIZE);
-    const std::size_t size = bytesFor(header.pixelBits);
-    file[2] =
-        static_cast<std::uint8_t>((size <= 2 ? KIND_GREY : KIND_COLOUR) | (header.isPacked ? PACKED : 0));
-    std::copy_n(bytes.begin() + 12, 4, file.begin() + 12); // width and height
-    file[16] = static_cast<std::uint8_t>(8 * size);
-    file[17] = static_cast<std::uint8_t>(header.descriptor & FROM_TOP);
-    file.insert(file.end(), pixels.begin(), pixels.end());
-    return file;
-}
-
-// The colour of a pixel as the library gives it: its stored bytes, with blue and red changed over from three
-// bytes on.
+// The colour of a pixel from its stored bytes.
 class CPixelReader {
 public:
     CPixelReader(const TgaHeader& header, Bytes bytes) : m_header(header), m_map(colourMap(header, bytes)) {}
@@ -175,9 +152,9 @@ public:
                        ? qxCColour(bytes[0], bytes[0], bytes[0], bytes[1])
                        : colourOfWord(bytes[0] | bytes[1] << 8, m_header.hasAlphaBit());
         case 3:
-            return {bytes[0], bytes[1], bytes[2], 255};
+            return {bytes[2], bytes[1], bytes[0], 255};
         default:
-            return {bytes[0], bytes[1], bytes[2], bytes[3]};
+            return {bytes[2], bytes[1], bytes[0], bytes[3]};
         }
     }
 
@@ -193,21 +170,42 @@ private:
     std::vector<qxCColour> m_map;
 };
 
-// Rows from the top, still in the file's order from left or right.
-std::vector<qxCColour> decodePixels(const TgaHeader& header, Bytes file, const CPixelReader& read) {
+std::vector<qxCColour> readPixels(const TgaHeader& header, Bytes bytes, Bytes stored) {
+    const CPixelReader read(header, bytes);
     const std::size_t size = bytesFor(header.pixelBits);
-    const std::unique_ptr<std::uint8_t, void (*)(void*)> samples(loadTga(file, static_cast<int>(size)),
-                                                                 freeTga);
-    if (!samples) {
-        return {};
-    }
     std::vector<qxCColour> pixels(header.pixelCount());
-    const std::uint8_t* sample = samples.get();
-    for (qxCColour& pixel : pixels) {
-        pixel = read(sample);
-        sample += size;
+    for (std::size_t i = 0; i < pixels.size(); ++i) {
+        pixels[i] = read(&stored[i * size]);
     }
     return pixels;
+}
+
+// Nothing when the pixels are not all there.
+std::optional<std::vector<qxCColour>> decodePixels(const TgaHeader& header, Bytes bytes) {
+    const Bytes data = bytes.subspan(header.pixelOffset());
+    const std::size_t pixelSize = bytesFor(header.pixelBits);
+    if (header.isPacked) {
+        const auto unpacked = unpack(data, header.pixelCount(), pixelSize);
+        return unpacked ? std::optional(readPixels(header, bytes, *unpacked)) : std::nullopt;
+    }
+    return data.size() >= header.pixelCount() * pixelSize ? std::optional(readPixels(header, bytes, data))
+                                                          : std::nullopt;
+}
+
+// From the file's order of rows and pixels to rows from the top, pixels from the left.
+void turn(const TgaHeader& header, std::vector<qxCColour>& pixels) {
+    if ((header.descriptor & FROM_RIGHT) != 0) {
+        for (auto row = pixels.begin(); row != pixels.end(); row += header.width) {
+            std::reverse(row, row + header.width);
+        }
+    }
+    if ((header.descriptor & FROM_TOP) == 0) {
+        auto top = pixels.begin();
+        for (auto bottom = pixels.end() - header.width; top < bottom; top += header.width) {
+            std::swap_ranges(top, top + header.width, bottom);
+            bottom -= header.width;
+        }
+    }
 }
 
 } // namespace
@@ -220,25 +218,16 @@ std::optional<DecodedImage> decodeTga(std::span<const std::uint8_t> bytes) {
     if (!isSupported(header, bytes)) {
         return std::nullopt;
     }
-    const std::optional<Bytes> stored = storedPixels(header, bytes);
-    if (!stored) {
+    std::optional<std::vector<qxCColour>> pixels = decodePixels(header, bytes);
+    if (!pixels) {
         return std::nullopt;
     }
-    DecodedImage image{header.width, header.height,
-                       decodePixels(header, plainFile(header, bytes, *stored), CPixelReader(header, bytes))};
-    if (image.pixels.empty()) {
-        return std::nullopt;
-    }
-    if ((header.descriptor & FROM_RIGHT) != 0) {
-        for (auto row = image.pixels.begin(); row != image.pixels.end(); row += header.width) {
-            std::reverse(row, row + header.width);
-        }
-    }
+    turn(header, *pixels);
     const auto isTransparent = [](const qxCColour& pixel) { return pixel.a == 0; };
-    if (!header.declaresAlpha() && std::ranges::all_of(image.pixels, isTransparent)) {
-        for (qxCColour& pixel : image.pixels) {
+    if (!header.declaresAlpha() && std::ranges::all_of(*pixels, isTransparent)) {
+        for (qxCColour& pixel : *pixels) {
             pixel.a = 255;
         }
     }
-    return image;
+    return DecodedImage{header.width, header.height, std::move(*pixels)};
 }

@@ -1,6 +1,10 @@
 #pragma once
 
-#include "engine/memory/image/image_decoder.h"
+#include "engine/memory/image/decoded_image.h"
+
+#include <cstdint>
+#include <optional>
+#include <span>
 
 /// Decodes a TGA file: true colour of 15, 16, 24 and 32 bits, grey of 8 bits and of 16 (grey and alpha),
 /// colour maps of those colours with indices of 8 and 16 bits, plain and run-length packed, from any of the
