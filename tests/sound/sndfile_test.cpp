@@ -1,5 +1,5 @@
 // Files as a well-known library writes them: both readers find the samples that went in.
-#include "engine/temp_directory.h"
+#include "support/temp_directory.h"
 #include "sound/wave_bytes.h"
 #include "sound/wave_image.h"
 #include "sound/wave_reader.h"

@@ -2,7 +2,7 @@
 
 #include "engine/memory/engine_directories.h"
 #include "engine/qx_name.h"
-#include "engine/temp_directory.h"
+#include "support/temp_directory.h"
 #include "sound/sound.h"
 #include "sound/sound_manager.h"
 #include "sound/wave_bytes.h"

@@ -1,5 +1,5 @@
 // The player as a person at a terminal meets it, on a machine with and without a sound device.
-#include "engine/temp_directory.h"
+#include "support/temp_directory.h"
 #include "sound/wave_bytes.h"
 
 #include <gmock/gmock.h>

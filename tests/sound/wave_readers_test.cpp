@@ -1,9 +1,9 @@
 // The two readers of WAV files, the one in memory and the one on disk, over the same files.
-#include "engine/temp_directory.h"
 #include "sound/reference_downsample.h"
 #include "sound/wave_bytes.h"
 #include "sound/wave_reader.h"
 #include "sound/wave_samples.h"
+#include "support/temp_directory.h"
 
 #include <gtest/gtest.h>
 

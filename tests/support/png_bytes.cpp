@@ -1,4 +1,4 @@
-#include "engine/png_bytes.h"
+#include "support/png_bytes.h"
 
 #include <png.h>
 
