@@ -13,7 +13,7 @@ struct IconImage {
     std::vector<std::uint8_t> pixels; ///< width * height * 4 bytes
 };
 
-/// Decodes one image of an icon: an uncompressed bitmap of 1, 4, 8, 24 or 32 bits a pixel, bottom row first,
-/// followed by its one-bit mask. A 32-bit image without any alpha takes its transparency from the mask.
-/// Returns nothing when the data is damaged or larger than 256 pixels a side.
+/// Decodes the image of an icon in the form that the library's icons have: an uncompressed bitmap of sixteen
+/// colours, bottom row first, followed by its one-bit mask.
+/// Returns nothing when the data is of another form, damaged or larger than 256 pixels a side.
 std::optional<IconImage> readIconImage(std::span<const std::byte> data);

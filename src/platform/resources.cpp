@@ -2,9 +2,6 @@
 
 #include "platform/byte_reader.h"
 
-#include <cstdlib>
-#include <utility>
-
 namespace {
 
 constexpr int TYPE_ICON = 3;
@@ -55,29 +52,15 @@ std::optional<std::span<const std::byte>> findResource(std::span<const std::byte
     return found;
 }
 
-/// The id of the best image of an icon group.
-std::optional<int> bestIconOf(std::span<const std::byte> group, int desiredSize) {
+/// The id of an icon group's image; the library's icons have one each.
+std::optional<int> imageOf(std::span<const std::byte> group) {
     CByteReader reader(group);
     reader.readU16(); // reserved
     const bool isIcon = reader.readU16() == 1;
     const int count = reader.readU16();
-    std::optional<int> best;
-    std::pair<int, int> bestRank; // distance in quarter pixels with the smaller side handicapped, then depth
-    for (int i = 0; i < count && isIcon && !reader.failed(); ++i) {
-        const int storedWidth = reader.readU8();
-        const int width = storedWidth == 0 ? 256 : storedWidth;
-        reader.skip(5); // height, colours, reserved, planes
-        const int depth = reader.readU16();
-        reader.readU32(); // size in bytes
-        const int id = reader.readU16();
-        const int difference = width - desiredSize;
-        const std::pair<int, int> rank = {2 * std::abs(difference) + (difference < 0 ? 1 : 0), -depth};
-        if (!best || rank < bestRank) {
-            best = id;
-            bestRank = rank;
-        }
-    }
-    return reader.failed() ? std::nullopt : best;
+    reader.skip(12); // size, colours, planes, depth, size in bytes
+    const int id = reader.readU16();
+    return reader.failed() || !isIcon || count < 1 ? std::nullopt : std::optional(id);
 }
 
 } // namespace
@@ -87,9 +70,9 @@ std::optional<DialogTemplate> findDialog(std::span<const std::byte> resourceFile
     return data ? readDialogTemplate(*data, id) : std::nullopt;
 }
 
-std::optional<IconImage> findIcon(std::span<const std::byte> resourceFile, int id, int desiredSize) {
+std::optional<IconImage> findIcon(std::span<const std::byte> resourceFile, int id) {
     const auto group = findResource(resourceFile, TYPE_ICON_GROUP, id);
-    const auto best = group ? bestIconOf(*group, desiredSize) : std::nullopt;
-    const auto data = best ? findResource(resourceFile, TYPE_ICON, *best) : std::nullopt;
+    const auto image = group ? imageOf(*group) : std::nullopt;
+    const auto data = image ? findResource(resourceFile, TYPE_ICON, *image) : std::nullopt;
     return data ? readIconImage(*data) : std::nullopt;
 }

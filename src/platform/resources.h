@@ -14,7 +14,6 @@ std::span<const std::byte> embeddedResources();
 /// Returns nothing when the file has no such dialog or when file or template is damaged.
 std::optional<DialogTemplate> findDialog(std::span<const std::byte> resourceFile, int id);
 
-/// The icon with the given id: of a group's images the one nearest in size to desiredSize pixels (the larger
-/// of two equally near), then the one with the most colours.
+/// The icon with the given id.
 /// Returns nothing when the file has no such icon or when file or icon is damaged.
-std::optional<IconImage> findIcon(std::span<const std::byte> resourceFile, int id, int desiredSize = 32);
+std::optional<IconImage> findIcon(std::span<const std::byte> resourceFile, int id);

@@ -2,7 +2,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <span>
 #include <string_view>
 #include <vector>
 
@@ -19,10 +18,6 @@ public:
         }
         return u16(0);
     }
-    CResourceBuilder& raw(std::span<const std::byte> data) {
-        m_bytes.insert(m_bytes.end(), data.begin(), data.end());
-        return *this;
-    }
     CResourceBuilder& fill(std::size_t count, std::uint8_t value) {
         m_bytes.insert(m_bytes.end(), count, std::byte{value});
         return *this;
@@ -30,12 +25,6 @@ public:
     CResourceBuilder& align() {
         m_bytes.resize((m_bytes.size() + 3) / 4 * 4);
         return *this;
-    }
-    /// One entry of a resource file with a numbered type and id.
-    CResourceBuilder& entry(std::uint32_t type, std::uint32_t id, std::span<const std::byte> data) {
-        const auto size = static_cast<std::uint32_t>(data.size());
-        u32(size).u32(32).ordinal(type).ordinal(id).fill(16, 0);
-        return raw(data).align();
     }
 
     const std::vector<std::byte>& bytes() const { return m_bytes; }
