@@ -103,7 +103,7 @@ protected:
         return rect;
     }
     bool isEnabled(int id) const { return m_pDialog->GetDlgItem(id)->IsWindowEnabled() != FALSE; }
-    bool isShown(int id) const { return m_pDialog->GetDlgItem(id)->IsWindowVisible() != FALSE; }
+    bool isShown(int id) const { return ::IsWindowVisible(m_pDialog->GetDlgItem(id)->m_hWnd) != FALSE; }
     CString caption(int id) const {
         CString text;
         m_pDialog->GetDlgItem(id)->GetWindowText(text);
@@ -130,7 +130,7 @@ TEST_F(ExpandingDialogTest, OpensCollapsedToItsFrame) {
 TEST_F(ExpandingDialogTest, TheToggleExpandsAndCollapses) {
     CTestDialog& dialog = open();
     const CSize collapsed = dialogRect().Size();
-    const CPoint place = dialogRect().TopLeft();
+    const CRect before = dialogRect();
     click(TOGGLE);
     const CSize full = dialogRect().Size();
     EXPECT_GT(full.cx, rectOf(ADVANCED).right - dialogRect().left);
@@ -142,8 +142,8 @@ TEST_F(ExpandingDialogTest, TheToggleExpandsAndCollapses) {
     click(TOGGLE);
     EXPECT_EQ(dialogRect().Size().cx, collapsed.cx);
     EXPECT_EQ(dialogRect().Size().cy, collapsed.cy);
-    EXPECT_EQ(dialogRect().TopLeft().x, place.x);
-    EXPECT_EQ(dialogRect().TopLeft().y, place.y);
+    EXPECT_EQ(dialogRect().left, before.left);
+    EXPECT_EQ(dialogRect().top, before.top);
     EXPECT_EQ(caption(TOGGLE), "More >>");
     EXPECT_FALSE(isEnabled(ADVANCED));
     EXPECT_FALSE(isShown(FRAME));

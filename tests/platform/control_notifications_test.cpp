@@ -3,19 +3,36 @@
 #include <gmock/gmock.h>
 
 #include <QAbstractButton>
-#include <QComboBox>
-#include <QLineEdit>
 #include <QListWidget>
-#include <QSlider>
+#include <QScrollBar>
+#include <QStyleOptionSlider>
 #include <QTabBar>
 #include <QTest>
+
+#include <array>
 
 namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-enum Id { PUSH = 11, TICK, RADIO_A, RADIO_B, RADIO_C, OTHER, EDIT, SPIN, SLIDE, COMBO, LIST, TABS, DRAWN };
+enum Id {
+    PUSH = 11,
+    TICK,
+    RADIO_A,
+    RADIO_B,
+    RADIO_C,
+    OTHER,
+    EDIT,
+    SPIN,
+    SLIDE,
+    COMBO,
+    LIST,
+    TABS,
+    DRAWN,
+    BAR,
+    SEVERAL
+};
 
 class ControlNotifications : public testing::Test {
 protected:
@@ -34,139 +51,210 @@ protected:
             dialogItem(LIST, "ListBox", LBS_NOTIFY | WS_TABSTOP, {70, 60, 60, 40}),
             dialogItem(TABS, "SysTabControl32", WS_TABSTOP, {0, 100, 100, 40}),
             dialogItem(DRAWN, "Button", BS_OWNERDRAW, {110, 110, 20, 20}),
+            dialogItem(BAR, "ScrollBar", 0, {0, 140, 200, 10}),
+            dialogItem(SEVERAL, "ListBox", LBS_NOTIFY | LBS_EXTENDEDSEL | WS_TABSTOP, {140, 60, 60, 60}),
         })));
         ASSERT_TRUE(ui::waitUntilActive(ui::dialog(CRecordingDialog::TEMPLATE_ID)));
         m_dialog.takeHeard();
+    }
+    template <class Control> Control& control(int id) const {
+        return *static_cast<Control*>(m_dialog.GetDlgItem(id));
+    }
+    /// Clicks on a list's row.
+    void clickRow(int id, int row, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        auto& list = m_dialog.at<QListWidget>(id);
+        QTest::mouseClick(list.viewport(), Qt::LeftButton, modifiers,
+                          list.visualItemRect(list.item(row)).center());
+    }
+    void pressIn(int id, std::initializer_list<Qt::Key> keys) {
+        m_dialog.at(id).setFocus();
+        for (const Qt::Key key : keys) {
+            ui::press(key);
+        }
     }
 
     CRecordingDialog m_dialog;
 };
 
-TEST_F(ControlNotifications, ButtonsReportTheirClicks) {
-    ui::click(m_dialog.at(PUSH));
-    ui::click(m_dialog.at(TICK));
-    EXPECT_THAT(m_dialog.takeHeard(), ElementsAre("11 clicked", "12 clicked"));
+TEST_F(ControlNotifications, WhatTheProgramDoesIsNotReported) {
+    auto& combo = control<CComboBox>(COMBO);
+    EXPECT_EQ(combo.SetItemData(combo.AddString("Rock"), 7), 0);
+    EXPECT_EQ(combo.AddString("Grass"), 0);
+    EXPECT_EQ(combo.GetCurSel(), CB_ERR) << "adding selects nothing";
+    combo.SetCurSel(0);
+    EXPECT_EQ(combo.GetItemData(1), 7U);
+    control<CSliderCtrl>(SLIDE).SetRange(1, 10);
+    control<CSliderCtrl>(SLIDE).SetPos(0);
+    EXPECT_EQ(control<CSliderCtrl>(SLIDE).GetPos(), 1) << "held to the range";
+    auto& list = control<CListBox>(LIST);
+    list.SetItemData(list.AddString("rock"), 5);
+    list.SetCurSel(0);
+    EXPECT_EQ(list.GetItemData(0), 5U);
+    EXPECT_EQ(list.GetItemData(1), static_cast<DWORD_PTR>(LB_ERR));
+    control<CTabCtrl>(TABS).InsertItem(0, "Terrain");
+    control<CTabCtrl>(TABS).SetCurSel(0);
+    control<CScrollBar>(BAR).SetScrollRange(0, 99, FALSE);
+    control<CScrollBar>(BAR).SetScrollPos(120);
+    EXPECT_EQ(control<CScrollBar>(BAR).GetScrollPos(), 99);
+    EXPECT_THAT(m_dialog.takeHeard(), IsEmpty());
+}
+
+TEST_F(ControlNotifications, WhatThePersonDoesIs) {
+    for (const char* text : {"Rock", "Grass"}) {
+        control<CComboBox>(COMBO).AddString(text);
+        control<CListBox>(LIST).AddString(text);
+        control<CTabCtrl>(TABS).InsertItem(0, text);
+    }
+    control<CComboBox>(COMBO).SetCurSel(0);
+    control<CSliderCtrl>(SLIDE).SetRange(0, 10);
+    QWidget& spin = m_dialog.at(SPIN);
+    const struct {
+        std::function<void()> act;
+        std::vector<std::string> heard;
+    } cases[] = {
+        {[&] { ui::click(m_dialog.at(TICK)); }, {"12 clicked"}},
+        {[&] { ui::doubleClick(m_dialog.at(DRAWN)); }, {"23 clicked", "23 double-clicked"}},
+        {[&] {
+             ui::type(m_dialog.at(EDIT), "5");
+             ui::click(m_dialog.at(PUSH)); // the edit is left before the click that took its focus
+         },
+         {"17 left", "11 clicked"}},
+        {[&] {
+             ui::click(spin, {spin.width() / 2, spin.height() / 4});
+             ui::click(spin, {spin.width() / 2, 3 * spin.height() / 4});
+             ui::press(Qt::Key_Up); // its buddy has the focus
+             ui::press(Qt::Key_Down);
+         },
+         {"18 steps -1", "18 steps 1", "18 steps -1", "18 steps 1"}},
+        {[&] {
+             pressIn(SLIDE, {Qt::Key_Right, Qt::Key_End});
+         },
+         {"17 left", "19 scrolls 1 0", "19 scrolls 7 0"}},
+        {[&] { pressIn(COMBO, {Qt::Key_Down}); }, {"20 selected"}},
+        {[&] {
+             clickRow(LIST, 1);
+             auto& list = m_dialog.at<QListWidget>(LIST);
+             QTest::mouseDClick(list.viewport(), Qt::LeftButton, Qt::NoModifier,
+                                list.visualItemRect(list.item(1)).center());
+         },
+         {"21 selected", "21 list double-clicked"}},
+        {[&] {
+             auto& tabs = m_dialog.at<QTabBar>(TABS);
+             ui::click(tabs, tabs.tabRect(1).center());
+         },
+         {"22 turned"}},
+        {[&] {
+             for (const int id : {PUSH, RADIO_A, SPIN, DRAWN}) {
+                 m_dialog.GetDlgItem(id)->EnableWindow(FALSE);
+                 ui::click(m_dialog.at(id));
+             }
+         },
+         {}},
+    };
+    for (const auto& [act, heard] : cases) {
+        act();
+        EXPECT_EQ(m_dialog.takeHeard(), heard);
+    }
     EXPECT_EQ(::SendMessage(::GetDlgItem(m_dialog.m_hWnd, TICK), BM_GETCHECK, 0, 0), 1);
+    EXPECT_EQ(control<CComboBox>(COMBO).GetCurSel(), 1);
+    EXPECT_EQ(control<CListBox>(LIST).GetCurSel(), 1);
 }
 
 TEST_F(ControlNotifications, OneRadioButtonOfAGroupIsChecked) {
-    auto& a = m_dialog.at<QAbstractButton>(RADIO_A);
     auto& c = m_dialog.at<QAbstractButton>(RADIO_C);
     ui::click(m_dialog.at(OTHER));
-    ui::click(a);
+    ui::click(m_dialog.at(RADIO_A));
     ui::click(c);
     ui::click(c);
-    EXPECT_FALSE(a.isChecked());
+    EXPECT_FALSE(m_dialog.at<QAbstractButton>(RADIO_A).isChecked());
     EXPECT_TRUE(c.isChecked()) << "a second click takes nothing away";
     EXPECT_TRUE(m_dialog.at<QAbstractButton>(OTHER).isChecked()) << "it is another group's";
     EXPECT_THAT(m_dialog.takeHeard(), ElementsAre("16 clicked", "13 clicked", "15 clicked", "15 clicked"));
 }
 
-TEST_F(ControlNotifications, AnEditIsLeftBeforeTheClickThatTookItsFocus) {
-    ui::type(m_dialog.at(EDIT), "5");
-    ui::click(m_dialog.at(PUSH));
-    EXPECT_THAT(m_dialog.takeHeard(), ElementsAre("17 left", "11 clicked"));
-}
-
-TEST_F(ControlNotifications, ArrowsOfAnUpDownStepByClickAndByKey) {
-    QWidget& spin = m_dialog.at(SPIN);
-    ui::click(spin, {spin.width() / 2, spin.height() / 4});
-    ui::click(spin, {spin.width() / 2, 3 * spin.height() / 4});
-    EXPECT_TRUE(m_dialog.at(EDIT).hasFocus()) << "its buddy takes the focus";
-    ui::press(Qt::Key_Up);
-    ui::press(Qt::Key_Down);
-    EXPECT_THAT(m_dialog.takeHeard(), ElementsAre("18 steps -1", "18 steps 1", "18 steps -1", "18 steps 1"));
-}
-
 TEST_F(ControlNotifications, AVetoedStepLeavesThePosition) {
-    auto* const spin = static_cast<CSpinButtonCtrl*>(m_dialog.GetDlgItem(SPIN));
-    spin->SetPos(50);
-    m_dialog.at(EDIT).setFocus();
-    ui::press(Qt::Key_Up);
-    EXPECT_EQ(spin->GetPos(), 49);
+    auto& arrows = control<CSpinButtonCtrl>(SPIN);
+    arrows.SetPos(50);
+    pressIn(EDIT, {Qt::Key_Up});
     m_dialog.veto = 1;
-    ui::press(Qt::Key_Up);
-    EXPECT_EQ(spin->GetPos(), 49);
-}
-
-TEST_F(ControlNotifications, SlidersReportTheUsersMovesOnly) {
-    auto* const slider = static_cast<CSliderCtrl*>(m_dialog.GetDlgItem(SLIDE));
-    slider->SetRange(1, 10);
-    slider->SetPos(0);
-    EXPECT_EQ(slider->GetPos(), 1) << "held to the range";
-    EXPECT_THAT(m_dialog.takeHeard(), IsEmpty());
-    m_dialog.at(SLIDE).setFocus();
-    ui::press(Qt::Key_Right);
-    ui::press(Qt::Key_End);
-    EXPECT_EQ(slider->GetPos(), 10);
-    EXPECT_THAT(m_dialog.takeHeard(), ElementsAre("19 scrolls 1 0", "19 scrolls 7 0"));
+    pressIn(EDIT, {Qt::Key_Up});
+    EXPECT_EQ(arrows.GetPos(), 49);
 }
 
 TEST_F(ControlNotifications, SlidersAnswerAClickAtAnyHeight) {
-    auto* const slider = static_cast<CSliderCtrl*>(m_dialog.GetDlgItem(SLIDE));
+    auto& slider = control<CSliderCtrl>(SLIDE);
     QWidget& widget = m_dialog.at(SLIDE);
-    slider->SetRange(0, 10);
+    slider.SetRange(0, 10);
     for (int y = 0; y < widget.height(); ++y) {
-        slider->SetPos(0);
+        slider.SetPos(0);
         ui::click(widget, {widget.width() - 3, y});
-        EXPECT_EQ(slider->GetPos(), 2) << "a page, clicked at " << y << " of " << widget.height();
+        EXPECT_EQ(slider.GetPos(), 2) << "a page, clicked at " << y << " of " << widget.height();
     }
 }
 
-TEST_F(ControlNotifications, CombosSortAndReportTheUsersChoiceOnly) {
-    auto* const combo = static_cast<CComboBox*>(m_dialog.GetDlgItem(COMBO));
-    EXPECT_EQ(combo->SetItemData(combo->AddString("Rock"), 7), 0);
-    EXPECT_EQ(combo->AddString("Grass"), 0);
-    combo->SetItemData(0, 9);
-    EXPECT_EQ(combo->GetCurSel(), CB_ERR) << "adding selects nothing";
-    combo->SetCurSel(0);
-    EXPECT_EQ(combo->GetItemData(1), 7U);
-    EXPECT_THAT(m_dialog.takeHeard(), IsEmpty());
-    m_dialog.at(COMBO).setFocus();
-    ui::press(Qt::Key_Down);
-    EXPECT_EQ(combo->GetCurSel(), 1);
-    EXPECT_THAT(m_dialog.takeHeard(), ElementsAre("20 selected"));
-}
-
-TEST_F(ControlNotifications, ListsReportSelectionAndDoubleClick) {
-    auto* const list = static_cast<CListBox*>(m_dialog.GetDlgItem(LIST));
-    list->AddString("-NONE-");
-    list->SetItemData(list->AddString("rock"), 5);
-    list->SetCurSel(0);
-    EXPECT_THAT(m_dialog.takeHeard(), IsEmpty());
-    auto& widget = m_dialog.at<QListWidget>(LIST);
-    const QPoint second = widget.visualItemRect(widget.item(1)).center();
-    ui::click(*widget.viewport(), second);
-    QTest::mouseDClick(widget.viewport(), Qt::LeftButton, Qt::NoModifier, second);
-    EXPECT_EQ(list->GetCurSel(), 1);
-    EXPECT_EQ(list->GetItemData(1), 5U);
-    EXPECT_EQ(list->GetItemData(2), static_cast<DWORD_PTR>(LB_ERR));
-    EXPECT_THAT(m_dialog.takeHeard(), ElementsAre("21 selected", "21 list double-clicked"));
-}
-
-TEST_F(ControlNotifications, TabsReportTheUsersTurnsOnly) {
-    auto* const tabs = static_cast<CTabCtrl*>(m_dialog.GetDlgItem(TABS));
-    tabs->InsertItem(0, "Terrain");
-    tabs->InsertItem(1, "Details");
-    tabs->SetCurSel(0);
-    EXPECT_THAT(m_dialog.takeHeard(), IsEmpty());
-    auto& widget = m_dialog.at<QTabBar>(TABS);
-    ui::click(widget, widget.tabRect(1).center());
-    EXPECT_EQ(tabs->GetCurSel(), 1);
-    EXPECT_THAT(m_dialog.takeHeard(), ElementsAre("22 turned"));
-}
-
-TEST_F(ControlNotifications, OwnerDrawnButtonsReportDoubleClicks) {
-    ui::doubleClick(m_dialog.at(DRAWN));
-    EXPECT_THAT(m_dialog.takeHeard(), ElementsAre("23 clicked", "23 double-clicked"));
-}
-
-TEST_F(ControlNotifications, DisabledControlsHearNoMouse) {
-    for (const int id : {PUSH, RADIO_A, SPIN, DRAWN}) {
-        m_dialog.GetDlgItem(id)->EnableWindow(FALSE);
-        ui::click(m_dialog.at(id));
+TEST_F(ControlNotifications, ScrollBarsTellHowTheyWereMovedAndShowWhatTheParentSays) {
+    control<CScrollBar>(BAR).SetScrollRange(0, 99, FALSE);
+    control<CScrollBar>(BAR).SetScrollPos(50);
+    auto& bar = m_dialog.at<QScrollBar>(BAR);
+    QStyleOptionSlider option;
+    option.initFrom(&bar);
+    option.orientation = Qt::Horizontal;
+    option.maximum = 99;
+    option.pageStep = bar.pageStep();
+    option.sliderPosition = option.sliderValue = 50;
+    const auto middleOf = [&](QStyle::SubControl part) {
+        return bar.style()->subControlRect(QStyle::CC_ScrollBar, &option, part, &bar).center();
+    };
+    for (const auto part : {QStyle::SC_ScrollBarSubLine, QStyle::SC_ScrollBarAddLine,
+                            QStyle::SC_ScrollBarSubPage, QStyle::SC_ScrollBarAddPage}) {
+        ui::click(bar, middleOf(part));
     }
+    pressIn(BAR, {Qt::Key_Home, Qt::Key_End});
+    EXPECT_THAT(m_dialog.takeHeard(), ElementsAre("24 scrolls 0 0", "24 scrolls 1 0", "24 scrolls 2 0",
+                                                  "24 scrolls 3 0", "24 scrolls 6 0", "24 scrolls 7 0"));
+    EXPECT_EQ(bar.value(), 50) << "the parent did not move it";
+    const QPoint thumb = middleOf(QStyle::SC_ScrollBarSlider);
+    QTest::mousePress(&bar, Qt::LeftButton, Qt::NoModifier, thumb);
+    QTest::mouseMove(&bar, thumb + QPoint(40, 0));
+    const std::string dragged = std::to_string(bar.value());
+    QTest::mouseRelease(&bar, Qt::LeftButton, Qt::NoModifier, thumb + QPoint(40, 0));
+    EXPECT_GT(bar.value(), 50);
+    EXPECT_THAT(m_dialog.takeHeard(),
+                ElementsAre("24 scrolls 5 " + dragged, "24 scrolls 4 " + dragged, "24 scrolls 8 0"));
+}
+
+TEST_F(ControlNotifications, ListsOfSeveralHaveASelectionAndACaret) {
+    auto& list = control<CListBox>(SEVERAL);
+    for (const char* text : {"b.wav", "Birds.wav", "wind.wav", "<END>"}) {
+        list.AddString(text);
+    }
+    EXPECT_EQ(list.GetCaretIndex(), 0) << "before anybody has moved it";
+    EXPECT_EQ(list.FindString(-1, "BIRDS"), 1);
+    EXPECT_EQ(list.FindString(1, "b"), 0) << "goes round";
+    EXPECT_EQ(list.FindString(-1, "rain"), LB_ERR);
+    clickRow(SEVERAL, 3);
+    clickRow(SEVERAL, 1, Qt::ShiftModifier);
+    clickRow(SEVERAL, 2, Qt::ControlModifier);
+    EXPECT_THAT(m_dialog.takeHeard(), ElementsAre("25 selected", "25 selected", "25 selected"));
+    std::array<int, 4> chosen{};
+    ASSERT_EQ(list.GetSelItems(4, chosen.data()), 2);
+    EXPECT_THAT(chosen, ElementsAre(1, 3, 0, 0));
+    EXPECT_EQ(list.GetCaretIndex(), 2);
+    EXPECT_EQ(list.InsertString(2, "rain.wav"), 2);
+    EXPECT_EQ(list.GetCaretIndex(), 3) << "it stays with its item";
+    list.SetSel(-1, FALSE);
+    list.SetSel(2);
+    list.SetCaretIndex(0);
+    EXPECT_EQ(list.GetSelCount(), 1);
+    EXPECT_EQ(list.DeleteString(2), 4);
+    EXPECT_EQ(list.GetSelCount(), 0);
     EXPECT_THAT(m_dialog.takeHeard(), IsEmpty());
+    auto& widget = m_dialog.at<QListWidget>(SEVERAL);
+    widget.setFocus();
+    const QRect first = widget.visualItemRect(widget.item(0));
+    const QImage withCaret = widget.viewport()->grab(first).toImage();
+    list.SetCaretIndex(3);
+    EXPECT_NE(widget.viewport()->grab(first).toImage(), withCaret) << "the caret is seen";
 }
 
 } // namespace

@@ -29,7 +29,7 @@ protected:
     afx_msg void OnLButtonUp(UINT, CPoint point) {
         CRect client;
         GetClientRect(client);
-        note(client.PtInRect(point) ? "up" : "up outside");
+        note(point.x < client.right ? "up" : "up outside");
         ::ReleaseCapture();
     }
     afx_msg void OnDoubleClicked() { note("double-clicked"); }

@@ -38,20 +38,11 @@ protected:
         m_log.emplace_back("gone");
         delete this;
     }
-    afx_msg void OnDestroy() {
-        m_log.emplace_back("destroyed");
-        CRecordingDialog::OnDestroy();
-    }
-    DECLARE_MESSAGE_MAP()
 
 private:
     std::vector<std::string>& m_log;
     CButton m_button;
 };
-
-BEGIN_MESSAGE_MAP(CSelfOwned, CRecordingDialog)
-ON_WM_DESTROY()
-END_MESSAGE_MAP()
 
 class WindowLifetime : public testing::Test {
 protected:
@@ -81,7 +72,7 @@ TEST_F(WindowLifetime, AWindowMayEndInItsOwnHandler) {
     };
     const QPointer<QWidget> button = &dialog->at(PUSH);
     ui::click(*button);
-    EXPECT_THAT(m_log, ElementsAre("destroyed", "gone", "deleted"));
+    EXPECT_THAT(m_log, ElementsAre("gone", "deleted"));
     EXPECT_TRUE(noDialog());
     ui::settle();
     EXPECT_EQ(button, nullptr);
@@ -96,16 +87,7 @@ TEST_F(WindowLifetime, AnEndingWindowReportsNoLostFocus) {
     EXPECT_THAT(dialog.takeHeard(), IsEmpty());
 }
 
-TEST_F(WindowLifetime, TheOwnersEndIsTheDialogsEnd) {
-    auto host = std::make_unique<QWidget>();
-    host->show();
-    open(CWnd::FromHandle(reinterpret_cast<HWND>(host->winId())));
-    host.reset();
-    EXPECT_THAT(m_log, ElementsAre("destroyed", "gone", "deleted"));
-    EXPECT_TRUE(noDialog());
-}
-
-TEST_F(WindowLifetime, TheEndOfAHostsViewIsNot) {
+TEST_F(WindowLifetime, TheHostsWindowEndsItAndTheHostsViewDoesNot) {
     auto host = std::make_unique<QWidget>();
     auto* const view = new QWidget(host.get());
     host->show();
@@ -114,7 +96,7 @@ TEST_F(WindowLifetime, TheEndOfAHostsViewIsNot) {
     EXPECT_THAT(m_log, IsEmpty());
     EXPECT_EQ(panel->GetParent(), nullptr);
     host.reset();
-    EXPECT_THAT(m_log, ElementsAre("destroyed", "gone", "deleted"));
+    EXPECT_THAT(m_log, ElementsAre("gone", "deleted"));
 }
 
 TEST_F(WindowLifetime, AModalDialogGivesItsResult) {
@@ -159,62 +141,29 @@ TEST_F(WindowLifetime, AModalDialogMayEndBeforeItIsShown) {
     EXPECT_EQ(unknown.DoModal(), -1);
 }
 
-TEST_F(WindowLifetime, AHostMayEndThePanelUnderItsModalDialog) {
-    CSelfOwned* const panel = open();
-    INT_PTR result = 0;
-    panel->onNote = [&](const std::string& heard) {
-        if (heard == "11 clicked") {
+TEST_F(WindowLifetime, AHostMayEndThePanelUnderWhatStandsOverIt) {
+    const std::function<INT_PTR(CWnd*)> overs[] = {
+        [](CWnd* panel) {
             CDialog child;
             child.InitModalIndirect(layout(), panel);
-            QTimer::singleShot(0, [panel] { delete panel; });
-            result = child.DoModal();
-        }
+            return child.DoModal();
+        },
+        [](CWnd*) { return INT_PTR{AfxMessageBox("Go on?", MB_YESNOCANCEL | MB_ICONQUESTION)}; },
     };
-    ui::click(panel->at(PUSH));
-    EXPECT_EQ(result, IDCANCEL);
-    EXPECT_THAT(m_log, ElementsAre("deleted"));
-    EXPECT_TRUE(noDialog());
-}
-
-TEST_F(WindowLifetime, AHostMayEndThePanelUnderItsMessageBox) {
-    CSelfOwned* const panel = open();
-    int answer = 0;
-    panel->onNote = [&](const std::string& heard) {
-        if (heard == "11 clicked") {
-            QTimer::singleShot(0, [panel] { delete panel; });
-            answer = AfxMessageBox("Go on?", MB_YESNOCANCEL | MB_ICONQUESTION);
-        }
-    };
-    ui::click(panel->at(PUSH));
-    EXPECT_EQ(answer, IDCANCEL);
-    EXPECT_TRUE(noDialog());
-}
-
-TEST_F(WindowLifetime, PostedMessagesDieWithTheirWindow) {
-    CSelfOwned* const dialog = open();
-    const HWND window = dialog->m_hWnd;
-    EXPECT_TRUE(dialog->PostMessage(WM_COMMAND, IDOK));
-    delete dialog;
-    ui::settle();
-    EXPECT_FALSE(::IsWindow(window));
-    EXPECT_EQ(::SendMessage(window, WM_COMMAND, IDOK, 0), 0);
-}
-
-/// Takes messages of its own.
-class CAnswering : public CRecordingDialog {
-protected:
-    LRESULT onOwn(WPARAM wParam, LPARAM lParam) { return static_cast<LRESULT>(wParam) + lParam; }
-    DECLARE_MESSAGE_MAP()
-};
-BEGIN_MESSAGE_MAP(CAnswering, CRecordingDialog)
-ON_MESSAGE(2025, &CAnswering::onOwn)
-END_MESSAGE_MAP()
-
-TEST_F(WindowLifetime, OwnMessagesAreAnsweredAtOnce) {
-    CAnswering dialog;
-    ASSERT_TRUE(dialog.CreateIndirect(layout()));
-    EXPECT_EQ(dialog.SendMessage(2025, 40, 2), 42);
-    EXPECT_EQ(dialog.SendMessage(2026, 40, 2), 0);
+    for (const auto& over : overs) {
+        CSelfOwned* const panel = open();
+        INT_PTR answer = 0;
+        panel->onNote = [&](const std::string& heard) {
+            if (heard == "11 clicked") {
+                QTimer::singleShot(0, [panel] { delete panel; });
+                answer = over(panel);
+            }
+        };
+        ui::click(panel->at(PUSH));
+        EXPECT_EQ(answer, IDCANCEL);
+        EXPECT_TRUE(noDialog());
+    }
+    EXPECT_THAT(m_log, ElementsAre("deleted", "deleted"));
 }
 
 } // namespace
