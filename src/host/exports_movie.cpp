@@ -1,7 +1,7 @@
 #include "host/export_scope.h"
+#include "host/host_service.h"
 #include "host/veskutil.h"
 #include "module/module_state.h"
-#include "platform/framework/win_app.h"
 #include "sound/sound_manager.h"
 
 void vuCreateMovieEditor(HWND /*host*/, qxCMovie* /*movie*/, bool /*showClose*/) {
@@ -37,7 +37,7 @@ void vuMovieCameraAltered(qxCCamera* /*camera*/, bool /*finished*/) {
 
 void vuSoundUpdate() {
     runExport([] {
-        AfxServeWindows();
+        serveHostWithoutLoop();
         if (g_bMovieEditorActive) {
             g_soundManager.update();
         }

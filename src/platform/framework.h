@@ -13,6 +13,7 @@
 #include "platform/framework/controls/spin_button_ctrl.h"
 #include "platform/framework/controls/static.h"
 #include "platform/framework/controls/tab_ctrl.h"
+#include "platform/framework/controls/tool_tip_ctrl.h"
 #include "platform/framework/data_exchange.h"
 #include "platform/framework/dialog.h"
 #include "platform/framework/drawing/dc.h"

@@ -31,6 +31,7 @@ using HGDIOBJ = struct HGDIOBJ__*;
 using HICON = struct HICON__*;
 using HCURSOR = struct HICON__*;
 using HINSTANCE = struct HINSTANCE__*;
+using HRGN = struct HRGN__*;
 using HBRUSH = HGDIOBJ;
 using HBITMAP = HGDIOBJ;
 using POSITION = struct POSITION__*;

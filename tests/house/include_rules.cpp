@@ -3,8 +3,7 @@
 #include <algorithm>
 #include <fstream>
 #include <optional>
-#include <set>
-#include <string_view>
+#include <regex>
 
 namespace house {
 namespace {
@@ -21,28 +20,32 @@ struct Room {
 };
 
 const std::vector<Room>& rooms() {
+    using enum System;
     static const std::vector<Room> ALL = {
-        {"src/engine/", {"engine/qx_"}, System::STANDARD_ONLY},
-        {"src/engine/memory/", {"engine/"}, System::POSIX_TOO},
-        {"src/platform/", {"platform/"}, System::STANDARD_ONLY},
-        {"src/platform/qt/", {"platform/"}, System::QT_TOO},
-        {"src/platform/openal/", {"platform/"}, System::OPEN_AL_TOO},
-        {"src/module/", {"module/", "platform/"}, System::STANDARD_ONLY},
-        {"src/controls/",
-         {"controls/", "module/", "platform/", "engine/qx_", "resources/"},
-         System::STANDARD_ONLY},
-        {"src/sound/", {"sound/", "module/", "platform/", "engine/qx_"}, System::STANDARD_ONLY},
+        {"src/engine/", {"engine/qx_"}, STANDARD_ONLY},
+        {"src/engine/memory/", {"engine/"}, POSIX_TOO},
+        {"src/platform/",
+         {"platform/framework", "platform/windows", "platform/resources.h", "platform/dialog_template.h",
+          "platform/icon_image.h", "platform/byte_reader.h", "platform/cstring.h", "platform/com.h",
+          "platform/direct_sound.h", "platform/multimedia_io.h", "platform/wave_format.h",
+          "platform/window_handle.h"},
+         STANDARD_ONLY},
+        {"src/platform/qt/", {"platform/"}, QT_TOO},
+        {"src/platform/openal/", {"platform/"}, OPEN_AL_TOO},
+        {"src/module/", {"module/", "platform/"}, STANDARD_ONLY},
+        {"src/controls/", {"controls/", "module/", "platform/", "engine/qx_", "resources/"}, STANDARD_ONLY},
+        {"src/sound/", {"sound/", "module/", "platform/", "engine/qx_"}, STANDARD_ONLY},
         {"src/terrain/",
          {"terrain/", "controls/", "sound/", "module/", "platform/", "engine/qx_", "resources/"},
-         System::STANDARD_ONLY},
+         STANDARD_ONLY},
         {"src/movie/",
          {"movie/", "controls/", "sound/", "module/", "platform/", "engine/qx_", "resources/"},
-         System::STANDARD_ONLY},
+         STANDARD_ONLY},
         {"src/host/",
          {"host/", "terrain/", "movie/", "controls/", "sound/", "module/", "platform/", "engine/qx_",
           "resources/"},
-         System::STANDARD_ONLY},
-        {"sandbox/", {"sandbox/", "host/veskutil.h", "engine/"}, System::ANYTHING},
+         STANDARD_ONLY},
+        {"sandbox/", {"sandbox/", "host/veskutil.h", "engine/"}, ANYTHING},
     };
     return ALL;
 }
@@ -58,81 +61,44 @@ const Room* roomOf(const std::string& file) {
     return found;
 }
 
-bool isStandardHeader(const std::string& name) {
-    return std::all_of(name.begin(), name.end(),
-                       [](char c) { return (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') || c == '_'; });
-}
-
-bool isQtHeader(const std::string& name) {
-    return name.starts_with("Q") || name.starts_with("qpa/") || name.starts_with("qt");
-}
-
-bool isOpenAlHeader(const std::string& name) {
-    return name.starts_with("AL/");
-}
-
 std::optional<std::string> refuseSystem(System allowed, const std::string& name) {
-    if (allowed == System::ANYTHING || isStandardHeader(name)) {
+    static const std::regex STANDARD("[a-z0-9_]+");
+    static const std::regex QT("(Q|qpa/|qt).*");
+    if (allowed == System::ANYTHING || std::regex_match(name, STANDARD)) {
         return std::nullopt;
     }
-    if (isQtHeader(name)) {
-        return allowed == System::QT_TOO ? std::nullopt : std::optional<std::string>("this room knows no Qt");
-    }
-    if (isOpenAlHeader(name)) {
-        return allowed == System::OPEN_AL_TOO ? std::nullopt
-                                              : std::optional<std::string>("this room knows no OpenAL");
-    }
-    if (allowed == System::STANDARD_ONLY) {
-        return "this room knows no system header";
-    }
-    return std::nullopt;
+    const bool fits = std::regex_match(name, QT) ? allowed == System::QT_TOO
+                      : name.starts_with("AL/")  ? allowed == System::OPEN_AL_TOO
+                                                 : allowed != System::STANDARD_ONLY;
+    return fits ? std::nullopt : std::optional<std::string>("this room does not know that system");
 }
 
-std::optional<std::string> refuseQuoted(const Room& room, const std::string& target) {
-    const bool allowed = std::any_of(room.mayUse.begin(), room.mayUse.end(),
-                                     [&](const std::string& prefix) { return target.starts_with(prefix); });
-    if (!allowed) {
-        return "not below " + room.prefix;
+std::optional<std::string> refuse(const Room& room, const Include& include) {
+    if (!include.quoted) {
+        return refuseSystem(room.system, include.target);
     }
-    if (room.prefix == "src/platform/" &&
-        (target.starts_with("platform/qt/") || target.starts_with("platform/openal/"))) {
-        return "only the back end itself includes its headers";
-    }
-    return std::nullopt;
+    const bool allowed = std::ranges::any_of(
+        room.mayUse, [&](const std::string& prefix) { return include.target.starts_with(prefix); });
+    return allowed ? std::nullopt : std::optional("not below " + room.prefix);
 }
 
-/// The include directive on a line, if it has one.
-std::optional<Include> parseLine(std::string_view text, int line) {
-    const auto skipSpace = [&text] {
-        text.remove_prefix(std::min(text.find_first_not_of(" \t"), text.size()));
-    };
-    skipSpace();
-    if (!text.starts_with('#')) {
-        return std::nullopt;
-    }
-    text.remove_prefix(1);
-    skipSpace();
-    if (!text.starts_with("include")) {
-        return std::nullopt;
-    }
-    const std::size_t opening = text.find_first_of("<\"");
-    const std::size_t closing = text.find_last_of(">\"");
-    if (opening == std::string_view::npos || closing <= opening) {
-        return std::nullopt;
-    }
-    return Include{std::string(text.substr(opening + 1, closing - opening - 1)), text[opening] == '"', line};
-}
-
-std::vector<Include> readFile(const fs::path& path) {
-    std::vector<Include> found;
+std::string readText(const fs::path& path) {
     std::ifstream stream(path);
-    std::string text;
-    for (int line = 1; std::getline(stream, text); ++line) {
-        if (const std::optional<Include> include = parseLine(text, line)) {
-            found.push_back(*include);
-        }
+    return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+/// What the expression's first group matches, from its first match to its last.
+std::vector<std::string> matches(const std::string& text, const std::regex& expression) {
+    std::vector<std::string> found;
+    for (std::sregex_iterator match(text.begin(), text.end(), expression), end; match != end; ++match) {
+        found.push_back(match->str(1));
     }
     return found;
+}
+
+/// A header and the source beside it are one thing.
+std::string unitOf(const std::string& file) {
+    return file.substr(0, file.rfind('.'));
 }
 
 /// The project file that a quoted include names, or an empty text.
@@ -145,23 +111,19 @@ std::string resolve(const IncludeMap& includes, const std::string& target) {
     return {};
 }
 
-/// A header and the source beside it are one thing.
-std::string unitOf(const std::string& file) {
-    return file.substr(0, file.rfind('.'));
-}
-
 } // namespace
 
 IncludeMap readIncludes(const fs::path& root) {
+    static const std::regex LINE("(?:^|\n)[ \t]*#[ \t]*include[ \t]*([<\"][^>\"]+)");
     IncludeMap includes;
     for (const char* top : {"src", "sandbox"}) {
-        if (!fs::exists(root / top)) {
-            continue;
-        }
         for (const fs::directory_entry& entry : fs::recursive_directory_iterator(root / top)) {
             const std::string extension = entry.path().extension().string();
             if (extension == ".h" || extension == ".cpp") {
-                includes[fs::relative(entry.path(), root).generic_string()] = readFile(entry.path());
+                std::vector<Include>& lines = includes[fs::relative(entry.path(), root).generic_string()];
+                for (const std::string& target : matches(readText(entry.path()), LINE)) {
+                    lines.push_back({target.substr(1), target.front() == '"'});
+                }
             }
         }
     }
@@ -177,12 +139,8 @@ std::vector<std::string> findFloorViolations(const IncludeMap& includes) {
             continue;
         }
         for (const Include& include : lines) {
-            const std::optional<std::string> reason = include.quoted
-                                                          ? refuseQuoted(*room, include.target)
-                                                          : refuseSystem(room->system, include.target);
-            if (reason) {
-                found.push_back(file + ":" + std::to_string(include.line) + " includes " + include.target +
-                                ": " + *reason);
+            if (const std::optional<std::string> reason = refuse(*room, include)) {
+                found.push_back(file + " includes " + include.target + ": " + *reason);
             }
         }
     }
@@ -219,11 +177,41 @@ std::vector<std::vector<std::string>> findUnitCircles(const IncludeMap& includes
             continue;
         }
         std::vector<std::string>& circle = circles.emplace_back();
-        std::copy_if(all.begin(), all.end(), std::back_inserter(circle),
-                     [&](const std::string& other) { return reached.at(other).contains(unit); });
+        std::ranges::copy_if(all, std::back_inserter(circle),
+                             [&](const std::string& other) { return reached.at(other).contains(unit); });
         named.insert(circle.begin(), circle.end());
     }
     return circles;
+}
+
+std::map<std::string, std::set<std::string>> findInventedNames(const fs::path& root) {
+    static const std::regex FUNCTION("\n(?:inline )?[A-Za-z][\\w:<>, ]*[ *&]+(\\w+)\\(");
+    static const std::regex TYPE("\n(?:template <[^>]*> )?(?:class|struct) (\\w+) \\{");
+    static const std::regex COMMENT("//[^\n]*");
+    static const std::regex WORD("([A-Za-z_]\\w*)");
+    std::set<std::string> ours;
+    for (const char* header : {"windows/back_end.h", "framework/message_state.h", "framework/number_text.h",
+                               "dialog_template.h", "resources.h", "icon_image.h", "byte_reader.h"}) {
+        const std::string text = readText(root / "src/platform" / header);
+        for (const std::regex& declared : {FUNCTION, TYPE}) {
+            const std::vector<std::string> names = matches(text, declared);
+            ours.insert(names.begin(), names.end());
+        }
+    }
+    std::map<std::string, std::set<std::string>> users;
+    for (const auto& [file, lines] : readIncludes(root)) {
+        if (!file.starts_with("src/") || file.starts_with("src/platform/") ||
+            file.starts_with("src/engine/")) {
+            continue;
+        }
+        for (const std::string& word :
+             matches(std::regex_replace(readText(root / file), COMMENT, ""), WORD)) {
+            if (ours.contains(word)) {
+                users[word].insert(file);
+            }
+        }
+    }
+    return users;
 }
 
 } // namespace house

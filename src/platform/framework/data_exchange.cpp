@@ -1,6 +1,7 @@
 #include "platform/framework/data_exchange.h"
 
 #include "platform/framework/message_box.h"
+#include "platform/framework/message_state.h"
 #include "platform/framework/number_text.h"
 #include "platform/framework/user_exception.h"
 #include "platform/framework/wnd.h"
@@ -30,26 +31,23 @@ void exchangeNumber(CDataExchange& exchange, int id, Number& value, const char* 
     }
 }
 
-template <class Number>
-void checkLimits(CDataExchange& exchange, Number value, Number low, Number high, const char* kind) {
-    if (exchange.m_bSaveAndValidate != FALSE && !(low <= value && value <= high)) {
-        const std::string prompt =
-            std::string("Enter ") + kind + " between " + writeNumber(low) + " and " + writeNumber(high) + ".";
-        refuse(exchange, prompt.c_str());
-    }
-}
-
-/// Moves an index between a member and the control's get and set messages.
-void exchangeIndex(CDataExchange& exchange, int id, int& index, UINT getMessage, UINT setMessage) {
-    const HWND control = exchange.PrepareCtrl(id);
-    if (exchange.m_bSaveAndValidate != FALSE) {
-        index = static_cast<int>(::SendMessage(control, getMessage, 0, 0));
-    } else {
-        ::SendMessage(control, setMessage, static_cast<WPARAM>(index), 0);
-    }
-}
-
 } // namespace
+
+BOOL CWnd::UpdateData(BOOL bSaveAndValidate) {
+    if (m_hWnd == nullptr) {
+        return FALSE;
+    }
+    CDataExchange exchange(this, bSaveAndValidate);
+    // A message box during the exchange takes the focus from an edit. Its handler would start another
+    // exchange and another box: the dialog hears no notification until this one is over.
+    const CStateScope lockout(messageState().lockedOut, m_hWnd);
+    try {
+        DoDataExchange(&exchange);
+    } catch (const CUserException&) {
+        return FALSE; // the user has been told
+    }
+    return TRUE;
+}
 
 CDataExchange::CDataExchange(CWnd* pDlgWnd, BOOL bSaveAndValidate)
     : m_bSaveAndValidate(bSaveAndValidate), m_pDlgWnd(pDlgWnd) {}
@@ -89,13 +87,7 @@ void DDX_Control(CDataExchange* pDX, int nIDC, CWnd& rControl) {
 void DDX_Text(CDataExchange* pDX, int nIDC, int& value) {
     exchangeNumber(*pDX, nIDC, value, "Enter an integer.");
 }
-void DDX_Text(CDataExchange* pDX, int nIDC, UINT& value) {
-    exchangeNumber(*pDX, nIDC, value, "Enter a positive integer.");
-}
 void DDX_Text(CDataExchange* pDX, int nIDC, float& value) {
-    exchangeNumber(*pDX, nIDC, value, "Enter a number.");
-}
-void DDX_Text(CDataExchange* pDX, int nIDC, double& value) {
     exchangeNumber(*pDX, nIDC, value, "Enter a number.");
 }
 
@@ -109,7 +101,12 @@ void DDX_Text(CDataExchange* pDX, int nIDC, CString& value) {
 }
 
 void DDX_Check(CDataExchange* pDX, int nIDC, int& value) {
-    exchangeIndex(*pDX, nIDC, value, BM_GETCHECK, BM_SETCHECK);
+    const HWND control = pDX->PrepareCtrl(nIDC);
+    if (pDX->m_bSaveAndValidate != FALSE) {
+        value = static_cast<int>(::SendMessage(control, BM_GETCHECK, 0, 0));
+    } else {
+        ::SendMessage(control, BM_SETCHECK, static_cast<WPARAM>(value), 0);
+    }
 }
 
 void DDX_Radio(CDataExchange* pDX, int nIDC, int& value) {
@@ -142,30 +139,10 @@ void DDX_Slider(CDataExchange* pDX, int nIDC, int& value) {
     }
 }
 
-void DDX_CBIndex(CDataExchange* pDX, int nIDC, int& index) {
-    exchangeIndex(*pDX, nIDC, index, CB_GETCURSEL, CB_SETCURSEL);
-}
-void DDX_LBIndex(CDataExchange* pDX, int nIDC, int& index) {
-    exchangeIndex(*pDX, nIDC, index, LB_GETCURSEL, LB_SETCURSEL);
-}
-
 void DDV_MinMaxInt(CDataExchange* pDX, int value, int minVal, int maxVal) {
-    checkLimits(*pDX, value, minVal, maxVal, "an integer");
-}
-void DDV_MinMaxUInt(CDataExchange* pDX, UINT value, UINT minVal, UINT maxVal) {
-    checkLimits(*pDX, value, minVal, maxVal, "an integer");
-}
-void DDV_MinMaxFloat(CDataExchange* pDX, const float& value, float minVal, float maxVal) {
-    checkLimits(*pDX, value, minVal, maxVal, "a number");
-}
-void DDV_MinMaxDouble(CDataExchange* pDX, const double& value, double minVal, double maxVal) {
-    checkLimits(*pDX, value, minVal, maxVal, "a number");
-}
-
-void DDV_MaxChars(CDataExchange* pDX, const CString& value, int nChars) {
-    if (pDX->m_bSaveAndValidate != FALSE && value.GetLength() > nChars) {
+    if (pDX->m_bSaveAndValidate != FALSE && !(minVal <= value && value <= maxVal)) {
         CString prompt;
-        prompt.Format("Enter no more than %d characters.", nChars);
+        prompt.Format("Enter an integer between %d and %d.", minVal, maxVal);
         refuse(*pDX, prompt);
     }
 }

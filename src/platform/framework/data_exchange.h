@@ -28,9 +28,7 @@ void DDX_Control(CDataExchange* pDX, int nIDC, CWnd& rControl);
 
 // Texts and numbers of edits and statics. What is not a number is refused with the framework's message.
 void DDX_Text(CDataExchange* pDX, int nIDC, int& value);
-void DDX_Text(CDataExchange* pDX, int nIDC, UINT& value);
 void DDX_Text(CDataExchange* pDX, int nIDC, float& value);
-void DDX_Text(CDataExchange* pDX, int nIDC, double& value);
 void DDX_Text(CDataExchange* pDX, int nIDC, CString& value);
 
 /// 0 unticked, 1 ticked.
@@ -38,14 +36,6 @@ void DDX_Check(CDataExchange* pDX, int nIDC, int& value);
 /// The place of the checked button in its group, whose first button is nIDC; -1 for none.
 void DDX_Radio(CDataExchange* pDX, int nIDC, int& value);
 void DDX_Slider(CDataExchange* pDX, int nIDC, int& value);
-/// The selected position, -1 for none.
-void DDX_CBIndex(CDataExchange* pDX, int nIDC, int& index);
-void DDX_LBIndex(CDataExchange* pDX, int nIDC, int& index);
 
-// Refuse a value outside its limits, limits included. To be called right after the DDX_ of the value.
+/// Refuses a value outside its limits, limits included. To be called right after the DDX_ of the value.
 void DDV_MinMaxInt(CDataExchange* pDX, int value, int minVal, int maxVal);
-void DDV_MinMaxUInt(CDataExchange* pDX, UINT value, UINT minVal, UINT maxVal);
-void DDV_MinMaxFloat(CDataExchange* pDX, const float& value, float minVal, float maxVal);
-void DDV_MinMaxDouble(CDataExchange* pDX, const double& value, double minVal, double maxVal);
-/// Refuses a text of more than nChars characters.
-void DDV_MaxChars(CDataExchange* pDX, const CString& value, int nChars);

@@ -3,6 +3,7 @@
 #include "platform/dialog_template.h"
 #include "platform/framework/module_state.h"
 #include "platform/resources.h"
+#include "platform/windows/back_end.h"
 #include "platform/windows/dialog_manager.h"
 
 #include <map>
@@ -100,14 +101,6 @@ INT_PTR CDialog::DoModal() {
 
 void CDialog::EndDialog(int nResult) {
     ::EndDialogWindow(m_hWnd, nResult);
-}
-
-void CDialog::NextDlgCtrl() const {
-    ::SetFocus(::GetNextDlgTabItem(m_hWnd, ::GetFocus(), FALSE));
-}
-
-void CDialog::PrevDlgCtrl() const {
-    ::SetFocus(::GetNextDlgTabItem(m_hWnd, ::GetFocus(), TRUE));
 }
 
 void CDialog::GotoDlgCtrl(CWnd* control) {

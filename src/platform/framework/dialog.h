@@ -4,6 +4,8 @@
 
 #include <memory>
 
+struct DialogTemplate;
+
 /// A dialog made from a template: modeless with Create, modal with DoModal. The caller owns the object; a
 /// modeless one that owns itself deletes itself in PostNcDestroy. Destroying the object destroys the window.
 class CDialog : public CWnd {
@@ -27,8 +29,6 @@ public:
     /// Ends a modal dialog. A modeless one is only hidden.
     void EndDialog(int nResult);
 
-    void NextDlgCtrl() const;
-    void PrevDlgCtrl() const;
     void GotoDlgCtrl(CWnd* control);
 
     /// FALSE when the dialog has set the focus itself, TRUE for the first control in tab order.

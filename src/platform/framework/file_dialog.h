@@ -32,8 +32,6 @@ public:
                          CWnd* pParentWnd = nullptr);
     /// IDOK or IDCANCEL.
     INT_PTR DoModal();
-    /// Full path of the first file chosen.
-    CString GetPathName() const { return m_paths.empty() ? CString() : m_paths.front(); }
     /// Walks the files chosen: full paths with slashes, in the dialog's order.
     POSITION GetStartPosition() const;
     CString GetNextPathName(POSITION& position) const;

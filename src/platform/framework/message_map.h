@@ -47,9 +47,7 @@ protected:                                                                      
                      static_cast<UINT>(idLast), &afx::callCommand<memberFxn>},
 #define ON_CONTROL(wNotifyCode, id, memberFxn) ON_CONTROL_RANGE(wNotifyCode, id, id, memberFxn)
 #define ON_COMMAND(id, memberFxn) ON_CONTROL(BN_CLICKED, id, memberFxn)
-#define ON_COMMAND_RANGE(id, idLast, memberFxn) ON_CONTROL_RANGE(BN_CLICKED, id, idLast, memberFxn)
 #define ON_BN_CLICKED(id, memberFxn) ON_CONTROL(BN_CLICKED, id, memberFxn)
-#define ON_BN_DOUBLECLICKED(id, memberFxn) ON_CONTROL(BN_DOUBLECLICKED, id, memberFxn)
 #define ON_EN_KILLFOCUS(id, memberFxn) ON_CONTROL(EN_KILLFOCUS, id, memberFxn)
 #define ON_CBN_SELCHANGE(id, memberFxn) ON_CONTROL(CBN_SELCHANGE, id, memberFxn)
 #define ON_LBN_SELCHANGE(id, memberFxn) ON_CONTROL(LBN_SELCHANGE, id, memberFxn)
@@ -65,17 +63,16 @@ protected:                                                                      
 
 // Messages of the window system; each runs the member function of the customary name.
 #define ON_WM_CLOSE() AFX_MSGMAP_ENTRY{WM_CLOSE, 0, 0, 0, &afx::callPlain<&ThisClass::OnClose>},
-#define ON_WM_DESTROY() AFX_MSGMAP_ENTRY{WM_DESTROY, 0, 0, 0, &afx::callPlain<&ThisClass::OnDestroy>},
 #define ON_WM_PAINT() AFX_MSGMAP_ENTRY{WM_PAINT, 0, 0, 0, &afx::callPlain<&ThisClass::OnPaint>},
 #define ON_WM_HSCROLL() AFX_MSGMAP_ENTRY{WM_HSCROLL, 0, 0, 0, &afx::callScroll<&ThisClass::OnHScroll>},
-#define ON_WM_VSCROLL() AFX_MSGMAP_ENTRY{WM_VSCROLL, 0, 0, 0, &afx::callScroll<&ThisClass::OnVScroll>},
 #define ON_WM_DRAWITEM() AFX_MSGMAP_ENTRY{WM_DRAWITEM, 0, 0, 0, &afx::callDrawItem<&ThisClass::OnDrawItem>},
 #define ON_WM_LBUTTONDOWN()                                                                                  \
     AFX_MSGMAP_ENTRY{WM_LBUTTONDOWN, 0, 0, 0, &afx::callMouse<&ThisClass::OnLButtonDown>},
 #define ON_WM_LBUTTONUP() AFX_MSGMAP_ENTRY{WM_LBUTTONUP, 0, 0, 0, &afx::callMouse<&ThisClass::OnLButtonUp>},
-#define ON_WM_LBUTTONDBLCLK()                                                                                \
-    AFX_MSGMAP_ENTRY{WM_LBUTTONDBLCLK, 0, 0, 0, &afx::callMouse<&ThisClass::OnLButtonDblClk>},
 #define ON_WM_RBUTTONDOWN()                                                                                  \
     AFX_MSGMAP_ENTRY{WM_RBUTTONDOWN, 0, 0, 0, &afx::callMouse<&ThisClass::OnRButtonDown>},
 #define ON_WM_RBUTTONUP() AFX_MSGMAP_ENTRY{WM_RBUTTONUP, 0, 0, 0, &afx::callMouse<&ThisClass::OnRButtonUp>},
 #define ON_WM_MOUSEMOVE() AFX_MSGMAP_ENTRY{WM_MOUSEMOVE, 0, 0, 0, &afx::callMouse<&ThisClass::OnMouseMove>},
+#define ON_WM_MOUSEWHEEL()                                                                                   \
+    AFX_MSGMAP_ENTRY{WM_MOUSEWHEEL, 0, 0, 0, &afx::callWheel<&ThisClass::OnMouseWheel>},
+#define ON_WM_KEYDOWN() AFX_MSGMAP_ENTRY{WM_KEYDOWN, 0, 0, 0, &afx::callKey<&ThisClass::OnKeyDown>},

@@ -90,11 +90,26 @@ template <auto Handler> LRESULT callScroll(CCmdTarget& target, const AFX_MESSAGE
     return 0;
 }
 
+inline CPoint pointOf(LPARAM lParam) {
+    return {static_cast<std::int16_t>(LOWORD(lParam)), static_cast<std::int16_t>(HIWORD(lParam))};
+}
+
 /// void (UINT nFlags, CPoint point), the point in the window's client area.
 template <auto Handler> LRESULT callMouse(CCmdTarget& target, const AFX_MESSAGE& message, BOOL&) {
-    const auto coordinate = [](WORD bits) { return static_cast<std::int16_t>(bits); };
-    const CPoint point(coordinate(LOWORD(message.lParam)), coordinate(HIWORD(message.lParam)));
-    (handlerOwner<Handler>(target).*Handler)(static_cast<UINT>(message.wParam), point);
+    (handlerOwner<Handler>(target).*Handler)(static_cast<UINT>(message.wParam), pointOf(message.lParam));
+    return 0;
+}
+
+/// BOOL (UINT nFlags, short zDelta, CPoint pt), the point on the screen.
+template <auto Handler> LRESULT callWheel(CCmdTarget& target, const AFX_MESSAGE& message, BOOL& handled) {
+    return callMaybeRefusing<Handler>(target, handled, UINT{LOWORD(message.wParam)},
+                                      static_cast<short>(HIWORD(message.wParam)), pointOf(message.lParam));
+}
+
+/// void (UINT nChar, UINT nRepCnt, UINT nFlags)
+template <auto Handler> LRESULT callKey(CCmdTarget& target, const AFX_MESSAGE& message, BOOL&) {
+    (handlerOwner<Handler>(target).*Handler)(static_cast<UINT>(message.wParam), LOWORD(message.lParam),
+                                             HIWORD(message.lParam));
     return 0;
 }
 

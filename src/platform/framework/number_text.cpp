@@ -64,25 +64,13 @@ template <class Number, class... Format> std::string write(Number value, Format.
 bool readNumber(std::string_view text, int& value) {
     return readInteger(text, value);
 }
-bool readNumber(std::string_view text, unsigned int& value) {
-    return readInteger(text, value);
-}
 bool readNumber(std::string_view text, float& value) {
-    return readReal(text, value);
-}
-bool readNumber(std::string_view text, double& value) {
     return readReal(text, value);
 }
 
 std::string writeNumber(int value) {
     return write(value);
 }
-std::string writeNumber(unsigned int value) {
-    return write(value);
-}
 std::string writeNumber(float value) {
     return write(value, std::chars_format::general, std::numeric_limits<float>::digits10);
-}
-std::string writeNumber(double value) {
-    return write(value, std::chars_format::general, std::numeric_limits<double>::digits10);
 }

@@ -8,13 +8,8 @@
 /// Reads a number with blanks and tabs around it; the value stays when the text is anything else. Integers
 /// beyond the type's limits become the nearer limit.
 bool readNumber(std::string_view text, int& value);
-bool readNumber(std::string_view text, unsigned int& value);
 bool readNumber(std::string_view text, float& value);
-bool readNumber(std::string_view text, double& value);
 
 std::string writeNumber(int value);
-std::string writeNumber(unsigned int value);
 /// Six significant digits, without trailing zeros.
 std::string writeNumber(float value);
-/// Fifteen significant digits, without trailing zeros.
-std::string writeNumber(double value);

@@ -1,6 +1,7 @@
 #include "platform/framework/win_app.h"
 
 #include "platform/framework/module_state.h"
+#include "platform/windows/back_end.h"
 
 CWinApp::CWinApp() {
     AfxGetStaticModuleState()->m_pCurrentWinApp = this;
@@ -11,19 +12,11 @@ CWinApp::~CWinApp() {
 }
 
 HICON CWinApp::LoadIcon(UINT nIDResource) const {
-    return ::LoadIcon(AfxGetResourceHandle(), nIDResource);
+    return ::LoadLibraryIcon(nIDResource);
 }
 
 CWinApp* AfxGetApp() {
     return AfxGetModuleState()->m_pCurrentWinApp;
-}
-
-HINSTANCE AfxGetInstanceHandle() {
-    return nullptr;
-}
-
-HINSTANCE AfxGetResourceHandle() {
-    return nullptr;
 }
 
 LPCTSTR AfxRegisterWndClass(UINT classStyle, HCURSOR, HBRUSH, HICON) {
@@ -31,8 +24,4 @@ LPCTSTR AfxRegisterWndClass(UINT classStyle, HCURSOR, HBRUSH, HICON) {
     const WNDCLASS registered{.style = classStyle, .lpszClassName = &NAME[0]};
     ::RegisterClass(&registered);
     return &NAME[0];
-}
-
-BOOL AfxRegisterClass(WNDCLASS* windowClass) {
-    return ::RegisterClass(windowClass);
 }

@@ -1,8 +1,6 @@
 #include "platform/framework/wnd.h"
 
-#include "platform/framework/data_exchange.h"
-#include "platform/framework/message_state.h"
-#include "platform/framework/user_exception.h"
+#include "platform/windows/back_end.h"
 #include "platform/windows/dialog_manager.h"
 
 #include <algorithm>
@@ -29,10 +27,6 @@ BOOL CWnd::CreateEx(DWORD dwExStyle, LPCTSTR lpszClassName, LPCTSTR lpszWindowNa
     const HWND made = ::CreateControlWindow(dwExStyle, lpszClassName, lpszWindowName, dwStyle, rect,
                                             pParentWnd->m_hWnd, static_cast<int>(nID));
     return SubclassWindow(made);
-}
-
-BOOL CWnd::SubclassDlgItem(UINT nID, CWnd* pParent) {
-    return SubclassWindow(::GetDlgItem(pParent->m_hWnd, static_cast<int>(nID)));
 }
 
 BOOL CWnd::SubclassWindow(HWND hWnd) {
@@ -112,22 +106,6 @@ void CWnd::CenterWindow(CWnd* alternate) {
     ::SetWindowPos(m_hWnd, nullptr, within(x, area.left, area.right - own.Width()),
                    within(y, area.top, area.bottom - own.Height()), 0, 0,
                    SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
-}
-
-BOOL CWnd::UpdateData(BOOL bSaveAndValidate) {
-    if (m_hWnd == nullptr) {
-        return FALSE;
-    }
-    CDataExchange exchange(this, bSaveAndValidate);
-    // A message box during the exchange takes the focus from an edit. Its handler would start another
-    // exchange and another box: the dialog hears no notification until this one is over.
-    const CStateScope lockout(messageState().lockedOut, m_hWnd);
-    try {
-        DoDataExchange(&exchange);
-    } catch (const CUserException&) {
-        return FALSE; // the user has been told
-    }
-    return TRUE;
 }
 
 void CWnd::DoDataExchange(CDataExchange*) {}

@@ -10,7 +10,7 @@ class CDataExchange;
 class CScrollBar;
 struct DRAWITEMSTRUCT;
 
-/// A window of the window system. The object is attached to the window from its creation (or SubclassDlgItem)
+/// A window of the window system. The object is attached to the window from its creation (or SubclassWindow)
 /// until the window's end, and handles its messages through its message map; what nobody handles goes to the
 /// window's own kind. Whoever made the object owns it; destroying it destroys its window.
 class CWnd : public CCmdTarget {
@@ -30,8 +30,7 @@ public:
                         CWnd* pParentWnd, UINT nID, void* pContext = nullptr);
     BOOL CreateEx(DWORD dwExStyle, LPCTSTR lpszClassName, LPCTSTR lpszWindowName, DWORD dwStyle,
                   const RECT& rect, CWnd* pParentWnd, UINT nID, LPVOID lpParam = nullptr);
-    /// Takes over a control that a template made. FALSE when the dialog has no such control.
-    BOOL SubclassDlgItem(UINT nID, CWnd* pParent);
+    /// Takes over a control that a template made.
     BOOL SubclassWindow(HWND hWnd);
     /// Leaves the window to itself; the handle left.
     HWND Detach();
@@ -45,13 +44,10 @@ public:
     }
 
     void GetWindowText(CString& text) const;
-    int GetWindowTextLength() const { return ::GetWindowTextLength(m_hWnd); }
     void SetWindowText(LPCTSTR text) { ::SetWindowText(m_hWnd, text); }
     BOOL EnableWindow(BOOL enable = TRUE) { return ::EnableWindow(m_hWnd, enable); }
     BOOL IsWindowEnabled() const { return ::IsWindowEnabled(m_hWnd); }
     BOOL ShowWindow(int command) { return ::ShowWindow(m_hWnd, command); }
-    BOOL IsWindowVisible() const { return ::IsWindowVisible(m_hWnd); }
-    DWORD GetStyle() const { return ::GetWindowStyle(m_hWnd); }
     int GetDlgCtrlID() const { return ::GetDlgCtrlID(m_hWnd); }
 
     CWnd* GetParent() const { return FromHandle(::GetParent(m_hWnd)); }
@@ -84,10 +80,9 @@ public:
     void Invalidate(BOOL erase = TRUE) { ::InvalidateRect(m_hWnd, nullptr, erase); }
     void InvalidateRect(LPCRECT rect, BOOL erase = TRUE) { ::InvalidateRect(m_hWnd, rect, erase); }
     void UpdateWindow() { ::UpdateWindow(m_hWnd); }
-    BOOL RedrawWindow(LPCRECT rect = nullptr, void* region = nullptr,
+    BOOL RedrawWindow(LPCRECT rect = nullptr, HRGN region = nullptr,
                       UINT flags = RDW_INVALIDATE | RDW_UPDATENOW | RDW_ERASE) {
-        static_cast<void>(region);
-        return ::RedrawWindow(m_hWnd, rect, flags);
+        return ::RedrawWindow(m_hWnd, rect, region, flags);
     }
 
     /// Runs the data exchange: TRUE reads the controls, FALSE writes them. FALSE when a control held a value
@@ -113,17 +108,17 @@ protected:
     virtual void PostNcDestroy();
 
     afx_msg void OnClose();
-    afx_msg void OnDestroy();
     afx_msg void OnPaint();
     afx_msg void OnHScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar);
-    afx_msg void OnVScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar);
     afx_msg void OnDrawItem(int nIDCtl, DRAWITEMSTRUCT* lpDrawItemStruct);
     afx_msg void OnLButtonDown(UINT nFlags, CPoint point);
     afx_msg void OnLButtonUp(UINT nFlags, CPoint point);
-    afx_msg void OnLButtonDblClk(UINT nFlags, CPoint point);
     afx_msg void OnRButtonDown(UINT nFlags, CPoint point);
     afx_msg void OnRButtonUp(UINT nFlags, CPoint point);
     afx_msg void OnMouseMove(UINT nFlags, CPoint point);
+    /// FALSE leaves the turn to the parent.
+    afx_msg BOOL OnMouseWheel(UINT nFlags, short zDelta, CPoint pt);
+    afx_msg void OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags);
 
     DECLARE_MESSAGE_MAP()
 };

@@ -2,6 +2,7 @@
 #include "platform/framework/controls/scroll_bar.h"
 #include "platform/framework/message_state.h"
 #include "platform/framework/wnd.h"
+#include "platform/windows/back_end.h"
 
 BEGIN_MESSAGE_MAP(CWnd, CCmdTarget)
 ON_WM_DRAWITEM()
@@ -105,25 +106,16 @@ void CWnd::PostNcDestroy() {}
 void CWnd::OnClose() {
     Default();
 }
-void CWnd::OnDestroy() {
-    Default();
-}
 void CWnd::OnPaint() {
     Default();
 }
 void CWnd::OnHScroll(UINT, UINT, CScrollBar*) {
     Default();
 }
-void CWnd::OnVScroll(UINT, UINT, CScrollBar*) {
-    Default();
-}
 void CWnd::OnLButtonDown(UINT, CPoint) {
     Default();
 }
 void CWnd::OnLButtonUp(UINT, CPoint) {
-    Default();
-}
-void CWnd::OnLButtonDblClk(UINT, CPoint) {
     Default();
 }
 void CWnd::OnRButtonDown(UINT, CPoint) {
@@ -133,6 +125,12 @@ void CWnd::OnRButtonUp(UINT, CPoint) {
     Default();
 }
 void CWnd::OnMouseMove(UINT, CPoint) {
+    Default();
+}
+BOOL CWnd::OnMouseWheel(UINT, short, CPoint) {
+    return FALSE;
+}
+void CWnd::OnKeyDown(UINT, UINT, UINT) {
     Default();
 }
 

@@ -1,9 +1,9 @@
 #include "platform/qt/application.h"
 
-#include "platform/framework/win_app.h"
 #include "platform/qt/display_probe.h"
 #include "platform/qt/host_surroundings.h"
 #include "platform/qt/window_registry.h"
+#include "platform/windows/back_end.h"
 
 #include <QApplication>
 #include <QPointer>
@@ -81,7 +81,7 @@ QFont dialogFont(const QString& face, int pointSize) {
 
 } // namespace qtbackend
 
-void AfxServeWindows() {
+void ServeWindows() {
     static bool s_isServing = false;
     if (s_isServing || qtbackend::g_pOwnApplication == nullptr) {
         return;

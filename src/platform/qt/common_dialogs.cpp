@@ -4,6 +4,7 @@
 #include "platform/framework/message_box.h"
 #include "platform/framework/wnd.h"
 #include "platform/qt/application.h"
+#include "platform/qt/dispatch_scope.h"
 #include "platform/qt/window_registry.h"
 
 #include <QApplication>

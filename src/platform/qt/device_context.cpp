@@ -1,6 +1,7 @@
 #include "platform/qt/device_context.h"
 
 #include "platform/qt/window_registry.h"
+#include "platform/windows/back_end.h"
 
 #include <algorithm>
 #include <utility>
@@ -84,7 +85,7 @@ void DeleteDC(HDC context) {
     delete context;
 }
 
-HDC BeginPaint(HWND window) {
+HDC BeginWindowPaint(HWND window) {
     const qtbackend::CWindow* const found = qtbackend::CWindowRegistry::instance().find(window);
     if (found == nullptr || found->widget() == nullptr ||
         !found->widget()->testAttribute(Qt::WA_WState_InPaintEvent)) {
@@ -96,7 +97,7 @@ HDC BeginPaint(HWND window) {
     return std::make_unique<HDC__>(std::move(painter)).release();
 }
 
-void EndPaint(HWND, HDC context) {
+void EndWindowPaint(HWND, HDC context) {
     delete context;
 }
 
@@ -114,7 +115,7 @@ BOOL Rectangle(HDC context, int left, int top, int right, int bottom) {
     return TRUE;
 }
 
-void FillSolidRect(HDC context, LPCRECT rect, COLORREF colour) {
+void FillSolidArea(HDC context, LPCRECT rect, COLORREF colour) {
     if (context != nullptr && context->painter() != nullptr) {
         context->painter()->fillRect(toRect(*rect), toColour(colour));
     }
@@ -135,29 +136,6 @@ COLORREF GetPixel(HDC context, int x, int y) {
     const QImage picture = imageOf(*context->bitmap());
     const QRgb pixel = picture.valid(x, y) ? picture.pixel(x, y) : 0;
     return RGB(qRed(pixel), qGreen(pixel), qBlue(pixel));
-}
-
-BOOL MoveToEx(HDC context, int x, int y, LPPOINT previous) {
-    if (context == nullptr) {
-        return FALSE;
-    }
-    if (previous != nullptr) {
-        *previous = {context->position.x(), context->position.y()};
-    }
-    context->position = {x, y};
-    return TRUE;
-}
-
-BOOL LineTo(HDC context, int x, int y) {
-    if (context == nullptr || context->painter() == nullptr) {
-        return FALSE;
-    }
-    QPen pen = context->pen();
-    pen.setCapStyle(Qt::FlatCap); // the last point is not part of the line
-    context->painter()->setPen(pen);
-    context->painter()->drawLine(context->position, QPoint(x, y));
-    context->position = {x, y};
-    return TRUE;
 }
 
 BOOL BitBlt(HDC target, int x, int y, int width, int height, HDC source, int sourceX, int sourceY,

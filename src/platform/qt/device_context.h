@@ -25,8 +25,6 @@ public:
     QPen pen() const;
     QBrush brush() const;
 
-    QPoint position; ///< of MoveToEx
-
 private:
     void drawOn(HGDIOBJ bitmap);
 

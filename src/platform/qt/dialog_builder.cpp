@@ -4,6 +4,7 @@
 #include "platform/qt/dialog_window.h"
 #include "platform/qt/foreign_window.h"
 #include "platform/qt/window_registry.h"
+#include "platform/windows/back_end.h"
 
 #include <QLabel>
 

@@ -2,6 +2,7 @@
 
 #include "platform/dialog_template.h"
 #include "platform/framework/dialog.h"
+#include "platform/qt/dispatch_scope.h"
 #include "platform/qt/window_registry.h"
 
 #include <QCloseEvent>
@@ -57,7 +58,7 @@ void CDialogWidget::keyPressEvent(QKeyEvent* event) {
 }
 
 CDialogWindow::CDialogWindow(std::unique_ptr<CDialogWidget> widget, CWindow* owner, WindowTraits traits)
-    : CWindow(widget.get(), owner, std::move(traits))
+    : CInputWindow(widget.get(), owner, std::move(traits))
     , m_nBaseX(averageLetterWidth(widget->font()))
     , m_nBaseY(QFontMetrics(widget->font()).height()) {
     widget.release()->installEventFilter(this); // destroyed with the window
@@ -130,7 +131,7 @@ LRESULT CDialogWindow::process(UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_NCDESTROY) {
         leaveLoop();
     }
-    return CWindow::process(message, wParam, lParam);
+    return CInputWindow::process(message, wParam, lParam);
 }
 
 } // namespace qtbackend

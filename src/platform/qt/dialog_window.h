@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/qt/window.h"
+#include "platform/qt/input_window.h"
 
 #include <QDialog>
 #include <QEventLoop>
@@ -28,7 +28,7 @@ private:
 };
 
 /// A dialog: a window of its own over its owner, with the controls of its template.
-class CDialogWindow : public CWindow {
+class CDialogWindow : public CInputWindow {
 public:
     CDialogWindow(std::unique_ptr<CDialogWidget> widget, CWindow* owner, WindowTraits traits);
 

@@ -1,7 +1,5 @@
 #include "platform/qt/foreign_window.h"
 
-#include "platform/qt/window_registry.h"
-
 #include <QGuiApplication>
 
 namespace qtbackend {
@@ -21,11 +19,6 @@ bool seesForeignWindows() {
 
 CForeignWindow::CForeignWindow(HWND handle) : CWindow(widgetOf(handle), nullptr, {}) {
     setHandle(handle);
-    if (widget() != nullptr) {
-        // Native ids are given again: the host's next window must not meet this stand-in.
-        QObject::connect(widget(), &QObject::destroyed, this,
-                         [this] { CWindowRegistry::instance().retire(*this); });
-    }
 }
 
 QWindow* CForeignWindow::native() const {

@@ -2,6 +2,7 @@
 
 #include "platform/framework/module_state.h"
 #include "platform/resources.h"
+#include "platform/windows/back_end.h"
 #include "platform/windows/functions.h"
 
 #include <QCoreApplication>
@@ -64,7 +65,7 @@ QSize iconSizeFor(int room) {
 
 } // namespace qtbackend
 
-HICON LoadIcon(HINSTANCE, UINT id) {
+HICON LoadLibraryIcon(UINT id) {
     auto& cache = qtbackend::icons();
     const auto known = cache.find(id);
     if (known != cache.end()) {

@@ -69,7 +69,7 @@ bool translateKey(CWindow& window, QObject* watched, QKeyEvent& event) {
     if (key == 0 || (event.modifiers() & (Qt::AltModifier | Qt::MetaModifier)) != 0) {
         return false;
     }
-    CNativeEvent native(window, WM_KEYDOWN, watched, &event);
+    CNativeEvent native(&window, WM_KEYDOWN, watched, &event);
     MSG message{window.handle(), WM_KEYDOWN, key, 1, 0, {}};
     event.accept();
     if (preTranslate(message.hwnd, message)) {

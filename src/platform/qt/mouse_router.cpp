@@ -31,7 +31,7 @@ UINT messageOf(const QMouseEvent& event) {
     }
 }
 
-WPARAM keysOf(const QMouseEvent& event) {
+UINT keysOf(const QSinglePointEvent& event) {
     UINT keys = 0;
     keys |= (event.buttons() & Qt::LeftButton) != 0 ? MK_LBUTTON : 0;
     keys |= (event.buttons() & Qt::RightButton) != 0 ? MK_RBUTTON : 0;
@@ -48,7 +48,7 @@ LPARAM positionIn(const CWindow& window, const QMouseEvent& event) {
 
 /// Sends the message. True when its default processing handed the event to the widget.
 bool send(CWindow& window, QObject* watched, QMouseEvent& event) {
-    CNativeEvent native(window, messageOf(event), watched, &event);
+    CNativeEvent native(&window, messageOf(event), watched, &event);
     event.accept();
     ::SendMessage(window.handle(), messageOf(event), keysOf(event), positionIn(window, event));
     return native.wasPassed();
@@ -120,6 +120,16 @@ bool routeMouse(CWindow& window, QObject* watched, QMouseEvent& event) {
     }
     event.accept();
     ::SendMessage(receiver->handle(), messageOf(event), keysOf(event), positionIn(*receiver, event));
+    return true;
+}
+
+bool routeWheel(CWindow& window, QObject* watched, QWheelEvent& event) {
+    const CNativeEvent native(&window, WM_MOUSEWHEEL, watched, &event);
+    const QPoint position = event.globalPosition().toPoint();
+    event.accept();
+    ::SendMessage(window.handle(), WM_MOUSEWHEEL,
+                  MAKEWPARAM(static_cast<int>(keysOf(event)), event.angleDelta().y()),
+                  MAKELPARAM(position.x(), position.y()));
     return true;
 }
 

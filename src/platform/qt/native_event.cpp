@@ -27,8 +27,8 @@ void deliver(QObject& target, QEvent& event) {
 
 } // namespace
 
-CNativeEvent::CNativeEvent(CWindow& window, UINT message, QObject* target, QEvent* event)
-    : m_window(window)
+CNativeEvent::CNativeEvent(const void* window, UINT message, QObject* target, QEvent* event)
+    : m_pWindow(window)
     , m_nMessage(message)
     , m_pTarget(target)
     , m_pEvent(event)
@@ -38,9 +38,9 @@ CNativeEvent::~CNativeEvent() {
     g_current = m_pOuter;
 }
 
-bool CNativeEvent::pass(const CWindow& window, UINT message) {
+bool CNativeEvent::pass(const void* window, UINT message) {
     CNativeEvent* const current = g_current;
-    if (current == nullptr || &current->m_window != &window || current->m_nMessage != message ||
+    if (current == nullptr || current->m_pWindow != window || current->m_nMessage != message ||
         current->m_bPassed) {
         return false;
     }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/qt/window.h"
+#include "platform/windows_types.h"
 
 #include <QEvent>
 
@@ -10,19 +10,20 @@ namespace qtbackend {
 /// hands the event to the widget, once.
 class CNativeEvent {
 public:
-    CNativeEvent(CWindow& window, UINT message, QObject* target, QEvent* event);
+    /// `window` only names the window whose message this is.
+    CNativeEvent(const void* window, UINT message, QObject* target, QEvent* event);
     ~CNativeEvent();
     CNativeEvent(const CNativeEvent&) = delete;
     CNativeEvent& operator=(const CNativeEvent&) = delete;
 
     bool wasPassed() const { return m_bPassed; }
     /// Hands the event of this message to its widget when one is on its way.
-    static bool pass(const CWindow& window, UINT message);
+    static bool pass(const void* window, UINT message);
     /// The innermost event on its way, or null.
     static const QEvent* current();
 
 private:
-    CWindow& m_window;
+    const void* m_pWindow;
     UINT m_nMessage;
     QObject* m_pTarget;
     QEvent* m_pEvent;

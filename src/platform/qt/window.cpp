@@ -1,13 +1,7 @@
 #include "platform/qt/window.h"
 
 #include "platform/framework/controls/scroll_bar.h"
-#include "platform/qt/key_translation.h"
-#include "platform/qt/mouse_router.h"
 #include "platform/qt/native_event.h"
-#include "platform/qt/window_registry.h"
-
-#include <QKeyEvent>
-#include <QMouseEvent>
 
 #include <algorithm>
 #include <utility>
@@ -63,7 +57,7 @@ LRESULT CWindow::process(UINT message, WPARAM, LPARAM) {
     if (message == WM_GETDLGCODE) {
         return dialogCode();
     }
-    CNativeEvent::pass(*this, message);
+    CNativeEvent::pass(this, message);
     return 0;
 }
 
@@ -100,38 +94,6 @@ void CWindow::notifyScroll(Qt::Orientation orientation, int code, int position) 
     if (m_pParent != nullptr && !m_bEnding) {
         ::SendMessage(m_pParent->handle(), orientation == Qt::Horizontal ? WM_HSCROLL : WM_VSCROLL,
                       MAKEWPARAM(code, position), reinterpret_cast<LPARAM>(m_handle));
-    }
-}
-
-bool CWindow::onEvent(QObject*, QEvent*) {
-    return false;
-}
-
-bool CWindow::eventFilter(QObject* watched, QEvent* event) {
-    if (m_bEnding) {
-        return false;
-    }
-    switch (event->type()) {
-    case QEvent::MouseButtonPress:
-    case QEvent::MouseButtonDblClick:
-    case QEvent::MouseButtonRelease:
-    case QEvent::MouseMove: {
-        const CDispatchScope scope;
-        return onEvent(watched, event) || routeMouse(*this, watched, static_cast<QMouseEvent&>(*event));
-    }
-    case QEvent::KeyPress: {
-        const CDispatchScope scope;
-        return onEvent(watched, event) || translateKey(*this, watched, static_cast<QKeyEvent&>(*event));
-    }
-    case QEvent::FocusIn:
-    case QEvent::FocusOut:
-    case QEvent::Wheel:
-    case QEvent::Close: {
-        const CDispatchScope scope;
-        return onEvent(watched, event);
-    }
-    default:
-        return false;
     }
 }
 

@@ -4,7 +4,6 @@
 #include "platform/windows/functions.h"
 #include "platform/windows/styles.h"
 
-#include <QEvent>
 #include <QObject>
 #include <QPointer>
 #include <QWidget>
@@ -14,6 +13,7 @@
 #include <vector>
 
 class CScrollBar;
+class CWnd;
 
 namespace qtbackend {
 
@@ -82,13 +82,9 @@ public:
     /// Tells the parent of a scroll step.
     void notifyScroll(Qt::Orientation orientation, int code, int position);
 
-    bool eventFilter(QObject* watched, QEvent* event) override;
-
 protected:
     virtual LRESULT dialogCode() const { return 0; }
     virtual std::unique_ptr<CWnd> makeStandIn() const;
-    /// Events of the kind's own interest. True when the event was used up.
-    virtual bool onEvent(QObject* watched, QEvent* event);
     /// Also hears the events of a part of the widget.
     void watch(QWidget* part) { part->installEventFilter(this); }
 

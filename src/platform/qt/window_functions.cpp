@@ -3,6 +3,7 @@
 #include "platform/framework/controls/scroll_bar.h"
 #include "platform/qt/native_event.h"
 #include "platform/qt/window_registry.h"
+#include "platform/windows/back_end.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -114,6 +115,15 @@ BOOL SetWindowText(HWND window, LPCSTR text) {
     if (found->text() != wanted) {
         found->setText(wanted);
     }
+    return TRUE;
+}
+
+BOOL SetToolTip(HWND window, LPCSTR text) {
+    QWidget* const widget = widgetOf(window);
+    if (widget == nullptr) {
+        return FALSE;
+    }
+    widget->setToolTip(QString::fromUtf8(text));
     return TRUE;
 }
 
@@ -251,14 +261,14 @@ RECT GetWorkArea(HWND window) {
 }
 
 BOOL InvalidateRect(HWND window, LPCRECT rect, BOOL) {
-    return RedrawWindow(window, rect, RDW_INVALIDATE);
+    return RedrawWindow(window, rect, nullptr, RDW_INVALIDATE);
 }
 
 BOOL UpdateWindow(HWND window) {
-    return RedrawWindow(window, nullptr, RDW_UPDATENOW);
+    return RedrawWindow(window, nullptr, nullptr, RDW_UPDATENOW);
 }
 
-BOOL RedrawWindow(HWND window, LPCRECT rect, UINT flags) {
+BOOL RedrawWindow(HWND window, LPCRECT rect, HRGN, UINT flags) {
     QWidget* const widget = widgetOf(window);
     if (widget == nullptr) {
         return FALSE;

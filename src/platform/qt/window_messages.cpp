@@ -1,4 +1,5 @@
 #include "platform/framework/wnd.h"
+#include "platform/qt/dispatch_scope.h"
 #include "platform/qt/window_registry.h"
 
 #include <QDialog>

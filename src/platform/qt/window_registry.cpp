@@ -1,24 +1,15 @@
 #include "platform/qt/window_registry.h"
 
+#include "platform/qt/dispatch_scope.h"
 #include "platform/qt/foreign_window.h"
 
-#include <QApplication>
 #include <QCoreApplication>
-#include <QPointer>
 
 namespace qtbackend {
 
 namespace {
 
 constexpr std::uintptr_t CONTROL_HANDLE_BIT = std::uintptr_t{1} << 62U;
-
-int g_depth = 0;
-int g_modalRuns = 0;
-
-std::vector<QPointer<QObject>>& ended() {
-    static auto& objects = *new std::vector<QPointer<QObject>>;
-    return objects;
-}
 
 /// The native id of a window of ours. Asking Qt for it makes every widget of the window's parent native too,
 /// which the host's 3D view would not survive, unless the application is told not to for the moment.
@@ -74,7 +65,16 @@ CWindow* CWindowRegistry::findOrAdopt(HWND handle) {
         return find(handle);
     }
     CWindow* const known = find(handle);
-    return known != nullptr ? known : &add(std::make_unique<CForeignWindow>(handle));
+    if (known != nullptr) {
+        return known;
+    }
+    CForeignWindow& adopted = add(std::make_unique<CForeignWindow>(handle));
+    if (adopted.widget() != nullptr) {
+        // Native ids are given again: the host's next window must not meet this stand-in.
+        QObject::connect(adopted.widget(), &QObject::destroyed, &adopted,
+                         [this, &adopted] { retire(adopted); });
+    }
+    return &adopted;
 }
 
 std::vector<HWND> CWindowRegistry::topLevels() const {
@@ -115,53 +115,6 @@ void CWindowRegistry::retire(CWindow& window) {
     }
     deleteWhenIdle(found->second.release());
     m_windows.erase(found);
-}
-
-CDispatchScope::CDispatchScope() {
-    ++g_depth;
-}
-
-CDispatchScope::~CDispatchScope() {
-    if (--g_depth > 0) {
-        return;
-    }
-    for (const QPointer<QObject>& object : ended()) {
-        if (object != nullptr) {
-            object->deleteLater();
-        }
-    }
-    ended().clear();
-}
-
-bool CDispatchScope::isActive() {
-    return g_depth > 0;
-}
-
-void deleteWhenIdle(QObject* object) {
-    if (g_depth > 0) {
-        ended().emplace_back(object);
-    } else {
-        delete object;
-    }
-}
-
-int modalRuns() {
-    return g_modalRuns;
-}
-
-QWidget* windowInUse() {
-    QWidget* const active = QApplication::activeWindow();
-    return active != nullptr ? active : QApplication::activeModalWidget();
-}
-
-CModalRun::CModalRun() : m_pFormerlyActive(windowInUse()) {
-    ++g_modalRuns;
-}
-
-CModalRun::~CModalRun() {
-    if (m_pFormerlyActive != nullptr && m_pFormerlyActive->isVisible()) {
-        m_pFormerlyActive->activateWindow();
-    }
 }
 
 } // namespace qtbackend

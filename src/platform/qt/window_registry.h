@@ -2,8 +2,6 @@
 
 #include "platform/qt/window.h"
 
-#include <QEvent>
-
 #include <unordered_map>
 
 namespace qtbackend {
@@ -27,9 +25,9 @@ public:
     CWindow* find(const QWidget* widget) const;
     /// The window behind a handle that may be a host's: a stand-in is made for one not seen before.
     CWindow* findOrAdopt(HWND handle);
-    /// Every dialog owned by the window.
     /// The windows of ours that stand alone, in no order.
     std::vector<HWND> topLevels() const;
+    /// Every dialog owned by the window.
     std::vector<HWND> ownedBy(const CWindow& owner) const;
 
     /// Forgets the window; the object is deleted when no message handler runs any more.
@@ -43,43 +41,8 @@ private:
     std::uintptr_t m_lastChild = 0;
 };
 
-/// Handlers may end windows whose events are still on their way through Qt. What ends inside a scope is
-/// deleted from the event loop after the outermost scope; outside of any it is deleted at once.
-class CDispatchScope {
-public:
-    CDispatchScope();
-    ~CDispatchScope();
-    CDispatchScope(const CDispatchScope&) = delete;
-    CDispatchScope& operator=(const CDispatchScope&) = delete;
-
-    static bool isActive();
-};
-
-/// Deletes the object now or after the outermost dispatch scope.
-void deleteWhenIdle(QObject* object);
-
 /// Ends the dialogs that the window owns, tells the window and its controls of their end and forgets them.
 /// The widget is left to the caller.
 void endWindow(HWND window);
-
-/// The window the user works in: the active one, else the modal dialog that is open, as a dialog over it that
-/// has just ended leaves no window active until the window system gives the activation back. Null for none.
-QWidget* windowInUse();
-
-/// Counts the modal dialogs run so far: a change tells that the user did other things meanwhile.
-int modalRuns();
-/// Marks a nested run of messages for a modal window. At its end the window that was active before is so
-/// again: not every window system sees to that.
-class CModalRun {
-public:
-    CModalRun();
-    ~CModalRun();
-    CModalRun(const CModalRun&) = delete;
-    CModalRun& operator=(const CModalRun&) = delete;
-
-private:
-    CDispatchScope m_handlersStillRun;
-    QPointer<QWidget> m_pFormerlyActive;
-};
 
 } // namespace qtbackend

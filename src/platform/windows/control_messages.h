@@ -5,22 +5,16 @@
 // What controls are told, and what they report to their parents, with the registered numbers.
 
 inline constexpr UINT EM_SETSEL = 0x00B1;
-inline constexpr UINT EM_SETREADONLY = 0x00CF;
 
 inline constexpr UINT BM_GETCHECK = 0x00F0;
 inline constexpr UINT BM_SETCHECK = 0x00F1;
 inline constexpr UINT BM_CLICK = 0x00F5;
-inline constexpr UINT BM_GETIMAGE = 0x00F6;
 inline constexpr UINT BM_SETIMAGE = 0x00F7;
 inline constexpr WPARAM IMAGE_ICON = 1;
 
 inline constexpr UINT CB_ADDSTRING = 0x0143;
-inline constexpr UINT CB_DELETESTRING = 0x0144;
 inline constexpr UINT CB_GETCOUNT = 0x0146;
 inline constexpr UINT CB_GETCURSEL = 0x0147;
-inline constexpr UINT CB_GETLBTEXT = 0x0148;
-inline constexpr UINT CB_GETLBTEXTLEN = 0x0149;
-inline constexpr UINT CB_INSERTSTRING = 0x014A;
 inline constexpr UINT CB_RESETCONTENT = 0x014B;
 inline constexpr UINT CB_SETCURSEL = 0x014E;
 inline constexpr UINT CB_GETITEMDATA = 0x0150;
@@ -33,7 +27,6 @@ inline constexpr UINT LB_DELETESTRING = 0x0182;
 inline constexpr UINT LB_RESETCONTENT = 0x0184;
 inline constexpr UINT LB_SETSEL = 0x0185;
 inline constexpr UINT LB_SETCURSEL = 0x0186;
-inline constexpr UINT LB_GETSEL = 0x0187;
 inline constexpr UINT LB_GETCURSEL = 0x0188;
 inline constexpr UINT LB_GETTEXT = 0x0189;
 inline constexpr UINT LB_GETTEXTLEN = 0x018A;
@@ -52,8 +45,6 @@ inline constexpr UINT SBM_GETPOS = 0x00E1;
 inline constexpr UINT SBM_SETRANGE = 0x00E2;
 
 inline constexpr UINT TBM_GETPOS = WM_USER;
-inline constexpr UINT TBM_GETRANGEMIN = WM_USER + 1;
-inline constexpr UINT TBM_GETRANGEMAX = WM_USER + 2;
 inline constexpr UINT TBM_SETPOS = WM_USER + 5;
 inline constexpr UINT TBM_SETRANGEMIN = WM_USER + 7;
 inline constexpr UINT TBM_SETRANGEMAX = WM_USER + 8;
@@ -62,13 +53,10 @@ inline constexpr UINT PBM_SETPOS = WM_USER + 2;
 inline constexpr UINT PBM_SETRANGE32 = WM_USER + 6;
 inline constexpr UINT PBM_GETPOS = WM_USER + 8;
 
-inline constexpr UINT UDM_SETBUDDY = WM_USER + 105;
-inline constexpr UINT UDM_GETBUDDY = WM_USER + 106;
 inline constexpr UINT UDM_SETRANGE32 = WM_USER + 111;
 inline constexpr UINT UDM_SETPOS32 = WM_USER + 113;
 inline constexpr UINT UDM_GETPOS32 = WM_USER + 114;
 
-inline constexpr UINT TCM_GETITEMCOUNT = 0x1304;
 inline constexpr UINT TCM_INSERTITEM = 0x1307;
 inline constexpr UINT TCM_GETCURSEL = 0x130B;
 inline constexpr UINT TCM_SETCURSEL = 0x130C;

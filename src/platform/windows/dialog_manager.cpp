@@ -1,5 +1,6 @@
 #include "platform/windows/dialog_manager.h"
 
+#include "platform/windows/back_end.h"
 #include "platform/windows/control_messages.h"
 #include "platform/windows/functions.h"
 #include "platform/windows/styles.h"

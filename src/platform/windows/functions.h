@@ -3,12 +3,8 @@
 #include "platform/windows/messages.h"
 #include "platform/windows_types.h"
 
-struct DialogTemplate;
-class CScrollBar;
-class CWnd;
-
-// What the framework asks of the window system. A back end defines these functions; nothing else of it is
-// visible above. A null or dead window is answered with zero, never with a crash.
+// The functions of the window system, as the genuine one has them. A back end defines them. A null or dead
+// window is answered with zero, never with a crash.
 
 inline constexpr UINT SWP_NOSIZE = 0x0001;
 inline constexpr UINT SWP_NOMOVE = 0x0002;
@@ -74,28 +70,16 @@ BOOL ScreenToClient(HWND window, LPPOINT point);
 BOOL ClientToScreen(HWND window, LPPOINT point);
 /// Position and size of the whole window: for a child in its parent's client area, else on the screen.
 BOOL SetWindowPos(HWND window, HWND insertAfter, int x, int y, int width, int height, UINT flags);
-BOOL MapDialogRect(HWND dialog, LPRECT rect);
-/// The part of the screen with the window on it that is free for windows.
-RECT GetWorkArea(HWND window);
 
 BOOL InvalidateRect(HWND window, LPCRECT rect, BOOL erase);
 BOOL UpdateWindow(HWND window);
-BOOL RedrawWindow(HWND window, LPCRECT rect, UINT flags);
+BOOL RedrawWindow(HWND window, LPCRECT rect, HRGN region, UINT flags);
 
 HWND GetFocus();
 HWND SetFocus(HWND window);
 HWND GetCapture();
 HWND SetCapture(HWND window);
 BOOL ReleaseCapture();
-/// Whether the key (VK_SHIFT, VK_CONTROL) is held during the message being handled.
-BOOL IsKeyHeld(WPARAM key);
-
-/// Makes a hidden dialog with its controls, owned by the parent's window; null when it cannot be made.
-HWND CreateDialogWindow(const DialogTemplate& layout, HWND parent);
-/// Shows the dialog and runs messages until EndDialogWindow or the window's end; the dialog's result, or
-/// `broken` when the window ended without one.
-INT_PTR RunDialogWindow(HWND dialog, INT_PTR broken);
-void EndDialogWindow(HWND dialog, INT_PTR result);
 
 /// What a registered class is known by; its procedure is always the framework's.
 struct WNDCLASS {
@@ -109,19 +93,3 @@ struct WNDCLASS {
 };
 
 BOOL RegisterClass(const WNDCLASS* windowClass);
-
-/// An icon of the library, kept until unload; null when there is none of that id.
-HICON LoadIcon(HINSTANCE library, UINT id);
-
-/// Makes a child control of a predefined or a registered class.
-HWND CreateControlWindow(DWORD exStyle, LPCSTR className, LPCSTR text, DWORD style, const RECT& rect,
-                         HWND parent, int id);
-
-/// The object that receives the window's messages. Passing null leaves them to the window's own kind.
-void SetWindowObject(HWND window, CWnd* object);
-/// The attached object, or null.
-CWnd* GetWindowObject(HWND window);
-/// The attached object, or a stand-in of the control's class that lives as long as the window.
-CWnd* GetOrMakeWindowObject(HWND window);
-/// A scroll bar object for the window of a scroll message, which may be a trackbar; null for null.
-CScrollBar* GetScrollBarObject(HWND window);

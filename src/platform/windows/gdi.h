@@ -55,18 +55,12 @@ HDC CreateCompatibleDC(HDC reference);
 /// outside of painting is lost, as the window system keeps what is painted.
 HDC GetDC(HWND window);
 void DeleteDC(HDC context);
-/// Opens and closes the painting of a window that is handling WM_PAINT.
-HDC BeginPaint(HWND window);
-void EndPaint(HWND window, HDC context);
 /// Makes the object current and returns the former one of its kind. A bitmap goes to memory contexts only.
 HGDIOBJ SelectObject(HDC context, HGDIOBJ object);
 /// Fills with the current brush and frames with the current pen, right and bottom excluded.
 BOOL Rectangle(HDC context, int left, int top, int right, int bottom);
-void FillSolidRect(HDC context, LPCRECT rect, COLORREF colour);
 BOOL SetPixelV(HDC context, int x, int y, COLORREF colour);
 COLORREF GetPixel(HDC context, int x, int y); ///< memory contexts only; black elsewhere
-BOOL MoveToEx(HDC context, int x, int y, LPPOINT previous);
-BOOL LineTo(HDC context, int x, int y);
 /// Copies from a memory context; the raster operation must be SRCCOPY.
 BOOL BitBlt(HDC target, int x, int y, int width, int height, HDC source, int sourceX, int sourceY,
             DWORD operation);

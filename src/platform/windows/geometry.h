@@ -32,15 +32,7 @@ public:
     int Width() const { return right - left; }
     int Height() const { return bottom - top; }
     CSize Size() const { return {Width(), Height()}; }
-    CPoint TopLeft() const { return {left, top}; }
     bool IsRectEmpty() const { return left >= right || top >= bottom; }
-    bool PtInRect(POINT point) const {
-        return point.x >= left && point.x < right && point.y >= top && point.y < bottom;
-    }
-    void SetRect(int l, int t, int r, int b) { *this = CRect(l, t, r, b); }
-    void OffsetRect(int dx, int dy) { *this = CRect(left + dx, top + dy, right + dx, bottom + dy); }
-    void InflateRect(int dx, int dy) { *this = CRect(left - dx, top - dy, right + dx, bottom + dy); }
-    void DeflateRect(int dx, int dy) { InflateRect(-dx, -dy); }
 
     /// Takes the common part of both. FALSE, and this rectangle empty, when there is none.
     BOOL IntersectRect(LPCRECT a, LPCRECT b) {

@@ -7,10 +7,6 @@ HICON CButton::SetIcon(HICON icon) {
     return reinterpret_cast<HICON>(SendMessage(BM_SETIMAGE, IMAGE_ICON, reinterpret_cast<LPARAM>(icon)));
 }
 
-HICON CButton::GetIcon() const {
-    return reinterpret_cast<HICON>(SendMessage(BM_GETIMAGE, IMAGE_ICON));
-}
-
 void CButton::DrawItem(LPDRAWITEMSTRUCT) {}
 
 BOOL CButton::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult) {

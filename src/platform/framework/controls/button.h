@@ -25,12 +25,8 @@ using LPDRAWITEMSTRUCT = DRAWITEMSTRUCT*;
 /// A push button, check box, radio button or owner-drawn button.
 class CButton : public CWnd {
 public:
-    /// 0 unchecked, 1 checked.
-    int GetCheck() const { return static_cast<int>(SendMessage(BM_GETCHECK)); }
-    void SetCheck(int check) { SendMessage(BM_SETCHECK, static_cast<WPARAM>(check)); }
     /// Shows an icon in place of the caption, nothing for null; the former icon.
     HICON SetIcon(HICON icon);
-    HICON GetIcon() const;
 
     /// Paints an owner-drawn button; must be overridden for one.
     virtual void DrawItem(LPDRAWITEMSTRUCT lpDrawItemStruct);

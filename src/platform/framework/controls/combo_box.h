@@ -13,10 +13,6 @@ public:
     int AddString(LPCTSTR text) {
         return static_cast<int>(SendMessage(CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text)));
     }
-    int InsertString(int index, LPCTSTR text) {
-        return static_cast<int>(SendMessage(CB_INSERTSTRING, wide(index), reinterpret_cast<LPARAM>(text)));
-    }
-    int DeleteString(UINT index) { return static_cast<int>(SendMessage(CB_DELETESTRING, index)); }
     void ResetContent() { SendMessage(CB_RESETCONTENT); }
     DWORD_PTR GetItemData(int index) const {
         return static_cast<DWORD_PTR>(SendMessage(CB_GETITEMDATA, wide(index)));
@@ -24,7 +20,6 @@ public:
     int SetItemData(int index, DWORD_PTR data) {
         return static_cast<int>(SendMessage(CB_SETITEMDATA, wide(index), static_cast<LPARAM>(data)));
     }
-    void GetLBText(int index, CString& text) const;
 
 private:
     static WPARAM wide(int index) { return static_cast<WPARAM>(index); }

@@ -32,7 +32,6 @@ public:
     }
 
     // For lists of several selected.
-    int GetSel(int index) const { return static_cast<int>(SendMessage(LB_GETSEL, wide(index))); }
     /// Index -1 stands for every item.
     int SetSel(int index, BOOL select = TRUE) {
         return static_cast<int>(SendMessage(LB_SETSEL, wide(select), index));

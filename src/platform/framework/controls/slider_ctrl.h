@@ -10,8 +10,6 @@ public:
         SendMessage(TBM_SETRANGEMIN, 0, minimum);
         SendMessage(TBM_SETRANGEMAX, static_cast<WPARAM>(redraw), maximum);
     }
-    int GetRangeMin() const { return static_cast<int>(SendMessage(TBM_GETRANGEMIN)); }
-    int GetRangeMax() const { return static_cast<int>(SendMessage(TBM_GETRANGEMAX)); }
     int GetPos() const { return static_cast<int>(SendMessage(TBM_GETPOS)); }
     void SetPos(int position) { SendMessage(TBM_SETPOS, TRUE, position); }
 };

@@ -9,9 +9,4 @@ public:
     void SetRange32(int lower, int upper) { SendMessage(UDM_SETRANGE32, static_cast<WPARAM>(lower), upper); }
     int SetPos(int position) { return static_cast<int>(SendMessage(UDM_SETPOS32, 0, position)); }
     int GetPos() const { return static_cast<int>(SendMessage(UDM_GETPOS32)); }
-    CWnd* SetBuddy(CWnd* buddy) {
-        return FromHandle(reinterpret_cast<HWND>(
-            SendMessage(UDM_SETBUDDY, reinterpret_cast<WPARAM>(buddy != nullptr ? buddy->m_hWnd : nullptr))));
-    }
-    CWnd* GetBuddy() const { return FromHandle(reinterpret_cast<HWND>(SendMessage(UDM_GETBUDDY))); }
 };

@@ -10,7 +10,6 @@ public:
         return static_cast<LONG>(
             SendMessage(TCM_INSERTITEM, static_cast<WPARAM>(nItem), reinterpret_cast<LPARAM>(lpszItem)));
     }
-    int GetItemCount() const { return static_cast<int>(SendMessage(TCM_GETITEMCOUNT)); }
     int GetCurSel() const { return static_cast<int>(SendMessage(TCM_GETCURSEL)); }
     /// The former selection. Sends no notification.
     int SetCurSel(int nItem) {

@@ -1,6 +1,7 @@
 #include "platform/framework/drawing/dc.h"
 
 #include "platform/framework/wnd.h"
+#include "platform/windows/back_end.h"
 
 #include <utility>
 
@@ -55,24 +56,21 @@ CBitmap* CDC::SelectObject(CBitmap* bitmap) {
     return &m_formerBitmap;
 }
 
-// Callers cast the result to what it was, so the former pen comes as CPen, the former brush as CBrush.
-CGdiObject* CDC::SelectStockObject(int index) {
-    const HGDIOBJ stock = ::GetStockObject(index);
-    if (stock == nullptr) {
-        return nullptr;
-    }
-    CGdiObject& former = stock->kind == HGDIOBJ__::Kind::PEN ? static_cast<CGdiObject&>(m_formerPen)
-                                                             : static_cast<CGdiObject&>(m_formerBrush);
-    former.standFor(::SelectObject(m_hDC, stock));
-    return &former;
+void CDC::FillSolidRect(LPCRECT rect, COLORREF colour) {
+    ::FillSolidArea(m_hDC, rect, colour);
+}
+
+void CDC::FillSolidRect(int x, int y, int width, int height, COLORREF colour) {
+    const RECT rect{x, y, x + width, y + height};
+    ::FillSolidArea(m_hDC, &rect, colour);
 }
 
 CPaintDC::CPaintDC(CWnd* pWnd) : m_hWnd(pWnd->m_hWnd) {
-    m_hDC = ::BeginPaint(m_hWnd);
+    m_hDC = ::BeginWindowPaint(m_hWnd);
 }
 
 CPaintDC::~CPaintDC() {
-    ::EndPaint(m_hWnd, Detach());
+    ::EndWindowPaint(m_hWnd, Detach());
 }
 
 CClientDC::CClientDC(CWnd* pWnd) {

@@ -15,7 +15,6 @@ public:
 
     /// A stand-in for a context that somebody else owns; lives until the next call.
     static CDC* FromHandle(HDC hDC);
-    HDC GetSafeHdc() const { return m_hDC; }
     BOOL Attach(HDC hDC);
     HDC Detach();
     /// A context that draws into the bitmap selected into it.
@@ -27,7 +26,6 @@ public:
     CPen* SelectObject(CPen* pen);
     CBrush* SelectObject(CBrush* brush);
     CBitmap* SelectObject(CBitmap* bitmap);
-    CGdiObject* SelectStockObject(int index);
 
     BOOL Rectangle(LPCRECT rect) {
         return ::Rectangle(m_hDC, rect->left, rect->top, rect->right, rect->bottom);
@@ -35,15 +33,10 @@ public:
     BOOL Rectangle(int left, int top, int right, int bottom) {
         return ::Rectangle(m_hDC, left, top, right, bottom);
     }
-    void FillSolidRect(LPCRECT rect, COLORREF colour) { ::FillSolidRect(m_hDC, rect, colour); }
-    void FillSolidRect(int x, int y, int width, int height, COLORREF colour) {
-        const RECT rect{x, y, x + width, y + height};
-        ::FillSolidRect(m_hDC, &rect, colour);
-    }
+    void FillSolidRect(LPCRECT rect, COLORREF colour);
+    void FillSolidRect(int x, int y, int width, int height, COLORREF colour);
     BOOL SetPixelV(int x, int y, COLORREF colour) { return ::SetPixelV(m_hDC, x, y, colour); }
     COLORREF GetPixel(int x, int y) const { return ::GetPixel(m_hDC, x, y); }
-    void MoveTo(int x, int y) { ::MoveToEx(m_hDC, x, y, nullptr); }
-    BOOL LineTo(int x, int y) { return ::LineTo(m_hDC, x, y); }
     BOOL BitBlt(int x, int y, int width, int height, CDC* source, int sourceX, int sourceY, DWORD operation) {
         return ::BitBlt(m_hDC, x, y, width, height, source->m_hDC, sourceX, sourceY, operation);
     }

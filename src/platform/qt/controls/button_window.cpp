@@ -86,7 +86,7 @@ QAbstractButton& makeWidget(DWORD style, QWidget* parent) {
 } // namespace
 
 CButtonWindow::CButtonWindow(CWindow& parent, const ControlTraits& traits)
-    : CWindow(&makeWidget(traits.window.style, parent.widget()), &parent, traits.window)
+    : CInputWindow(&makeWidget(traits.window.style, parent.widget()), &parent, traits.window)
     , m_button(static_cast<QAbstractButton&>(*widget())) {
     m_button.setFocusPolicy(Qt::StrongFocus);
     m_button.installEventFilter(this);
@@ -104,15 +104,13 @@ LRESULT CButtonWindow::process(UINT message, WPARAM wParam, LPARAM lParam) {
     case BM_CLICK:
         m_button.click();
         return 0;
-    case BM_GETIMAGE:
-        return reinterpret_cast<LRESULT>(m_icon);
     case BM_SETIMAGE: {
         const HICON former = m_icon;
         setIcon(reinterpret_cast<HICON>(lParam));
         return reinterpret_cast<LRESULT>(former);
     }
     default:
-        return CWindow::process(message, wParam, lParam);
+        return CInputWindow::process(message, wParam, lParam);
     }
 }
 

@@ -1,13 +1,13 @@
 #pragma once
 
-#include "platform/qt/controls/control_factory.h"
+#include "platform/qt/controls/control_traits.h"
 
 #include <QAbstractButton>
 
 namespace qtbackend {
 
 /// A push button, check box or radio button, also those that look like push buttons and stay in.
-class CButtonWindow : public CWindow {
+class CButtonWindow : public CInputWindow {
 public:
     CButtonWindow(CWindow& parent, const ControlTraits& traits);
 

@@ -9,7 +9,7 @@
 namespace qtbackend {
 
 CComboBoxWindow::CComboBoxWindow(CWindow& parent, const ControlTraits& traits)
-    : CWindow(new QComboBox(parent.widget()), &parent, traits.window)
+    : CInputWindow(new QComboBox(parent.widget()), &parent, traits.window)
     , m_combo(static_cast<QComboBox&>(*widget())) {
     m_combo.setFocusPolicy(Qt::StrongFocus);
     m_combo.installEventFilter(this);
@@ -54,9 +54,7 @@ LRESULT CComboBoxWindow::process(UINT message, WPARAM wParam, LPARAM lParam) {
     const int index = static_cast<int>(wParam);
     switch (message) {
     case CB_ADDSTRING:
-        return insert(-1, toText(lParam));
-    case CB_INSERTSTRING:
-        return insert(index < 0 ? m_combo.count() : index, toText(lParam));
+        return add(toText(lParam));
     case CB_GETCOUNT:
         return m_combo.count();
     case CB_GETCURSEL:
@@ -66,14 +64,11 @@ LRESULT CComboBoxWindow::process(UINT message, WPARAM wParam, LPARAM lParam) {
     case CB_RESETCONTENT:
         m_combo.clear();
         return 0;
-    case CB_DELETESTRING:
-    case CB_GETLBTEXT:
-    case CB_GETLBTEXTLEN:
     case CB_GETITEMDATA:
     case CB_SETITEMDATA:
         return processItem(message, index, lParam);
     default:
-        return CWindow::process(message, wParam, lParam);
+        return CInputWindow::process(message, wParam, lParam);
     }
 }
 
@@ -81,35 +76,19 @@ LRESULT CComboBoxWindow::processItem(UINT message, int index, LPARAM lParam) {
     if (index < 0 || index >= m_combo.count()) {
         return CB_ERR;
     }
-    switch (message) {
-    case CB_DELETESTRING: {
-        const int selected = m_combo.currentIndex();
-        m_combo.removeItem(index);
-        select(selected == index ? -1 : selected > index ? selected - 1 : selected);
-        return m_combo.count();
-    }
-    case CB_GETLBTEXT:
-        return copyItemText(m_combo.itemText(index), lParam);
-    case CB_GETLBTEXTLEN:
-        return m_combo.itemText(index).toUtf8().size();
-    case CB_SETITEMDATA:
+    if (message == CB_SETITEMDATA) {
         m_combo.setItemData(index, QVariant::fromValue<qlonglong>(lParam));
         return 0;
-    default:
-        return static_cast<LRESULT>(m_combo.itemData(index).toLongLong());
     }
+    return static_cast<LRESULT>(m_combo.itemData(index).toLongLong());
 }
 
-/// An index of -1 adds: at its place in a sorted list, else at the end. Adding selects nothing.
-LRESULT CComboBoxWindow::insert(int index, const QString& text) {
-    if (index > m_combo.count()) {
-        return CB_ERR;
-    }
-    if (index < 0) {
-        index = (style() & CBS_SORT) != 0
-                    ? sortedIndex(text, m_combo.count(), [this](int item) { return m_combo.itemText(item); })
-                    : m_combo.count();
-    }
+/// Adds at its place in a sorted list, else at the end, and selects nothing.
+LRESULT CComboBoxWindow::add(const QString& text) {
+    const int index =
+        (style() & CBS_SORT) != 0
+            ? sortedIndex(text, m_combo.count(), [this](int item) { return m_combo.itemText(item); })
+            : m_combo.count();
     const bool nothingSelected = m_combo.currentIndex() < 0;
     m_combo.insertItem(index, text, QVariant::fromValue<qlonglong>(0));
     if (nothingSelected) {

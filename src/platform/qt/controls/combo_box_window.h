@@ -1,13 +1,13 @@
 #pragma once
 
-#include "platform/qt/controls/control_factory.h"
+#include "platform/qt/controls/control_traits.h"
 
 #include <QComboBox>
 
 namespace qtbackend {
 
 /// A drop-down list, with or without a text to type in.
-class CComboBoxWindow : public CWindow {
+class CComboBoxWindow : public CInputWindow {
 public:
     CComboBoxWindow(CWindow& parent, const ControlTraits& traits);
 
@@ -24,7 +24,7 @@ protected:
 
 private:
     LRESULT processItem(UINT message, int index, LPARAM lParam);
-    LRESULT insert(int index, const QString& text);
+    LRESULT add(const QString& text);
     LRESULT select(int index);
 
     QComboBox& m_combo;

@@ -12,6 +12,7 @@
 #include "platform/qt/controls/tab_window.h"
 #include "platform/qt/controls/up_down_window.h"
 #include "platform/qt/window_registry.h"
+#include "platform/windows/back_end.h"
 
 #include <algorithm>
 #include <cctype>

@@ -1,6 +1,9 @@
 #include "platform/qt/controls/custom_window.h"
 
+#include "platform/qt/mouse_router.h"
+
 #include <QFrame>
+#include <QWheelEvent>
 
 namespace qtbackend {
 
@@ -26,7 +29,7 @@ private:
 } // namespace
 
 CCustomWindow::CCustomWindow(CWindow& parent, const ControlTraits& traits)
-    : CWindow(new CCustomWidget(parent.widget()), &parent, traits.window) {
+    : CInputWindow(new CCustomWidget(parent.widget()), &parent, traits.window) {
     auto& frame = static_cast<CCustomWidget&>(*widget());
     frame.setWindow(this);
     if ((traits.exStyle & (WS_EX_CLIENTEDGE | WS_EX_STATICEDGE)) != 0) {
@@ -37,6 +40,10 @@ CCustomWindow::CCustomWindow(CWindow& parent, const ControlTraits& traits)
 
 QRect CCustomWindow::clientRect() const {
     return widget()->contentsRect();
+}
+
+bool CCustomWindow::onEvent(QObject* watched, QEvent* event) {
+    return event->type() == QEvent::Wheel && routeWheel(*this, watched, static_cast<QWheelEvent&>(*event));
 }
 
 void CCustomWindow::paint() {

@@ -1,13 +1,13 @@
 #pragma once
 
-#include "platform/qt/controls/control_factory.h"
+#include "platform/qt/controls/control_traits.h"
 
 class QPainter;
 
 namespace qtbackend {
 
 /// A window of a class that the program registered: its object paints it and hears its mouse.
-class CCustomWindow : public CWindow {
+class CCustomWindow : public CInputWindow {
 public:
     CCustomWindow(CWindow& parent, const ControlTraits& traits);
 
@@ -15,6 +15,9 @@ public:
     QRect clientRect() const override;
 
     void paint();
+
+protected:
+    bool onEvent(QObject* watched, QEvent* event) override;
 };
 
 } // namespace qtbackend

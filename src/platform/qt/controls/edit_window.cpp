@@ -1,9 +1,8 @@
 #include "platform/qt/controls/edit_window.h"
 
 #include "platform/framework/controls/edit.h"
-#include "platform/qt/controls/up_down_window.h"
+#include "platform/qt/dispatch_scope.h"
 #include "platform/qt/mouse_router.h"
-#include "platform/qt/window_registry.h"
 #include "platform/windows/control_messages.h"
 
 #include <QFocusEvent>
@@ -24,7 +23,7 @@ void letBeRead(QLineEdit& edit) {
 } // namespace
 
 CEditWindow::CEditWindow(CWindow& parent, const ControlTraits& traits)
-    : CWindow(new QLineEdit(traits.text, parent.widget()), &parent, traits.window)
+    : CInputWindow(new QLineEdit(traits.text, parent.widget()), &parent, traits.window)
     , m_edit(static_cast<QLineEdit&>(*widget())) {
     m_edit.installEventFilter(this);
     m_edit.setReadOnly((style() & ES_READONLY) != 0);
@@ -36,20 +35,13 @@ CEditWindow::CEditWindow(CWindow& parent, const ControlTraits& traits)
     }
 }
 
-void CEditWindow::setArrowKeysTarget(CUpDownWindow* upDown) {
-    m_pArrowKeysTarget = upDown;
-}
-
 LRESULT CEditWindow::process(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
     case EM_SETSEL:
         select(static_cast<int>(wParam), static_cast<int>(lParam));
         return 0;
-    case EM_SETREADONLY:
-        m_edit.setReadOnly(wParam != 0);
-        return 1;
     default:
-        return CWindow::process(message, wParam, lParam);
+        return CInputWindow::process(message, wParam, lParam);
     }
 }
 
@@ -83,12 +75,9 @@ bool CEditWindow::onEvent(QObject* watched, QEvent* event) {
         notify(EN_SETFOCUS);
         return true;
     }
-    if (event->type() == QEvent::KeyPress && m_pArrowKeysTarget != nullptr) {
-        const int key = static_cast<QKeyEvent*>(event)->key();
-        if (key == Qt::Key_Up || key == Qt::Key_Down) {
-            static_cast<CUpDownWindow*>(m_pArrowKeysTarget.data())->step(key == Qt::Key_Up);
-            return true;
-        }
+    if (event->type() == QEvent::KeyPress && m_arrowKeys) {
+        const auto key = static_cast<Qt::Key>(static_cast<QKeyEvent*>(event)->key());
+        return (key == Qt::Key_Up || key == Qt::Key_Down) && m_arrowKeys(key);
     }
     return false;
 }

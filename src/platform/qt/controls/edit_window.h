@@ -1,20 +1,21 @@
 #pragma once
 
-#include "platform/qt/controls/control_factory.h"
+#include "platform/qt/controls/control_traits.h"
 
 #include <QLineEdit>
 
+#include <functional>
+#include <utility>
+
 namespace qtbackend {
 
-class CUpDownWindow;
-
 /// A line of text to type in.
-class CEditWindow : public CWindow {
+class CEditWindow : public CInputWindow {
 public:
     CEditWindow(CWindow& parent, const ControlTraits& traits);
 
-    /// The up-down control that the up and down arrow keys step; null for none.
-    void setArrowKeysTarget(CUpDownWindow* upDown);
+    /// Gives the up and down arrow keys to somebody, who says whether a key was used.
+    void setArrowKeys(std::function<bool(Qt::Key)> arrowKeys) { m_arrowKeys = std::move(arrowKeys); }
 
     LRESULT process(UINT message, WPARAM wParam, LPARAM lParam) override;
     QString text() const override { return m_edit.text(); }
@@ -30,7 +31,7 @@ private:
     void onFocusLost(QEvent* event);
 
     QLineEdit& m_edit;
-    QPointer<QObject> m_pArrowKeysTarget;
+    std::function<bool(Qt::Key)> m_arrowKeys;
 };
 
 } // namespace qtbackend

@@ -8,7 +8,7 @@
 namespace qtbackend {
 
 CListBoxWindow::CListBoxWindow(CWindow& parent, const ControlTraits& traits)
-    : CWindow(new QListWidget(parent.widget()), &parent, traits.window)
+    : CInputWindow(new QListWidget(parent.widget()), &parent, traits.window)
     , m_list(static_cast<QListWidget&>(*widget())) {
     m_list.installEventFilter(this);
     watch(m_list.viewport());
@@ -63,7 +63,6 @@ LRESULT CListBoxWindow::process(UINT message, WPARAM wParam, LPARAM lParam) {
         moveCaret(index);
         return 0;
     case LB_DELETESTRING:
-    case LB_GETSEL:
     case LB_GETTEXT:
     case LB_GETTEXTLEN:
     case LB_GETITEMDATA:
@@ -71,7 +70,7 @@ LRESULT CListBoxWindow::process(UINT message, WPARAM wParam, LPARAM lParam) {
         return processItem(message, index, lParam);
     default: {
         const CStateScope fromUser(m_bFromProgram, false); // the mouse and the keyboard come this way
-        return CWindow::process(message, wParam, lParam);
+        return CInputWindow::process(message, wParam, lParam);
     }
     }
 }
@@ -84,8 +83,6 @@ LRESULT CListBoxWindow::processItem(UINT message, int index, LPARAM lParam) {
     switch (message) {
     case LB_DELETESTRING:
         return remove(index);
-    case LB_GETSEL:
-        return item->isSelected() ? 1 : 0;
     case LB_GETTEXT:
         return copyItemText(item->text(), lParam);
     case LB_GETTEXTLEN:
@@ -110,6 +107,9 @@ LRESULT CListBoxWindow::insert(int index, const QString& text) {
                 : m_list.count();
     }
     m_list.insertItem(index, text);
+    if (isMultiple() && m_list.count() == 1) {
+        moveCaret(0);
+    }
     return index;
 }
 

@@ -1,13 +1,13 @@
 #pragma once
 
-#include "platform/qt/controls/control_factory.h"
+#include "platform/qt/controls/control_traits.h"
 
 #include <QListWidget>
 
 namespace qtbackend {
 
 /// A list of texts, for one or several selected.
-class CListBoxWindow : public CWindow {
+class CListBoxWindow : public CInputWindow {
 public:
     CListBoxWindow(CWindow& parent, const ControlTraits& traits);
 

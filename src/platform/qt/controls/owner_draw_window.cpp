@@ -50,7 +50,7 @@ private:
 } // namespace
 
 COwnerDrawWindow::COwnerDrawWindow(CWindow& parent, const ControlTraits& traits)
-    : CWindow(new COwnerDrawButton(parent.widget()), &parent, traits.window) {
+    : CInputWindow(new COwnerDrawButton(parent.widget()), &parent, traits.window) {
     auto& button = static_cast<COwnerDrawButton&>(*widget());
     button.setWindow(this);
     button.installEventFilter(this);
@@ -76,7 +76,7 @@ LRESULT COwnerDrawWindow::process(UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_LBUTTONDOWN) {
         widget()->setFocus(Qt::MouseFocusReason);
     }
-    return CWindow::process(message, wParam, lParam);
+    return CInputWindow::process(message, wParam, lParam);
 }
 
 std::unique_ptr<CWnd> COwnerDrawWindow::makeStandIn() const {

@@ -1,13 +1,13 @@
 #pragma once
 
-#include "platform/qt/controls/control_factory.h"
+#include "platform/qt/controls/control_traits.h"
 
 class QPainter;
 
 namespace qtbackend {
 
 /// A button that its object paints.
-class COwnerDrawWindow : public CWindow {
+class COwnerDrawWindow : public CInputWindow {
 public:
     COwnerDrawWindow(CWindow& parent, const ControlTraits& traits);
 

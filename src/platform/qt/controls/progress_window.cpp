@@ -31,7 +31,7 @@ void setRange(QProgressBar& bar, int lower, int upper) {
 } // namespace
 
 CProgressWindow::CProgressWindow(CWindow& parent, const ControlTraits& traits)
-    : CWindow(new QProgressBar(parent.widget()), &parent, traits.window) {
+    : CInputWindow(new QProgressBar(parent.widget()), &parent, traits.window) {
     auto& bar = static_cast<QProgressBar&>(*widget());
     bar.setTextVisible(false);
     bar.setToolTip(traits.text);
@@ -51,7 +51,7 @@ LRESULT CProgressWindow::process(UINT message, WPARAM wParam, LPARAM lParam) {
     case PBM_GETPOS:
         return bar.value();
     default:
-        return CWindow::process(message, wParam, lParam);
+        return CInputWindow::process(message, wParam, lParam);
     }
 }
 

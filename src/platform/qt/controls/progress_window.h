@@ -1,11 +1,11 @@
 #pragma once
 
-#include "platform/qt/controls/control_factory.h"
+#include "platform/qt/controls/control_traits.h"
 
 namespace qtbackend {
 
 /// A bar that fills up.
-class CProgressWindow : public CWindow {
+class CProgressWindow : public CInputWindow {
 public:
     CProgressWindow(CWindow& parent, const ControlTraits& traits);
 

@@ -66,7 +66,7 @@ protected:
 
 CAbstractSliderWindow::CAbstractSliderWindow(QAbstractSlider* slider, CWindow& parent,
                                              const ControlTraits& traits)
-    : CWindow(slider, &parent, traits.window), m_slider(*slider) {
+    : CInputWindow(slider, &parent, traits.window), m_slider(*slider) {
     m_slider.setFocusPolicy((style() & WS_TABSTOP) != 0 ? Qt::StrongFocus : Qt::ClickFocus);
     m_slider.installEventFilter(this);
     if (!traits.text.isEmpty()) {
@@ -132,10 +132,6 @@ LRESULT CSliderWindow::process(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
     case TBM_GETPOS:
         return slider().value();
-    case TBM_GETRANGEMIN:
-        return slider().minimum();
-    case TBM_GETRANGEMAX:
-        return slider().maximum();
     case TBM_SETPOS:
         setPosition(value);
         return 0;
@@ -146,7 +142,7 @@ LRESULT CSliderWindow::process(UINT message, WPARAM wParam, LPARAM lParam) {
         setRange(slider().minimum(), value);
         return 0;
     default:
-        return CWindow::process(message, wParam, lParam);
+        return CInputWindow::process(message, wParam, lParam);
     }
 }
 
@@ -177,7 +173,7 @@ LRESULT CScrollBarWindow::process(UINT message, WPARAM wParam, LPARAM lParam) {
         m_nPosition = std::clamp(m_nPosition, slider().minimum(), slider().maximum());
         return 0;
     default:
-        return CWindow::process(message, wParam, lParam);
+        return CInputWindow::process(message, wParam, lParam);
     }
 }
 

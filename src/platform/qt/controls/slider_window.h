@@ -1,13 +1,13 @@
 #pragma once
 
-#include "platform/qt/controls/control_factory.h"
+#include "platform/qt/controls/control_traits.h"
 
 #include <QAbstractSlider>
 
 namespace qtbackend {
 
 /// What trackbars and scroll bars have in common: the user's moves arrive at the parent as scroll messages.
-class CAbstractSliderWindow : public CWindow {
+class CAbstractSliderWindow : public CInputWindow {
 public:
     CAbstractSliderWindow(QAbstractSlider* slider, CWindow& parent, const ControlTraits& traits);
 

@@ -79,7 +79,7 @@ QWidget* makeWidget(DWORD style, QWidget* parent) {
 } // namespace
 
 CStaticWindow::CStaticWindow(CWindow& parent, const ControlTraits& traits)
-    : CWindow(makeWidget(traits.window.style, parent.widget()), &parent, traits.window) {
+    : CInputWindow(makeWidget(traits.window.style, parent.widget()), &parent, traits.window) {
     CStaticWindow::setText(traits.text);
 }
 
@@ -97,7 +97,7 @@ std::unique_ptr<CWnd> CStaticWindow::makeStandIn() const {
 }
 
 CGroupBoxWindow::CGroupBoxWindow(CWindow& parent, const ControlTraits& traits)
-    : CWindow(new CTitledFrame(traits.text, parent.widget()), &parent, traits.window) {
+    : CInputWindow(new CTitledFrame(traits.text, parent.widget()), &parent, traits.window) {
     letMouseThrough(*widget());
 }
 

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "platform/qt/controls/control_factory.h"
+#include "platform/qt/controls/control_traits.h"
 
 namespace qtbackend {
 
 /// A text, frame or rectangle. Lets the mouse through and lies below the controls it surrounds.
-class CStaticWindow : public CWindow {
+class CStaticWindow : public CInputWindow {
 public:
     CStaticWindow(CWindow& parent, const ControlTraits& traits);
 
@@ -22,7 +22,7 @@ private:
 };
 
 /// A titled frame around other controls.
-class CGroupBoxWindow : public CWindow {
+class CGroupBoxWindow : public CInputWindow {
 public:
     CGroupBoxWindow(CWindow& parent, const ControlTraits& traits);
 

@@ -39,7 +39,7 @@ protected:
 } // namespace
 
 CTabWindow::CTabWindow(CWindow& parent, const ControlTraits& traits)
-    : CWindow(new CTabsOverPage(parent.widget()), &parent, traits.window)
+    : CInputWindow(new CTabsOverPage(parent.widget()), &parent, traits.window)
     , m_tabs(static_cast<QTabBar&>(*widget())) {
     m_tabs.lower();
     m_tabs.installEventFilter(this);
@@ -70,14 +70,12 @@ LRESULT CTabWindow::process(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
     case TCM_INSERTITEM:
         return insert(static_cast<int>(wParam), toText(lParam));
-    case TCM_GETITEMCOUNT:
-        return m_tabs.count();
     case TCM_GETCURSEL:
         return m_tabs.currentIndex();
     case TCM_SETCURSEL:
         return select(static_cast<int>(wParam));
     default:
-        return CWindow::process(message, wParam, lParam);
+        return CInputWindow::process(message, wParam, lParam);
     }
 }
 

@@ -1,13 +1,13 @@
 #pragma once
 
-#include "platform/qt/controls/control_factory.h"
+#include "platform/qt/controls/control_traits.h"
 
 #include <QTabBar>
 
 namespace qtbackend {
 
 /// A row of tabs over an empty page, on which the dialog's other controls stand.
-class CTabWindow : public CWindow {
+class CTabWindow : public CInputWindow {
 public:
     CTabWindow(CWindow& parent, const ControlTraits& traits);
 

@@ -2,6 +2,7 @@
 
 #include "platform/framework/controls/spin_button_ctrl.h"
 #include "platform/qt/controls/edit_window.h"
+#include "platform/qt/dispatch_scope.h"
 #include "platform/qt/window_registry.h"
 #include "platform/windows/control_messages.h"
 
@@ -64,7 +65,7 @@ private:
 } // namespace
 
 CUpDownWindow::CUpDownWindow(CWindow& parent, const ControlTraits& traits)
-    : CWindow(new CArrowPair(parent.widget()), &parent, traits.window) {
+    : CInputWindow(new CArrowPair(parent.widget()), &parent, traits.window) {
     static_cast<CArrowPair&>(*widget()).setWindow(this);
     widget()->installEventFilter(this);
 }
@@ -83,15 +84,19 @@ CWindow* CUpDownWindow::buddy() const {
     return CWindowRegistry::instance().find(m_buddy);
 }
 
-HWND CUpDownWindow::setBuddy(HWND window) {
-    const HWND former = std::exchange(m_buddy, window);
+void CUpDownWindow::setBuddy(HWND window) {
+    m_buddy = window;
     if ((style() & UDS_ARROWKEYS) != 0) {
         if (auto* const edit = dynamic_cast<CEditWindow*>(buddy())) {
-            edit->setArrowKeysTarget(this);
+            edit->setArrowKeys([upDown = QPointer(this)](Qt::Key key) {
+                if (upDown != nullptr) {
+                    upDown->step(key == Qt::Key_Up);
+                }
+                return upDown != nullptr;
+            });
         }
     }
     standBesideBuddy();
-    return former;
 }
 
 /// Takes its place out of the buddy's where the style says so.
@@ -114,10 +119,6 @@ void CUpDownWindow::standBesideBuddy() {
 
 LRESULT CUpDownWindow::process(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
-    case UDM_SETBUDDY:
-        return reinterpret_cast<LRESULT>(setBuddy(reinterpret_cast<HWND>(wParam)));
-    case UDM_GETBUDDY:
-        return reinterpret_cast<LRESULT>(m_buddy);
     case UDM_SETRANGE32:
         m_nLower = static_cast<int>(wParam);
         m_nUpper = static_cast<int>(lParam);
@@ -127,7 +128,7 @@ LRESULT CUpDownWindow::process(UINT message, WPARAM wParam, LPARAM lParam) {
     case UDM_GETPOS32:
         return m_nPosition;
     default:
-        return CWindow::process(message, wParam, lParam);
+        return CInputWindow::process(message, wParam, lParam);
     }
 }
 

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "platform/qt/controls/control_factory.h"
+#include "platform/qt/controls/control_traits.h"
 
 namespace qtbackend {
 
 /// A pair of arrows beside its buddy, mostly an edit.
-class CUpDownWindow : public CWindow {
+class CUpDownWindow : public CInputWindow {
 public:
     CUpDownWindow(CWindow& parent, const ControlTraits& traits);
 
@@ -23,7 +23,7 @@ protected:
 
 private:
     CWindow* buddy() const;
-    HWND setBuddy(HWND window);
+    void setBuddy(HWND window);
     void standBesideBuddy();
     int setPosition(int position);
 
