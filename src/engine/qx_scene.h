@@ -1,15 +1,17 @@
 #pragma once
 
-#include "engine/qx_api.h"
+#include "engine/qx_node.h"
 
+class qxCCamera;
 class qxCTexture;
 
 enum qxFogMode { qxFogModeOff = 0, qxFogModeOn = 1 };
 
-/// The scene that owns the textures and the fog switch.
-class QX_API qxCScene {
+/// The scene that owns the textures and the fog switch, and the root of the nodes that stand in it.
+class QX_API qxCScene : public qxCNode {
 public:
-    virtual ~qxCScene() = default;
+    /// A scene is its own.
+    qxCScene* getScene() const override { return const_cast<qxCScene*>(this); }
 
     /// A new texture owned by the scene, not yet in its list.
     virtual qxCTexture* createTexture() = 0;
@@ -21,4 +23,7 @@ public:
 
     virtual qxFogMode getFogMode() const = 0;
     virtual void setFogMode(qxFogMode mode) = 0;
+
+    /// Show the scene through this camera, which stays its owner's; null is ignored.
+    virtual void selectCamera(qxCCamera* /*camera*/) {}
 };

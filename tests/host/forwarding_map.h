@@ -63,9 +63,9 @@ public:
                                   const qxCVector3d& p1, const qxCVector3d& p2, float scalar) override {
         return m_map.addDetail(type, texture, p0, p1, p2, scalar);
     }
-    qxCMapDetailRecord* addDetail(qxDetailType type, qxCTexture* texture, const qxCVector3d& position,
+    qxCMapDetailRecord* addDetail(qxDetailType type, qxCTexture* texture, const qxCVector3d& point,
                                   float s1, float s2, float s3) override {
-        return m_map.addDetail(type, texture, position, s1, s2, s3);
+        return m_map.addDetail(type, texture, point, s1, s2, s3);
     }
     void removeDetail(qxCMapDetailRecord* detail) override { m_map.removeDetail(detail); }
     qxCMapDetailRecord* findDetail(float x, float z) override { return m_map.findDetail(x, z); }

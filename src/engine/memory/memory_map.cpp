@@ -274,9 +274,9 @@ qxCMapDetailRecord* CMemoryMap::addDetail(qxDetailType type, qxCTexture* texture
     return counted(m_details.add(type, texture, p0, p1, p2, scalar));
 }
 
-qxCMapDetailRecord* CMemoryMap::addDetail(qxDetailType type, qxCTexture* texture, const qxCVector3d& position,
+qxCMapDetailRecord* CMemoryMap::addDetail(qxDetailType type, qxCTexture* texture, const qxCVector3d& point,
                                           float s1, float s2, float s3) {
-    return counted(m_details.add(type, texture, position, s1, s2, s3));
+    return counted(m_details.add(type, texture, point, s1, s2, s3));
 }
 
 qxCMapDetailRecord* CMemoryMap::counted(qxCMapDetailRecord* added) {

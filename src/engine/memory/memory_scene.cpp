@@ -1,8 +1,26 @@
 #include "engine/memory/memory_scene.h"
 
+#include "engine/qx_camera.h"
 #include "engine/qx_texture.h"
 
 #include <algorithm>
+
+namespace {
+
+bool isBelow(const qxCNode* root, const qxCNode* node) {
+    if (root == node) {
+        return true;
+    }
+    const int children = root != nullptr ? root->getNumChildNodes() : 0;
+    for (int i = 0; i < children; ++i) {
+        if (isBelow(root->getChildNode(i), node)) {
+            return true;
+        }
+    }
+    return false;
+}
+
+} // namespace
 
 CMemoryScene::CMemoryScene() = default;
 
@@ -35,4 +53,35 @@ qxFogMode CMemoryScene::getFogMode() const {
 
 void CMemoryScene::setFogMode(qxFogMode mode) {
     m_fogMode = mode;
+}
+
+void CMemoryScene::addNode(qxCNode* node) {
+    if (node != nullptr && std::ranges::find(m_nodes, node) == m_nodes.end()) {
+        m_nodes.push_back(node);
+    }
+}
+
+void CMemoryScene::removeNode(qxCNode* node) {
+    if (m_pCamera != nullptr && isBelow(node, m_pCamera)) {
+        m_pCamera = nullptr;
+    }
+    std::erase(m_nodes, node);
+}
+
+int CMemoryScene::getNumChildNodes() const {
+    return static_cast<int>(m_nodes.size());
+}
+
+qxCNode* CMemoryScene::getChildNode(int index) const {
+    return index >= 0 && index < getNumChildNodes() ? m_nodes[static_cast<std::size_t>(index)] : nullptr;
+}
+
+void CMemoryScene::selectCamera(qxCCamera* camera) {
+    if (camera != nullptr) {
+        m_pCamera = camera;
+    }
+}
+
+qxCCamera* CMemoryScene::getSelectedCamera() const {
+    return m_pCamera;
 }

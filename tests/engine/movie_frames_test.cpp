@@ -1,0 +1,155 @@
+#include "engine/memory/memory_scene.h"
+#include "engine/memory/movie/camera_angles.h"
+#include "engine/memory/movie/memory_movie.h"
+#include "engine/qx_node_iterator.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <functional>
+
+namespace {
+
+/// The frames of a movie by the names of their animations, the range in brackets.
+std::string order(CMemoryMovie& movie) {
+    std::string text;
+    for (int i = 0; i < movie.getNumFrames(); ++i) {
+        text += i == movie.getRangeStart() ? "[" : "";
+        const char* const name = movie.getFrame(i)->animTrigger;
+        text += *name != 0 ? name : "-";
+        text += i == movie.getRangeEnd() ? "]" : "";
+    }
+    return text;
+}
+
+/// Frames a to f, the range on c to d.
+void fill(CMemoryMovie& movie) {
+    for (int i = 0; i < movie.getNumFrames(); ++i) {
+        movie.getFrame(i)->setAnimTrigger(std::string(1, static_cast<char>('a' + i)).c_str());
+    }
+    movie.setRangeStart(2);
+    movie.setRangeEnd(3);
+}
+
+TEST(MovieFrames, EditsMoveFramesAndRange) {
+    const struct {
+        const char* what;
+        std::function<void(CMemoryMovie&)> edit;
+        const char* expected;
+    } cases[] = {
+        {"insert before", [](auto& m) { m.insertFrame(0, nullptr); }, "-ab[cd]ef"},
+        {"insert at start", [](auto& m) { m.insertFrame(2, nullptr); }, "ab-[cd]ef"},
+        {"insert inside", [](auto& m) { m.insertFrame(3, nullptr); }, "ab[c-d]ef"},
+        {"insert behind", [](auto& m) { m.insertFrame(4, nullptr); }, "ab[cd]-ef"},
+        {"append", [](auto& m) { m.insertFrame(6, new qxCMovieFrame); }, "ab[cd]ef-"},
+        {"insert outside", [](auto& m) { m.insertFrame(7, new qxCMovieFrame); }, "ab[cd]ef"},
+        {"delete before", [](auto& m) { m.deleteFrame(0); }, "b[cd]ef"},
+        {"delete inside", [](auto& m) { m.deleteFrame(2); }, "ab[d]ef"},
+        {"delete both", [](auto& m) { m.deleteFrame(2), m.deleteFrame(2); }, "ab[e]f"},
+        {"delete outside", [](auto& m) { m.deleteFrame(6), m.deleteFrame(-1); }, "ab[cd]ef"},
+        {"delete range", [](auto& m) { m.deleteRange(); }, "ab[e]f"},
+        {"delete to the end", [](auto& m) { m.setRangeEnd(99), m.deleteRange(); }, "a[b]"},
+        {"delete all", [](auto& m) { m.setRangeStart(-5), m.setRangeEnd(99), m.deleteRange(); }, "[a]"},
+        {"delete last of all",
+         [](auto& m) {
+             for (int i = 0; i < 9; ++i) {
+                 m.deleteFrame(0);
+             }
+         },
+         "[f]"},
+        {"cut and paste", [](auto& m) { m.cut(), m.paste(0), m.paste(6); }, "cdabef[cd]"},
+        {"paste outside", [](auto& m) { m.copy(), m.paste(7), m.paste(-1); }, "ab[cd]ef"},
+        {"duplicate", [](auto& m) { m.duplicateFrame(0, 5), m.duplicateFrame(0, 6); }, "ab[cd]ea"},
+        {"swap", [](auto& m) { m.swapFrames(0, 5), m.swapFrames(-1, 2); }, "fb[cd]ea"},
+        {"start beyond end", [](auto& m) { m.setRangeStart(4); }, "abcd[e]f"},
+        {"end before start", [](auto& m) { m.setRangeEnd(1); }, "a[b]cdef"},
+    };
+    for (const auto& one : cases) {
+        CMemoryMovie movie(nullptr, 6);
+        fill(movie);
+        one.edit(movie);
+        EXPECT_EQ(order(movie), one.expected) << one.what;
+        EXPECT_EQ(movie.getFrame(movie.getNumFrames()), nullptr);
+    }
+}
+
+TEST(MovieFrames, HaveChangedWhenASetterGaveThemAnotherValue) {
+    qxCMovieFrame frame;
+    frame.setFov(frame.fov);
+    EXPECT_FALSE(frame.hasChanged());
+    frame.setFov(20.0F);
+    EXPECT_FALSE(qxCMovieFrame(frame).hasChanged());
+    EXPECT_TRUE(frame.hasChanged());
+    EXPECT_FALSE(frame.hasChanged());
+    frame.setTargetName(qxCName("mill"));
+    frame = qxCMovieFrame();
+    EXPECT_FALSE(frame.hasChanged()) << "it is a copy now";
+    EXPECT_EQ(frame.fov, 60.0F);
+    frame.setEaseIn(NAN);
+    EXPECT_FALSE(frame.hasChanged());
+    frame.setAnimTrigger("thirty letters are not enough \xC3\xA9\xC3\xA9");
+    EXPECT_STREQ(frame.animTrigger, "thirty letters are not enough ") << "half a letter was kept";
+}
+
+TEST(MovieFrames, SoundsAreFoundByTheFramesTheyCover) {
+    CMemoryMovie movie(nullptr, 100, 25.0F);
+    movie.addSound("wind.wav");
+    movie.addSound("missing.wav");
+    movie.addSound("bell.wav");
+    const float starts[] = {0.0F, 33 * 0.04F, 34 * 0.04F};
+    const float lengths[] = {1.3F, 0.0F, 0.2F};
+    for (int i = 0; i < 3; ++i) {
+        movie.getSound(i)->start = starts[i];
+        movie.getSound(i)->length = lengths[i];
+    }
+    std::string heard;
+    for (const int frame : {-1, 0, 32, 33, 34, 38, 39, 99}) {
+        heard += std::to_string(movie.getSoundAtFrame(frame)) + " ";
+    }
+    EXPECT_EQ(heard, "-1 0 0 -1 2 2 -1 -1 ");
+    movie.clearSoundtrack();
+    EXPECT_EQ(movie.getSound(0), nullptr);
+}
+
+TEST(CameraAngles, RebuildTheirDirection) {
+    for (int i = 0; i < 2000; ++i) {
+        // A spiral over the sphere from pole to pole, both included.
+        const double height = std::min(1.0, -1.0 + i / 999.0);
+        const double across = std::sqrt(std::max(0.0, 1.0 - height * height));
+        const qxCVector3d direction(static_cast<float>(across * std::sin(i)), static_cast<float>(height),
+                                    static_cast<float>(across * std::cos(i)));
+        qxCVector3d angles;
+        (direction * 7.5F).toAngles(angles.x, angles.y);
+        const qxCVector3d off = directionOf(angles) - direction;
+        ASSERT_LT(std::hypot(off.x, off.y, off.z), 1e-6F) << i;
+    }
+    float pitch = 1.0F;
+    float heading = 1.0F;
+    qxCVector3d(-0.0F, -2.0F, -0.0F).toAngles(pitch, heading);
+    EXPECT_EQ(pitch, -90.0F);
+    EXPECT_EQ(heading, 0.0F);
+}
+
+TEST(Scene, FindsItsOwnCameraBeforeThoseOfMoviesAndForgetsOneThatLeaves) {
+    CMemoryScene scene;
+    CMemoryCamera own(&scene, "own");
+    CMemoryMovie movie(&scene);
+    CMemoryCamera& child = movie.addCamera("child");
+    qxCNodeIterator iterator;
+    EXPECT_EQ(iterator.findFirst(qxNodeCamera), nullptr);
+    iterator.setRootNode(&scene);
+    EXPECT_EQ(iterator.findFirst(qxNodeCamera), nullptr);
+    scene.addNode(&movie);
+    EXPECT_EQ(iterator.findFirst(qxNodeCamera), &child);
+    scene.removeNode(&movie);
+    scene.addNode(&own);
+    scene.addNode(&movie);
+    EXPECT_EQ(iterator.findFirst(qxNodeCamera), &own);
+    scene.selectCamera(&child);
+    scene.selectCamera(nullptr);
+    EXPECT_EQ(scene.getSelectedCamera(), &child);
+    scene.removeNode(&movie);
+    EXPECT_EQ(scene.getSelectedCamera(), nullptr);
+}
+
+} // namespace

@@ -1,0 +1,241 @@
+#include "engine/memory/memory_scene.h"
+#include "engine/memory/movie/memory_movie.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <random>
+
+namespace {
+
+void setKey(CMemoryMovie& movie, int index, float value, qxMovieFrameMode mode = qxMovieFrameLinear) {
+    qxCMovieFrame& frame = *movie.getFrame(index);
+    frame.setTranslation({value, -value, 0.0F});
+    frame.setRotation({0.0F, value, 0.0F});
+    frame.setFrameMode(mode);
+    frame.setKeyframe(true);
+}
+
+/// A movie whose keyframes, a few or many, hold random values of every field.
+void fillRandomly(CMemoryMovie& movie, std::mt19937& random) {
+    const auto number = [&random](float low, float high) {
+        return std::uniform_real_distribution<float>(low, high)(random);
+    };
+    const auto vector = [&number](float most) {
+        return qxCVector3d(number(-most, most), number(-most, most), number(-most, most));
+    };
+    for (int i = 0; i < movie.getNumFrames(); ++i) {
+        qxCMovieFrame& frame = *movie.getFrame(i);
+        frame.setKeyframe(number(0.0F, 1.0F) < 0.1F);
+        frame.setTranslation(vector(100.0F));
+        frame.setRotation(vector(400.0F));
+        frame.setFov(number(10.0F, 90.0F));
+        frame.setShake(number(0.0F, 3.0F));
+        frame.setFrameMode(static_cast<qxMovieFrameMode>(random() % 3));
+        frame.setFadeMode(static_cast<qxMovieFadeMode>(random() % 3));
+        frame.setCameraMode(static_cast<qxMovieCameraMode>(random() % 2));
+        frame.setCamera(static_cast<int>(random() % 3));
+        frame.setTargetName(qxCName(random() % 2 != 0 ? "mill" : "nowhere"));
+        frame.setEaseIn(static_cast<float>(random() % 11) / 10.0F);
+        frame.setEaseOut(static_cast<float>(random() % 11) / 10.0F);
+    }
+}
+
+std::string digest(CMemoryMovie& movie) {
+    std::string text;
+    for (int i = 0; i < movie.getNumFrames(); ++i) {
+        const qxCMovieFrame& f = *movie.getFrame(i);
+        for (const float value : {f.translation.x, f.translation.y, f.translation.z, f.rotation.x,
+                                  f.rotation.y, f.rotation.z, f.fov, f.shake, f.fadeLevel}) {
+            text.append(reinterpret_cast<const char*>(&value), sizeof value);
+        }
+        text += std::to_string(f.camera * 100 + f.cameraMode * 10 + f.fadeMode) + f.targetName.getString();
+    }
+    return text;
+}
+
+TEST(Tweening, RunsStraightInCurvesOrNotAtAll) {
+    CMemoryMovie movie(nullptr, 41);
+    setKey(movie, 0, 0.0F);
+    setKey(movie, 10, 10.0F, qxMovieFrameSwitch);
+    setKey(movie, 20, 30.0F, qxMovieFrameSpline);
+    setKey(movie, 30, 30.0F, qxMovieFrameSpline);
+    setKey(movie, 40, 50.0F);
+    movie.getFrame(35)->setAnimTrigger("own");
+    movie.updateTweening();
+    const auto x = [&movie](int index) { return movie.getFrame(index)->translation.x; };
+    EXPECT_NEAR(x(3), 3.0F, 1e-5F);
+    EXPECT_EQ(x(19), 10.0F) << "a switch stays until the next keyframe";
+    EXPECT_EQ(x(25), 30.0F) << "equal neighbours are not overshot";
+    EXPECT_LT(x(31), 30.0F + 1.0F) << "level at first";
+    EXPECT_GT(x(39), x(38) + 2.0F) << "and no brake at the end";
+    EXPECT_STREQ(movie.getFrame(35)->animTrigger, "own");
+    EXPECT_FALSE(movie.getFrame(35)->keyframe);
+}
+
+TEST(Tweening, SplinesStayBetweenTheirKeyframesAndMeetWithoutAKink) {
+    std::mt19937 random(7);
+    CMemoryMovie movie(nullptr, 2001);
+    for (int key = 0; key <= 2000; key += 100) {
+        setKey(movie, key, static_cast<float>(random() % 150), qxMovieFrameSpline);
+    }
+    movie.updateTweening();
+    const auto x = [&movie](int index) { return movie.getFrame(index)->translation.x; };
+    for (int index = 1; index < 2000; ++index) {
+        const int key = index / 100 * 100;
+        const auto [low, high] = std::minmax({x(key), x(key + 100)});
+        ASSERT_TRUE(low <= x(index) && x(index) <= high) << index;
+        ASSERT_NEAR(x(index + 1) - x(index), x(index) - x(index - 1), 0.25F) << "kink at " << index;
+    }
+}
+
+TEST(Tweening, AnglesGoTheShortWayRound) {
+    CMemoryMovie movie(nullptr, 11);
+    for (const auto& [from, to, middle] :
+         {std::array{350.0F, 10.0F, 360.0F}, std::array{10.0F, 350.0F, 0.0F}, std::array{0.0F, 720.0F, 0.0F},
+          std::array{-170.0F, 170.0F, -180.0F}}) {
+        setKey(movie, 0, from, qxMovieFrameSpline);
+        setKey(movie, 10, to);
+        movie.updateTweening();
+        EXPECT_NEAR(movie.getFrame(5)->rotation.y, middle, 1e-4F) << from << " to " << to;
+    }
+}
+
+TEST(Tweening, EasesOutOfAKeyframeAndIntoTheNext) {
+    CMemoryMovie movie(nullptr, 101);
+    setKey(movie, 0, 0.0F);
+    setKey(movie, 100, 100.0F);
+    const auto x = [&movie](int index) { return movie.getFrame(index)->translation.x; };
+    for (const auto& [easeOut, easeIn, at10, at90] :
+         {std::array{0.5F, 0.5F, 10.0F, 90.0F}, std::array{0.2F, 0.8F, 2.941F, 97.059F},
+          std::array{0.8F, 0.2F, 25.0F, 75.0F}, std::array{0.0F, 1.0F, 0.0F, 100.0F},
+          std::array{1.0F, 0.0F, 50.0F, 50.0F}}) {
+        movie.getFrame(0)->setEaseOut(easeOut);
+        movie.getFrame(100)->setEaseIn(easeIn);
+        movie.updateTweening();
+        EXPECT_NEAR(x(10), at10, 1e-3F) << easeOut;
+        EXPECT_NEAR(x(50), 50.0F, 1e-3F) << easeOut;
+        EXPECT_NEAR(x(90), at90, 1e-3F) << easeIn;
+    }
+}
+
+TEST(Tweening, FadesRunUntilTheNextKeyframe) {
+    CMemoryMovie movie(nullptr, 31);
+    movie.getFrame(0)->setFadeMode(qxMovieFadeIn);
+    movie.getFrame(0)->setEaseOut(0.1F);
+    movie.getFrame(10)->setKeyframe(true);
+    movie.getFrame(20)->setKeyframe(true);
+    movie.getFrame(20)->setFadeMode(qxMovieFadeOut);
+    movie.getFrame(20)->setFadeColour({9, 8, 7, 255});
+    movie.getFrame(30)->setFadeMode(qxMovieFadeOut);
+    movie.updateTweening();
+    std::vector<float> levels;
+    for (const int index : {0, 5, 10, 15, 20, 24, 30}) {
+        levels.push_back(std::round(movie.getFrame(index)->fadeLevel * 1000.0F) / 1000.0F);
+    }
+    EXPECT_EQ(levels, (std::vector<float>{0.0F, 0.5F, 1.0F, 1.0F, 1.0F, 0.6F, 0.0F}));
+    EXPECT_EQ(movie.getFrame(24)->getFadeColour(), qxCColour(9, 8, 7, 255));
+    EXPECT_EQ(movie.getFrame(24)->fadeMode, qxMovieFadeOut);
+}
+
+TEST(Tweening, PosesAndPathAgreeWithTheFramesToTheBit) {
+    CMemoryScene scene;
+    CMemoryCamera mill(&scene, "mill");
+    mill.position = {3.0F, 4.0F, 5.0F};
+    scene.addNode(&mill);
+    std::mt19937 random(11);
+    for (const float stepRate : {25.0F, 29.97F, 7.3F}) {
+        CMemoryMovie movie(&scene, 3000, stepRate);
+        movie.addCamera("one");
+        movie.addCamera("two");
+        fillRandomly(movie, random);
+        movie.updateTweening();
+        for (int index = 0; index < movie.getNumFrames(); ++index) {
+            const qxCMovieFrame& frame = *movie.getFrame(index);
+            const float time = movie.convertFrameToTime(index);
+            const MoviePose pose = movie.poseAt(time);
+            ASSERT_EQ(pose.position, frame.translation) << index;
+            ASSERT_EQ(pose.fieldOfView, frame.fov);
+            ASSERT_EQ(pose.shake, frame.shake);
+            ASSERT_EQ(pose.fadeLevel, frame.fadeLevel);
+            qxCVector3d rotation = frame.rotation;
+            if (frame.cameraMode == qxMovieCameraTarget &&
+                frame.targetName.getString() == std::string("mill")) {
+                (mill.position - frame.translation).toAngles(rotation.x, rotation.y);
+                ASSERT_NEAR(pose.rotation.y, rotation.y, 1e-4F);
+            } else {
+                ASSERT_EQ(pose.rotation, rotation) << index;
+            }
+            movie.updateManual(time);
+            ASSERT_EQ(movie.getPose(), pose);
+            if (const qxCCamera* const camera = movie.getChildCamera(frame.camera)) {
+                ASSERT_EQ(camera->position, pose.position);
+                ASSERT_EQ(camera->rotation, pose.rotation);
+                ASSERT_EQ(camera->getFieldOfView(), pose.fieldOfView);
+            }
+        }
+        EXPECT_EQ(movie.poseAt(1e9), movie.poseAt(movie.convertFrameToTime(2999)));
+        EXPECT_EQ(movie.poseAt(-INFINITY), movie.poseAt(0.0));
+        EXPECT_EQ(movie.poseAt(NAN), movie.poseAt(0.0));
+    }
+}
+
+TEST(Tweening, OnlyWhatChangedIsDoneAgainWithTheSameOutcome) {
+    std::mt19937 random(3);
+    CMemoryMovie movie(nullptr, 400);
+    fillRandomly(movie, random);
+    for (int round = 0; round < 600; ++round) {
+        const int index = static_cast<int>(random()) & 255;
+        qxCMovieFrame& frame = *movie.getFrame(index % movie.getNumFrames());
+        switch (random() % 7) {
+        case 0:
+            frame.setKeyframe(!frame.keyframe);
+            break;
+        case 1:
+            frame.setFrameMode(static_cast<qxMovieFrameMode>(random() % 3));
+            break;
+        case 2:
+            movie.insertFrame(index, nullptr);
+            break;
+        case 3:
+            movie.deleteFrame(index);
+            break;
+        case 4:
+            movie.duplicateFrame(index, index / 2);
+            break;
+        case 5:
+            movie.swapFrames(index, index / 2);
+            break;
+        default:
+            frame.setTranslation({static_cast<float>(round), 1.0F, 2.0F});
+            break;
+        }
+        movie.updateTweening();
+        CMemoryMovie whole(nullptr);
+        for (int i = 0; i < movie.getNumFrames(); ++i) {
+            whole.insertFrame(i, new qxCMovieFrame(*movie.getFrame(i)));
+        }
+        whole.deleteFrame(movie.getNumFrames());
+        whole.updateTweening();
+        ASSERT_EQ(digest(movie), digest(whole)) << "round " << round;
+    }
+}
+
+TEST(Tweening, AFrameThatTheMovieMakesIsItsPoseThere) {
+    CMemoryMovie movie(nullptr, 11);
+    setKey(movie, 0, 0.0F);
+    setKey(movie, 10, 10.0F);
+    movie.getFrame(10)->setAnimTrigger("end");
+    movie.updateTweening();
+    movie.insertFrame(11, nullptr);
+    EXPECT_EQ(movie.getFrame(11)->translation.x, 10.0F);
+    EXPECT_STREQ(movie.getFrame(11)->animTrigger, "");
+    movie.insertFrame(5, nullptr);
+    EXPECT_FALSE(movie.getFrame(5)->keyframe);
+    EXPECT_NEAR(movie.getFrame(5)->translation.x, 50.0F / 11.0F, 1e-5F);
+    movie.getFrame(11)->setKeyframe(false);
+    movie.getFrame(12)->setKeyframe(true); // not tweened yet, and known all the same
+    EXPECT_NEAR(movie.poseAt(movie.convertFrameToTime(6)).position.x, 5.0F, 1e-5F);
+}
+
+} // namespace
