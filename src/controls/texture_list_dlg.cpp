@@ -1,5 +1,6 @@
 #include "controls/texture_list_dlg.h"
 
+#include "controls/item_combo.h"
 #include "engine/qx_scene.h"
 #include "engine/qx_texture.h"
 #include "module/module_state.h"
@@ -7,6 +8,7 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -17,13 +19,7 @@ constexpr int KEEP_TOGGLE = 1;
 constexpr int NAME_LENGTH_MAX = 12;
 constexpr DWORD FILE_NAMES_SIZE = 2000;
 
-/// A caption and the engine's value behind it.
-struct Choice {
-    const char* caption;
-    int value;
-};
-
-constexpr std::array<Choice, 8> FORMATS = {{
+constexpr std::array<ComboItem, 8> FORMATS = {{
     {"Auto", qxPixelFormatAuto},
     {"Pal", qxPixelFormatPalette},
     {"Pal+Alpha", qxPixelFormatPaletteAlpha},
@@ -34,7 +30,7 @@ constexpr std::array<Choice, 8> FORMATS = {{
     {"RGBA 4444", qxPixelFormatRgba4444},
 }};
 
-constexpr std::array<Choice, 10> SIZES = {{
+constexpr std::array<ComboItem, 10> SIZES = {{
     {"Empty", qxTextureSizeEmpty},
     {"1x1", qxTextureSize1},
     {"2x2", qxTextureSize2},
@@ -46,31 +42,6 @@ constexpr std::array<Choice, 10> SIZES = {{
     {"128x128", qxTextureSize128},
     {"256x256", qxTextureSize256},
 }};
-
-template <std::size_t COUNT> void fill(CComboBox& box, const std::array<Choice, COUNT>& choices) {
-    for (const Choice& choice : choices) {
-        box.SetItemData(box.AddString(choice.caption), static_cast<DWORD_PTR>(choice.value));
-    }
-}
-
-/// Select the entry with this value, or none when there is no such entry.
-void selectValue(CComboBox& box, int value) {
-    int found = CB_ERR;
-    for (int i = 0; i < box.GetCount() && found == CB_ERR; ++i) {
-        if (box.GetItemData(i) == static_cast<DWORD_PTR>(value)) {
-            found = i;
-        }
-    }
-    box.SetCurSel(found);
-}
-
-/// The engine's value of the chosen entry, as type T; nothing when no entry is chosen.
-template <class T, class Apply> void applyChoice(const CComboBox& box, Apply apply) {
-    const int index = box.GetCurSel();
-    if (index != CB_ERR) {
-        apply(static_cast<T>(box.GetItemData(index)));
-    }
-}
 
 /// What follows the last separator, of this platform or of the one the scenes come from.
 std::string_view withoutDirectory(std::string_view path) {
@@ -137,8 +108,8 @@ BOOL CTextureListDlg::OnInitDialog() {
         EndDialog(IDCANCEL);
         return TRUE;
     }
-    fill(m_formats, FORMATS);
-    fill(m_sizes, SIZES);
+    addItems(m_formats, FORMATS);
+    addItems(m_sizes, SIZES);
     refreshList();
     UpdateData(FALSE);
     return TRUE;
@@ -208,15 +179,16 @@ void CTextureListDlg::onTextureDoubleClicked() {
 }
 
 void CTextureListDlg::onFormatChanged() {
-    if (m_pSelected != nullptr) {
-        applyChoice<qxImagePixelFormat>(
-            m_formats, [this](qxImagePixelFormat format) { m_pSelected->setPixelFormat(format); });
+    const std::optional<int> format = chosenValue(m_formats);
+    if (m_pSelected != nullptr && format) {
+        m_pSelected->setPixelFormat(static_cast<qxImagePixelFormat>(*format));
     }
 }
 
 void CTextureListDlg::onSizeChanged() {
-    if (m_pSelected != nullptr) {
-        applyChoice<qxTextureSize>(m_sizes, [this](qxTextureSize size) { m_pSelected->setSize(size); });
+    const std::optional<int> size = chosenValue(m_sizes);
+    if (m_pSelected != nullptr && size) {
+        m_pSelected->setSize(static_cast<qxTextureSize>(*size));
     }
 }
 

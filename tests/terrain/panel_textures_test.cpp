@@ -7,14 +7,12 @@
 #include "resources/resource_ids.h"
 #include "support/modal_steps.h"
 #include "terrain/panel/map_editor_dlg.h"
-#include "terrain/panel/tenth_step.h"
 
 #include <QApplication>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QTest>
 
-#include <cmath>
 #include <filesystem>
 #include <fstream>
 #include <unistd.h>
@@ -105,21 +103,6 @@ protected:
 };
 
 } // namespace
-
-TEST(TenthStep, GoesToWholeTenthsWithinTheRange) {
-    struct Step {
-        float from;
-        int delta;
-        float to;
-    };
-    const Step steps[] = {{0.95F, -1, 1.0F}, {1.0F, -1, 1.0F}, {0.0F, 1, 0.0F}, {0.25F, -1, 0.4F},
-                          {0.3F, -5, 0.4F},  {0.3F, 1, 0.2F},  {0.1F, 1, 0.0F}, {0.04F, 1, 0.0F},
-                          {0.86F, 1, 0.8F},  {-3.0F, -1, 0.0F}};
-    for (const Step& step : steps) {
-        EXPECT_FLOAT_EQ(tenthStep(step.from, step.delta), step.to) << step.from << " by " << step.delta;
-        EXPECT_FALSE(std::signbit(tenthStep(step.from, step.delta)));
-    }
-}
 
 TEST_F(PanelTextures, TheStartShowsWhatTheMapHas) {
     addDefinition({RED, BLUE, 0.25F, 0.5F});

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "controls/icon_buttons.h"
 #include "resources/resource_ids.h"
 
 #include <array>
@@ -32,11 +33,6 @@ inline constexpr std::array<ToolButton, 15> TOOL_BUTTONS = {{
     {IDC_TOOL_UNUSED_13, 0},
     {IDC_TOOL_UNUSED_14, 0},
 }};
-
-struct IconButton {
-    int controlId;
-    int icon;
-};
 
 /// The six brush sizes. Index = brush size.
 inline constexpr std::array<IconButton, 6> BRUSH_BUTTONS = {{

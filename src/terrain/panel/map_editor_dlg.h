@@ -75,14 +75,12 @@ private:
     bool readControls();
     void exchangeHeight(CDataExchange* pDX);
     void initCloseButton();
-    void initIcons();
     void initTabs();
     void initToggles();
     void readTerrainCaptions();
     void refreshToolButtons();
     void refreshStrengthAndBrushes();
     void refreshUndoIndicators();
-    void setButtonIcon(int controlId, int iconId);
 
     // What the ground looks like: texture definitions and their preview, base textures, colours.
     void exchangeSurfaceControls(CDataExchange* pDX);

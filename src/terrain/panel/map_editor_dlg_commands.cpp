@@ -1,5 +1,6 @@
 #include "terrain/panel/map_editor_dlg.h"
 
+#include "controls/history_display.h"
 #include "engine/qx_map.h"
 #include "engine/qx_scene.h"
 #include "resources/resource_ids.h"
@@ -57,8 +58,6 @@ ON_BN_CLICKED(IDC_TERRAIN_TYPES, &CMapEditorDlg::onTerrainTypes)
 END_MESSAGE_MAP()
 
 namespace {
-
-constexpr int UNDO_FILL_RANGE = 100;
 
 bool usesBrushSize(int tool) {
     return tool == TOOL_RAISE || tool == TOOL_FLATTEN || tool == TOOL_SET_HEIGHT || tool == TOOL_TINT ||
@@ -165,7 +164,5 @@ void CMapEditorDlg::refreshStrengthAndBrushes() {
 }
 
 void CMapEditorDlg::refreshUndoIndicators() {
-    GetDlgItem(IDC_UNDO)->EnableWindow(g_mapUndoList.isEmpty() ? FALSE : TRUE);
-    m_undoFill.SetRange(0, UNDO_FILL_RANGE);
-    m_undoFill.SetPos(static_cast<int>(g_mapUndoList.fillPercent()));
+    showHistory(*this, IDC_UNDO, m_undoFill, g_mapUndoList);
 }

@@ -17,7 +17,8 @@ BOOL CMapEditorDlg::OnInitDialog() {
     CHostedEditorDlg::OnInitDialog();
     CenterWindow();
     initCloseButton();
-    initIcons();
+    setButtonIcons(*this, BRUSH_BUTTONS);
+    setButtonIcons(*this, COMMAND_BUTTONS);
     initTabs();
     readTerrainCaptions();
     refreshToolButtons();
@@ -35,15 +36,6 @@ void CMapEditorDlg::initCloseButton() {
     CWnd* const button = GetDlgItem(IDC_CLOSE);
     button->EnableWindow(m_bFullEditing ? TRUE : FALSE);
     button->ShowWindow(m_bFullEditing ? SW_SHOW : SW_HIDE);
-}
-
-void CMapEditorDlg::initIcons() {
-    for (const IconButton& button : BRUSH_BUTTONS) {
-        setButtonIcon(button.controlId, button.icon);
-    }
-    for (const IconButton& button : COMMAND_BUTTONS) {
-        setButtonIcon(button.controlId, button.icon);
-    }
 }
 
 void CMapEditorDlg::initTabs() {
@@ -77,14 +69,9 @@ void CMapEditorDlg::refreshToolButtons() {
         const bool renamed = details && button.detailsCaption != nullptr;
         SetDlgItemText(button.controlId,
                        renamed ? button.detailsCaption : m_terrainCaptions[tool].GetString());
-        setButtonIcon(button.controlId, icon);
+        setButtonIcon(*this, button.controlId, icon);
         GetDlgItem(button.controlId)
             ->EnableWindow(icon != 0 && (m_bFullEditing || !needsFull) ? TRUE : FALSE);
     }
     showMembers();
-}
-
-void CMapEditorDlg::setButtonIcon(int controlId, int iconId) {
-    auto* const button = static_cast<CButton*>(GetDlgItem(controlId));
-    button->SetIcon(iconId != 0 ? AfxGetApp()->LoadIcon(static_cast<UINT>(iconId)) : nullptr);
 }

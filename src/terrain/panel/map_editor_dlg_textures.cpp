@@ -1,9 +1,9 @@
 #include "terrain/panel/map_editor_dlg.h"
 
+#include "controls/stepped_value.h"
 #include "engine/qx_map.h"
 #include "engine/qx_texture.h"
 #include "resources/resource_ids.h"
-#include "terrain/panel/tenth_step.h"
 #include "terrain/panel/terrain_type_dlg.h"
 
 #include <algorithm>
@@ -208,7 +208,7 @@ void CMapEditorDlg::onVariationSpin(NMHDR* pNMHDR, LRESULT* pResult) {
 
 void CMapEditorDlg::stepShare(float& field, float qxCMapMultiTexture::*share, int delta) {
     if (qxCMapMultiTexture* const definition = currentDefinition()) {
-        field = tenthStep(field, delta);
+        field = steppedShare(field, delta);
         definition->*share = field;
         showMembers();
         showPreviewAfter({CTexturePreview::BLEND_MAP, CTexturePreview::COMPOSITE});
