@@ -130,7 +130,7 @@ private:
     void applyPose(double seconds);
     MovieSection playedSection() const;
     void runPlayhead(const std::weak_ptr<int>& alive);
-    bool stillPlaying(const std::weak_ptr<int>& alive, unsigned playing) const;
+    bool stillPlaying(unsigned playing) const;
     const qxCMovieSound* nextCue(double upTo, int& lastIndex, double& lastStart) const;
     bool raiseCues(double upTo, const std::weak_ptr<int>& alive);
     bool fireTriggers(int upTo, const std::weak_ptr<int>& alive);

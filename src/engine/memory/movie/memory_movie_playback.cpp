@@ -56,8 +56,8 @@ void CMemoryMovie::advance(double seconds) {
     }
 }
 
-bool CMemoryMovie::stillPlaying(const std::weak_ptr<int>& alive, unsigned playing) const {
-    return !alive.expired() && m_playhead.playings == playing && isPlaying();
+bool CMemoryMovie::stillPlaying(unsigned playing) const {
+    return m_playhead.playings == playing && isPlaying();
 }
 
 void CMemoryMovie::runPlayhead(const std::weak_ptr<int>& alive) {
@@ -78,7 +78,8 @@ void CMemoryMovie::runPlayhead(const std::weak_ptr<int>& alive) {
             callback(qxMovieFrameReached, nullptr, frame);
         }
     }
-    if (stillPlaying(alive, playing) && m_playhead.time * m_fStepRate + EARLY >= section.last + 1) {
+    if (!alive.expired() && stillPlaying(playing) &&
+        m_playhead.time * m_fStepRate + EARLY >= section.last + 1) {
         reachEnd(end, alive);
     }
 }
@@ -113,7 +114,7 @@ bool CMemoryMovie::raiseCues(double upTo, const std::weak_ptr<int>& alive) {
         if (const Callback callback = getCallback()) {
             callback(qxMovieSoundCue, sound->name, 0);
         }
-        if (!stillPlaying(alive, playing)) {
+        if (alive.expired() || !stillPlaying(playing)) {
             return false;
         }
     }
@@ -129,7 +130,7 @@ bool CMemoryMovie::fireTriggers(int upTo, const std::weak_ptr<int>& alive) {
             const std::function<void(const char*)> handler = m_triggerHandler; // it may be replaced meanwhile
             handler(std::string(frame.animTrigger).c_str());
         }
-        if (!stillPlaying(alive, playing)) {
+        if (alive.expired() || !stillPlaying(playing)) {
             return false;
         }
     }

@@ -1,0 +1,177 @@
+#include "engine/memory/movie/memory_movie.h"
+#include "movie/awkward_movie.h"
+#include "movie/time_text.h"
+#include "movie/timeline_drag.h"
+#include "movie/timeline_layout.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+namespace {
+
+TEST(TimeText, RoundsToTenthsAndCarries) {
+    const struct {
+        int frame;
+        float stepRate;
+        const char* text;
+    } cases[] = {{37, 25.0F, "00:01.50"},     {1500, 25.0F, "01:00.00"},  {0, 25.0F, "00:00.00"},
+                 {3, 25.0F, "00:00.10"},      {5996, 100.0F, "01:00.00"}, {24, 25.0F, "00:01.00"},
+                 {7, 10.0F, "00:00.70"},      {-1, 25.0F, "00:00.00"},    {-1525, 25.0F, "-01:01.00"},
+                 {50, -25.0F, "-00:02.00"},   {-50, -25.0F, "00:02.00"},  {9, 0.0F, "00:00.00"},
+                 {9, NAN, "00:00.00"},        {9, INFINITY, "00:00.00"},  {99, 1e-9F, "00:00.00"},
+                 {360000, 1.0F, "6000:00.00"}};
+    for (const auto& one : cases) {
+        EXPECT_EQ(formatTime(one.frame, one.stepRate), one.text) << one.frame << " at " << one.stepRate;
+    }
+    CAwkwardMovie movie(9);
+    movie.first = 3;
+    movie.last = 7;
+    EXPECT_EQ(selectionTime(movie), "00:00.10-00:00.30");
+    movie.frames.resize(1);
+    EXPECT_EQ(selectionTime(movie), "00:00.00");
+}
+
+TEST(TimelineView, ZoomsAndScrolls) {
+    TimelineView view{520, 52};
+    for (const auto& [asked, set] : {std::pair{0, 1}, {100, 64}, {48, 32}, {3, 2}, {-7, 1}}) {
+        view.setFrameWidth(asked);
+        EXPECT_EQ(view.frameWidth, set);
+    }
+    view.setFrameWidth(16);
+    view.firstFrame = 10;
+    EXPECT_EQ(view.frameAt(40), 12);
+    EXPECT_EQ(view.frameAt(-40), 8);
+    EXPECT_FALSE(view.ensureVisible(41));
+    EXPECT_TRUE(view.ensureVisible(42));
+    EXPECT_EQ(view.firstFrame, 11);
+    EXPECT_TRUE(view.ensureVisible(-1));
+    EXPECT_EQ(view.firstFrame, -1);
+    EXPECT_TRUE(view.scrollBy(std::numeric_limits<int>::max(), 100));
+    EXPECT_EQ(view.firstFrame, 99);
+    EXPECT_TRUE(view.scrollBy(-1000, 100));
+    EXPECT_FALSE(view.scrollBy(5, 0));
+    view.firstFrame = 40;
+    const int pointed = view.frameAt(200);
+    EXPECT_TRUE(view.zoomAbout(200, true));
+    EXPECT_EQ(view.frameAt(200), pointed);
+    EXPECT_TRUE(view.zoomAbout(200, true));
+    EXPECT_FALSE(view.zoomAbout(200, true)) << "at its widest";
+    const CAwkwardMovie movie(60);
+    EXPECT_EQ(timelineTip(200, view, movie), "Frame 52, 00:02.10");
+    EXPECT_EQ(timelineTip(-1, view, movie), "");
+    EXPECT_EQ(timelineTip(519, {520, 52, 1, 0}, movie), "");
+}
+
+/// The picture drawn plainly, mark by mark.
+std::vector<std::uint32_t> plainTimeline(const TimelineView& view, qxCMovie& movie) {
+    std::vector<std::uint32_t> pixels(static_cast<std::size_t>(view.clientWidth * view.clientHeight),
+                                      0xFF000000U);
+    const int h = view.clientHeight;
+    const int w = view.frameWidth;
+    const auto fill = [&](int left, int right, int top, int bottom, std::uint32_t rgb) {
+        for (int y = top; y < bottom; ++y) {
+            for (int x = left; x < std::min(right, view.clientWidth); ++x) {
+                pixels[static_cast<std::size_t>(y * view.clientWidth + x)] = 0xFF000000U | rgb;
+            }
+        }
+    };
+    for (int x = 0, f = view.firstFrame; x < view.clientWidth; x += w, ++f) {
+        if (f < 0 || f >= movie.getNumFrames()) {
+            continue;
+        }
+        const qxCMovieFrame& frame = *movie.getFrame(f);
+        const bool isEnd = f == 0 || f == movie.getNumFrames() - 1;
+        fill(x, x + w, 0, h, movie.isInRange(f) ? 0x800000 : f % 2 != 0 ? 0x181818 : 0x101010);
+        fill(x + w / 4, x + 3 * w / 4, h / 13, 3 * h / 13,
+             !frame.keyframe ? 0x404040
+             : isEnd         ? 0xFFFFFF
+                             : 0xC0C0C0);
+        fill(x + w / 4, x + 3 * w / 4, 4 * h / 13, 6 * h / 13, 0x404040);
+        if (frame.fadeLevel != 1.0F) {
+            const int top =
+                4 * h / 13 + static_cast<int>(static_cast<float>(h) * frame.fadeLevel * 0.15384616F);
+            fill(x + w / 4, x + 3 * w / 4, top, 6 * h / 13, 0xC0C0C0);
+        }
+        if (movie.getSoundAtFrame(f) >= 0) {
+            fill(x, x + w, 7 * h / 13, 9 * h / 13, movie.getSoundAtFrame(f) % 2 != 0 ? 0x00C000 : 0x008000);
+        }
+        fill(x + w / 4, x + 3 * w / 4, 10 * h / 13, 12 * h / 13,
+             frame.animTrigger[0] != 0 ? 0xC0C0C0 : 0x404040);
+    }
+    return pixels;
+}
+
+TEST(TimelinePicture, IsThatOfEveryMarkDrawnPlainly) {
+    CAwkwardMovie movie(12);
+    for (int i = 0; i < 12; ++i) {
+        movie.getFrame(i)->keyframe = i % 3 == 0 || i == 11;
+        movie.getFrame(i)->fadeLevel = static_cast<float>(i) / 11.0F;
+        movie.getFrame(i)->setAnimTrigger(i % 4 == 1 ? "mill" : "");
+    }
+    movie.first = 2;
+    movie.last = 4;
+    for (const auto& [width, height] : {std::pair{100, 52}, {1, 1}, {37, 40}, {520, 13}}) {
+        for (int frameWidth = 1; frameWidth <= 64; frameWidth *= 2) {
+            for (const int first : {-1, 0, 7}) {
+                const TimelineView view{width, height, frameWidth, first};
+                std::vector<std::uint32_t> pixels(static_cast<std::size_t>(width * height), 1);
+                drawTimeline(pixels, view, movie);
+                ASSERT_EQ(pixels, plainTimeline(view, movie))
+                    << width << " by " << height << ", " << frameWidth;
+            }
+        }
+    }
+    for (const float level : {NAN, INFINITY, -5.0F, 1e30F}) {
+        movie.getFrame(0)->fadeLevel = level;
+        movie.hidesFrames = level == 1e30F;
+        std::vector<std::uint32_t> pixels(100);
+        drawTimeline(pixels, {10, 10, 4, std::numeric_limits<int>::max()}, movie);
+        drawTimeline(pixels, {10, 10, 4, 0}, movie);
+        drawTimeline({}, {0, 10, 4, 0}, movie);
+    }
+}
+
+TEST(TimelineDrag, SelectsMovesDuplicatesAndExtends) {
+    TimelineView view{640, 52, 16, 0};
+    CAwkwardMovie movie(20);
+    CTimelineDrag drag;
+    const auto range = [&movie] { return std::to_string(movie.first) + "-" + std::to_string(movie.last); };
+    drag.leftDown(movie, view, 8 * 16);
+    EXPECT_EQ(range(), "8-8");
+    EXPECT_TRUE(drag.move(movie, view, 3 * 16 + 15));
+    EXPECT_EQ(range(), "3-8");
+    EXPECT_TRUE(drag.move(movie, view, 45 * 16));
+    EXPECT_EQ(view.firstFrame, 6) << "the end of the range stays in view";
+    EXPECT_TRUE(drag.cancel(movie));
+    EXPECT_EQ(range(), "0-0");
+    EXPECT_FALSE(drag.leftUp(movie, view, 45 * 16));
+    EXPECT_FALSE(drag.cancel(movie));
+    view.firstFrame = 0;
+
+    const struct {
+        int from, to;
+        bool ctrl;
+        const char* calls;
+        int frames;
+    } cases[] = {{5, 9, false, "swap509 ", 20},     {0, 9, false, "", 20},  {19, 3, false, "", 20},
+                 {4, 7, true, "duplicate407 ", 20}, {30, 3, false, "", 20}, {19, 24, false, "", 25}};
+    for (const auto& one : cases) {
+        movie.calls.clear();
+        drag.rightDown(movie, view, one.from * 16, one.ctrl);
+        EXPECT_EQ(drag.move(movie, view, one.to * 16), !one.ctrl);
+        EXPECT_TRUE(drag.rightUp(movie, view, one.to * 16));
+        EXPECT_EQ(movie.calls, one.calls);
+        EXPECT_EQ(movie.getNumFrames(), one.frames);
+        EXPECT_EQ(movie.first, one.to);
+        EXPECT_TRUE(movie.isRangeSingleFrame());
+    }
+    EXPECT_EQ(movie.getFrame(24)->fov, 19.0F) << "the last frame went along";
+    movie.refusesInsert = true;
+    drag.rightDown(movie, view, 24 * 16, false);
+    drag.rightUp(movie, view, std::numeric_limits<int>::max()); // ends
+    EXPECT_EQ(movie.getNumFrames(), 25);
+}
+
+} // namespace
