@@ -140,7 +140,7 @@ TEST_F(ControlNotifications, WhatThePersonDoesIs) {
          {"21 selected", "21 list double-clicked"}},
         {[&] {
              auto& tabs = m_dialog.at<QTabBar>(TABS);
-             ui::click(tabs, tabs.tabRect(1).center());
+             ui::click(tabs, tabs.tabRect(0).center());
          },
          {"22 turned"}},
         {[&] {

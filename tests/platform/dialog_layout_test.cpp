@@ -93,9 +93,9 @@ TEST(MapEditorTemplate, OrdersItsRadioGroupsByIndex) {
             groups.back().push_back(item.id);
         }
     }
-    EXPECT_THAT(groups, ElementsAre(ElementsAre(1399, 1401, 1403, 1405, 1410, 1428, 1144, 1402, 1422, 1430,
-                                                2007, 2018, 1218, 1219, 1220),
-                                    ElementsAre(2006, 2009, 2010, 2011, 2014, 2017)));
+    EXPECT_THAT(groups, ElementsAre(ElementsAre(2006, 2009, 2010, 2011, 2014, 2017),
+                                    ElementsAre(1399, 1401, 1403, 1405, 1410, 1428, 1144, 1402, 1422, 1430,
+                                                2007, 2018, 1218, 1219, 1220)));
 }
 
 // An up-down control of automatic buddy style takes the control before it; the panels step the values.

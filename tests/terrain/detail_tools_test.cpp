@@ -61,15 +61,6 @@ TEST_F(DetailTools, AddQuadPlacesACellAndDragsIt) {
     EXPECT_EQ(corners(quad), (Corners{{{5, 0, 9}, {6, 0, 9}, {5, 0, 10}}}));
 }
 
-TEST_F(DetailTools, AddPointStandsInTheMiddleOfTheCell) {
-    useTool(DETAIL_ADD_POINT);
-    start(3, 4);
-    ASSERT_EQ(m_map.getDetails().size(), 1);
-    EXPECT_EQ(m_map.getDetails()[0].type, qxDetailTypePoint);
-    EXPECT_EQ((m_map.getDetails()[0].point1 + m_map.getDetails()[0].point2) * 0.5F,
-              qxCVector3d(3.5F, 0, 4.5F));
-}
-
 TEST_F(DetailTools, EachUpdateReplacesTheOneBefore) {
     const struct {
         int tool, x, z, amount;

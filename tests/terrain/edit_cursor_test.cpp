@@ -100,18 +100,6 @@ TEST_F(Marks, TheRubberBandBecomesTheOutlineOfTheSelection) {
     EXPECT_EQ(marked(), Points{});
 }
 
-TEST_F(Marks, SelectAllAndDeselectTakeTheirOutlinesAlong) {
-    select(2, 2, 4, 4);
-    selectAll(m_panel);
-    EXPECT_EQ(std::tuple(m_panel.m_selection.x1, m_panel.m_selection.z1, m_panel.m_selection.width),
-              std::tuple(15, 15, 16));
-    EXPECT_EQ(marked().size(), 60U);
-    deselect(m_panel);
-    EXPECT_EQ(marked(), Points{});
-    EXPECT_FALSE(m_panel.m_selection.exists);
-    EXPECT_EQ(std::tuple(m_panel.m_selection.x0, m_panel.m_selection.x1), std::tuple(0, 15));
-}
-
 TEST_F(Marks, MagnetKeepsTheSelectionAndLeavesItsPoint) {
     select(2, 2, 4, 4);
     useTool(TOOL_MAGNET);

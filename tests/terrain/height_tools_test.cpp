@@ -53,22 +53,6 @@ TEST_F(RaiseFootprint, FollowsBrushEdgeAndCorner) {
 
 using HeightTools = TerrainTest;
 
-TEST_F(HeightTools, RaiseLiftsAllCornersOfTheSelectedCells) {
-    m_map.setPointHeight(3, 4, 50, false);
-    select(3, 4, 4, 5);
-    useTool(TOOL_RAISE);
-    start(0, 0);
-    update(1, 0, -10);
-    EXPECT_EQ(changedHeights(),
-              (Points{{3, 4}, {4, 4}, {5, 4}, {3, 5}, {4, 5}, {5, 5}, {3, 6}, {4, 6}, {5, 6}}));
-    EXPECT_EQ(height(3, 4), 60);
-    EXPECT_TRUE(m_panel.m_selection.exists);
-    stop();
-    EXPECT_FALSE(m_panel.m_selection.exists);
-    undo(m_panel);
-    EXPECT_EQ(changedHeights(), (Points{{3, 4}}));
-}
-
 TEST_F(HeightTools, ASettingChangedInMidStrokeReachesNoPointThatWasNotRecorded) {
     useTool(TOOL_RAISE);
     start(8, 8);
@@ -168,14 +152,6 @@ TEST_F(HeightTools, SmoothMovesByTenthsTowardsTheMean) {
         EXPECT_NE(height(6, 6), once);
         stop();
     }
-}
-
-TEST_F(HeightTools, SmoothRepeatsTheBorderBeyondTheEdge) {
-    m_map.setPointHeight(0, 0, 0, false);
-    useTool(TOOL_SMOOTH);
-    start(0, 0);
-    EXPECT_EQ(height(0, 0), 5 * LEVEL / 9); // four of the nine around it are the corner itself
-    EXPECT_EQ(g_mapUndoList.getCount(), 4);
 }
 
 TEST_F(HeightTools, MagnetRaisesABumpWithinItsRadius) {

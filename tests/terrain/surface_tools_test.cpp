@@ -41,21 +41,6 @@ TEST_F(SurfaceTools, GroundUnderStandingWaterKeepsItsColour) {
     }
 }
 
-TEST_F(SurfaceTools, TintUsesTheSelectionOnceAndDropsIt) {
-    select(2, 2, 3, 3);
-    m_panel.tint = {0, 0, 0, 255};
-    useTool(TOOL_TINT);
-    start(10, 10);
-    const auto tinted = [this] {
-        return pointsWhere([this](int x, int z) { return m_map.getPointColour(0, x, z).r != 255; });
-    };
-    EXPECT_EQ(tinted(), (Points{{2, 2}, {3, 2}, {4, 2}, {2, 3}, {3, 3}, {4, 3}, {2, 4}, {3, 4}, {4, 4}}));
-    EXPECT_FALSE(m_panel.m_selection.exists);
-    EXPECT_EQ(marked(), (Points{{10, 10}}));
-    update(10, 10);
-    EXPECT_EQ(tinted().size(), 13U); // now it is the brush
-}
-
 namespace {
 
 /// A panel over the logging map, and what a stroke at (2, 3) made of it.
