@@ -36,6 +36,7 @@ std::vector<std::int16_t> SoundFixture::hear(std::size_t frames) const {
     std::vector<float> heard(frames * 2);
     alcRenderSamplesSOFT(m_pLoopback, heard.data(), static_cast<ALCsizei>(frames));
     std::vector<std::int16_t> samples;
+    samples.reserve(heard.size());
     for (const float sample : heard) {
         samples.push_back(static_cast<std::int16_t>(std::lround(sample * 32768.0F)));
     }
