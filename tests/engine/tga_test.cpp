@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 namespace {
 
 using Bytes = std::vector<std::uint8_t>;
@@ -19,7 +21,8 @@ struct Header {
 };
 
 Bytes makeTga(const Header& h, const Bytes& body) {
-    Bytes file(18);
+    Bytes file(18 + body.size());
+    std::ranges::copy(body, file.begin() + 18);
     const auto put = [&file](std::size_t at, int value) { file[at] = static_cast<std::uint8_t>(value); };
     put(0, h.idLength);
     put(1, h.mapLength > 0 ? 1 : 0);
@@ -31,7 +34,6 @@ Bytes makeTga(const Header& h, const Bytes& body) {
     put(14, 2);
     put(16, h.bits);
     put(17, h.descriptor);
-    file.insert(file.end(), body.begin(), body.end());
     return file;
 }
 
