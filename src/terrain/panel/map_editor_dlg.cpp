@@ -1,34 +1,70 @@
 #include "terrain/panel/map_editor_dlg.h"
 
+#include "controls/finite_field.h"
+#include "controls/history_display.h"
+#include "engine/qx_map.h"
+#include "engine/qx_scene.h"
 #include "module/module_state.h"
 #include "resources/resource_ids.h"
 #include "terrain/edit_cursor.h"
 #include "terrain/model/map_editor_settings.h"
+#include "terrain/model/map_recording.h"
+#include "terrain/model/map_selection.h"
 #include "terrain/model/map_undo_list.h"
 #include "terrain/stroke_engine.h"
 
-#include <cmath>
+#include <utility>
+
+BEGIN_MESSAGE_MAP(CMapEditorDlg, CSurfaceEditorDlg)
+ON_BN_CLICKED(IDC_TOOL_SELECT, &CMapEditorDlg::onToolClicked)
+ON_BN_CLICKED(IDC_TOOL_RAISE, &CMapEditorDlg::onToolClicked)
+ON_BN_CLICKED(IDC_TOOL_FLATTEN, &CMapEditorDlg::onToolClicked)
+ON_BN_CLICKED(IDC_TOOL_SET_HEIGHT, &CMapEditorDlg::onToolClicked)
+ON_BN_CLICKED(IDC_TOOL_GET_HEIGHT, &CMapEditorDlg::onToolClicked)
+ON_BN_CLICKED(IDC_TOOL_TINT, &CMapEditorDlg::onToolClicked)
+ON_BN_CLICKED(IDC_TOOL_SMOOTH, &CMapEditorDlg::onToolClicked)
+ON_BN_CLICKED(IDC_TOOL_FLOOD, &CMapEditorDlg::onToolClicked)
+ON_BN_CLICKED(IDC_TOOL_DRAIN, &CMapEditorDlg::onToolClicked)
+ON_BN_CLICKED(IDC_TOOL_PAINT, &CMapEditorDlg::onToolClicked)
+ON_BN_CLICKED(IDC_TOOL_GET_GRADIENT, &CMapEditorDlg::onToolClicked)
+ON_BN_CLICKED(IDC_TOOL_MAGNET, &CMapEditorDlg::onToolClicked)
+ON_BN_CLICKED(IDC_TOOL_ROUGHEN, &CMapEditorDlg::onToolClicked)
+ON_BN_CLICKED(IDC_BRUSH_VERTEX, &CMapEditorDlg::onBrushClicked)
+ON_BN_CLICKED(IDC_BRUSH_EDGE, &CMapEditorDlg::onBrushClicked)
+ON_BN_CLICKED(IDC_BRUSH_CELL, &CMapEditorDlg::onBrushClicked)
+ON_BN_CLICKED(IDC_BRUSH_PLUS, &CMapEditorDlg::onBrushClicked)
+ON_BN_CLICKED(IDC_BRUSH_2X2, &CMapEditorDlg::onBrushClicked)
+ON_BN_CLICKED(IDC_BRUSH_DISC, &CMapEditorDlg::onBrushClicked)
+ON_WM_HSCROLL()
+ON_EN_KILLFOCUS(IDC_HEIGHT, &CMapEditorDlg::onHeightKillFocus)
+ON_NOTIFY(TCN_SELCHANGE, IDC_TOOL_TABS, &CMapEditorDlg::onTabChanged)
+ON_BN_CLICKED(IDC_HIDE_CURSOR, &CMapEditorDlg::onHideCursor)
+ON_BN_CLICKED(IDC_MAP_FLAG, &CMapEditorDlg::onMapFlag)
+ON_BN_CLICKED(IDC_FOG, &CMapEditorDlg::onFog)
+ON_BN_CLICKED(IDC_SELECT_ALL, &CMapEditorDlg::onSelectAll)
+ON_BN_CLICKED(IDC_DESELECT, &CMapEditorDlg::onDeselect)
+ON_BN_CLICKED(IDC_UNDO, &CMapEditorDlg::onUndo)
+ON_BN_CLICKED(IDC_CLOSE, &CMapEditorDlg::onCloseButton)
+END_MESSAGE_MAP()
 
 namespace {
 
-constexpr int DETAILS_TAB = 1;
+constexpr int LOWEST_STRENGTH = 1;
+constexpr int HIGHEST_STRENGTH = 10;
 constexpr int LOWEST_HEIGHT = 0;
 constexpr int HIGHEST_HEIGHT = 1023;
 
-/// A number that a record holds and a field could not read back, such as one that is not a number, is shown
-/// as 0.
-void exchangeFinite(CDataExchange* pDX, int controlId, float& value) {
-    if (!std::isfinite(value)) {
-        value = 0.0F;
-    }
-    DDX_Text(pDX, controlId, value);
+bool usesBrushSize(int tool) {
+    return tool == TOOL_RAISE || tool == TOOL_FLATTEN || tool == TOOL_SET_HEIGHT || tool == TOOL_TINT ||
+           tool == TOOL_PAINT;
 }
 
 } // namespace
 
 CMapEditorDlg::CMapEditorDlg(bool fullEditing)
-    : CHostedEditorDlg(IDD_MAP_EDITOR, IDC_SIMPLE_FRAME, IDC_EXPAND, "Advanced Controls >>",
-                       "Simple Controls<<", g_bEditorActive)
+    : CSurfaceEditorDlg(IDD_MAP_EDITOR, IDC_SIMPLE_FRAME, IDC_EXPAND, "Advanced Controls >>",
+                        "Simple Controls<<", g_bEditorActive)
+    , m_toolButtons(fullEditing)
     , m_bFullEditing(fullEditing) {}
 
 CMapEditorDlg::~CMapEditorDlg() {
@@ -37,11 +73,6 @@ CMapEditorDlg::~CMapEditorDlg() {
 
 void CMapEditorDlg::onUserCloses() {
     saveSettings(*this);
-}
-
-void CMapEditorDlg::letGo() {
-    m_pMap = nullptr;
-    abandonDialogs();
 }
 
 void CMapEditorDlg::strokeStart(int x, int z, int edge, int corner) {
@@ -69,39 +100,53 @@ bool CMapEditorDlg::isDetailsTab() const {
     return m_tabs.GetCurSel() == DETAILS_TAB;
 }
 
-void CMapEditorDlg::showMembers() {
-    UpdateData(FALSE);
+BOOL CMapEditorDlg::OnInitDialog() {
+    CSurfaceEditorDlg::OnInitDialog();
+    CenterWindow();
+    initCloseButton();
+    setButtonIcons(*this, BRUSH_BUTTONS);
+    setButtonIcons(*this, COMMAND_BUTTONS);
+    initTabs();
+    m_toolButtons.readCaptions(*this);
+    refreshToolButtons();
+    m_strengthSlider.SetRange(LOWEST_STRENGTH, HIGHEST_STRENGTH);
+    restoreSettings(*this);
+    refreshStrengthAndBrushes();
+    initSurfaceControls();
+    initToggles();
+    showMembers();
+    return TRUE;
 }
 
-bool CMapEditorDlg::readControls() {
-    if (m_pMap == nullptr || isEnding()) {
-        return false;
-    }
-    const bool accepted = UpdateData(TRUE) != FALSE;
-    if (m_pMap == nullptr) {
-        return false;
-    }
-    if (!accepted) {
-        showMembers();
-    }
-    return true;
+void CMapEditorDlg::initCloseButton() {
+    CWnd* const button = GetDlgItem(IDC_CLOSE);
+    button->EnableWindow(m_bFullEditing ? TRUE : FALSE);
+    button->ShowWindow(m_bFullEditing ? SW_SHOW : SW_HIDE);
+}
+
+void CMapEditorDlg::initTabs() {
+    m_tabs.InsertItem(0, "Terrain");
+    m_tabs.InsertItem(1, "Details");
+    m_tabs.SetCurSel(0);
+}
+
+void CMapEditorDlg::initToggles() {
+    // Flag 32 alone decides: the engine's interface has no further property of the map that goes with it.
+    m_bMapFlag = m_pMap->hasFlag(qxMapFlagChecker) ? 1 : 0;
+    const qxCScene* const scene = m_pMap->getScene();
+    m_bFog = scene != nullptr && scene->getFogMode() == qxFogModeOn ? 1 : 0;
 }
 
 void CMapEditorDlg::DoDataExchange(CDataExchange* pDX) {
-    CHostedEditorDlg::DoDataExchange(pDX);
+    CSurfaceEditorDlg::DoDataExchange(pDX);
     DDX_Control(pDX, IDC_TOOL_TABS, m_tabs);
-    DDX_Control(pDX, IDC_TILING_SPIN, m_tilingSpin);
-    exchangeSurfaceControls(pDX);
     DDX_Control(pDX, IDC_UNDO_FILL, m_undoFill);
     DDX_Control(pDX, IDC_STRENGTH, m_strengthSlider);
     DDX_Radio(pDX, IDC_TOOL_SELECT, m_nTool);
     DDX_Text(pDX, IDC_STRENGTH_TEXT, m_strStrength);
     DDX_Slider(pDX, IDC_STRENGTH, m_nStrength);
     exchangeHeight(pDX);
-    exchangeFinite(pDX, IDC_VARIATION, m_fVariation);
-    exchangeFinite(pDX, IDC_BLEND, m_fBlend);
-    DDX_Text(pDX, IDC_TEXTURE_NUMBER, m_nTextureNumber);
-    DDX_Text(pDX, IDC_TILING, m_nTiling);
+    exchangeNumbers(pDX);
     exchangeFinite(pDX, IDC_GRADIENT, m_fGradient);
     DDX_Radio(pDX, IDC_BRUSH_VERTEX, m_nBrushSize);
     DDX_Check(pDX, IDC_MAP_FLAG, m_bMapFlag);
@@ -118,4 +163,110 @@ void CMapEditorDlg::exchangeHeight(CDataExchange* pDX) {
         DDV_MinMaxInt(pDX, height, LOWEST_HEIGHT, HIGHEST_HEIGHT);
     }
     m_nHeight = height;
+}
+
+void CMapEditorDlg::onToolClicked() {
+    if (!readControls()) {
+        return;
+    }
+    refreshStrengthAndBrushes();
+    showMembers();
+    SetActiveWindow();
+}
+
+void CMapEditorDlg::onBrushClicked() {
+    if (readControls()) {
+        SetActiveWindow();
+    }
+}
+
+void CMapEditorDlg::OnHScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar) {
+    if (readControls()) {
+        refreshStrengthAndBrushes();
+        CSurfaceEditorDlg::OnHScroll(nSBCode, nPos, pScrollBar);
+    }
+}
+
+void CMapEditorDlg::onHeightKillFocus() {
+    if (readControls()) {
+        showMembers();
+    }
+}
+
+void CMapEditorDlg::onTabChanged(NMHDR* /*pNMHDR*/, LRESULT* pResult) {
+    *pResult = 0;
+    if (!readControls()) {
+        return;
+    }
+    refreshToolButtons();
+    std::swap(m_nTool, m_nOtherTabTool);
+    showPreview();
+    showMembers();
+}
+
+void CMapEditorDlg::onHideCursor() {
+    readControls();
+}
+
+void CMapEditorDlg::onMapFlag() {
+    if (!readControls()) {
+        return;
+    }
+    if (m_bMapFlag != 0) {
+        m_pMap->setFlag(qxMapFlagChecker);
+    } else {
+        m_pMap->clearFlag(qxMapFlagChecker);
+    }
+}
+
+void CMapEditorDlg::onFog() {
+    if (!readControls()) {
+        return;
+    }
+    if (qxCScene* const scene = m_pMap->getScene()) {
+        scene->setFogMode(m_bFog != 0 ? qxFogModeOn : qxFogModeOff);
+    }
+}
+
+void CMapEditorDlg::onSelectAll() {
+    if (m_pMap != nullptr) {
+        selectAll(*this);
+    }
+}
+
+void CMapEditorDlg::onDeselect() {
+    if (m_pMap != nullptr) {
+        deselect(*this);
+    }
+}
+
+void CMapEditorDlg::onUndo() {
+    if (m_pMap == nullptr) {
+        return;
+    }
+    undo(*this);
+    refreshUndoIndicators();
+    showMembers();
+}
+
+void CMapEditorDlg::onCloseButton() {
+    closeByUser();
+}
+
+void CMapEditorDlg::refreshToolButtons() {
+    m_toolButtons.show(*this, isDetailsTab() ? DETAILS_TAB : TERRAIN_TAB);
+    showMembers();
+}
+
+void CMapEditorDlg::refreshStrengthAndBrushes() {
+    m_strStrength.Format("%i", m_nStrength);
+    const BOOL usable = usesBrushSize(m_nTool) && !isDetailsTab() ? TRUE : FALSE;
+    for (const IconButton& button : BRUSH_BUTTONS) {
+        GetDlgItem(button.controlId)->EnableWindow(usable);
+    }
+    showMembers();
+}
+
+void CMapEditorDlg::refreshUndoIndicators() {
+    showHistory(*this, IDC_UNDO, m_undoFill, g_mapUndoList);
 }

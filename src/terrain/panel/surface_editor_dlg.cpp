@@ -1,6 +1,6 @@
-#include "terrain/panel/map_editor_dlg.h"
+#include "terrain/panel/surface_editor_dlg.h"
 
-#include "controls/stepped_value.h"
+#include "controls/finite_field.h"
 #include "engine/qx_map.h"
 #include "engine/qx_texture.h"
 #include "resources/resource_ids.h"
@@ -8,6 +8,23 @@
 
 #include <algorithm>
 #include <array>
+
+BEGIN_MESSAGE_MAP(CSurfaceEditorDlg, CHostedEditorDlg)
+ON_BN_CLICKED(IDC_PREVIOUS_TEXTURE, &CSurfaceEditorDlg::onPreviousDefinition)
+ON_BN_CLICKED(IDC_NEXT_TEXTURE, &CSurfaceEditorDlg::onNextDefinition)
+ON_BN_CLICKED(IDC_INSERT_DEFINITION, &CSurfaceEditorDlg::onInsertDefinition)
+ON_BN_CLICKED(IDC_DELETE_DEFINITION, &CSurfaceEditorDlg::onDeleteDefinition)
+ON_BN_CLICKED(IDC_DUPLICATE_DEFINITION, &CSurfaceEditorDlg::onDuplicateDefinition)
+ON_EN_KILLFOCUS(IDC_BLEND, &CSurfaceEditorDlg::onBlendKillFocus)
+ON_EN_KILLFOCUS(IDC_VARIATION, &CSurfaceEditorDlg::onVariationKillFocus)
+ON_EN_KILLFOCUS(IDC_TILING, &CSurfaceEditorDlg::onTilingKillFocus)
+ON_NOTIFY(UDN_DELTAPOS, IDC_BLEND_SPIN, &CSurfaceEditorDlg::onBlendSpin)
+ON_NOTIFY(UDN_DELTAPOS, IDC_VARIATION_SPIN, &CSurfaceEditorDlg::onVariationSpin)
+ON_NOTIFY(UDN_DELTAPOS, IDC_TILING_SPIN, &CSurfaceEditorDlg::onTilingSpin)
+ON_MESSAGE(UM_COLOURCHANGED, &CSurfaceEditorDlg::onColourChanged)
+ON_MESSAGE(UM_TEXTURECHANGED, &CSurfaceEditorDlg::onTextureChanged)
+ON_BN_CLICKED(IDC_TERRAIN_TYPES, &CSurfaceEditorDlg::onTerrainTypes)
+END_MESSAGE_MAP()
 
 namespace {
 
@@ -26,7 +43,9 @@ int iDeltaOf(const NMHDR* notification) {
 
 } // namespace
 
-void CMapEditorDlg::exchangeSurfaceControls(CDataExchange* pDX) {
+void CSurfaceEditorDlg::DoDataExchange(CDataExchange* pDX) {
+    CHostedEditorDlg::DoDataExchange(pDX);
+    DDX_Control(pDX, IDC_TILING_SPIN, m_tilingSpin);
     DDX_Control(pDX, IDC_BLEND_SPIN, m_blendSpin);
     DDX_Control(pDX, IDC_VARIATION_SPIN, m_variationSpin);
     DDX_Control(pDX, IDC_TINT_COLOUR, m_toolTint);
@@ -41,15 +60,41 @@ void CMapEditorDlg::exchangeSurfaceControls(CDataExchange* pDX) {
     DDX_Control(pDX, IDC_TEXTURE_PREVIEW, m_previewImage);
 }
 
-void CMapEditorDlg::initSurfaceControls() {
+void CSurfaceEditorDlg::exchangeNumbers(CDataExchange* pDX) {
+    exchangeFinite(pDX, IDC_VARIATION, m_fVariation);
+    exchangeFinite(pDX, IDC_BLEND, m_fBlend);
+    DDX_Text(pDX, IDC_TEXTURE_NUMBER, m_definitions.m_nTextureNumber);
+    DDX_Text(pDX, IDC_TILING, m_nTiling);
+}
+
+void CSurfaceEditorDlg::showMembers() {
+    UpdateData(FALSE);
+}
+
+bool CSurfaceEditorDlg::readControls() {
+    if (m_pMap == nullptr || isEnding()) {
+        return false;
+    }
+    const bool accepted = UpdateData(TRUE) != FALSE;
+    if (m_pMap == nullptr) {
+        return false;
+    }
+    if (!accepted) {
+        showMembers();
+    }
+    return true;
+}
+
+void CSurfaceEditorDlg::initSurfaceControls() {
     constexpr qxCColour WHITE{255, 255, 255, 255};
     for (CColourButton* swatch : {&m_toolTint, &m_tint1, &m_tint2}) {
         swatch->setColour(WHITE);
     }
     m_fBlend = 0.0F;
     m_fVariation = 0.0F;
+    m_nTiling = m_pMap->getTextureTiling();
     m_preview.invalidateAll();
-    m_nTextureNumber = m_pMap->getCurrentMultiTexture();
+    m_definitions.bind(m_pMap);
     refreshDefinition();
 
     qxCScene* const scene = m_pMap->getScene();
@@ -65,7 +110,9 @@ void CMapEditorDlg::initSurfaceControls() {
     m_diffuse.setColour(m_pMap->getDiffuse());
 }
 
-void CMapEditorDlg::abandonDialogs() {
+void CSurfaceEditorDlg::letGo() {
+    m_pMap = nullptr;
+    m_definitions.bind(nullptr);
     for (CTexturePickerButton& picker : m_basePickers) {
         picker.abandon();
     }
@@ -75,26 +122,17 @@ void CMapEditorDlg::abandonDialogs() {
     }
 }
 
-qxCColour CMapEditorDlg::getToolTint() const {
+qxCColour CSurfaceEditorDlg::getToolTint() const {
     return m_toolTint.getColour();
 }
 
-qxCMapMultiTexture* CMapEditorDlg::currentDefinition() {
-    return m_pMap != nullptr && m_pMap->getNumMultiTextures() > 0 ? m_pMap->getMultiTexture(m_nTextureNumber)
-                                                                  : nullptr;
-}
-
-void CMapEditorDlg::refreshDefinition() {
-    const int count = m_pMap->getNumMultiTextures();
-    m_nTextureNumber =
-        std::clamp(m_nTextureNumber, 0, std::max(count - 1, 0)); // the host may have removed some
-    const qxCMapMultiTexture* const definition = currentDefinition();
+void CSurfaceEditorDlg::refreshDefinition() {
+    const qxCMapMultiTexture* const definition = m_definitions.settle();
     for (const int control :
          {IDC_TINT_1, IDC_TINT_2, IDC_BLEND, IDC_VARIATION, IDC_GLOBAL_SMOOTH, IDC_TERRAIN_TYPES}) {
         GetDlgItem(control)->EnableWindow(definition != nullptr ? TRUE : FALSE);
     }
     if (definition != nullptr) {
-        m_pMap->setCurrentMultiTexture(m_nTextureNumber);
         m_tint1.setColour(definition->tint1);
         m_tint2.setColour(definition->tint2);
         redraw(m_tint1);
@@ -107,7 +145,7 @@ void CMapEditorDlg::refreshDefinition() {
     showMembers();
 }
 
-void CMapEditorDlg::showPreview() {
+void CSurfaceEditorDlg::showPreview() {
     const bool details = isDetailsTab();
     GetDlgItem(IDC_PREVIOUS_TEXTURE)->EnableWindow(details ? FALSE : TRUE);
     GetDlgItem(IDC_NEXT_TEXTURE)->EnableWindow(details ? FALSE : TRUE);
@@ -121,101 +159,80 @@ void CMapEditorDlg::showPreview() {
     showMembers();
 }
 
-void CMapEditorDlg::showPreviewAfter(std::initializer_list<CTexturePreview::Item> changed) {
+void CSurfaceEditorDlg::showPreviewAfter(std::initializer_list<CTexturePreview::Item> changed) {
     for (const CTexturePreview::Item item : changed) {
         m_preview.invalidate(item);
     }
     showPreview();
 }
 
-void CMapEditorDlg::onPreviousDefinition() {
-    if (m_pMap != nullptr && m_nTextureNumber > 0) {
-        --m_nTextureNumber;
+void CSurfaceEditorDlg::onPreviousDefinition() {
+    if (m_definitions.previous()) {
         refreshDefinition();
     }
 }
 
-void CMapEditorDlg::onNextDefinition() {
-    if (m_pMap != nullptr && m_nTextureNumber < m_pMap->getNumMultiTextures() - 1) {
-        ++m_nTextureNumber;
+void CSurfaceEditorDlg::onNextDefinition() {
+    if (m_definitions.next()) {
         refreshDefinition();
     }
 }
 
-void CMapEditorDlg::onInsertDefinition() {
-    if (m_pMap == nullptr) {
-        return;
+void CSurfaceEditorDlg::onInsertDefinition() {
+    if (m_definitions.insert()) {
+        refreshDefinition();
     }
-    m_pMap->addMultiTexture();
-    m_nTextureNumber = m_pMap->getNumMultiTextures() - 1;
-    refreshDefinition();
 }
 
-void CMapEditorDlg::onDeleteDefinition() {
-    if (m_pMap == nullptr) {
-        return;
+void CSurfaceEditorDlg::onDeleteDefinition() {
+    if (m_definitions.remove()) {
+        refreshDefinition();
     }
-    m_pMap->removeMultiTexture(m_nTextureNumber);
-    m_nTextureNumber = std::max(m_nTextureNumber - 1, 0);
-    refreshDefinition();
 }
 
-void CMapEditorDlg::onDuplicateDefinition() {
-    const qxCMapMultiTexture* const original = currentDefinition();
-    if (original == nullptr) {
-        return;
+void CSurfaceEditorDlg::onDuplicateDefinition() {
+    if (m_definitions.duplicate()) {
+        refreshDefinition();
     }
-    const qxCMapMultiTexture values = *original;
-    if (qxCMapMultiTexture* const copy = m_pMap->addMultiTexture()) {
-        copy->tint1 = values.tint1;
-        copy->tint2 = values.tint2;
-        copy->blend = values.blend;
-        copy->variation = values.variation;
-    }
-    m_nTextureNumber = m_pMap->getNumMultiTextures() - 1;
-    refreshDefinition();
 }
 
-void CMapEditorDlg::onBlendKillFocus() {
+void CSurfaceEditorDlg::onBlendKillFocus() {
     storeTypedShare(m_fBlend, &qxCMapMultiTexture::blend);
 }
 
-void CMapEditorDlg::onVariationKillFocus() {
+void CSurfaceEditorDlg::onVariationKillFocus() {
     storeTypedShare(m_fVariation, &qxCMapMultiTexture::variation);
 }
 
-void CMapEditorDlg::storeTypedShare(float& field, float qxCMapMultiTexture::*share) {
+void CSurfaceEditorDlg::storeTypedShare(float& field, CDefinitionEditor::Share share) {
     if (!readControls()) {
         return;
     }
-    if (qxCMapMultiTexture* const definition = currentDefinition()) {
-        // The engine's records hold 0 to 1; what was typed beyond is brought to the nearer end.
-        field = std::clamp(field, 0.0F, 1.0F);
-        definition->*share = field;
+    if (const std::optional<float> stored = m_definitions.storeShare(share, field)) {
+        field = *stored;
         showPreviewAfter({CTexturePreview::BLEND_MAP, CTexturePreview::COMPOSITE});
     }
 }
 
-void CMapEditorDlg::onBlendSpin(NMHDR* pNMHDR, LRESULT* pResult) {
+void CSurfaceEditorDlg::onBlendSpin(NMHDR* pNMHDR, LRESULT* pResult) {
     *pResult = 0;
     stepShare(m_fBlend, &qxCMapMultiTexture::blend, iDeltaOf(pNMHDR));
 }
 
-void CMapEditorDlg::onVariationSpin(NMHDR* pNMHDR, LRESULT* pResult) {
+void CSurfaceEditorDlg::onVariationSpin(NMHDR* pNMHDR, LRESULT* pResult) {
     *pResult = 0;
     stepShare(m_fVariation, &qxCMapMultiTexture::variation, iDeltaOf(pNMHDR));
 }
 
-void CMapEditorDlg::stepShare(float& field, float qxCMapMultiTexture::*share, int delta) {
-    if (qxCMapMultiTexture* const definition = currentDefinition()) {
-        field = steppedShare(field, delta);
-        definition->*share = field;
+void CSurfaceEditorDlg::stepShare(float& field, CDefinitionEditor::Share share, int delta) {
+    if (const std::optional<float> stored = m_definitions.stepShare(share, field, delta)) {
+        field = *stored;
         showMembers();
         showPreviewAfter({CTexturePreview::BLEND_MAP, CTexturePreview::COMPOSITE});
     }
 }
 
-void CMapEditorDlg::onTilingKillFocus() {
+void CSurfaceEditorDlg::onTilingKillFocus() {
     if (!readControls()) {
         return;
     }
@@ -226,7 +243,7 @@ void CMapEditorDlg::onTilingKillFocus() {
     showMembers();
 }
 
-void CMapEditorDlg::onTilingSpin(NMHDR* pNMHDR, LRESULT* pResult) {
+void CSurfaceEditorDlg::onTilingSpin(NMHDR* pNMHDR, LRESULT* pResult) {
     *pResult = 0;
     if (m_pMap == nullptr) {
         return;
@@ -237,7 +254,7 @@ void CMapEditorDlg::onTilingSpin(NMHDR* pNMHDR, LRESULT* pResult) {
     showMembers();
 }
 
-LRESULT CMapEditorDlg::onColourChanged(WPARAM /*wParam*/, LPARAM controlId) {
+LRESULT CSurfaceEditorDlg::onColourChanged(WPARAM /*wParam*/, LPARAM controlId) {
     if (m_pMap == nullptr) {
         return 1;
     }
@@ -261,15 +278,14 @@ LRESULT CMapEditorDlg::onColourChanged(WPARAM /*wParam*/, LPARAM controlId) {
     return 1;
 }
 
-void CMapEditorDlg::storeTint(const CColourButton& swatch, qxCColour qxCMapMultiTexture::*tint) {
-    if (qxCMapMultiTexture* const definition = currentDefinition()) {
-        definition->*tint = swatch.getColour();
+void CSurfaceEditorDlg::storeTint(const CColourButton& swatch, CDefinitionEditor::Tint tint) {
+    if (m_definitions.storeTint(tint, swatch.getColour())) {
         m_preview.invalidate(CTexturePreview::TINT_MAP);
         m_preview.invalidate(CTexturePreview::COMPOSITE);
     }
 }
 
-LRESULT CMapEditorDlg::onTextureChanged(WPARAM /*wParam*/, LPARAM controlId) {
+LRESULT CSurfaceEditorDlg::onTextureChanged(WPARAM /*wParam*/, LPARAM controlId) {
     if (m_pMap == nullptr) {
         return 1;
     }
@@ -287,7 +303,7 @@ LRESULT CMapEditorDlg::onTextureChanged(WPARAM /*wParam*/, LPARAM controlId) {
     return 1;
 }
 
-void CMapEditorDlg::onTerrainTypes() {
+void CSurfaceEditorDlg::onTerrainTypes() {
     if (m_pMap == nullptr) {
         return;
     }
