@@ -15,6 +15,8 @@ void CReferenceEditor::open(CMemoryMap& newMap, bool fullEditing) {
     panel.full = fullEditing;
     m_worker = Worker::NONE;
     m_dragged.record = nullptr;
+    m_bHasRecorded = false;
+    m_pAdded = nullptr;
     if (!m_saved.valid || m_saved.map != map) {
         history.clear();
         m_saved.map = map;
