@@ -1,16 +1,8 @@
 #include "sandbox/app/main_window.h"
-#include "sandbox/tour/hands.h"
-#include "sandbox/tour/tour.h"
+#include "sandbox/view/surface_format.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
-#include <QOffscreenSurface>
-#include <QOpenGLContext>
-#include <QOpenGLFunctions>
-#include <QScreen>
-#include <QSettings>
-#include <QSurfaceFormat>
-#include <QTemporaryDir>
 #include <QTimer>
 #include <QWindow>
 #include <cstdio>
@@ -26,38 +18,13 @@ QSize parseSize(const QString& text) {
     return size.width() > 0 && size.height() > 0 ? size : QSize();
 }
 
-int runTour(CMainWindow& window, const QString& folder) {
-    window.move(0, 0);
-    window.activateWindow();
-    if (!waitUntil([&] { return window.isActiveWindow() && window.windowHandle()->isExposed(); })) {
-        std::fprintf(stderr, "the window does not come up\n");
-        return 1;
-    }
-    return playTour(window, folder);
-}
-
-/// True when the processor draws in place of a graphics card, as under a virtual display.
-bool isDrawnInSoftware() {
-    QOffscreenSurface surface;
-    surface.create();
-    QOpenGLContext context;
-    if (!context.create() || !context.makeCurrent(&surface)) {
-        return true;
-    }
-    const auto* text = reinterpret_cast<const char*>(context.functions()->glGetString(GL_RENDERER));
-    const QString renderer = QString::fromLatin1(text);
-    return renderer.contains("llvmpipe") || renderer.contains("softpipe");
-}
-
-void askForOpenGl() {
-    QSurfaceFormat format;
-    format.setVersion(3, 3);
-    format.setProfile(QSurfaceFormat::CoreProfile);
-    format.setDepthBufferSize(24);
-    QSurfaceFormat::setDefaultFormat(format);
-    if (!isDrawnInSoftware()) {
-        format.setSamples(4); // smooth edges are worth it where they cost nothing
-        QSurfaceFormat::setDefaultFormat(format);
+/// The panel stands by the window, whose place is known when the window manager has shown it.
+void startWhenShown(CMainWindow& window) {
+    constexpr int PAUSE = 10; // milliseconds
+    if (window.windowHandle()->isExposed()) {
+        window.startWork();
+    } else {
+        QTimer::singleShot(PAUSE, &window, [&window] { startWhenShown(window); });
     }
 }
 
@@ -77,24 +44,13 @@ int main(int argc, char** argv) {
         "[map]");
     const QCommandLineOption sizeOption("size", "Size of the window in pixels.", "WxH");
     parser.addOption(sizeOption);
-    const QCommandLineOption tourOption(
-        "tour",
-        "Play a written session with mouse and keyboard, write a picture of each step there, and quit.",
-        "folder");
-    parser.addOption(tourOption);
     parser.process(application);
 
-    const QSize size = parser.isSet(sizeOption)   ? parseSize(parser.value(sizeOption))
-                       : parser.isSet(tourOption) ? QApplication::primaryScreen()->size()
-                                                  : FIRST_SIZE;
+    const QSize size = parser.isSet(sizeOption) ? parseSize(parser.value(sizeOption)) : FIRST_SIZE;
     if (!size.isValid()) {
         std::fprintf(stderr, "--size: '%s' is not a size such as 1280x840\n",
                      qPrintable(parser.value(sizeOption)));
         return 2;
-    }
-    const QTemporaryDir tourSettings; // a tour leaves no trace among the files that a person opened
-    if (parser.isSet(tourOption)) {
-        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, tourSettings.path());
     }
     CMainWindow window;
     window.resize(size);
@@ -106,13 +62,6 @@ int main(int argc, char** argv) {
         }
     }
     window.show();
-    if (parser.isSet(tourOption)) {
-        QTimer::singleShot(0, &window,
-                           [&] { QApplication::exit(runTour(window, parser.value(tourOption))); });
-    } else {
-        // The panel stands by the window, whose place is known when the window manager has shown it.
-        waitUntil([&] { return window.windowHandle()->isExposed(); });
-        window.startWork();
-    }
+    startWhenShown(window);
     return QApplication::exec();
 }

@@ -1,5 +1,5 @@
 #include "sandbox/tour/tour_acts.h"
-#include "sandbox/tour/tour_controls.h"
+#include "sandbox/tour/tour_places.h"
 
 #include <QPainter>
 #include <algorithm>
@@ -56,20 +56,20 @@ QImage composeSheet(const std::vector<QImage>& pictures) {
 /// Every kind of cursor there is, each at the same cell, on one sheet.
 void showEveryCursor(CTourStage& stage) {
     constexpr std::array<CursorView, 14> CURSORS{{
-        {TOOL_RAISE, BRUSH_CELL, 0.5, 0.4, 0},
-        {TOOL_RAISE, BRUSH_EDGE, 0.06, 0.5, 1},
-        {TOOL_RAISE, BRUSH_EDGE, 0.5, 0.06, 2},
-        {TOOL_RAISE, BRUSH_EDGE, 0.94, 0.5, 3},
-        {TOOL_RAISE, BRUSH_EDGE, 0.5, 0.94, 4},
-        {TOOL_RAISE, BRUSH_CORNER, 0.1, 0.2, 5},
-        {TOOL_RAISE, BRUSH_CORNER, 0.9, 0.2, 6},
-        {TOOL_RAISE, BRUSH_CORNER, 0.1, 0.8, 7},
-        {TOOL_RAISE, BRUSH_CORNER, 0.9, 0.8, 8},
-        {TOOL_RAISE, BRUSH_EDGE, 0.3, 0.3, 9},
-        {TOOL_RAISE, BRUSH_EDGE, 0.7, 0.3, 10},
-        {TOOL_RAISE, BRUSH_PLUS, 0.5, 0.4, 13},
-        {TOOL_RAISE, BRUSH_FOUR_CELLS, 0.5, 0.4, 0},
-        {TOOL_RAISE, BRUSH_DISC, 0.5, 0.4, 0},
+        {IDC_TOOL_RAISE, IDC_BRUSH_CELL, 0.5, 0.4, 0},
+        {IDC_TOOL_RAISE, IDC_BRUSH_EDGE, 0.06, 0.5, 1},
+        {IDC_TOOL_RAISE, IDC_BRUSH_EDGE, 0.5, 0.06, 2},
+        {IDC_TOOL_RAISE, IDC_BRUSH_EDGE, 0.94, 0.5, 3},
+        {IDC_TOOL_RAISE, IDC_BRUSH_EDGE, 0.5, 0.94, 4},
+        {IDC_TOOL_RAISE, IDC_BRUSH_VERTEX, 0.1, 0.2, 5},
+        {IDC_TOOL_RAISE, IDC_BRUSH_VERTEX, 0.9, 0.2, 6},
+        {IDC_TOOL_RAISE, IDC_BRUSH_VERTEX, 0.1, 0.8, 7},
+        {IDC_TOOL_RAISE, IDC_BRUSH_VERTEX, 0.9, 0.8, 8},
+        {IDC_TOOL_RAISE, IDC_BRUSH_EDGE, 0.3, 0.3, 9},
+        {IDC_TOOL_RAISE, IDC_BRUSH_EDGE, 0.7, 0.3, 10},
+        {IDC_TOOL_RAISE, IDC_BRUSH_PLUS, 0.5, 0.4, 13},
+        {IDC_TOOL_RAISE, IDC_BRUSH_2X2, 0.5, 0.4, 0},
+        {IDC_TOOL_RAISE, IDC_BRUSH_DISC, 0.5, 0.4, 0},
     }};
     stage.hands().turnWheel(stage.view(), stage.positionOfCell(CURSOR_X, CURSOR_Z), 10);
     std::vector<QImage> closeUps;

@@ -1,5 +1,5 @@
 #include "sandbox/tour/tour_acts.h"
-#include "sandbox/tour/tour_controls.h"
+#include "sandbox/tour/tour_places.h"
 
 #include "engine/memory/memory_scene.h"
 #include "engine/qx_texture.h"
@@ -61,7 +61,7 @@ qxCMapMultiTexture& definition(CTourStage& stage) {
 }
 
 QImage preview(CTourStage& stage) {
-    return stage.control(PREVIEW).grab().toImage();
+    return stage.control(IDC_TEXTURE_PREVIEW).grab().toImage();
 }
 
 /// What is done must change the preview.
@@ -84,7 +84,7 @@ void importTextures(CTourStage& stage) {
     const int before = scene.getNumTextures();
     const qxCTexture* water = stage.map().getTexture(qxMapLayerWater);
     const auto inList = [&](QWidget& list) {
-        stage.answer([&] { stage.hands().click(part(list, IMPORT)); },
+        stage.answer([&] { stage.hands().click(part(list, IDC_IMPORT_TEXTURE)); },
                      {[&](QWidget& dialog) { openFiles(stage, dialog, files); },
                       [&](QWidget& box) {
                           const auto* message = qobject_cast<QMessageBox*>(&box);
@@ -92,9 +92,9 @@ void importTextures(CTourStage& stage) {
                                   "the long name is not refused");
                           stage.hands().click(*message->button(QMessageBox::Ok));
                       }});
-        stage.hands().click(part(list, CANCEL));
+        stage.hands().click(part(list, CANCEL_BUTTON));
     };
-    stage.answer([&] { stage.clickControl(WATER_TEXTURE); }, {inList});
+    stage.answer([&] { stage.clickControl(IDC_WATER_TEXTURE); }, {inList});
     require(scene.getNumTextures() == before + 1,
             "not one texture more, but " + QString::number(scene.getNumTextures() - before));
     const qxCTexture& gravel = *scene.getTexture(before);
@@ -104,13 +104,13 @@ void importTextures(CTourStage& stage) {
 
 void addDefinition(CTourStage& stage) {
     const int before = stage.map().getNumMultiTextures();
-    stage.clickControl(INSERT_DEFINITION);
+    stage.clickControl(IDC_INSERT_DEFINITION);
     require(stage.map().getNumMultiTextures() == before + 1, "no texture definition is added");
     require(stage.map().getCurrentMultiTexture() == before, "the new definition is not the current one");
-    requireNewPreview(stage, "the blend", [&] { stage.enterNumber(stage.control(BLEND), 1); });
+    requireNewPreview(stage, "the blend", [&] { stage.enterNumber(stage.control(IDC_BLEND), 1); });
     require(definition(stage).blend == 1.0F, "the blend is not taken over");
     requireNewPreview(stage, "the variation", [&] {
-        QWidget& spin = stage.control(VARIATION_SPIN);
+        QWidget& spin = stage.control(IDC_VARIATION_SPIN);
         for (int step = 0; step < 3; ++step) {
             stage.hands().click(spin, QPointF(spin.width() / 2.0, spin.height() / 4.0));
         }
@@ -120,22 +120,22 @@ void addDefinition(CTourStage& stage) {
 
 void tintDefinition(CTourStage& stage) {
     const QColor ochre(0xe6, 0xb4, 0x78);
-    requireNewPreview(stage, "tint 1", [&] { stage.setStepPicture(stage.chooseColour(TINT_1, ochre)); });
+    requireNewPreview(stage, "tint 1", [&] { stage.setStepPicture(stage.chooseColour(IDC_TINT_1, ochre)); });
     const qxCColour tint = definition(stage).tint1;
     require(QColor(tint.r, tint.g, tint.b) == ochre, "the definition does not take the colour chosen");
 }
 
 void dragTint(CTourStage& stage) {
-    requireNewPreview(stage, "tint 2", [&] { stage.dragColour(TINT_1, TINT_2); });
+    requireNewPreview(stage, "tint 2", [&] { stage.dragColour(IDC_TINT_1, IDC_TINT_2); });
     require(definition(stage).tint2 == definition(stage).tint1, "the dropped colour is not the definition's");
 }
 
 void removeDefinition(CTourStage& stage) {
     const int before = stage.map().getNumMultiTextures();
-    stage.clickControl(DUPLICATE_DEFINITION);
+    stage.clickControl(IDC_DUPLICATE_DEFINITION);
     require(stage.map().getNumMultiTextures() == before + 1, "the definition is not copied");
     require(definition(stage).tint1 == stage.map().getMultiTexture(before - 1)->tint1, "the copy differs");
-    stage.clickControl(DELETE_DEFINITION);
+    stage.clickControl(IDC_DELETE_DEFINITION);
     require(stage.map().getNumMultiTextures() == before, "the copy is not deleted");
     require(stage.map().getCurrentMultiTexture() == before - 1, "the original is not the current one again");
 }
@@ -143,7 +143,7 @@ void removeDefinition(CTourStage& stage) {
 void editTerrainTypes(CTourStage& stage) {
     _qxMapTerrainDef* edited = nullptr;
     const auto edit = [&](QWidget& editor) {
-        auto& types = dynamic_cast<QComboBox&>(part(editor, TERRAIN_TYPE));
+        auto& types = dynamic_cast<QComboBox&>(part(editor, IDC_TERRAIN_TYPE));
         types.setFocus();
         stage.hands().pressKey(types, Qt::Key_Down);
         for (int i = 0; i < stage.map().getNumTerrainDefs(); ++i) {
@@ -152,15 +152,15 @@ void editTerrainTypes(CTourStage& stage) {
             }
         }
         require(edited != nullptr, "no terrain type is chosen");
-        stage.enterText(part(editor, FIRST_FILTER_CELL + 1), "2.5");
+        stage.enterText(part(editor, IDC_FILTER_FIRST + 1), "2.5");
         require(edited->filter[5] == 2.5F, "the cell in row 0, column 1 is not stored column by column");
-        stage.hands().click(part(editor, NORMALIZE));
+        stage.hands().click(part(editor, IDC_NORMALIZE));
         const float sum = std::accumulate(std::begin(edited->filter), std::end(edited->filter), 0.0F);
         require(edited->weighting == sum, "Normalize does not store the filter's sum");
         stage.setStepPicture(stage.takePicture());
-        stage.hands().click(part(editor, OK));
+        stage.hands().click(part(editor, OK_BUTTON));
     };
-    stage.answer([&] { stage.clickControl(TERRAIN_TYPES); }, {edit});
+    stage.answer([&] { stage.clickControl(IDC_TERRAIN_TYPES); }, {edit});
     require(edited->filter[5] == 2.5F, "the edit is not kept");
 }
 

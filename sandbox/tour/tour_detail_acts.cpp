@@ -1,5 +1,5 @@
 #include "sandbox/tour/tour_acts.h"
-#include "sandbox/tour/tour_controls.h"
+#include "sandbox/tour/tour_places.h"
 
 #include <cmath>
 
@@ -44,7 +44,7 @@ void dragQuadOver(CTourStage& stage, const qxCMapDetailRecord& quad, int tool, i
 
 void addQuad(CTourStage& stage) {
     stage.showTab(1);
-    stage.chooseTexture(DETAIL_TEXTURE, "furrows");
+    stage.chooseTexture(IDC_DETAIL_TEXTURE, "furrows");
     stage.chooseTool(TOOL_ADD_QUAD_DETAIL);
     const int before = countOf(stage);
     stage.hands().drag(stage.view(), stage.positionOfCell(FIELD_OF_CROPS_X, FIELD_OF_CROPS_Z),
@@ -106,7 +106,7 @@ void deleteDetail(CTourStage& stage) {
 }
 
 void plantDetails(CTourStage& stage) {
-    stage.chooseTexture(DETAIL_TEXTURE, "bush");
+    stage.chooseTexture(IDC_DETAIL_TEXTURE, "bush");
     stage.chooseTool(TOOL_ADD_POINT_DETAIL);
     const int before = countOf(stage);
     for (int i = 0; i < BUSHES; ++i) {

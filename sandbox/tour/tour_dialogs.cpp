@@ -109,8 +109,8 @@ QImage CTourStage::chooseColour(int swatch, const QColor& colour) {
 QImage CTourStage::chooseTexture(int picker, const QString& name) {
     QImage picture;
     const auto pick = [&](QWidget& list) {
-        auto* names = list.findChild<QAbstractItemView*>(QString::number(tour::TEXTURE_NAMES));
-        auto* ok = list.findChild<QWidget*>(QString::number(tour::OK));
+        auto* names = findControl<QAbstractItemView>(list, IDC_TEXTURES);
+        auto* ok = findControl(list, OK_BUTTON);
         require(names != nullptr && ok != nullptr, "the texture list lacks its controls");
         const QModelIndexList found =
             names->model()->match(names->model()->index(0, 0), Qt::DisplayRole, name, 1, Qt::MatchExactly);

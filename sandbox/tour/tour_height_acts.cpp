@@ -1,5 +1,5 @@
 #include "sandbox/tour/tour_acts.h"
-#include "sandbox/tour/tour_controls.h"
+#include "sandbox/tour/tour_places.h"
 
 #include "host/veskutil.h"
 
@@ -31,8 +31,8 @@ void rubOverField(CTourStage& stage) {
 } // namespace
 
 void showCursor(CTourStage& stage) {
-    stage.chooseTool(TOOL_RAISE);
-    stage.clickControl(BRUSH_DISC);
+    stage.chooseTool(IDC_TOOL_RAISE);
+    stage.clickControl(IDC_BRUSH_DISC);
     stage.hands().moveTo(stage.view(), stage.positionOfCell(HILL_X, HILL_Z));
     const auto cursors = stage.map().getEditCursors();
     require(cursors.size() == 12, QString("the disc has %1 cells, not 12").arg(cursors.size()));
@@ -57,7 +57,7 @@ void raiseGround(CTourStage& stage) {
 }
 
 void drawCone(CTourStage& stage) {
-    stage.chooseTool(TOOL_MAGNET);
+    stage.chooseTool(IDC_TOOL_MAGNET);
     stage.setStrength(Qt::Key_End);
     const int before = stage.map().getPointHeight(CONE_X, CONE_Z);
     const QPointF from = stage.positionOfCell(CONE_X, CONE_Z);
@@ -67,9 +67,9 @@ void drawCone(CTourStage& stage) {
 }
 
 void levelRoad(CTourStage& stage) {
-    stage.chooseTool(TOOL_SET_HEIGHT);
-    stage.clickControl(BRUSH_FOUR_CELLS);
-    stage.enterNumber(stage.control(HEIGHT), ROAD_HEIGHT);
+    stage.chooseTool(IDC_TOOL_SET_HEIGHT);
+    stage.clickControl(IDC_BRUSH_2X2);
+    stage.enterNumber(stage.control(IDC_HEIGHT), ROAD_HEIGHT);
     stage.hands().drag(stage.view(), stage.positionOfCell(ROAD_X0, ROAD_Z),
                        stage.positionOfCell(ROAD_X1, ROAD_Z), Qt::LeftButton, 80);
     for (const int x : {ROAD_X0, ROAD_X0 + 1, ROAD_X1, ROAD_X1 + 1}) {
@@ -80,20 +80,20 @@ void levelRoad(CTourStage& stage) {
 }
 
 void getHeight(CTourStage& stage) {
-    stage.chooseTool(TOOL_GET_HEIGHT);
+    stage.chooseTool(IDC_TOOL_GET_HEIGHT);
     constexpr double NEAR = 0.15; // of a cell, from the corner that is meant
     stage.hands().click(stage.view(), stage.positionOf(CONE_X + 1 - NEAR, CONE_Z + 1 - NEAR));
     const int height = stage.map().getPointHeight(CONE_X + 1, CONE_Z + 1);
-    require(stage.textOf(HEIGHT) == QString::number(height),
-            QString("the panel shows %1, the corner is %2 high").arg(stage.textOf(HEIGHT)).arg(height));
+    require(stage.textOf(IDC_HEIGHT) == QString::number(height),
+            QString("the panel shows %1, the corner is %2 high").arg(stage.textOf(IDC_HEIGHT)).arg(height));
 }
 
 void getGradient(CTourStage& stage) {
-    stage.chooseTool(TOOL_GET_GRADIENT);
+    stage.chooseTool(IDC_TOOL_GET_GRADIENT);
     stage.hands().click(stage.view(), stage.positionOfCell(CONE_X + 3, CONE_Z));
     const float gradient = stage.map().getGradient(CONE_X + 3, CONE_Z);
-    require(gradient > 1.0F && std::abs(stage.textOf(GRADIENT).toFloat() - gradient) < 0.01F,
-            QString("the panel shows %1, the slope is %2").arg(stage.textOf(GRADIENT)).arg(gradient));
+    require(gradient > 1.0F && std::abs(stage.textOf(IDC_GRADIENT).toFloat() - gradient) < 0.01F,
+            QString("the panel shows %1, the slope is %2").arg(stage.textOf(IDC_GRADIENT)).arg(gradient));
 }
 
 void flattenCell(CTourStage& stage) {
@@ -102,7 +102,7 @@ void flattenCell(CTourStage& stage) {
     };
     const int level = (height(0) + height(1) + height(2) + height(3)) / 4;
     require(height(0) != level || height(3) != level, "the cell is level already");
-    stage.chooseTool(TOOL_FLATTEN);
+    stage.chooseTool(IDC_TOOL_FLATTEN);
     stage.hands().click(stage.view(), stage.positionOfCell(CONE_X, CONE_Z + 3));
     for (int corner = 0; corner < 4; ++corner) {
         require(height(corner) == level, QString("corner %1 is not at the average height").arg(corner));
@@ -110,7 +110,7 @@ void flattenCell(CTourStage& stage) {
 }
 
 void selectField(CTourStage& stage) {
-    stage.chooseTool(TOOL_SELECT);
+    stage.chooseTool(IDC_TOOL_SELECT);
     stage.hands().drag(stage.view(), stage.positionOfCell(FIELD_X0, FIELD_Z0),
                        stage.positionOfCell(FIELD_X1, FIELD_Z1), Qt::LeftButton, 20);
     const int outline = 2 * (FIELD_X1 - FIELD_X0) + 2 * (FIELD_Z1 - FIELD_Z0);
@@ -121,7 +121,7 @@ void selectField(CTourStage& stage) {
 void raiseField(CTourStage& stage) {
     const int before = stage.map().getPointHeight(FIELD_X0 + 5, FIELD_Z0 + 5);
     const int beside = stage.map().getPointHeight(FIELD_X0 - 2, FIELD_Z0 + 5);
-    stage.chooseTool(TOOL_RAISE);
+    stage.chooseTool(IDC_TOOL_RAISE);
     const QPointF from = stage.positionOfCell(FIELD_X0 + 6, FIELD_Z0 + 5);
     stage.hands().drag(stage.view(), from, from - QPointF(0, 60), Qt::LeftButton, 12);
     const int risen = stage.map().getPointHeight(FIELD_X0 + 5, FIELD_Z0 + 5) - before;
@@ -133,7 +133,7 @@ void raiseField(CTourStage& stage) {
 
 void roughenField(CTourStage& stage) {
     const int before = unevenness(stage);
-    stage.chooseTool(TOOL_ROUGHEN);
+    stage.chooseTool(IDC_TOOL_ROUGHEN);
     stage.setStrength(Qt::Key_End);
     rubOverField(stage);
     require(unevenness(stage) > before * 2,
@@ -142,7 +142,7 @@ void roughenField(CTourStage& stage) {
 
 void smoothField(CTourStage& stage) {
     const int before = unevenness(stage);
-    stage.chooseTool(TOOL_SMOOTH);
+    stage.chooseTool(IDC_TOOL_SMOOTH);
     rubOverField(stage);
     require(unevenness(stage) < before / 2,
             QString("unevenness %1 after %2").arg(unevenness(stage)).arg(before));
@@ -150,17 +150,17 @@ void smoothField(CTourStage& stage) {
 
 void undoStroke(CTourStage& stage) {
     const std::uint64_t before = stage.mapHash();
-    stage.chooseTool(TOOL_RAISE);
-    stage.clickControl(BRUSH_DISC);
+    stage.chooseTool(IDC_TOOL_RAISE);
+    stage.clickControl(IDC_BRUSH_DISC);
     const QPointF from = stage.positionOfCell(HILL_X, HILL_Z);
     stage.hands().drag(stage.view(), from, from + QPointF(0, 50), Qt::LeftButton);
     require(stage.mapHash() != before, "a downward drag changes nothing");
-    stage.clickControl(UNDO);
+    stage.clickControl(IDC_UNDO);
     require(stage.mapHash() == before, "Undo does not bring the ground back");
 }
 
 void hideCursor(CTourStage& stage) {
-    stage.clickControl(HIDE_CURSOR);
+    stage.clickControl(IDC_HIDE_CURSOR);
     const QPointF from = stage.positionOfCell(HILL_X, HILL_Z);
     stage.hands().moveTo(stage.view(), from);
     require(!stage.map().getEditCursors().empty(), "the cursor is hidden before the stroke");
@@ -169,17 +169,17 @@ void hideCursor(CTourStage& stage) {
     require(stage.map().getEditCursors().empty(), "the cursor shows during the stroke");
     stage.setStepPicture(stage.takePicture());
     stage.hands().release(Qt::LeftButton);
-    stage.clickControl(UNDO);
-    stage.clickControl(HIDE_CURSOR);
+    stage.clickControl(IDC_UNDO);
+    stage.clickControl(IDC_HIDE_CURSOR);
 }
 
 void selectAll(CTourStage& stage) {
-    stage.clickControl(SELECT_ALL);
+    stage.clickControl(IDC_SELECT_ALL);
     const int outline = 4 * (stage.map().getGridDim() - 1);
     require(stage.markedPoints() == outline,
             QString("%1 marked points, not %2").arg(stage.markedPoints()).arg(outline));
     stage.setStepPicture(stage.takePicture());
-    stage.clickControl(DESELECT);
+    stage.clickControl(IDC_DESELECT);
     require(stage.markedPoints() == 0, "the selection's outline is still there");
 }
 

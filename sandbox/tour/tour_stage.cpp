@@ -77,18 +77,10 @@ CTourStage::CTourStage(CMainWindow& window) : m_window(window) {
     }
 }
 
-QWidget* CTourStage::dialog(int templateId) const {
-    const QString name = QString("dialog-%1").arg(templateId);
-    const QWidgetList windows = QApplication::topLevelWidgets();
-    const auto found = std::ranges::find_if(
-        windows, [&](const QWidget* widget) { return widget->objectName() == name && widget->isVisible(); });
-    return found != windows.end() ? *found : nullptr;
-}
-
 QWidget& CTourStage::control(int id) {
-    QWidget* panel = dialog(tour::MAP_EDITOR);
+    QWidget* panel = dialog(IDD_MAP_EDITOR);
     require(panel != nullptr, "the map editor is not open");
-    auto* widget = panel->findChild<QWidget*>(QString::number(id));
+    auto* widget = findControl(*panel, id);
     require(widget != nullptr, QString("the map editor has no control %1").arg(id));
     return *widget;
 }
@@ -100,13 +92,13 @@ void CTourStage::chooseTool(int tool) {
 }
 
 void CTourStage::setStrength(Qt::Key end) {
-    QWidget& slider = control(tour::STRENGTH);
+    QWidget& slider = control(IDC_STRENGTH);
     slider.setFocus();
     m_hands.pressKey(slider, end);
 }
 
 void CTourStage::showTab(int index) {
-    QWidget& tabs = control(tour::TABS);
+    QWidget& tabs = control(IDC_TOOL_TABS);
     auto* bar = qobject_cast<QTabBar*>(&tabs);
     if (bar == nullptr) {
         bar = tabs.findChild<QTabBar*>();
@@ -197,7 +189,7 @@ QImage CTourStage::takeStepPicture() {
 }
 
 void CTourStage::movePanelAside() {
-    QWidget* panel = dialog(tour::MAP_EDITOR);
+    QWidget* panel = dialog(IDD_MAP_EDITOR);
     require(panel != nullptr, "the map editor is not open");
     const QRect frame = view().rect().translated(view().mapToGlobal(QPoint()));
     panel->move(frame.right() - panel->width() - PANEL_MARGIN, frame.top() + PANEL_MARGIN);

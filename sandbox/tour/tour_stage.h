@@ -1,8 +1,9 @@
 #pragma once
 
 #include "sandbox/app/main_window.h"
-#include "sandbox/tour/hands.h"
-#include "sandbox/tour/tour_controls.h"
+#include "sandbox/hands/dialogs.h"
+#include "sandbox/hands/hands.h"
+#include "sandbox/tour/tour_places.h"
 
 #include <QImage>
 #include <QTemporaryDir>
@@ -35,7 +36,7 @@ public:
     CHands& hands() { return m_hands; }
 
     /// Window of the dialog made from this template, or null when it is not open.
-    QWidget* dialog(int templateId) const;
+    QWidget* dialog(int templateId) const { return shownDialog(templateId); }
     /// A control of the map editor panel; fails the step when the panel or the control is not there.
     QWidget& control(int id);
     void clickControl(int id) { m_hands.click(control(id)); }

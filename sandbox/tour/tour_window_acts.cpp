@@ -1,5 +1,5 @@
 #include "sandbox/tour/tour_acts.h"
-#include "sandbox/tour/tour_controls.h"
+#include "sandbox/tour/tour_places.h"
 
 #include "host/veskutil.h"
 #include "sandbox/project/project_folder.h"
@@ -38,30 +38,32 @@ void comeCloser(CTourStage& stage) {
 
 void openEditor(CTourStage& stage) {
     stage.hands().pressKey(stage.window(), Qt::Key_M);
-    require(waitUntil([&] { return vuIsEditorActive() && stage.dialog(MAP_EDITOR) != nullptr; }),
+    require(waitUntil([&] { return vuIsEditorActive() && stage.dialog(IDD_MAP_EDITOR) != nullptr; }),
             "the map editor does not open");
     stage.movePanelAside();
 }
 
 void expandPanel(CTourStage& stage) {
-    const int narrow = stage.dialog(MAP_EDITOR)->width();
-    stage.clickControl(EXPAND);
+    const int narrow = stage.dialog(IDD_MAP_EDITOR)->width();
+    stage.clickControl(IDC_EXPAND);
     stage.movePanelAside();
-    require(stage.dialog(MAP_EDITOR)->width() > narrow * 3 / 2, "the panel does not show its full layout");
+    require(stage.dialog(IDD_MAP_EDITOR)->width() > narrow * 3 / 2,
+            "the panel does not show its full layout");
 }
 
 void foldPanel(CTourStage& stage) {
-    const int wide = stage.dialog(MAP_EDITOR)->width();
-    stage.clickControl(EXPAND);
+    const int wide = stage.dialog(IDD_MAP_EDITOR)->width();
+    stage.clickControl(IDC_EXPAND);
     stage.movePanelAside();
-    require(stage.dialog(MAP_EDITOR)->width() < wide * 2 / 3, "the panel does not show its simple layout");
+    require(stage.dialog(IDD_MAP_EDITOR)->width() < wide * 2 / 3,
+            "the panel does not show its simple layout");
 }
 
 void closePanel(CTourStage& stage) {
     stage.showTab(0);
-    stage.chooseTool(TOOL_MAGNET);
-    stage.clickControl(CLOSE);
-    require(waitUntil([&] { return !vuIsEditorActive() && stage.dialog(MAP_EDITOR) == nullptr; }),
+    stage.chooseTool(IDC_TOOL_MAGNET);
+    stage.clickControl(IDC_CLOSE);
+    require(waitUntil([&] { return !vuIsEditorActive() && stage.dialog(IDD_MAP_EDITOR) == nullptr; }),
             "the panel does not close");
     QAction* action = stage.window().findChild<QAction*>("map-editor");
     require(waitUntil([&] { return !action->isChecked(); }), "the menu still shows the panel as open");
@@ -75,10 +77,10 @@ void closePanel(CTourStage& stage) {
 void reopenPanel(CTourStage& stage) {
     stage.window().activateWindow();
     openEditor(stage);
-    const auto* magnet = qobject_cast<QAbstractButton*>(&stage.control(TOOL_MAGNET));
+    const auto* magnet = qobject_cast<QAbstractButton*>(&stage.control(IDC_TOOL_MAGNET));
     require(magnet != nullptr && magnet->isChecked(), "the tool is not remembered");
     const std::uint64_t before = stage.mapHash();
-    stage.clickControl(UNDO);
+    stage.clickControl(IDC_UNDO);
     require(stage.mapHash() != before, "the history is not remembered");
 }
 

@@ -1,5 +1,7 @@
 #include "support/ui_driver.h"
 
+#include "sandbox/hands/dialogs.h"
+
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QLineEdit>
@@ -11,7 +13,7 @@
 namespace ui {
 
 QWidget& control(const QWidget& dialog, int id) {
-    QWidget* const found = dialog.findChild<QWidget*>(QString::number(id));
+    QWidget* const found = findControl(dialog, id);
     if (found == nullptr) {
         throw std::runtime_error("no control " + std::to_string(id) + " in " +
                                  dialog.objectName().toStdString());
@@ -20,13 +22,7 @@ QWidget& control(const QWidget& dialog, int id) {
 }
 
 QWidget* dialog(int templateId) {
-    const QString name = QStringLiteral("dialog-%1").arg(templateId);
-    for (QWidget* window : QApplication::topLevelWidgets()) {
-        if (window->objectName() == name && window->isVisible()) {
-            return window;
-        }
-    }
-    return nullptr;
+    return shownDialog(templateId);
 }
 
 bool waitUntilActive(QWidget* window) {

@@ -6,7 +6,7 @@
 #include <QWindow>
 #include <functional>
 
-/// A person's hands for a tour: mouse and keyboard events that enter the application where the window
+/// A person's hands on the application: mouse and keyboard events that enter the application where the window
 /// system's own do, so that grabs, focus, shortcuts and disabled controls behave as they do under a real
 /// hand.
 class CHands {

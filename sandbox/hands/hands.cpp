@@ -1,4 +1,4 @@
-#include "sandbox/tour/hands.h"
+#include "sandbox/hands/hands.h"
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>
