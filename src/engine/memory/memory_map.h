@@ -99,8 +99,8 @@ public:
     /// Both forms: see CDetailList.
     qxCMapDetailRecord* addDetail(qxDetailType type, qxCTexture* texture, const qxCVector3d& p0,
                                   const qxCVector3d& p1, const qxCVector3d& p2, float scalar) override;
-    qxCMapDetailRecord* addDetail(qxDetailType type, qxCTexture* texture, const qxCVector3d& point,
-                                  float s1, float s2, float s3) override;
+    qxCMapDetailRecord* addDetail(qxDetailType type, qxCTexture* texture, const qxCVector3d& point, float s1,
+                                  float s2, float s3) override;
     void removeDetail(qxCMapDetailRecord* detail) override;
     qxCMapDetailRecord* findDetail(float x, float z) override;
     const CDetailList& getDetails() const { return m_details; }
