@@ -4,6 +4,7 @@
 #include "platform/qt/application.h"
 #include "platform/qt/common_dialogs.h"
 
+#include <QAbstractItemView>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -43,6 +44,14 @@ void applyPreset(QFileDialog& dialog, const CString& preset) {
     }
 }
 
+/// Qt keeps the menus of the file list on its stack, as children of what they belong to: a host that ends
+/// while one stands open would free it twice.
+void leaveOutMenus(QFileDialog& dialog) {
+    for (QAbstractItemView* view : dialog.findChildren<QAbstractItemView*>()) {
+        view->setContextMenuPolicy(Qt::NoContextMenu);
+    }
+}
+
 /// Sizes and dates are cut short at the width that the columns begin with.
 void showColumnsWhole(QFileDialog& dialog) {
     if (const auto* const files = dialog.findChild<QTreeView*>(QStringLiteral("treeView"))) {
@@ -78,6 +87,7 @@ INT_PTR CFileDialog::DoModal() {
     applyPreset(*dialog, m_ofn.lpstrFile != nullptr && *m_ofn.lpstrFile != '\0' ? CString(m_ofn.lpstrFile)
                                                                                 : m_strFileName);
     showColumnsWhole(*dialog);
+    leaveOutMenus(*dialog);
     m_paths.clear();
     const bool chosen = qtbackend::runDialog(dialog.data());
     if (chosen) {
