@@ -125,6 +125,7 @@ void CMemoryMovie::insertFrame(int index, qxCMovieFrame* frame) {
 }
 
 void CMemoryMovie::frameOrderChanged() {
+    m_bPlacesStale = true;
     m_bAllStale = true;
     ++m_nRevision;
 }
@@ -227,9 +228,10 @@ const std::vector<int>& CMemoryMovie::keyframes() const {
 void CMemoryMovie::updateTweening() {
     // From some share on, all at once is less work than piece by piece.
     if (m_bAllStale || m_stalePlaces.size() > m_frames.size() / 8) {
-        for (std::size_t i = 0; m_bAllStale && i < m_frames.size(); ++i) {
+        for (std::size_t i = 0; m_bPlacesStale && i < m_frames.size(); ++i) {
             m_frames[i]->watch(this, static_cast<int>(i));
         }
+        m_bPlacesStale = false;
         tweenFrames(m_frames, keyframes(), 0, lastFrame());
     } else {
         tweenChanged();

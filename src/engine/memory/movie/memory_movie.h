@@ -148,7 +148,8 @@ private:
 
     mutable std::vector<int> m_keyframes; // ascending indices, found anew when they are asked for
     mutable bool m_bKeyframesKnown = false;
-    bool m_bAllStale = true;        // every frame is to be tweened anew, and told its place
+    bool m_bPlacesStale = true;     // the frames do not know where they stand
+    bool m_bAllStale = true;        // every frame is to be tweened anew
     std::vector<int> m_stalePlaces; // otherwise the frames that were given another value
 
     MoviePose m_pose;

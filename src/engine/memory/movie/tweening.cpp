@@ -86,6 +86,7 @@ float fadeAt(qxMovieFadeMode mode, float u) {
 
 void writeSpan(const MovieFrames& frames, const CTweenSpan& span, int first, int last) {
     const qxCMovieFrame& from = span.from();
+    const char* const target = from.targetName.getString();
     for (int index = first; index <= last; ++index) {
         qxCMovieFrame& frame = *frames[static_cast<std::size_t>(index)];
         const TweenSample sample = span.sample(index);
@@ -102,7 +103,7 @@ void writeSpan(const MovieFrames& frames, const CTweenSpan& span, int first, int
         frame.cameraMode = from.cameraMode;
         frame.fadeMode = from.fadeMode;
         frame.fadeColour = from.fadeColour;
-        if (std::strcmp(frame.targetName.getString(), from.targetName.getString()) != 0) {
+        if (std::strcmp(frame.targetName.getString(), target) != 0) { // an assignment costs more
             frame.targetName = from.targetName;
         }
     }
