@@ -10,7 +10,6 @@
 namespace {
 
 using house::IncludeMap;
-using testing::Each;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
