@@ -1,5 +1,7 @@
 #include "controls/colour_button.h"
 
+#include "module/visit.h"
+
 namespace {
 
 constexpr int OPAQUE_ALPHA = 255;
@@ -47,7 +49,7 @@ void CColourButton::DrawItem(LPDRAWITEMSTRUCT lpDrawItemStruct) {
 
 void CColourButton::OnDoubleClicked() {
     CColorDialog dialog(m_colour, CC_FULLOPEN | CC_ANYCOLOR, this);
-    if (dialog.DoModal() != IDOK) {
+    if (runModal(dialog) != IDOK) {
         return;
     }
     m_colour = dialog.GetColor();

@@ -47,20 +47,11 @@ bool CHostedEditorDlg::createWindow(CWnd* host) {
 
 void CHostedEditorDlg::destroy() {
     m_bEnding = true;
-    if (m_nVisits == 0) {
-        finish();
-    }
-}
-
-void CHostedEditorDlg::leave() {
-    --m_nVisits;
-    if (m_nVisits == 0 && m_bEnding) {
-        finish();
-    }
+    CVisit::whenOver(*this);
 }
 
 /// Nobody works on what the host owns any more.
-void CHostedEditorDlg::finish() {
+void CHostedEditorDlg::onVisitsOver() {
     letGo();
     m_bFreeWhenIdle = true;
     if (m_nDispatchDepth > 0) {
@@ -71,7 +62,7 @@ void CHostedEditorDlg::finish() {
 }
 
 void CHostedEditorDlg::freeWhenIdle() {
-    if (m_bFreeWhenIdle && m_nDispatchDepth == 0 && m_nVisits == 0) {
+    if (m_bFreeWhenIdle && m_nDispatchDepth == 0) {
         delete this;
     }
 }
@@ -98,6 +89,9 @@ void CHostedEditorDlg::PostNcDestroy() {
 
 LRESULT CHostedEditorDlg::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
     const CDispatch inside(*this);
+    if (m_bEnding && isCommand(message)) {
+        return 0;
+    }
     return CEditorDialog::WindowProc(message, wParam, lParam);
 }
 

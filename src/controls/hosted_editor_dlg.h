@@ -1,27 +1,15 @@
 #pragma once
 
 #include "controls/editor_dialog.h"
+#include "module/visit.h"
 
 /// The panel of an editor that a host opened: a modeless window over the host's, which ends by its own
 /// "Close", by its window, with its host's window, or by the host's call, each at any time: also from inside
 /// one of its own handlers (a host's timer may call while a message box is open) and from inside a call of
 /// the host that is at work on it (the host's map may call back). Lives on the heap; once its window is open
-/// it owns itself, and is freed when the last handler and the last call that are inside it have left.
-class CHostedEditorDlg : public CEditorDialog {
+/// it owns itself, and is freed when the last handler and the last visit have left.
+class CHostedEditorDlg : public CEditorDialog, private CEndOfVisits {
 public:
-    /// One call from outside into the panel, an export's or an engine's callback's. While it lives the panel
-    /// does, and what it works on stays as it is.
-    class CVisit {
-    public:
-        explicit CVisit(CHostedEditorDlg& panel) : m_panel(panel) { ++panel.m_nVisits; }
-        ~CVisit() { m_panel.leave(); }
-        CVisit(const CVisit&) = delete;
-        CVisit& operator=(const CVisit&) = delete;
-
-    private:
-        CHostedEditorDlg& m_panel;
-    };
-
     /// Open the modeless window as a child of `host`, which may be null. False, and the object still the
     /// caller's, when there is no window.
     bool createWindow(CWnd* host);
@@ -36,7 +24,8 @@ protected:
 
     /// The person closes the panel. Does nothing when it is ending already.
     void closeByUser();
-    /// The panel is on its way out: its fields ask for nothing and store nothing any more.
+    /// The panel is on its way out: its fields ask for nothing and store nothing, and no command begins any
+    /// more. One that is at work still has what it works on, until it opens a modal window.
     bool isEnding() const { return m_bEnding; }
 
     /// The person closes the panel, which is still whole: the last chance to remember something.
@@ -58,8 +47,7 @@ protected:
 private:
     class CDispatch;
 
-    void leave();
-    void finish();
+    void onVisitsOver() override;
     void freeWhenIdle();
 
     const UINT m_nTemplate;
@@ -67,6 +55,5 @@ private:
     bool m_bOwnsItself = false; ///< the end of the window is the end of the object
     bool m_bEnding = false;
     bool m_bFreeWhenIdle = false; ///< to be freed when the outermost message has been handled
-    int m_nVisits = 0;
-    int m_nDispatchDepth = 0; ///< messages being handled, one inside the other
+    int m_nDispatchDepth = 0;     ///< messages being handled, one inside the other
 };

@@ -4,6 +4,7 @@
 #include "engine/qx_scene.h"
 #include "engine/qx_texture.h"
 #include "module/module_state.h"
+#include "module/visit.h"
 #include "resources/resource_ids.h"
 
 #include <algorithm>
@@ -65,7 +66,7 @@ std::vector<CString> askForFiles() {
     dialog.m_ofn.lpstrFile = names.data();
     dialog.m_ofn.nMaxFile = FILE_NAMES_SIZE;
     std::vector<CString> files;
-    if (dialog.DoModal() == IDOK) {
+    if (runModal(dialog) == IDOK) {
         for (POSITION position = dialog.GetStartPosition(); position != nullptr;) {
             files.push_back(dialog.GetNextPathName(position));
         }
@@ -103,6 +104,7 @@ void CTextureListDlg::DoDataExchange(CDataExchange* pDX) {
 }
 
 BOOL CTextureListDlg::OnInitDialog() {
+    const CVisit visit; // opening is no command, but asks the host as much
     CEditorDialog::OnInitDialog();
     if (m_pScene == nullptr) {
         EndDialog(IDCANCEL);

@@ -1,6 +1,7 @@
 #include "host/export_scope.h"
 #include "host/veskutil.h"
 #include "module/module_state.h"
+#include "module/visit.h"
 #include "platform/framework/win_app.h"
 #include "terrain/model/map_editor_settings.h"
 #include "terrain/model/map_undo_list.h"
@@ -13,14 +14,21 @@ namespace {
 
 /// The library's application object: made when the library is loaded, gone when the process ends. It stands
 /// beside the exports so that whatever links them has it.
-CWinApp theApp;
+class CVeskApp : public CWinApp {
+public:
+    int DoMessageBox(LPCTSTR lpszPrompt, UINT nType, UINT nIDPrompt) override {
+        const CModalPause pause;
+        return CWinApp::DoMessageBox(lpszPrompt, nType, nIDPrompt);
+    }
+};
+CVeskApp theApp;
 
 /// Runs `call` on the open panel, if there is one. The panel lives until the call has left it, even when the
 /// map that it works on calls back and closes the editor.
 template <class Call> void visitPanel(Call call) {
     if (g_bEditorActive) {
         CMapEditorDlg& panel = *g_pMapEditorDlg;
-        const CHostedEditorDlg::CVisit visit(panel);
+        const CVisit visit;
         call(panel);
     }
 }

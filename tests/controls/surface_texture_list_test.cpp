@@ -24,7 +24,11 @@ protected:
 
     /// Open the list with `current` chosen and let the user take these steps.
     Outcome run(qxCTexture* current, std::vector<CModalSteps::Step> steps) {
-        CTextureListDlg list(&m_scene, current, nullptr);
+        return run(m_scene, current, std::move(steps));
+    }
+
+    static Outcome run(qxCScene& scene, qxCTexture* current, std::vector<CModalSteps::Step> steps) {
+        CTextureListDlg list(&scene, current, nullptr);
         const CModalSteps user(std::move(steps));
         const INT_PTR result = list.DoModal();
         EXPECT_TRUE(user.areDone());
@@ -228,6 +232,30 @@ TEST_F(TextureImportTest, LettersBeyondAsciiCountOnce) {
                   },
                   chooseFiles({QString::fromUtf8("wüstenböden1.tga")})});
     EXPECT_THAT(imported(), ElementsAre(Imported{"wüstenböden1", "wüstenböden1.tga"}));
+}
+
+/// Has no memory for a texture, and counts one that it does not have.
+class CBarrenScene : public qxCScene {
+public:
+    qxCTexture* createTexture() override { return nullptr; }
+    void addTexture(qxCTexture* /*texture*/) override { ADD_FAILURE() << "there was none to add"; }
+    int getNumTextures() const override { return 1; }
+    qxCTexture* getTexture(int /*index*/) const override { return nullptr; }
+    qxFogMode getFogMode() const override { return qxFogModeOff; }
+    void setFogMode(qxFogMode /*mode*/) override {}
+};
+
+TEST_F(TextureImportTest, ASceneWithoutRoomKeepsWhatWasChosen) {
+    makeFiles({"moss.tga"});
+    CBarrenScene barren;
+    const auto [result, selected] = run(barren, m_pRock,
+                                        {[](QWidget* window) {
+                                             click(window, IDC_IMPORT_TEXTURE);
+                                             click(window, IDOK);
+                                         },
+                                         chooseFiles({"moss.tga"})});
+    EXPECT_EQ(result, IDOK);
+    EXPECT_EQ(selected, m_pRock);
 }
 
 TEST_F(TextureImportTest, OpensInTheTextureDirectoryAndCancelImportsNothing) {

@@ -72,6 +72,60 @@ TEST_F(HostileMap, OpensOnePanelHoweverOftenItAsksWhileItIsOpened) {
     EXPECT_FALSE(vuIsEditorActive());
 }
 
+// Every call that a click makes is one inside of which the host may lose its patience.
+TEST_F(HostileMap, MayCloseTheEditorInsideAnyCallOfAnyClick) {
+    struct Act {
+        const char* name;
+        std::function<void()> act;
+    };
+    const Act acts[] = {
+        {"insert", [] { click(IDC_INSERT_DEFINITION); }},
+        {"duplicate", [] { click(IDC_DUPLICATE_DEFINITION); }},
+        {"delete", [] { click(IDC_DELETE_DEFINITION); }},
+        {"next", [] { click(IDC_NEXT_TEXTURE); }},
+        {"select all", [] { click(IDC_SELECT_ALL); }},
+        {"undo", [] { click(IDC_UNDO); }},
+        {"checker", [] { click(IDC_MAP_FLAG); }},
+        {"fog", [] { click(IDC_FOG); }},
+        {"terrain types",
+         [] {
+             CModalSteps person({[](QWidget* dialog) { dialog->close(); }});
+             click(IDC_TERRAIN_TYPES);
+         }},
+        {"tiling",
+         [] {
+             type(IDC_TILING, "7");
+             press(IDC_TILING, Qt::Key_Tab);
+         }},
+        {"details", [] { selectTab(1); }},
+    };
+    m_hostile.addMultiTexture();
+    m_hostile.addMultiTexture();
+    for (const Act& each : acts) {
+        SCOPED_TRACE(each.name);
+        int calls = 0;
+        int closedAt = 1;
+        do {
+            open(m_hostile);
+            expand();
+            click(IDC_TOOL_RAISE);
+            stroke(5, 5, -9);
+            calls = 0;
+            m_hostile.onCall = [&] {
+                if (++calls == closedAt) {
+                    vuDestroyEditor();
+                }
+            };
+            each.act();
+            m_hostile.onCall = [] {};
+            EXPECT_EQ(vuIsEditorActive(), calls < closedAt);
+            EXPECT_EQ(panel() == nullptr, calls >= closedAt);
+            vuDestroyEditor();
+            closedAt += closedAt < 20 ? 1 : calls / 5 + 1;
+        } while (calls >= closedAt);
+    }
+}
+
 TEST_F(HostileMap, MayThrowInsideAClick) {
     open(m_hostile);
     expand();

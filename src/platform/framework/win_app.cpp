@@ -1,5 +1,6 @@
 #include "platform/framework/win_app.h"
 
+#include "platform/framework/message_box.h"
 #include "platform/framework/module_state.h"
 #include "platform/windows/back_end.h"
 
@@ -13,6 +14,15 @@ CWinApp::~CWinApp() {
 
 HICON CWinApp::LoadIcon(UINT nIDResource) const {
     return ::LoadLibraryIcon(nIDResource);
+}
+
+int CWinApp::DoMessageBox(LPCTSTR lpszPrompt, UINT nType, UINT) {
+    return ::ShowMessageBox(lpszPrompt, nType);
+}
+
+int AfxMessageBox(LPCTSTR lpszText, UINT nType, UINT nIDHelp) {
+    CWinApp* const app = AfxGetApp();
+    return app != nullptr ? app->DoMessageBox(lpszText, nType, nIDHelp) : ::ShowMessageBox(lpszText, nType);
 }
 
 CWinApp* AfxGetApp() {

@@ -10,6 +10,9 @@ public:
 
     /// An icon of the library, kept until unload; null when there is none of that id.
     HICON LoadIcon(UINT nIDResource) const;
+
+    /// What AfxMessageBox shows, with the same arguments and result. A library may do more about it.
+    virtual int DoMessageBox(LPCTSTR lpszPrompt, UINT nType, UINT nIDPrompt);
 };
 
 CWinApp* AfxGetApp();

@@ -6,6 +6,7 @@
 #include "platform/qt/application.h"
 #include "platform/qt/dispatch_scope.h"
 #include "platform/qt/window_registry.h"
+#include "platform/windows/back_end.h"
 
 #include <QApplication>
 #include <QColorDialog>
@@ -76,7 +77,7 @@ int answerOf(int button) {
 
 } // namespace qtbackend
 
-int AfxMessageBox(LPCTSTR lpszText, UINT nType, UINT) {
+int ShowMessageBox(LPCSTR lpszText, UINT nType) {
     using namespace qtbackend;
     if (!ensureApplication()) {
         return IDCANCEL;

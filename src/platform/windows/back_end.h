@@ -16,6 +16,9 @@ HWND CreateDialogWindow(const DialogTemplate& layout, HWND parent);
 INT_PTR RunDialogWindow(HWND dialog, INT_PTR broken);
 void EndDialogWindow(HWND dialog, INT_PTR result);
 
+/// Shows a message over the active window until a button is pressed; IDCANCEL where nothing can be shown.
+int ShowMessageBox(LPCSTR text, UINT type);
+
 /// Makes a child control of a predefined or a registered class.
 HWND CreateControlWindow(DWORD exStyle, LPCSTR className, LPCSTR text, DWORD style, const RECT& rect,
                          HWND parent, int id);

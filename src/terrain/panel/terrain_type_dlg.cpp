@@ -1,6 +1,7 @@
 #include "terrain/panel/terrain_type_dlg.h"
 
 #include "engine/qx_map.h"
+#include "module/visit.h"
 #include "resources/resource_ids.h"
 
 #include <algorithm>
@@ -73,6 +74,7 @@ void CTerrainTypeDlg::DoDataExchange(CDataExchange* pDX) {
 }
 
 BOOL CTerrainTypeDlg::OnInitDialog() {
+    const CVisit visit; // opening is no command, but asks the host as much
     m_bEnding = false;
     CEditorDialog::OnInitDialog();
     const int count = m_pMap != nullptr ? m_pMap->getNumTerrainDefs() : 0;
