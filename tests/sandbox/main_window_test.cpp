@@ -389,9 +389,10 @@ TEST_F(LostWork, OfAnotherProgramOrAPersonIsNotTouched) {
     ASSERT_TRUE(QDir().mkpath(copy() + "/my notes")); // a person's own folder of that name
     workAndCrash(600);
     EXPECT_TRUE(QDir(copy() + "-2").exists());
+    ASSERT_EQ(other.saveProject(copy()).error, ""); // in which they keep a project, newer than the copy
     openAndAnswer("Delete Copy");
     EXPECT_FALSE(QDir(copy() + "-2").exists());
-    EXPECT_TRUE(QDir(copy() + "/my notes").exists());
+    EXPECT_TRUE(QFile::exists(copy() + "/project.json") && QDir(copy() + "/my notes").exists());
 }
 
 TEST_F(LostWork, IsCopiedAlthoughAnEditorWasClosedInMidStroke) {
