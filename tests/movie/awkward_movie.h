@@ -16,6 +16,7 @@ public:
     Keeps keeps = Keeps::NOTHING; ///< of a range that is all of the movie
     float stepRate = 25.0F;
     std::vector<std::unique_ptr<qxCMovieFrame>> frames;
+    std::vector<std::unique_ptr<qxCMovieSound>> sounds;
     int first = 0;
     int last = 0;
 
@@ -78,11 +79,15 @@ public:
     void resetAnimTriggers() override {}
     qxCCamera* getChildCamera(int) override { return nullptr; }
     qxCVector3d getTargetDirection(qxCMovieFrame*, const qxCVector3d&) override { return {}; }
-    int getSoundtrackSize() const override { return 0; }
-    qxCMovieSound* getSound(int) override { return nullptr; }
+    int getSoundtrackSize() const override { return static_cast<int>(sounds.size()) + 1; } // one too many
+    qxCMovieSound* getSound(int index) override {
+        return index >= 0 && static_cast<std::size_t>(index) < sounds.size()
+                   ? sounds[static_cast<std::size_t>(index)].get()
+                   : nullptr;
+    }
     int getSoundAtFrame(int frame) const override { return frame < 4 ? frame / 2 : -1; }
-    void clearSoundtrack() override {}
-    void addSound(const char*) override {}
+    void clearSoundtrack() override { sounds.clear(); }
+    void addSound(const char* file) override { sounds.push_back(std::make_unique<qxCMovieSound>(file)); }
 
     std::string calls;
     int tweenings = 0;

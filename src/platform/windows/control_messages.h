@@ -38,6 +38,7 @@ inline constexpr UINT LB_GETITEMDATA = 0x0199;
 inline constexpr UINT LB_SETITEMDATA = 0x019A;
 inline constexpr UINT LB_SETCARETINDEX = 0x019E;
 inline constexpr UINT LB_GETCARETINDEX = 0x019F;
+inline constexpr UINT LB_ITEMFROMPOINT = 0x01A9;
 inline constexpr int LB_ERR = -1;
 
 inline constexpr UINT SBM_SETPOS = 0x00E0;

@@ -12,3 +12,9 @@ void CListBox::GetText(int index, CString& text) const {
     SendMessage(LB_GETTEXT, wide(index), reinterpret_cast<LPARAM>(buffer.data()));
     text = buffer.c_str();
 }
+
+UINT CListBox::ItemFromPoint(CPoint pt, BOOL& bOutside) const {
+    const auto found = static_cast<DWORD_PTR>(SendMessage(LB_ITEMFROMPOINT, 0, MAKELPARAM(pt.x, pt.y)));
+    bOutside = HIWORD(found) != 0 ? TRUE : FALSE;
+    return LOWORD(found);
+}

@@ -31,6 +31,9 @@ public:
         return static_cast<int>(SendMessage(LB_SETITEMDATA, wide(index), static_cast<LPARAM>(data)));
     }
 
+    /// The item under a client point, or the nearest one with bOutside set.
+    UINT ItemFromPoint(CPoint pt, BOOL& bOutside) const;
+
     // For lists of several selected.
     /// Index -1 stands for every item.
     int SetSel(int index, BOOL select = TRUE) {

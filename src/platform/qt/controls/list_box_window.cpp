@@ -5,18 +5,52 @@
 #include "platform/qt/controls/text_items.h"
 #include "platform/windows/control_messages.h"
 
+#include <QPainter>
+#include <QStyledItemDelegate>
+
 namespace qtbackend {
+
+namespace {
+
+/// Frames the item with the caret, also while another control has the focus: in a list for several selected
+/// the next command acts there, and nothing else tells where that is.
+class CCaretDelegate : public QStyledItemDelegate {
+public:
+    explicit CCaretDelegate(QListWidget& list) : QStyledItemDelegate(&list), m_list(list) {}
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override {
+        QStyledItemDelegate::paint(painter, option, index);
+        if (index == m_list.currentIndex()) {
+            const bool selected = (option.state & QStyle::State_Selected) != 0;
+            const QPalette& colours = option.palette;
+            painter->save();
+            painter->setPen(QPen(selected ? colours.highlightedText() : colours.text(), 1, Qt::DotLine));
+            painter->drawRect(option.rect.adjusted(0, 0, -1, -1));
+            painter->restore();
+        }
+    }
+
+private:
+    QListWidget& m_list;
+};
+
+} // namespace
 
 CListBoxWindow::CListBoxWindow(CWindow& parent, const ControlTraits& traits)
     : CInputWindow(new QListWidget(parent.widget()), &parent, traits.window)
     , m_list(static_cast<QListWidget&>(*widget())) {
     m_list.installEventFilter(this);
     watch(m_list.viewport());
+    m_list.viewport()->setMouseTracking(true); // a window hears of every move over it
     m_list.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     if ((style() & LBS_EXTENDEDSEL) != 0) {
         m_list.setSelectionMode(QAbstractItemView::ExtendedSelection);
     } else if ((style() & LBS_MULTIPLESEL) != 0) {
         m_list.setSelectionMode(QAbstractItemView::MultiSelection);
+    }
+    if (isMultiple()) {
+        m_list.setItemDelegate(new CCaretDelegate(m_list));
     }
     if ((style() & LBS_NOTIFY) != 0) {
         QObject::connect(&m_list, &QListWidget::itemSelectionChanged, this, [this] {
@@ -62,6 +96,8 @@ LRESULT CListBoxWindow::process(UINT message, WPARAM wParam, LPARAM lParam) {
     case LB_SETCARETINDEX:
         moveCaret(index);
         return 0;
+    case LB_ITEMFROMPOINT:
+        return itemAt({static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))});
     case LB_DELETESTRING:
     case LB_GETTEXT:
     case LB_GETTEXTLEN:
@@ -155,11 +191,19 @@ LRESULT CListBoxWindow::findPrefix(int startAfter, const QString& prefix) const 
     const int count = m_list.count();
     for (int step = 1; step <= count; ++step) {
         const int index = (startAfter + step) % count;
-        if (m_list.item(index)->text().startsWith(prefix, Qt::CaseInsensitive)) {
+        if (beginsWith(m_list.item(index)->text(), prefix)) {
             return index;
         }
     }
     return LB_ERR;
+}
+
+LRESULT CListBoxWindow::itemAt(QPoint point) const {
+    constexpr WORD OUTSIDE = 1;
+    const QPoint inside = m_list.viewport()->mapFrom(&m_list, point);
+    const QModelIndex under = m_list.indexAt(inside);
+    const int nearest = inside.y() < 0 ? 0 : m_list.count() - 1;
+    return MAKELPARAM(under.isValid() ? under.row() : nearest, under.isValid() ? 0 : OUTSIDE);
 }
 
 LRESULT CListBoxWindow::copySelected(int room, int* indices) const {

@@ -26,6 +26,7 @@ private:
     LRESULT remove(int index);
     LRESULT findPrefix(int startAfter, const QString& prefix) const;
     LRESULT copySelected(int room, int* indices) const;
+    LRESULT itemAt(QPoint point) const;
     void moveCaret(int index);
 
     QListWidget& m_list;

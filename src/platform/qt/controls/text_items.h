@@ -4,6 +4,7 @@
 
 #include <QString>
 
+#include <algorithm>
 #include <cstring>
 
 namespace qtbackend {
@@ -18,6 +19,16 @@ inline LRESULT copyItemText(const QString& text, LPARAM buffer) {
     std::memcpy(reinterpret_cast<char*>(buffer), bytes.constData(),
                 static_cast<std::size_t>(bytes.size()) + 1);
     return bytes.size();
+}
+
+/// Letter case aside, for A to Z: what a locale makes of further letters is not the same on two machines.
+inline bool beginsWith(const QString& text, const QString& prefix) {
+    const auto folded = [](QChar c) {
+        return c >= QLatin1Char('A') && c <= QLatin1Char('Z') ? c.toLower() : c;
+    };
+    return text.size() >= prefix.size() &&
+           std::equal(prefix.begin(), prefix.end(), text.begin(),
+                      [&folded](QChar a, QChar b) { return folded(a) == folded(b); });
 }
 
 /// Where a text belongs among `count` sorted ones: behind those that are not greater, letter case aside.
