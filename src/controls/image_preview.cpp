@@ -1,5 +1,6 @@
 #include "controls/image_preview.h"
 
+#include "controls/offscreen_picture.h"
 #include "controls/preview_picture.h"
 
 BEGIN_MESSAGE_MAP(CImagePreview, CButton)
@@ -25,13 +26,5 @@ void CImagePreview::DrawItem(LPDRAWITEMSTRUCT lpDrawItemStruct) {
     if (!composePreview(m_picture, width, height, *m_pImage, m_nTilesX, m_nTilesY)) {
         return;
     }
-    BITMAPINFO info{};
-    info.bmiHeader.biSize = sizeof(BITMAPINFOHEADER);
-    info.bmiHeader.biWidth = width;
-    info.bmiHeader.biHeight = -height; // rows from the top
-    info.bmiHeader.biPlanes = 1;
-    info.bmiHeader.biBitCount = 32;
-    info.bmiHeader.biCompression = BI_RGB;
-    ::SetDIBitsToDevice(lpDrawItemStruct->hDC, 0, 0, static_cast<DWORD>(width), static_cast<DWORD>(height), 0,
-                        0, 0, static_cast<UINT>(height), m_picture.data(), &info, DIB_RGB_COLORS);
+    paintPixels(*CDC::FromHandle(lpDrawItemStruct->hDC), m_picture, {width, height});
 }

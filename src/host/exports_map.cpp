@@ -1,5 +1,5 @@
-#include "host/export_scope.h"
 #include "host/veskutil.h"
+#include "module/export_scope.h"
 #include "module/module_state.h"
 #include "module/visit.h"
 #include "platform/framework/win_app.h"

@@ -1,18 +1,38 @@
-#include "host/export_scope.h"
 #include "host/host_service.h"
 #include "host/veskutil.h"
+#include "module/export_scope.h"
 #include "module/module_state.h"
+#include "movie/panel/movie_editor_dlg.h"
 #include "sound/sound_manager.h"
 
-void vuCreateMovieEditor(HWND /*host*/, qxCMovie* /*movie*/, bool /*showClose*/) {
-    runExport([] {
-        if (g_bMovieEditorActive) {
+#include <memory>
+#include <utility>
+
+namespace {
+
+bool g_bOpening = false; ///< a panel is being made: its movie may call back
+
+} // namespace
+
+void vuCreateMovieEditor(HWND host, qxCMovie* movie, bool showClose) {
+    runExport([=] {
+        if (g_bMovieEditorActive || g_bOpening) {
             return;
         }
-        // Without a device the editor is silent; that is no reason not to open.
-        g_soundManager.create();
-        // This library has no panel to show a movie in. The editor stays closed and says so, rather than let
-        // the host wait for the end of an editor that nobody sees.
+        const CFlagScope opening(g_bOpening);
+        g_soundManager.create(); // without a device the editor is silent; that is no reason not to open
+        if (movie == nullptr) {
+            return;
+        }
+        auto panel = std::make_unique<CMovieEditorDlg>(showClose);
+        g_pMovieEditorDlg = panel.get();
+        panel->bind(movie);
+        if (!panel->createWindow(CWnd::FromHandle(host))) {
+            // Without a window the user could never close the editor: it counts as not opened.
+            return;
+        }
+        static_cast<void>(panel.release()); // from here its window owns it
+        g_bMovieEditorActive = true;
     });
 }
 
@@ -21,9 +41,11 @@ void vuDestroyMovieEditor() {
         if (!g_bMovieEditorActive) {
             return;
         }
-        g_soundManager.release();
-        g_pMovieEditorDlg = nullptr;
+        CMovieEditorDlg& panel = *std::exchange(g_pMovieEditorDlg, nullptr);
         g_bMovieEditorActive = false;
+        panel.endPlayback();
+        g_soundManager.release();
+        panel.destroy(); // last: it may end dialogs, and their callers ask whether the editor is open
     });
 }
 
@@ -31,8 +53,12 @@ bool vuIsMovieEditorActive() {
     return g_bMovieEditorActive;
 }
 
-void vuMovieCameraAltered(qxCCamera* /*camera*/, bool /*finished*/) {
-    // Only an open movie panel takes camera moves.
+void vuMovieCameraAltered(qxCCamera* camera, bool finished) {
+    runExport([=] {
+        if (g_bMovieEditorActive) {
+            g_pMovieEditorDlg->cameraAltered(camera, finished);
+        }
+    });
 }
 
 void vuSoundUpdate() {

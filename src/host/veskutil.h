@@ -44,13 +44,15 @@ VU_API bool vuIsEditingInProgress();
 /// Close afterwards, which remembers its settings for that address again: close the editor first.
 VU_API void vuDestroySettings();
 
-/// Open the movie editor on `movie`. Ignored when one is open; the sound device starts even when `movie` is
-/// null. `showClose` shows the panel's own Close button. This version of the library has no movie panel: the
-/// call starts the sound device and opens nothing, and vuIsMovieEditorActive stays false.
+/// Open the movie editor on `movie`, which the host owns and keeps alive until the editor is closed. Ignored
+/// when one is open; the sound device starts even when `movie` is null, which opens nothing. `host` becomes
+/// the panel's parent; `showClose` shows the panel's own Close button.
 VU_API void vuCreateMovieEditor(HWND host, qxCMovie* movie, bool showClose);
+/// Close the movie editor and the sound device. What it plays is stopped first.
 VU_API void vuDestroyMovieEditor();
 VU_API bool vuIsMovieEditorActive();
-/// The user moved the host's camera; `finished` when the move has ended.
+/// The user has moved a camera of the movie, which goes into the movie's current frame; `finished`, with any
+/// camera, when the move has ended.
 VU_API void vuMovieCameraAltered(qxCCamera* camera, bool finished);
 /// One pass of the sound service; to be called once a frame while an editor is open. In a host whose message
 /// loop does not reach the panels, because it made no application object of their toolkit, they get their

@@ -9,3 +9,4 @@ void (*g_pfnMessageCallback)(vuMessage message, void* data) = nullptr;
 int (*g_pfnIntCallback)(int, int, int) = nullptr;
 bool g_bMovieEditorActive = false;
 CMovieEditorDlg* g_pMovieEditorDlg = nullptr;
+CMovieEditorDlg* g_pPlayingMovieDlg = nullptr;

@@ -28,3 +28,6 @@ extern int (*g_pfnIntCallback)(int, int, int);
 extern bool g_bMovieEditorActive;
 /// The open movie editor; used only while g_bMovieEditorActive is true.
 extern CMovieEditorDlg* g_pMovieEditorDlg;
+/// The panel that last started its movie; null again when it has ended. The engine's callbacks act for it
+/// alone.
+extern CMovieEditorDlg* g_pPlayingMovieDlg;

@@ -18,10 +18,10 @@ bool CCameraCapture::isWaiting(int index) const {
     return std::ranges::any_of(m_waiting, [index](const CFrameChange& one) { return one.index() == index; });
 }
 
-void CCameraCapture::moved(qxCMovie& movie, qxCCamera* camera) {
+bool CCameraCapture::moved(qxCMovie& movie, qxCCamera* camera) {
     qxCMovieFrame* const frame = currentFrame(movie);
     if (frame == nullptr || camera == nullptr || movie.getChildCamera(frame->camera) != camera) {
-        return;
+        return false;
     }
     if (!isWaiting(movie.getRangeStart())) {
         m_waiting.emplace_back(movie, movie.getRangeStart());
@@ -34,6 +34,7 @@ void CCameraCapture::moved(qxCMovie& movie, qxCCamera* camera) {
     }
     frame->setFov(camera->getFieldOfView());
     frame->setKeyframe(true);
+    return true;
 }
 
 bool CCameraCapture::finished(qxCMovie& movie, CMovieUndoStore& store) {

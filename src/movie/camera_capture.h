@@ -11,7 +11,8 @@ class qxCCamera;
 class CCameraCapture {
 public:
     /// The host has moved this camera: copy it into the current frame, if that drives it. Tweens nothing.
-    void moved(qxCMovie& movie, qxCCamera* camera);
+    /// False when the frame is as it was.
+    bool moved(qxCMovie& movie, qxCCamera* camera);
 
     /// The move is over: record every frame that it changed, as it was before the first report, and tween.
     /// Without a report before, the current frame is recorded as it is. False, and nothing happens, without a

@@ -10,6 +10,7 @@ using DWORD = std::uint32_t;
 using BOOL = int;
 using UINT = unsigned int;
 using LONG = std::int32_t;
+using SHORT = std::int16_t;
 using UINT_PTR = std::uintptr_t;
 using INT_PTR = std::intptr_t;
 using LONG_PTR = std::intptr_t;

@@ -87,9 +87,13 @@ TEST(Floors, EveryLinkLineKeepsThem) {
         {"vesk_terrain",
          {"qx_headers", "qxmemory", "vesk_controls", "vesk_sound", "vesk_platform", "vesk_resources",
           "vesk_module_state"}},
+        {"vesk_movie", {"qx_headers", "qxmemory"}},
+        {"vesk_movie_panel",
+         {"vesk_movie", "vesk_controls", "vesk_sound", "vesk_platform", "vesk_resources",
+          "vesk_module_state"}},
         {"vesk_host",
-         {"qx_headers", "qxmemory", "vesk_terrain", "vesk_controls", "vesk_sound", "vesk_platform",
-          "vesk_openal", "vesk_resources", "vesk_module_state"}},
+         {"qx_headers", "qxmemory", "vesk_terrain", "vesk_movie_panel", "vesk_controls", "vesk_sound",
+          "vesk_platform", "vesk_openal", "vesk_resources", "vesk_module_state"}},
     };
     const auto links = readLinkLines();
     for (const auto& [target, allowed] : mayLink) {

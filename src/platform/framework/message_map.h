@@ -75,4 +75,5 @@ protected:                                                                      
 #define ON_WM_MOUSEMOVE() AFX_MSGMAP_ENTRY{WM_MOUSEMOVE, 0, 0, 0, &afx::callMouse<&ThisClass::OnMouseMove>},
 #define ON_WM_MOUSEWHEEL()                                                                                   \
     AFX_MSGMAP_ENTRY{WM_MOUSEWHEEL, 0, 0, 0, &afx::callWheel<&ThisClass::OnMouseWheel>},
+#define ON_WM_TIMER() AFX_MSGMAP_ENTRY{WM_TIMER, 0, 0, 0, &afx::callTimer<&ThisClass::OnTimer>},
 #define ON_WM_KEYDOWN() AFX_MSGMAP_ENTRY{WM_KEYDOWN, 0, 0, 0, &afx::callKey<&ThisClass::OnKeyDown>},

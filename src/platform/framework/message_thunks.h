@@ -113,6 +113,12 @@ template <auto Handler> LRESULT callKey(CCmdTarget& target, const AFX_MESSAGE& m
     return 0;
 }
 
+/// void (UINT_PTR nIDEvent)
+template <auto Handler> LRESULT callTimer(CCmdTarget& target, const AFX_MESSAGE& message, BOOL&) {
+    (handlerOwner<Handler>(target).*Handler)(message.wParam);
+    return 0;
+}
+
 /// void (int nIDCtl, DRAWITEMSTRUCT*)
 template <auto Handler> LRESULT callDrawItem(CCmdTarget& target, const AFX_MESSAGE& message, BOOL&) {
     (handlerOwner<Handler>(target).*Handler)(static_cast<int>(message.wParam),

@@ -85,6 +85,11 @@ public:
         return ::RedrawWindow(m_hWnd, rect, region, flags);
     }
 
+    UINT_PTR SetTimer(UINT_PTR id, UINT milliseconds, std::nullptr_t procedure) {
+        return ::SetTimer(m_hWnd, id, milliseconds, procedure);
+    }
+    BOOL KillTimer(UINT_PTR id) { return ::KillTimer(m_hWnd, id); }
+
     /// Runs the data exchange: TRUE reads the controls, FALSE writes them. FALSE when a control held a value
     /// that does not fit; the user has been told and stands in that control again.
     BOOL UpdateData(BOOL bSaveAndValidate = TRUE);
@@ -119,6 +124,7 @@ protected:
     /// FALSE leaves the turn to the parent.
     afx_msg BOOL OnMouseWheel(UINT nFlags, short zDelta, CPoint pt);
     afx_msg void OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags);
+    afx_msg void OnTimer(UINT_PTR nIDEvent);
 
     DECLARE_MESSAGE_MAP()
 };

@@ -134,6 +134,10 @@ void CWnd::OnKeyDown(UINT, UINT, UINT) {
     Default();
 }
 
+void CWnd::OnTimer(UINT_PTR) {
+    Default();
+}
+
 void CWnd::OnDrawItem(int, DRAWITEMSTRUCT* lpDrawItemStruct) {
     LRESULT result = 0;
     const LPARAM record = reinterpret_cast<LPARAM>(lpDrawItemStruct);

@@ -7,6 +7,9 @@
 #include <QApplication>
 #include <QKeyEvent>
 
+#include <algorithm>
+#include <span>
+
 namespace qtbackend {
 
 namespace {
@@ -17,27 +20,38 @@ struct KeyPair {
 };
 
 constexpr KeyPair KEY_PAIRS[] = {
-    {Qt::Key_Tab, VK_TAB},      {Qt::Key_Backtab, VK_TAB},   {Qt::Key_Return, VK_RETURN},
-    {Qt::Key_Enter, VK_RETURN}, {Qt::Key_Escape, VK_ESCAPE}, {Qt::Key_Left, VK_LEFT},
-    {Qt::Key_Up, VK_UP},        {Qt::Key_Right, VK_RIGHT},   {Qt::Key_Down, VK_DOWN},
-    {Qt::Key_Backspace, 0x08},  {Qt::Key_PageUp, 0x21},      {Qt::Key_PageDown, 0x22},
-    {Qt::Key_End, 0x23},        {Qt::Key_Home, 0x24},        {Qt::Key_Insert, 0x2D},
-    {Qt::Key_Delete, 0x2E},
+    {Qt::Key_Tab, VK_TAB},      {Qt::Key_Backtab, VK_TAB},     {Qt::Key_Return, VK_RETURN},
+    {Qt::Key_Enter, VK_RETURN}, {Qt::Key_Escape, VK_ESCAPE},   {Qt::Key_Left, VK_LEFT},
+    {Qt::Key_Up, VK_UP},        {Qt::Key_Right, VK_RIGHT},     {Qt::Key_Down, VK_DOWN},
+    {Qt::Key_Backspace, 0x08},  {Qt::Key_PageUp, 0x21},        {Qt::Key_PageDown, 0x22},
+    {Qt::Key_End, 0x23},        {Qt::Key_Home, 0x24},          {Qt::Key_Insert, 0x2D},
+    {Qt::Key_Delete, 0x2E},     {Qt::Key_Comma, VK_OEM_COMMA}, {Qt::Key_Period, VK_OEM_PERIOD},
 };
 
+/// What the keys of comma and full stop give with Shift, on the keyboards that differ in it.
+constexpr KeyPair SHIFTED_KEY_PAIRS[] = {
+    {Qt::Key_Less, VK_OEM_COMMA},
+    {Qt::Key_Semicolon, VK_OEM_COMMA},
+    {Qt::Key_Greater, VK_OEM_PERIOD},
+    {Qt::Key_Colon, VK_OEM_PERIOD},
+};
+
+WPARAM findKey(std::span<const KeyPair> pairs, int qtKey) {
+    const auto found = std::ranges::find(pairs, qtKey, &KeyPair::qtKey);
+    return found != pairs.end() ? found->key : 0;
+}
+
 /// The virtual key code; 0 for a key that the framework has no use for.
-WPARAM virtualKey(int qtKey) {
+WPARAM virtualKey(const QKeyEvent& event) {
+    const int qtKey = event.key();
     const bool sameCode = (qtKey >= Qt::Key_0 && qtKey <= Qt::Key_9) ||
                           (qtKey >= Qt::Key_A && qtKey <= Qt::Key_Z) || qtKey == Qt::Key_Space;
     if (sameCode) {
         return static_cast<WPARAM>(qtKey);
     }
-    for (const KeyPair& pair : KEY_PAIRS) {
-        if (pair.qtKey == qtKey) {
-            return pair.key;
-        }
-    }
-    return 0;
+    const WPARAM key = findKey(KEY_PAIRS, qtKey);
+    const bool isShifted = (event.modifiers() & Qt::ShiftModifier) != 0;
+    return key == 0 && isShifted ? findKey(SHIFTED_KEY_PAIRS, qtKey) : key;
 }
 
 /// Asks each object from the window up to its dialog. A handler may end any of the windows.
@@ -65,12 +79,12 @@ bool translateKey(CWindow& window, QObject* watched, QKeyEvent& event) {
     if (focus != nullptr && CWindowRegistry::instance().find(focus) != &window) {
         return false;
     }
-    const WPARAM key = virtualKey(event.key());
+    const WPARAM key = virtualKey(event);
     if (key == 0 || (event.modifiers() & (Qt::AltModifier | Qt::MetaModifier)) != 0) {
         return false;
     }
     CNativeEvent native(&window, WM_KEYDOWN, watched, &event);
-    MSG message{window.handle(), WM_KEYDOWN, key, 1, 0, {}};
+    MSG message{window.handle(), WM_KEYDOWN, key, MAKELONG(1, event.isAutoRepeat() ? KF_REPEAT : 0), 0, {}};
     event.accept();
     if (preTranslate(message.hwnd, message)) {
         return true;

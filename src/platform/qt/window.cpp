@@ -3,6 +3,8 @@
 #include "platform/framework/controls/scroll_bar.h"
 #include "platform/qt/native_event.h"
 
+#include <QTimerEvent>
+
 #include <algorithm>
 #include <utility>
 
@@ -73,6 +75,28 @@ QRect CWindow::screenGeometry() const {
 
 QRect CWindow::clientRect() const {
     return m_pWidget != nullptr ? m_pWidget->rect() : QRect();
+}
+
+void CWindow::runTimer(UINT_PTR id, UINT milliseconds) {
+    stopTimer(id);
+    m_timers.emplace_back(id, startTimer(static_cast<int>(milliseconds)));
+}
+
+bool CWindow::stopTimer(UINT_PTR id) {
+    const auto timer = std::ranges::find(m_timers, id, &std::pair<UINT_PTR, int>::first);
+    if (timer == m_timers.end()) {
+        return false;
+    }
+    QObject::killTimer(timer->second);
+    m_timers.erase(timer);
+    return true;
+}
+
+void CWindow::timerEvent(QTimerEvent* event) {
+    const auto timer = std::ranges::find(m_timers, event->timerId(), &std::pair<UINT_PTR, int>::second);
+    if (timer != m_timers.end() && !m_bEnding) {
+        ::SendMessage(m_handle, WM_TIMER, timer->first, 0);
+    }
 }
 
 void CWindow::notify(int code) {

@@ -10,6 +10,7 @@
 
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 class CScrollBar;
@@ -76,6 +77,10 @@ public:
     /// Where the window's own picture stands in the widget.
     virtual QRect clientRect() const;
 
+    /// Sends the window WM_TIMER with this id at each interval, until it is stopped or the window ends.
+    void runTimer(UINT_PTR id, UINT milliseconds);
+    bool stopTimer(UINT_PTR id);
+
     /// Tells the parent of something the user did.
     void notify(int code);
     LRESULT notify(NMHDR& header, UINT code);
@@ -83,6 +88,7 @@ public:
     void notifyScroll(Qt::Orientation orientation, int code, int position);
 
 protected:
+    void timerEvent(QTimerEvent* event) override;
     virtual LRESULT dialogCode() const { return 0; }
     virtual std::unique_ptr<CWnd> makeStandIn() const;
     /// Also hears the events of a part of the widget.
@@ -95,6 +101,7 @@ private:
     CWindow* m_pParent;
     WindowTraits m_traits;
     std::vector<CWindow*> m_children;
+    std::vector<std::pair<UINT_PTR, int>> m_timers; ///< by our id, and Qt's number
     CWnd* m_pObject = nullptr;
     std::unique_ptr<CWnd> m_pStandIn;
     std::unique_ptr<CScrollBar> m_pScrollBarStandIn;

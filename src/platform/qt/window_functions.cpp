@@ -311,6 +311,25 @@ BOOL IsKeyHeld(WPARAM key) {
     return (modifiers & wanted) != 0 ? TRUE : FALSE;
 }
 
+SHORT GetKeyState(int key) {
+    constexpr SHORT HELD = -0x8000;
+    return IsKeyHeld(static_cast<WPARAM>(key)) != FALSE ? HELD : 0;
+}
+
+UINT_PTR SetTimer(HWND window, UINT_PTR id, UINT milliseconds, std::nullptr_t) {
+    CWindow* const found = find(window);
+    if (found == nullptr) {
+        return 0;
+    }
+    found->runTimer(id, milliseconds);
+    return id;
+}
+
+BOOL KillTimer(HWND window, UINT_PTR id) {
+    CWindow* const found = find(window);
+    return found != nullptr && found->stopTimer(id) ? TRUE : FALSE;
+}
+
 void SetWindowObject(HWND window, CWnd* object) {
     if (CWindow* const found = find(window)) {
         found->setObject(object);

@@ -44,6 +44,20 @@ inline constexpr int LB_ERR = -1;
 inline constexpr UINT SBM_SETPOS = 0x00E0;
 inline constexpr UINT SBM_GETPOS = 0x00E1;
 inline constexpr UINT SBM_SETRANGE = 0x00E2;
+inline constexpr UINT SBM_GETSCROLLINFO = 0x00EA;
+
+/// Where a scroll bar stands; a scroll message has room for 16 bits of it only.
+struct SCROLLINFO {
+    UINT cbSize = sizeof(SCROLLINFO);
+    UINT fMask = 0;
+    int nMin = 0;
+    int nMax = 0;
+    UINT nPage = 0;
+    int nPos = 0;
+    int nTrackPos = 0; ///< of the thumb, which may be in the middle of a drag
+};
+inline constexpr UINT SIF_POS = 0x0004;
+inline constexpr UINT SIF_TRACKPOS = 0x0010;
 
 inline constexpr UINT TBM_GETPOS = WM_USER;
 inline constexpr UINT TBM_SETPOS = WM_USER + 5;

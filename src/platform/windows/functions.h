@@ -3,6 +3,8 @@
 #include "platform/windows/messages.h"
 #include "platform/windows_types.h"
 
+#include <cstddef>
+
 // The functions of the window system, as the genuine one has them. A back end defines them. A null or dead
 // window is answered with zero, never with a crash.
 
@@ -80,6 +82,13 @@ HWND SetFocus(HWND window);
 HWND GetCapture();
 HWND SetCapture(HWND window);
 BOOL ReleaseCapture();
+
+/// The high bit is set while the key (VK_SHIFT, VK_CONTROL) is held, as of the message being handled.
+SHORT GetKeyState(int key);
+
+/// Sends the window WM_TIMER with this id again and again; once more starts it anew. It ends with the window.
+UINT_PTR SetTimer(HWND window, UINT_PTR id, UINT milliseconds, std::nullptr_t procedure);
+BOOL KillTimer(HWND window, UINT_PTR id);
 
 /// What a registered class is known by; its procedure is always the framework's.
 struct WNDCLASS {

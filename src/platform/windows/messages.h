@@ -22,6 +22,7 @@ inline constexpr UINT WM_KEYDOWN = 0x0100;
 inline constexpr UINT WM_KEYUP = 0x0101;
 inline constexpr UINT WM_INITDIALOG = 0x0110;
 inline constexpr UINT WM_COMMAND = 0x0111;
+inline constexpr UINT WM_TIMER = 0x0113;
 inline constexpr UINT WM_HSCROLL = 0x0114;
 inline constexpr UINT WM_VSCROLL = 0x0115;
 inline constexpr UINT WM_MOUSEMOVE = 0x0200;
@@ -63,10 +64,16 @@ inline constexpr WPARAM VK_SHIFT = 0x10;
 inline constexpr WPARAM VK_CONTROL = 0x11;
 inline constexpr WPARAM VK_ESCAPE = 0x1B;
 inline constexpr WPARAM VK_SPACE = 0x20;
+inline constexpr WPARAM VK_END = 0x23;
+inline constexpr WPARAM VK_HOME = 0x24;
 inline constexpr WPARAM VK_LEFT = 0x25;
 inline constexpr WPARAM VK_UP = 0x26;
 inline constexpr WPARAM VK_RIGHT = 0x27;
 inline constexpr WPARAM VK_DOWN = 0x28;
+inline constexpr WPARAM VK_OEM_COMMA = 0xBC;
+inline constexpr WPARAM VK_OEM_PERIOD = 0xBE;
+/// In the high word of WM_KEYDOWN's lParam: the key has been held and repeats itself.
+inline constexpr WORD KF_REPEAT = 0x4000;
 
 inline constexpr int IDOK = 1;
 inline constexpr int IDCANCEL = 2;

@@ -14,5 +14,9 @@ public:
     int SetScrollPos(int position, BOOL redraw = TRUE) {
         return static_cast<int>(SendMessage(SBM_SETPOS, static_cast<WPARAM>(position), redraw));
     }
+    BOOL GetScrollInfo(SCROLLINFO* info, UINT mask) const {
+        info->fMask = mask;
+        return static_cast<BOOL>(SendMessage(SBM_GETSCROLLINFO, 0, reinterpret_cast<LPARAM>(info)));
+    }
     int GetScrollPos() const { return static_cast<int>(SendMessage(SBM_GETPOS)); }
 };

@@ -172,6 +172,12 @@ LRESULT CScrollBarWindow::process(UINT message, WPARAM wParam, LPARAM lParam) {
         setRange(static_cast<int>(wParam), static_cast<int>(lParam));
         m_nPosition = std::clamp(m_nPosition, slider().minimum(), slider().maximum());
         return 0;
+    case SBM_GETSCROLLINFO: {
+        auto& info = *reinterpret_cast<SCROLLINFO*>(lParam);
+        info.nPos = m_nPosition;
+        info.nTrackPos = slider().sliderPosition();
+        return TRUE;
+    }
     default:
         return CInputWindow::process(message, wParam, lParam);
     }
