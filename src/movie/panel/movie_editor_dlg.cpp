@@ -1,6 +1,7 @@
 #include "movie/panel/movie_editor_dlg.h"
 
 #include "controls/icon_buttons.h"
+#include "engine/qx_file.h"
 #include "engine/qx_node_iterator.h"
 #include "engine/qx_scene.h"
 #include "module/export_scope.h"
@@ -42,6 +43,7 @@ ON_BN_CLICKED(IDC_MOVIE_CAMERA, &CMovieEditorDlg::onCameraView)
 ON_BN_CLICKED(IDC_SHOW_PATH, &CMovieEditorDlg::onViewOption)
 ON_BN_CLICKED(IDC_SHOW_HEIGHTS, &CMovieEditorDlg::onViewOption)
 ON_BN_CLICKED(IDC_NO_FADES, &CMovieEditorDlg::onViewOption)
+ON_BN_CLICKED(IDC_SETUP_SOUND_LIST, &CMovieEditorDlg::onSetupSoundList)
 ON_BN_CLICKED(IDC_CLOSE_MOVIE, &CMovieEditorDlg::onCloseButton)
 END_MESSAGE_MAP()
 
@@ -132,6 +134,7 @@ void CMovieEditorDlg::onUserCloses() {
 
 void CMovieEditorDlg::letGo() {
     endPlayback();
+    m_soundtrackSetup.abandon();
     m_timeline.setMovie(nullptr);
     CKeyframeEditorDlg::letGo();
 }
@@ -142,7 +145,6 @@ BOOL CMovieEditorDlg::OnInitDialog() {
     GetDlgItem(IDC_CLOSE_MOVIE)->EnableWindow(m_bShowClose ? TRUE : FALSE);
     GetDlgItem(IDC_CLOSE_MOVIE)->ShowWindow(m_bShowClose ? SW_SHOW : SW_HIDE);
     setButtonIcons(*this, ICON_BUTTONS);
-    GetDlgItem(IDC_SETUP_SOUND_LIST)->EnableWindow(FALSE); // this library has no dialog for it
     keyframeGroup().create(*this);
     createTimeline();
     work([this](qxCMovie& movie) { showAtOpening(movie); });
@@ -160,6 +162,8 @@ void CMovieEditorDlg::createTimeline() {
 }
 
 void CMovieEditorDlg::showAtOpening(qxCMovie& movie) {
+    m_soundtrack.layOutSoundtrack(movie);
+    qxCFile::findClose(); // a search that the sound list has left open
     m_timeline.setMovie(&movie);
     movie.setRangeSingleFrame(0);
     m_nCameraView = 0;
@@ -320,6 +324,11 @@ void CMovieEditorDlg::OnHScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar)
 
 void CMovieEditorDlg::startPlayback(qxCMovie& movie) {
     movie.resetAnimTriggers();
+    if (isEnding()) {
+        return; // the movie closed the editor, and with it the sound device, which the layout would open
+                // again
+    }
+    m_soundtrack.layOutSoundtrack(movie);
     g_pPlayingMovieDlg = this;
     m_player.start(*this, movie, &onAnimatorMessage, &onMovieEvent);
     UpdateData(FALSE);
@@ -363,10 +372,15 @@ void CMovieEditorDlg::onAnimatorMessage(qxAnimatorMessage message, std::uint32_t
     });
 }
 
-void CMovieEditorDlg::onMovieEvent(qxMovieEvent event, const char* /*text*/, int value) {
+void CMovieEditorDlg::onMovieEvent(qxMovieEvent event, const char* text, int value) {
     runExport([=] {
         CMovieEditorDlg* const panel = g_pPlayingMovieDlg;
-        if (event == qxMovieFrameReached && panel != nullptr && panel->m_player.isNewFrame(value)) {
+        if (panel == nullptr) {
+            return;
+        }
+        if (event == qxMovieSoundCue) {
+            panel->m_soundtrack.playSoundCue(text);
+        } else if (event == qxMovieFrameReached && panel->m_player.isNewFrame(value)) {
             panel->work([=](qxCMovie& movie) { panel->goToFrame(movie, value); });
         }
     });
@@ -395,6 +409,14 @@ void CMovieEditorDlg::onViewOption(UINT controlId) {
         setFlag(movie, qxMovieNoFades, m_bNoFades != 0);
         movie.invalidateBoundingBox(true);
         if (controlId == IDC_NO_FADES) {
+            refresh(movie);
+        }
+    });
+}
+
+void CMovieEditorDlg::onSetupSoundList() {
+    work([this](qxCMovie& movie) {
+        if (m_soundtrackSetup.run(movie, m_soundtrack)) {
             refresh(movie);
         }
     });

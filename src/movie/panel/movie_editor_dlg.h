@@ -2,7 +2,9 @@
 
 #include "movie/panel/keyframe_editor_dlg.h"
 #include "movie/panel/play_control.h"
+#include "movie/panel/soundtrack_setup.h"
 #include "movie/panel/timeline_ctrl.h"
+#include "movie/soundtrack.h"
 
 /// The movie editor panel: shows a movie and its current frame, changes it in place by the commands of its
 /// controls, plays it, and takes the host's camera moves into it.
@@ -35,6 +37,7 @@ protected:
     afx_msg void onZoom(UINT controlId);
     afx_msg void onCameraView();
     afx_msg void onViewOption(UINT controlId);
+    afx_msg void onSetupSoundList();
     afx_msg void onCloseButton();
 
     DECLARE_MESSAGE_MAP()
@@ -57,6 +60,8 @@ private:
     CTimelineCtrl m_timeline;
     CScrollBar m_timelineScroll;
     CPlayControl m_player;
+    CSoundtrack m_soundtrack;
+    CSoundtrackSetup m_soundtrackSetup;
 
     CTypedField<CString> m_strTime;
     int m_nCameraView = -1;
