@@ -1,8 +1,8 @@
+#include "host/vesk_app.h"
 #include "host/veskutil.h"
 #include "module/export_scope.h"
 #include "module/module_state.h"
 #include "module/visit.h"
-#include "platform/framework/win_app.h"
 #include "terrain/model/map_editor_settings.h"
 #include "terrain/model/map_undo_list.h"
 #include "terrain/panel/map_editor_dlg.h"
@@ -11,17 +11,6 @@
 #include <utility>
 
 namespace {
-
-/// The library's application object: made when the library is loaded, gone when the process ends. It stands
-/// beside the exports so that whatever links them has it.
-class CVeskApp : public CWinApp {
-public:
-    int DoMessageBox(LPCTSTR lpszPrompt, UINT nType, UINT nIDPrompt) override {
-        const CModalPause pause;
-        return CWinApp::DoMessageBox(lpszPrompt, nType, nIDPrompt);
-    }
-};
-CVeskApp theApp;
 
 /// Runs `call` on the open panel, if there is one. The panel lives until the call has left it, even when the
 /// map that it works on calls back and closes the editor.

@@ -1,4 +1,5 @@
 #include "host/host_service.h"
+#include "host/vesk_app.h"
 #include "host/veskutil.h"
 #include "module/export_scope.h"
 #include "module/module_state.h"

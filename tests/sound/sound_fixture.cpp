@@ -8,13 +8,13 @@
 
 #include <cmath>
 
-SoundFixture::~SoundFixture() {
+CLoopbackSound::~CLoopbackSound() {
     g_soundManager.release();
     setDeviceOpener(defaultDeviceOpener());
     CEngineDirectories::setDirectories({});
 }
 
-void SoundFixture::useLoopback(int rate) {
+void CLoopbackSound::useLoopback(int rate) {
     g_soundManager.release();
     const auto open = [this] { return m_pLoopback = alcLoopbackOpenDeviceSOFT(nullptr); };
     setDeviceOpener({open,
@@ -22,17 +22,17 @@ void SoundFixture::useLoopback(int rate) {
                       ALC_FLOAT_SOFT, ALC_HRTF_SOFT, ALC_FALSE, ALC_OUTPUT_LIMITER_SOFT, ALC_FALSE}});
 }
 
-void SoundFixture::listenAt(int rate) {
+void CLoopbackSound::listenAt(int rate) {
     useLoopback(rate);
     ASSERT_EQ(g_soundManager.create(), 0);
 }
 
-CSound* SoundFixture::load(const char* name, const wave::Bytes& bytes) const {
+CSound* CLoopbackSound::load(const char* name, const wave::Bytes& bytes) const {
     m_directory.write(name, wave::textOf(bytes));
     return g_soundManager.loadSound(qxCName(name), 0);
 }
 
-std::vector<std::int16_t> SoundFixture::hear(std::size_t frames) const {
+std::vector<std::int16_t> CLoopbackSound::hear(std::size_t frames) const {
     std::vector<float> heard(frames * 2);
     alcRenderSamplesSOFT(m_pLoopback, heard.data(), static_cast<ALCsizei>(frames));
     std::vector<std::int16_t> samples;

@@ -2,20 +2,22 @@
 
 #include "engine/memory/engine_directories.h"
 #include "engine/qx_name.h"
-#include "support/temp_directory.h"
 #include "sound/sound.h"
 #include "sound/sound_manager.h"
 #include "sound/wave_bytes.h"
+#include "support/temp_directory.h"
 
 #include <AL/alc.h>
 #include <gtest/gtest.h>
 
 /// A folder that the engine finds its files in. On demand g_soundManager plays into a device without
 /// loudspeakers, from which the test takes the samples: two channels, neither limited nor dithered.
-class SoundFixture : public testing::Test {
-protected:
-    SoundFixture() { CEngineDirectories::setDirectories({m_directory.path()}); }
-    ~SoundFixture() override;
+class CLoopbackSound {
+public:
+    CLoopbackSound() { CEngineDirectories::setDirectories({m_directory.path()}); }
+    ~CLoopbackSound();
+    CLoopbackSound(const CLoopbackSound&) = delete;
+    CLoopbackSound& operator=(const CLoopbackSound&) = delete;
 
     /// From now on the sound device is that one, `rate` frames a second.
     void useLoopback(int rate);
@@ -31,3 +33,5 @@ protected:
 private:
     ALCdevice* m_pLoopback = nullptr;
 };
+
+class SoundFixture : public testing::Test, protected CLoopbackSound {};

@@ -16,6 +16,12 @@ std::vector<QPointer<QObject>>& ended() {
     return objects;
 }
 
+/// The window that the last modal run has given the activation back to, which may take its time.
+QPointer<QWidget>& activeAgain() {
+    static auto& window = *new QPointer<QWidget>;
+    return window;
+}
+
 } // namespace
 
 CDispatchScope::CDispatchScope() {
@@ -51,8 +57,12 @@ int modalRuns() {
 }
 
 QWidget* windowInUse() {
-    QWidget* const active = QApplication::activeWindow();
-    return active != nullptr ? active : QApplication::activeModalWidget();
+    if (QWidget* const active = QApplication::activeWindow()) {
+        return active;
+    }
+    QWidget* const modal = QApplication::activeModalWidget();
+    const bool isBack = activeAgain() != nullptr && activeAgain()->isVisible();
+    return modal == nullptr && isBack ? activeAgain().data() : modal;
 }
 
 CModalRun::CModalRun() : m_pFormerlyActive(windowInUse()) {
@@ -62,6 +72,7 @@ CModalRun::CModalRun() : m_pFormerlyActive(windowInUse()) {
 CModalRun::~CModalRun() {
     if (m_pFormerlyActive != nullptr && m_pFormerlyActive->isVisible()) {
         m_pFormerlyActive->activateWindow();
+        activeAgain() = m_pFormerlyActive;
     }
 }
 
