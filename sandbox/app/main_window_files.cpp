@@ -22,8 +22,8 @@ constexpr const char* PROJECT_FILTER = "Map projects (project.json);;All files (
 constexpr const char* NEW_PROJECT_FILTER = "Folders of map projects (*)";
 
 constexpr const char* HEIGHTS_ALONE = "%1 is a heightmap, which keeps the heights alone. Its colours, "
-                                      "textures, water and details are kept only "
-                                      "in a project.";
+                                      "textures, water, details and film are "
+                                      "kept only in a project.";
 
 constexpr const char* OUTGROWN = "%1 has 8 bits a point, which hold heights up to 255, and the map is higher "
                                  "now. With 16 bits it can be saved under another name.";

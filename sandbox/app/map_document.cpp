@@ -5,6 +5,7 @@
 #include "sandbox/app/ground_dressing.h"
 #include "sandbox/files/heightmap_file.h"
 #include "sandbox/files/safe_file.h"
+#include "sandbox/film/film_record.h"
 #include "sandbox/project/project_map.h"
 
 #include <QDir>
@@ -89,6 +90,20 @@ void listTextures(CMemoryScene& scene, const QString& mapFolder) {
     }
 }
 
+/// A film that has yet to be made: it looks over the map from the south.
+std::unique_ptr<CFilm> makeFilm(const CMemoryMap& map, CMemoryScene& scene) {
+    constexpr float HEIGHT = 0.35F; // of the map's width, above the ground in its middle
+    constexpr float PITCH = -24.0F;
+    constexpr float NORTHWARDS = 180.0F;
+    const int middle = map.getGridDim() / 2;
+    const auto width = static_cast<float>(map.getGridDim());
+    const float ground = static_cast<float>(map.getPointHeight(middle, middle)) * map.heightScale;
+    qxCMovieFrame pose;
+    pose.translation = {width / 2.0F, ground + width * HEIGHT, width * 1.1F};
+    pose.rotation = {PITCH, NORTHWARDS, 0.0F};
+    return std::make_unique<CFilm>(scene, CFilm::FIRST_FRAMES, pose);
+}
+
 ProjectFault writeCopy(const QString& folder, Project project) {
     try {
         return writeProject(folder, project);
@@ -153,7 +168,7 @@ CMapDocument::CMapDocument() {
 }
 
 CMapDocument::Contents CMapDocument::makeContents(const Heightmap& heights, const QString& mapFolder) {
-    Contents made{std::make_unique<CMemoryScene>(), nullptr};
+    Contents made{std::make_unique<CMemoryScene>(), nullptr, nullptr};
     made.map = std::make_unique<CMemoryMap>(heights.edge - 1, made.scene.get());
     CMemoryMap& map = *made.map;
     const std::uint16_t* height = heights.heights.data();
@@ -167,6 +182,7 @@ CMapDocument::Contents CMapDocument::makeContents(const Heightmap& heights, cons
     map.waterLevel = static_cast<float>(low + (high - low) * FIRST_WATER) * map.heightScale;
     listTextures(*made.scene, mapFolder);
     dressGround(map, *made.scene);
+    made.film = makeFilm(map, *made.scene);
     return made;
 }
 
@@ -201,9 +217,18 @@ CMapDocument::Outcome CMapDocument::openHeightmap(const QString& path,
 }
 
 CMapDocument::Contents CMapDocument::contentsOf(const Project& project) {
-    Contents made{buildScene(project), nullptr};
+    Contents made{buildScene(project), nullptr, nullptr};
     made.map = buildMap(project, *made.scene);
+    const std::optional<ProjectFilm>& film = project.settings.film;
+    made.film = film ? buildFilm(*film, *made.scene) : makeFilm(*made.map, *made.scene);
     return made;
+}
+
+Project CMapDocument::capture() {
+    Project project = captureProject(*m_pMap, *m_pScene);
+    project.settings.film = captureFilm(*m_pFilm);
+    project.original = m_projectFile;
+    return project;
 }
 
 CMapDocument::Outcome CMapDocument::openProject(const QString& path,
@@ -226,6 +251,7 @@ CMapDocument::Outcome CMapDocument::openProject(const QString& path,
 void CMapDocument::adopt(Contents contents, const std::function<void()>& beforeSwap) {
     beforeSwap();
     endAutosave();
+    m_pFilm = std::move(contents.film);
     m_pMap = std::move(contents.map);
     m_pScene = std::move(contents.scene);
 }
@@ -298,8 +324,7 @@ CMapDocument::Outcome CMapDocument::saveProject(const QString& folder) {
 }
 
 CMapDocument::Outcome CMapDocument::saveAll(const QString& folder) {
-    Project project = captureProject(*m_pMap, *m_pScene);
-    project.original = m_projectFile;
+    Project project = capture();
     CAddedFiles added(folder);
     ProjectFault fault = copyTextures(project, folder, added.files);
     if (fault.reason.isEmpty()) {
@@ -331,8 +356,7 @@ CMapDocument::Outcome CMapDocument::autosave() {
         }
     }
     return withinMemory("save", m_copy.folder(), [&] {
-        Project project = captureProject(*m_pMap, *m_pScene);
-        project.original = m_projectFile;
+        Project project = capture();
         CAutomaticCopy::mark(project);
         m_autosaving = std::async(std::launch::async, writeCopy, m_copy.folder(), std::move(project));
         m_nAutosaved = state;
@@ -400,7 +424,8 @@ bool CMapDocument::hasOtherChanges() const {
 }
 
 std::uint64_t CMapDocument::otherState() const {
-    return qHashMulti(m_pMap->getChangeCount(MapChange::SURFACE), recordsHash(*m_pMap, *m_pScene));
+    return qHashMulti(m_pMap->getChangeCount(MapChange::SURFACE), recordsHash(*m_pMap, *m_pScene),
+                      m_pFilm->state());
 }
 
 void CMapDocument::rememberState() {

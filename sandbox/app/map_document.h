@@ -3,6 +3,7 @@
 #include "engine/memory/memory_map.h"
 #include "engine/memory/memory_scene.h"
 #include "sandbox/core/heightmap_png.h"
+#include "sandbox/film/film.h"
 #include "sandbox/project/automatic_copy.h"
 #include "sandbox/project/project_folder.h"
 
@@ -13,7 +14,8 @@
 #include <future>
 #include <memory>
 
-/// The map that is being worked on, its scene and the file or folder it belongs to. Owned by the main window.
+/// The map and the film that are being worked on, their scene and the file or folder it belongs to. Owned by
+/// the main window.
 class CMapDocument {
 public:
     /// What the map came from and goes back to. A heightmap keeps the heights alone, a project all of it.
@@ -57,6 +59,7 @@ public:
     CMemoryMap& map() { return *m_pMap; }
     const CMemoryMap& map() const { return *m_pMap; }
     CMemoryScene& scene() { return *m_pScene; }
+    CFilm& film() { return *m_pFilm; }
     Kind kind() const { return m_kind; }
     /// File or folder to save to; empty when saving would overwrite more than was opened, or nothing was
     /// opened, or what was opened is one of the samples that come with the program.
@@ -67,7 +70,7 @@ public:
     bool isModified() const { return hasHeightChanges() || hasOtherChanges(); }
     bool hasHeightChanges() const;
     /// Something was changed that a heightmap does not keep: colours, blends, water, details, definitions,
-    /// textures, material, terrain types.
+    /// textures, material, terrain types, the film.
     bool hasOtherChanges() const;
 
     /// Where the import of textures begins: the map's own folder of textures where there is one.
@@ -83,10 +86,12 @@ private:
     struct Contents {
         std::unique_ptr<CMemoryScene> scene;
         std::unique_ptr<CMemoryMap> map;
+        std::unique_ptr<CFilm> film;
     };
 
     static Contents makeContents(const Heightmap& heights, const QString& mapFolder);
     static Contents contentsOf(const Project& project);
+    Project capture();
     Outcome saveAll(const QString& folder);
     Outcome openHeightmap(const QString& path, const std::function<void()>& beforeSwap);
     Outcome openProject(const QString& path, const std::function<void()>& beforeSwap);
@@ -97,8 +102,9 @@ private:
     std::uint64_t otherState() const;
     void rememberState();
 
-    std::unique_ptr<CMemoryScene> m_pScene; // outlives the map
+    std::unique_ptr<CMemoryScene> m_pScene; // outlives the map and the film
     std::unique_ptr<CMemoryMap> m_pMap;
+    std::unique_ptr<CFilm> m_pFilm;
     Kind m_kind = Kind::NOTHING;
     QString m_strPath;
     QString m_strName;

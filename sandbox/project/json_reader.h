@@ -16,6 +16,7 @@ public:
 
     bool failed() const { return !m_error.isEmpty(); }
     void fail(const QString& key, const QString& reason);
+    bool contains(const char* key) const { return m_object.contains(QLatin1String(key)); }
 
     int readInt(const char* key, int lowest, int highest);
     /// A finite number between the two, in float precision.

@@ -167,11 +167,17 @@ QString CProjectSaver::checkLimits() const {
                    ? QString("it has %1 %2; a project has at most %3").arg(count).arg(what).arg(most)
                    : QString();
     };
+    const ProjectFilm film = m_settings.film.value_or(ProjectFilm());
     const QString reasons[] = {
         tooMany(m_settings.textures.size(), MOST_TEXTURES, "textures"),
         tooMany(m_settings.definitions.size(), MOST_DEFINITIONS, "texture definitions"),
         tooMany(m_settings.terrainTypes.size(), MOST_TERRAIN_TYPES, "terrain types"),
-        tooMany(m_settings.details.size(), MOST_DETAILS, "details")};
+        tooMany(m_settings.details.size(), MOST_DETAILS, "details"),
+        tooMany(static_cast<std::size_t>(film.frameCount), MOST_FRAMES, "frames of film"),
+        tooMany(film.frames.size(), MOST_STORED_FRAMES, "keyframes and other frames of their own"),
+        tooMany(film.cameras.size(), MOST_CAMERAS, "cameras"),
+        tooMany(film.places.size(), MOST_PLACES, "places"),
+        tooMany(film.sounds.size(), MOST_SOUNDS, "sounds")};
     const auto* const found =
         std::ranges::find_if(reasons, [](const QString& reason) { return !reason.isEmpty(); });
     return found != std::end(reasons) ? *found : QString();

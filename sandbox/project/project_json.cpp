@@ -1,13 +1,13 @@
 #include "sandbox/project/project_json.h"
 
+#include "sandbox/project/film_json.h"
 #include "sandbox/project/json_reader.h"
+#include "sandbox/project/json_values.h"
 #include "sandbox/project/project_limits.h"
 
 #include <QCryptographicHash>
 #include <QJsonDocument>
 #include <array>
-#include <charconv>
-#include <cmath>
 #include <cstring>
 #include <limits>
 #include <utility>
@@ -19,6 +19,7 @@ constexpr std::array<const char*, 3> BASE_TEXTURE_KEYS = {"smooth", "rough", "wa
 constexpr const char* CHECKSUMS = "checksums";
 constexpr const char* OWN_CHECKSUM = "project";
 constexpr const char* DETAILS = "details";
+constexpr const char* FILM = "film";
 constexpr int DETAIL_LIST_VERSION = 1; // the format that lists the details in the project file
 constexpr int HIGHEST_TILING = 256;
 // Whatever number a person types into the panel must come back, sensible or not.
@@ -117,30 +118,9 @@ void readSettings(CJsonReader& reader, int version, ProjectSettings& settings) {
     if (version <= DETAIL_LIST_VERSION) {
         readDetails(reader, textureCount, settings.details);
     }
-}
-
-QString colourText(const qxCColour& colour) {
-    const uint value = uint{colour.a} << 24U | uint{colour.r} << 16U | uint{colour.g} << 8U | colour.b;
-    return QString("#%1").arg(value, 8, 16, QLatin1Char('0')).toUpper();
-}
-
-/// The double whose text is the shortest that reads back as the same float: 0.3 and not 0.30000001192092896.
-/// JSON has no infinity and no "not a number"; the nearest that it has take their place.
-double shortest(float value) {
-    if (!std::isfinite(value)) {
-        return std::isnan(value) ? 0.0 : std::copysign(LARGEST_NUMBER, value);
+    if (reader.contains(FILM)) { // a project from before there were films has none
+        settings.film = readFilm(reader.readObject(FILM));
     }
-    std::array<char, 32> text{};
-    std::to_chars(text.data(), text.data() + text.size(), value);
-    return QByteArray(text.data()).toDouble();
-}
-
-template <class List, class Write> QJsonArray listOf(const List& list, Write write) {
-    QJsonArray array;
-    for (const auto& entry : list) {
-        array.append(write(entry));
-    }
-    return array;
 }
 
 QJsonObject textureText(const ProjectTexture& texture) {
@@ -170,25 +150,29 @@ QJsonObject settingsText(const ProjectSettings& settings) {
     for (std::size_t layer = 0; layer < BASE_TEXTURE_KEYS.size(); ++layer) {
         base.insert(BASE_TEXTURE_KEYS[layer], settings.baseTextures[layer]);
     }
-    return {{"format", FORMAT_NAME},
-            {"version", PROJECT_FORMAT_VERSION},
-            {"layers", QJsonObject{{"heights", settings.layers.heights},
-                                   {"blends", settings.layers.blends},
-                                   {"colours", settings.layers.colours},
-                                   {"water", settings.layers.water},
-                                   {DETAILS, settings.layers.details}}},
-            {"waterLevel", shortest(settings.waterLevel)},
-            {"heightScale", shortest(settings.heightScale)},
-            {"tiling", settings.tiling},
-            {"ambient", colourText(settings.ambient)},
-            {"diffuse", colourText(settings.diffuse)},
-            {"fog", settings.fog},
-            {"checker", settings.checker},
-            {"textures", listOf(settings.textures, textureText)},
-            {"baseTextures", base},
-            {"definitions", listOf(settings.definitions, definitionText)},
-            {"currentDefinition", settings.currentDefinition},
-            {"terrainTypes", listOf(settings.terrainTypes, terrainTypeText)}};
+    QJsonObject text{{"format", FORMAT_NAME},
+                     {"version", PROJECT_FORMAT_VERSION},
+                     {"layers", QJsonObject{{"heights", settings.layers.heights},
+                                            {"blends", settings.layers.blends},
+                                            {"colours", settings.layers.colours},
+                                            {"water", settings.layers.water},
+                                            {DETAILS, settings.layers.details}}},
+                     {"waterLevel", shortest(settings.waterLevel)},
+                     {"heightScale", shortest(settings.heightScale)},
+                     {"tiling", settings.tiling},
+                     {"ambient", colourText(settings.ambient)},
+                     {"diffuse", colourText(settings.diffuse)},
+                     {"fog", settings.fog},
+                     {"checker", settings.checker},
+                     {"textures", listOf(settings.textures, textureText)},
+                     {"baseTextures", base},
+                     {"definitions", listOf(settings.definitions, definitionText)},
+                     {"currentDefinition", settings.currentDefinition},
+                     {"terrainTypes", listOf(settings.terrainTypes, terrainTypeText)}};
+    if (settings.film) {
+        text.insert(FILM, filmText(*settings.film));
+    }
+    return text;
 }
 
 /// `now`, with what only `before` holds.

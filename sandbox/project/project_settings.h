@@ -3,9 +3,11 @@
 #include "engine/qx_colour.h"
 #include "engine/qx_map_records.h"
 #include "engine/qx_texture.h"
+#include "sandbox/project/project_film.h"
 
 #include <QString>
 #include <array>
+#include <optional>
 #include <vector>
 
 /// One texture of the project's scene.
@@ -51,4 +53,5 @@ struct ProjectSettings {
     std::vector<qxCMapMultiTexture> definitions;
     std::vector<_qxMapTerrainDef> terrainTypes;
     std::vector<ProjectDetail> details;
+    std::optional<ProjectFilm> film; ///< none in a project from before there were films
 };

@@ -1,5 +1,5 @@
 vesk_test(sandbox_project_test
-    SOURCES project_samples.cpp project_test.cpp save_faults_test.cpp
+    SOURCES film_record_test.cpp project_samples.cpp project_test.cpp save_faults_test.cpp
     LIBRARIES vesksandbox_app
     ENVIRONMENT QT_QPA_PLATFORM=offscreen)
 target_compile_definitions(sandbox_project_test PRIVATE VESK_SAMPLES="${CMAKE_SOURCE_DIR}/samples")

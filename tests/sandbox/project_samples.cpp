@@ -48,6 +48,13 @@ Project makeProject(unsigned seed) {
                                     {{{at, 0, 1}, {at + 1, 0, 1}, {at, 0, 2}}},
                                     0.1F * at});
     }
+    ProjectFilm& film = settings.film.emplace();
+    film.frameCount = 10 + below(10);
+    film.cameras = {"Crane"};
+    film.places = {{"Mill", {1, static_cast<float>(below(100)), 2}}};
+    film.sounds = {"bell.wav"};
+    film.frames.resize(1);
+    film.frames[0].frame.fov = static_cast<float>(below(90));
     return project;
 }
 

@@ -1,0 +1,239 @@
+#include "sandbox/film/film_record.h"
+
+#include "sandbox/app/map_document.h"
+#include "sandbox/project/project_json.h"
+#include "sandbox/project/project_limits.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <functional>
+#include <random>
+
+namespace {
+
+QByteArray textOf(CFilm& film, const QJsonObject& original = {}) {
+    ProjectSettings settings;
+    settings.film = captureFilm(film);
+    return writeProjectJson(settings, original, {});
+}
+
+/// Every value of every frame, the names and the flags as text.
+std::string valuesOf(CFilm& film) {
+    CMemoryMovie& movie = film.movie();
+    std::string text;
+    for (int index = 0; index < movie.getNumFrames(); ++index) {
+        const qxCMovieFrame& f = *movie.getFrame(index);
+        std::array<char, 512> line{};
+        std::snprintf(line.data(), line.size(),
+                      "%d: %d %d %a %a %a %a %a %a %a %a %d %d %d %x%x%x%x %s %a %s %a %a\n", index,
+                      f.keyframe, f.camera, f.translation.x, f.translation.y, f.translation.z, f.rotation.x,
+                      f.rotation.y, f.rotation.z, f.fov, f.shake, f.cameraMode, f.frameMode, f.fadeMode,
+                      f.fadeColour.r, f.fadeColour.g, f.fadeColour.b, f.fadeColour.a,
+                      f.targetName.getString(), f.fadeLevel, f.animTrigger, f.easeIn, f.easeOut);
+        text += line.data();
+    }
+    for (int index = 0; index < movie.getSoundtrackSize(); ++index) {
+        text += movie.getSound(index)->name + std::string("|");
+    }
+    for (const auto& place : film.places()) {
+        text += place->name.getString() + std::to_string(place->position.y);
+    }
+    for (int index = 0; index < movie.getNumChildNodes(); ++index) {
+        text += movie.getChildNode(index)->name.getString() + std::string("|");
+    }
+    return text + std::to_string(movie.flags) + "|" + std::to_string(movie.getStepRate());
+}
+
+std::unique_ptr<CFilm> reopened(const QByteArray& text, CMemoryScene& scene) {
+    const ProjectJsonReading reading = parseProjectJson(text);
+    EXPECT_EQ(reading.error.toStdString(), "");
+    return buildFilm(reading.settings.film.value(), scene);
+}
+
+/// What an hour at the panel leaves: keys set and unset, frames inserted, values of every kind.
+void editAtRandom(CFilm& film, std::mt19937& random, int edits) {
+    CMemoryMovie& movie = film.movie();
+    const auto below = [&random](unsigned limit) { return static_cast<int>(random() % limit); };
+    const auto number = [&] { return static_cast<float>(below(2000) - 1000) * 0.37F; };
+    for (int edit = 0; edit < edits; ++edit) {
+        const int index = below(static_cast<unsigned>(movie.getNumFrames()));
+        qxCMovieFrame& frame = *movie.getFrame(index);
+        const std::array<std::function<void()>, 14> acts{
+            [&] {
+                frame.setTranslation({number(), number(), number()});
+            },
+            [&] {
+                frame.setRotation({number(), number(), number()});
+            },
+            [&] { frame.setFov(number()); },
+            [&] { frame.setShake(number()); },
+            [&] { frame.setKeyframe(below(2) == 0); },
+            [&] { frame.setCamera(below(3)); },
+            [&] { frame.setFrameMode(static_cast<qxMovieFrameMode>(below(3))); },
+            [&] { frame.setFadeMode(static_cast<qxMovieFadeMode>(below(3))); },
+            [&] {
+                frame.setFadeColour({below(256), below(256), below(256), below(256)});
+            },
+            [&] { frame.setCameraMode(static_cast<qxMovieCameraMode>(below(2))); },
+            [&] { frame.setTargetName(qxCName(below(2) == 0 ? "M\xc3\xbchle" : "")); },
+            [&] { frame.setAnimTrigger("wave"); },
+            [&] {
+                frame.setEaseIn(static_cast<float>(below(100)) * 0.01F);
+                frame.setEaseOut(0.9F);
+            },
+            [&] { movie.insertFrame(index, nullptr); },
+        };
+        acts[random() % acts.size()]();
+        if (below(3) != 0) { // the up-downs of the panel also change frames that are no keyframes
+            movie.updateTweening();
+        }
+    }
+}
+
+TEST(FilmRecord, EveryFilmComesBackFromItsFile) {
+    for (unsigned seed = 1; seed <= 60; ++seed) {
+        std::mt19937 random(seed);
+        CMemoryScene scene;
+        CFilm film(scene, 1 + static_cast<int>(random() % 30), 0.1F + static_cast<float>(seed));
+        film.movie().addCamera("A");
+        film.addPlace("M\xc3\xbchle", {1, 2, 3});
+        film.movie().addSound("b\xc3\xa4r.wav");
+        film.movie().flags |= static_cast<std::uint32_t>(seed % 8) * 2;
+        editAtRandom(film, random, static_cast<int>(seed));
+        // The fade level is the engine's own and follows from the keyframes.
+        film.movie().getFrame(0)->setShake(1.0F);
+        const QByteArray text = textOf(film);
+        CMemoryScene otherScene;
+        const auto opened = reopened(text, otherScene);
+        ASSERT_EQ(textOf(*opened), text) << "seed " << seed;
+        film.movie().updateTweening();
+        opened->movie().updateTweening();
+        ASSERT_EQ(valuesOf(*opened), valuesOf(film)) << "seed " << seed;
+    }
+}
+
+TEST(FilmRecord, LongFilmsAreSmallHoweverTheirFramesCameAbout) {
+    constexpr int MB = 1'000'000;
+    CMemoryScene scene;
+    CFilm made(scene, 10'000, 25.0F);
+    CFilm inserted(scene, 2, 25.0F);
+    inserted.movie().getFrame(0)->setFrameMode(qxMovieFrameSpline);
+    while (inserted.movie().getNumFrames() < 10'000) {
+        inserted.movie().insertFrame(inserted.movie().getNumFrames() - 1, nullptr);
+    }
+    for (CFilm* film : {&made, &inserted}) {
+        std::mt19937 random(7);
+        for (int key = 0; key < 100; ++key) {
+            qxCMovieFrame& frame = *film->movie().getFrame(key * 101);
+            frame.setKeyframe(true);
+            frame.setFrameMode(qxMovieFrameSpline);
+            frame.setTranslation(
+                {static_cast<float>(random()) * 1e-5F, static_cast<float>(random()) * 1e-7F, 1e-5F});
+            frame.setTargetName(qxCName("a place with a long name"));
+            frame.setEaseIn(0.3F);
+        }
+        film->movie().updateTweening();
+        const qsizetype bytes = textOf(*film).size();
+        std::printf("10,000 frames, 100 keyframes: %lld bytes\n", static_cast<long long>(bytes));
+        EXPECT_LT(bytes, MB / 4);
+    }
+}
+
+TEST(FilmRecord, BadFilmsAreRefusedByName) {
+    struct Damage {
+        const char* key;
+        QJsonValue value;
+        const char* reason;
+    };
+    const QJsonArray twice{QJsonObject{{"frame", 4}}};
+    const Damage damages[] = {
+        {"version", 2,
+         "\"film.version\" is 2: the film was made by a newer version of this program, which knows films up "
+         "to "
+         "1"},
+        {"frameCount", 0, "\"film.frameCount\" is not a whole number from 1 to 100000"},
+        {"frameCount", 3, "\"film.frames[1].frame\" is not a whole number from 1 to 2"},
+        {"stepRate", 0, "\"film.stepRate\" is not a number from 0.001 to 1e+06"},
+        {"stepRate", QJsonValue(), "\"film.stepRate\" is not a number"},
+        {"cameras", QJsonArray{1}, "\"film.cameras[0]\" is not an object"},
+        {"places", QJsonArray{QJsonObject{{"name", "x"}, {"position", QJsonArray{1, 2}}}},
+         "\"film.places[0].position\" does not have 3 numbers"},
+        {"soundtrack", QJsonValue(QJsonValue::Undefined), "\"film.soundtrack\" is missing"},
+        {"frames", twice, "\"film.frames[0].keyframe\" is missing"},
+    };
+    CMemoryScene scene;
+    CFilm film(scene, 5, 25.0F);
+    for (const Damage& damage : damages) {
+        QJsonObject json = QJsonDocument::fromJson(textOf(film)).object();
+        json.remove("checksums");
+        QJsonObject damaged = json["film"].toObject();
+        damaged[damage.key] = damage.value;
+        json["film"] = damaged;
+        EXPECT_EQ(parseProjectJson(QJsonDocument(json).toJson()).error.toStdString(), damage.reason);
+    }
+}
+
+/// The film takes part in all that a document does for its map.
+TEST(FilmRecord, AFilmBelongsToItsDocument) {
+    const QTemporaryDir scratch;
+    const QString folder = scratch.filePath("mine");
+    CMapDocument document;
+    EXPECT_FALSE(document.isModified());
+    ASSERT_EQ(document.saveProject(folder).error.toStdString(), "");
+    const auto isChangedBy = [&](const std::function<void(CFilm&)>& change) {
+        change(document.film());
+        const bool wasNoticed = document.isModified();
+        EXPECT_EQ(document.saveProject(folder).error.toStdString(), "");
+        return wasNoticed && !document.isModified();
+    };
+    EXPECT_TRUE(isChangedBy([](CFilm& film) { film.movie().getFrame(9)->setKeyframe(true); }));
+    EXPECT_TRUE(isChangedBy([](CFilm& film) { film.movie().flags ^= qxMovieNoFades; }));
+    EXPECT_TRUE(isChangedBy([](CFilm& film) { film.addPlace("Bridge", {1, 2, 3}); }));
+    EXPECT_TRUE(isChangedBy([](CFilm& film) { film.renamePlace(0, "Old Bridge"); }));
+    EXPECT_TRUE(isChangedBy([](CFilm& film) { film.movie().addSound("bell.wav"); }));
+    EXPECT_TRUE(isChangedBy([](CFilm& film) { film.movie().addCamera("Crane"); }));
+    document.film().movie().setRangeSingleFrame(7); // where an editor stands is no change
+    document.film().movie().flags ^= qxMovieStopped;
+    EXPECT_FALSE(document.isModified());
+
+    const std::string values = valuesOf(document.film());
+    document.film().movie().getFrame(9)->setFov(20.0F);
+    ASSERT_EQ(document.autosave().error.toStdString(), "");
+    document.film().movie().getFrame(9)->setFov(30.0F);
+    CMapDocument other;
+    ASSERT_EQ(other.open(folder, [] {}).error.toStdString(), "");
+    other.film().movie().flags ^= qxMovieStopped;
+    EXPECT_EQ(valuesOf(other.film()), values);
+    EXPECT_FALSE(other.isModified());
+    // A project from before there were films gets an empty one, and that is no change either.
+    Project old;
+    ASSERT_EQ(readProject(folder, old).reason.toStdString(), "");
+    old.settings.film.reset();
+    old.original = {};
+    ASSERT_EQ(writeProject(scratch.filePath("old"), old).reason.toStdString(), "");
+    ASSERT_EQ(other.open(scratch.filePath("old"), [] {}).error.toStdString(), "");
+    EXPECT_EQ(other.film().movie().getNumFrames(), CFilm::FIRST_FRAMES);
+    EXPECT_FALSE(other.isModified());
+}
+
+TEST(FilmRecord, UnknownKeysOfAFilmAreKept) {
+    CMemoryScene scene;
+    CFilm film(scene, 5, 25.0F);
+    QJsonObject json = QJsonDocument::fromJson(textOf(film)).object();
+    QJsonObject richer = json["film"].toObject();
+    richer["director"] = "Ada";
+    QJsonArray frames = richer["frames"].toArray();
+    QJsonObject first = frames[0].toObject();
+    first["note"] = "too dark";
+    frames[0] = first;
+    richer["frames"] = frames;
+    json["film"] = richer;
+    const QByteArray text = textOf(film, json);
+    EXPECT_TRUE(text.contains("\"director\": \"Ada\"") && text.contains("\"note\": \"too dark\""));
+}
+
+} // namespace
