@@ -252,7 +252,7 @@ TEST_F(MainWindow, UnsavedChangesAreAskedAfter) {
 TEST_F(MainWindow, AHeightmapSaysWhatItCannotKeep) {
     const QString question =
         "hills.png is a heightmap, which keeps the heights alone. Its colours, textures, "
-        "water and details are kept only in a project.";
+        "water, details and film are kept only in a project.";
     map().setPointHeight(4, 4, 444, true);
     map().addWater(EDGE / 2, 3);
     ui::settle();
