@@ -1,15 +1,18 @@
-// Opening the map editor panel: its window is made, shown and destroyed again; against the same dialog
-// written straight in Qt, with the same widgets in the same places, each with its text, icon and one
+// Opening the panels of the editors: the window is made, shown and destroyed again; against the same dialog
+// written straight in Qt, with the same widgets in the same places, each with its text, entries, icon and one
 // connection.
 #include "bench/ratio.h"
 #include "engine/memory/memory_map.h"
 #include "engine/memory/memory_scene.h"
+#include "engine/memory/movie/memory_movie.h"
 #include "host/veskutil.h"
+#include "movie/panel/movie_editor_dlg.h"
 
 #include <QAbstractButton>
 #include <QAbstractSpinBox>
 #include <QApplication>
 #include <QCheckBox>
+#include <QComboBox>
 #include <QDialog>
 #include <QGroupBox>
 #include <QLabel>
@@ -17,12 +20,14 @@
 #include <QPaintEvent>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QRadioButton>
+#include <QScrollBar>
 #include <QSlider>
 #include <QTabBar>
-#include <benchmark/benchmark.h>
 
 #include <functional>
 #include <memory>
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -33,9 +38,9 @@ constexpr int OPENINGS_A_ROUND =
     10; // a dialog built in the memory that another kind left is not the usual case
 constexpr double GOAL = 1.20;
 
-QWidget* openPanel() {
+QWidget* openPanel(const char* name) {
     for (QWidget* window : QApplication::topLevelWidgets()) {
-        if (window->objectName() == "dialog-212") {
+        if (window->objectName() == name) {
             return window;
         }
     }
@@ -73,6 +78,13 @@ struct Look {
             text = label->text();
         } else if (const auto* const group = qobject_cast<const QGroupBox*>(&widget)) {
             text = group->title();
+        } else if (const auto* const list = qobject_cast<const QComboBox*>(&widget)) {
+            for (int i = 0; i < list->count(); ++i) {
+                entries << list->itemText(i);
+            }
+            chosen = list->currentIndex();
+        } else if (const auto* const bar = qobject_cast<const QScrollBar*>(&widget)) {
+            maximum = bar->maximum();
         }
     }
 
@@ -80,6 +92,9 @@ struct Look {
     QString name;
     QRect geometry;
     QString text;
+    QStringList entries;
+    int chosen = -1;
+    int maximum = 0;
     QString toolTip;
     QString accessibleName;
     QIcon icon;
@@ -99,6 +114,8 @@ QAbstractButton* makeButton(const Look& look, QWidget* parent) {
         button = push;
     } else if (look.kind == "QCheckBox") {
         button = new QCheckBox(look.text, parent);
+    } else if (look.kind == "QRadioButton") {
+        button = new QRadioButton(look.text, parent);
     } else {
         button = new CField(parent);
     }
@@ -112,7 +129,29 @@ QAbstractButton* makeButton(const Look& look, QWidget* parent) {
     return button;
 }
 
+QWidget* makeList(const Look& look, QWidget* parent) {
+    auto* const list = new QComboBox(parent);
+    list->addItems(look.entries);
+    list->setCurrentIndex(look.chosen);
+    QObject::connect(list, &QComboBox::activated, parent, [parent] { parent->update(); });
+    return list;
+}
+
 QWidget* makeWidget(const Look& look, QWidget* parent) {
+    if (look.kind == "QComboBox") {
+        return makeList(look, parent);
+    }
+    if (look.kind == "QScrollBar") {
+        auto* const bar = new QScrollBar(Qt::Horizontal, parent);
+        bar->setRange(0, look.maximum);
+        QObject::connect(bar, &QScrollBar::valueChanged, parent, [parent] { parent->update(); });
+        return bar;
+    }
+    if (look.kind == "QFrame") {
+        auto* const frame = new QFrame(parent);
+        frame->setFrameStyle(static_cast<int>(QFrame::Panel) | static_cast<int>(QFrame::Sunken));
+        return frame;
+    }
     if (look.kind == "QLabel") {
         return new QLabel(look.text, parent);
     }
@@ -151,7 +190,10 @@ QWidget* makeWidget(const Look& look, QWidget* parent) {
 class CStraightDialog {
 public:
     explicit CStraightDialog(const QWidget& panel)
-        : m_flags(panel.windowFlags()), m_geometry(panel.geometry()), m_font(panel.font()) {
+        : m_strTitle(panel.windowTitle())
+        , m_flags(panel.windowFlags())
+        , m_geometry(panel.geometry())
+        , m_font(panel.font()) {
         for (const QWidget* child : panel.findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
             m_looks.emplace_back(*child);
         }
@@ -159,7 +201,7 @@ public:
 
     std::unique_ptr<QDialog> open() const {
         auto dialog = std::make_unique<QDialog>(nullptr, m_flags);
-        dialog->setWindowTitle("Map Editor");
+        dialog->setWindowTitle(m_strTitle);
         dialog->setFont(m_font);
         dialog->setGeometry(m_geometry);
         for (const Look& look : m_looks) {
@@ -181,23 +223,30 @@ public:
     std::size_t widgetCount() const { return m_looks.size(); }
 
 private:
+    QString m_strTitle;
     Qt::WindowFlags m_flags;
     QRect m_geometry;
     QFont m_font;
     std::vector<Look> m_looks;
 };
 
+/// One of the two panels: how a host opens and closes it.
+struct PanelKind {
+    const char* windowName;
+    std::function<void()> open;
+    std::function<void()> close;
+};
+
 class COpenings {
 public:
-    COpenings() {
-        open();
-        m_pStraight = std::make_unique<CStraightDialog>(*openPanel());
+    explicit COpenings(PanelKind kind) : m_kind(std::move(kind)) {
+        m_kind.open();
+        m_pStraight = std::make_unique<CStraightDialog>(*openPanel(m_kind.windowName));
         close();
     }
-    ~COpenings() { vuDestroySettings(); }
 
     void panel() {
-        open();
+        m_kind.open();
         close();
     }
     void straight() {
@@ -205,7 +254,7 @@ public:
         turnEventLoop();
     }
     void panelPainted() {
-        open();
+        m_kind.open();
         QApplication::processEvents();
         close();
     }
@@ -218,11 +267,9 @@ public:
     std::size_t widgetCount() const { return m_pStraight->widgetCount(); }
 
 private:
-    void open() { vuCreateEditor(nullptr, &m_map, "", nullptr, true, nullptr); }
-
     /// The closed window is deleted by the next turn of the event loop, which belongs to the price.
-    static void close() {
-        vuDestroyEditor();
+    void close() {
+        m_kind.close();
         turnEventLoop();
     }
     static void turnEventLoop() {
@@ -230,8 +277,7 @@ private:
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
 
-    CMemoryScene m_scene;
-    CMemoryMap m_map{64, &m_scene};
+    PanelKind m_kind;
     std::unique_ptr<CStraightDialog> m_pStraight;
 };
 
@@ -243,10 +289,43 @@ std::function<void()> repeated(std::function<void()> opening) {
     };
 }
 
-void compare(const char* name, std::function<void()> panel, std::function<void()> straight) {
+void compare(const std::string& name, std::function<void()> panel, std::function<void()> straight) {
     const auto medians =
         bench::medianSeconds({repeated(std::move(panel)), repeated(std::move(straight))}, ROUNDS);
-    bench::printRatio(name, medians[0] / OPENINGS_A_ROUND, medians[1] / OPENINGS_A_ROUND, GOAL);
+    bench::printRatio(name.c_str(), medians[0] / OPENINGS_A_ROUND, medians[1] / OPENINGS_A_ROUND, GOAL);
+}
+
+void measure(const std::string& name, PanelKind kind) {
+    COpenings openings(std::move(kind));
+    std::printf("%s: widgets in each dialog: %zu\n", name.c_str(), openings.widgetCount());
+    compare(
+        name + " opening / straight Qt", [&] { openings.panel(); }, [&] { openings.straight(); });
+    compare(
+        name + " opening and first painting / straight Qt", [&] { openings.panelPainted(); },
+        [&] { openings.straightPainted(); });
+}
+
+void measureMapEditor() {
+    CMemoryScene scene;
+    CMemoryMap map(64, &scene);
+    measure("map editor",
+            {"dialog-212", [&map] { vuCreateEditor(nullptr, &map, "", nullptr, true, nullptr); },
+             [] { vuDestroyEditor(); }});
+    vuDestroySettings();
+}
+
+void measureMovieEditor() {
+    CMemoryScene scene;
+    CMemoryMovie movie(&scene, 500);
+    movie.addCamera("one");
+    movie.addCamera("two");
+    CMovieEditorDlg* panel = nullptr; // without the exports, which open and close the sound device too
+    const auto open = [&] {
+        panel = std::make_unique<CMovieEditorDlg>(true).release(); // its window owns it
+        panel->bind(&movie);
+        panel->createWindow(nullptr);
+    };
+    measure("movie editor", {"dialog-2005", open, [&] { panel->destroy(); }});
 }
 
 } // namespace
@@ -256,26 +335,7 @@ int main(int argc, char** argv) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
     }
     const QApplication application(argc, argv);
-    COpenings openings;
-    benchmark::RegisterBenchmark("panel opening", [&](benchmark::State& state) {
-        for (auto _ : state) {
-            openings.panel();
-        }
-    })->UseRealTime();
-    benchmark::RegisterBenchmark("straight Qt", [&](benchmark::State& state) {
-        for (auto _ : state) {
-            openings.straight();
-        }
-    })->UseRealTime();
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-
-    std::printf("widgets in each dialog: %zu\n", openings.widgetCount());
-    compare(
-        "panel opening / straight Qt", [&] { openings.panel(); }, [&] { openings.straight(); });
-    compare(
-        "panel opening and first painting / straight Qt", [&] { openings.panelPainted(); },
-        [&] { openings.straightPainted(); });
+    measureMapEditor();
+    measureMovieEditor();
     return 0;
 }

@@ -35,7 +35,7 @@ inline std::vector<double> medianSeconds(const std::vector<std::function<void()>
 
 /// One line: what was measured against what, the ratio, and the goal it is held to.
 inline void printRatio(const char* name, double seconds, double floorSeconds, double goal) {
-    std::printf("%s: %.3fx (goal <= %.2f)  %.3f us / %.3f us\n", name, seconds / floorSeconds, goal,
+    std::printf("%s: %.3fx (goal <= %.3g)  %.3f us / %.3f us\n", name, seconds / floorSeconds, goal,
                 seconds * 1e6, floorSeconds * 1e6);
 }
 

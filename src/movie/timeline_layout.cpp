@@ -44,83 +44,134 @@ Band band(int height, int firstUnit, int endUnit) {
     return {edge(firstUnit), edge(endUnit)};
 }
 
+/// Rows of a fade's band that stay dark; -1 for a frame that is not faded, or far beyond it.
+std::int16_t darkRows(float fadeLevel, int height) {
+    const float dark = static_cast<float>(height) * fadeLevel * FADE_BAND_SHARE;
+    if (fadeLevel == 1.0F || dark >= static_cast<float>(height)) {
+        return -1;
+    }
+    return dark >= 0.0F ? static_cast<std::int16_t>(dark) : std::int16_t{0};
+}
+
+/// Marks stand in the middle half of a column, which one of a single pixel does not have.
+bool hasMarks(const TimelineView& view) {
+    return view.frameWidth > 1;
+}
+
+/// What a column shows of the frame itself; `index` is one of the movie's `count` frames.
+void readMarks(TimelineColumn& column, const qxCMovieFrame& frame, int index, int count, int height) {
+    const bool isEnd = index == 0 || index == count - 1;
+    column.key = !frame.keyframe ? DARK_MARK : isEnd ? END_KEY_MARK : LIGHT_MARK;
+    column.fadeRows = darkRows(frame.fadeLevel, height);
+    column.trigger = frame.animTrigger[0] != 0;
+}
+
+/// Reads a movie column by column.
+class CColumnReader {
+public:
+    CColumnReader(const TimelineView& view, qxCMovie& movie)
+        : m_movie(movie)
+        , m_nHeight(view.clientHeight)
+        , m_bMarks(hasMarks(view))
+        , m_nCount(movie.getNumFrames())
+        , m_nRangeStart(movie.getRangeStart())
+        , m_nRangeEnd(movie.getRangeEnd()) {}
+
+    TimelineColumn column(long long index) const {
+        return index >= 0 && index < m_nCount ? columnOf(static_cast<int>(index)) : TimelineColumn();
+    }
+
+private:
+    TimelineColumn columnOf(int index) const {
+        TimelineColumn column;
+        const qxCMovieFrame* const frame = m_bMarks ? m_movie.getFrame(index) : nullptr;
+        if (m_bMarks && frame == nullptr) {
+            return column;
+        }
+        const bool isSelected = m_nRangeStart <= index && index <= m_nRangeEnd;
+        column.frame = true;
+        column.background = isSelected ? SELECTED : index % 2 != 0 ? ODD_FRAME : EVEN_FRAME;
+        const int sound = m_movie.getSoundAtFrame(index);
+        column.sound = sound < 0 ? column.background : sound % 2 != 0 ? ODD_SOUND : EVEN_SOUND;
+        if (m_bMarks) {
+            readMarks(column, *frame, index, m_nCount, m_nHeight);
+        }
+        return column;
+    }
+
+    qxCMovie& m_movie;
+    const int m_nHeight;
+    const bool m_bMarks;
+    const int m_nCount;
+    const int m_nRangeStart;
+    const int m_nRangeEnd;
+};
+
 /// The picture a column at a time: within a band all rows are alike, except where fades reach to different
 /// heights.
 class CTimelineRows {
 public:
-    CTimelineRows(const TimelineView& view, qxCMovie& movie);
+    CTimelineRows(const TimelineView& view, std::span<const TimelineColumn> columns);
     void copyTo(std::span<std::uint32_t> pixels) const;
 
 private:
     using Row = std::vector<std::uint32_t>;
 
-    void drawColumn(const TimelineView& view, qxCMovie& movie, int index, int left);
-    void mark(Row& row, std::uint32_t colour) const;
+    void drawColumn(const TimelineColumn& column, int left, int frameWidth);
 
     int m_nHeight;
     Band m_fadeBand;
+    bool m_bMarks;
     Row m_background;
     Row m_key;
     Row m_fade;
     Row m_sound;
     Row m_trigger;
     std::vector<int> m_fadeTop; // pixel row from which a column's fade is light
-    // Of the column that is being drawn.
-    int m_nLeft = 0;
-    int m_nRight = 0;
-    int m_nMarkLeft = 0;
-    int m_nMarkRight = 0;
 };
 
-CTimelineRows::CTimelineRows(const TimelineView& view, qxCMovie& movie)
-    : m_nHeight(view.clientHeight), m_fadeBand(band(view.clientHeight, 4, 6)) {
+CTimelineRows::CTimelineRows(const TimelineView& view, std::span<const TimelineColumn> columns)
+    : m_nHeight(view.clientHeight), m_fadeBand(band(view.clientHeight, 4, 6)), m_bMarks(hasMarks(view)) {
     const auto width = static_cast<std::size_t>(view.clientWidth);
     m_background.assign(width, BLACK);
-    m_key = m_fade = m_sound = m_trigger = m_background;
-    m_fadeTop.assign(width, MOST);
-    const int count = movie.getNumFrames();
-    for (int left = 0; left < view.clientWidth; left += view.frameWidth) {
-        const long long index = static_cast<long long>(view.firstFrame) + left / view.frameWidth;
-        if (index >= 0 && index < count) {
-            drawColumn(view, movie, static_cast<int>(index), left);
-        }
-    }
-}
-
-void CTimelineRows::mark(Row& row, std::uint32_t colour) const {
-    std::fill(row.begin() + m_nMarkLeft, row.begin() + m_nMarkRight, colour);
-}
-
-void CTimelineRows::drawColumn(const TimelineView& view, qxCMovie& movie, int index, int left) {
-    const qxCMovieFrame* const frame = movie.getFrame(index);
-    if (frame == nullptr) {
+    m_sound = m_background;
+    if (!m_bMarks) {
+        std::ranges::transform(columns, m_background.begin(), &TimelineColumn::background);
+        std::ranges::transform(columns, m_sound.begin(), &TimelineColumn::sound);
         return;
     }
-    m_nLeft = left;
-    m_nRight = std::min(left + view.frameWidth, view.clientWidth);
-    m_nMarkLeft = std::min(left + view.frameWidth / 4, view.clientWidth);
-    m_nMarkRight = std::min(left + 3 * view.frameWidth / 4, view.clientWidth);
-    const std::uint32_t background = movie.isInRange(index) ? SELECTED
-                                     : index % 2 != 0       ? ODD_FRAME
-                                                            : EVEN_FRAME;
-    for (Row* const row : {&m_background, &m_key, &m_fade, &m_sound, &m_trigger}) {
-        std::fill(row->begin() + m_nLeft, row->begin() + m_nRight, background);
+    m_key = m_fade = m_trigger = m_background;
+    m_fadeTop.assign(width, MOST);
+    int left = 0;
+    for (const TimelineColumn& column : columns) {
+        if (column.frame) {
+            drawColumn(column, left, view.frameWidth);
+        }
+        left += view.frameWidth;
     }
-    const bool isEnd = index == 0 || index == movie.getNumFrames() - 1;
-    mark(m_key, !frame->keyframe ? DARK_MARK : isEnd ? END_KEY_MARK : LIGHT_MARK);
-    mark(m_fade, DARK_MARK);
-    if (frame->fadeLevel != 1.0F) {
-        const float dark = static_cast<float>(m_nHeight) * frame->fadeLevel * FADE_BAND_SHARE;
-        const int rows = dark >= 0.0F && dark < static_cast<float>(m_nHeight) ? static_cast<int>(dark) : 0;
-        const int top = dark < static_cast<float>(m_nHeight) ? m_fadeBand.top + rows : MOST;
-        std::fill(m_fadeTop.begin() + m_nMarkLeft, m_fadeTop.begin() + m_nMarkRight, top);
+}
+
+void CTimelineRows::drawColumn(const TimelineColumn& column, int left, int frameWidth) {
+    const int width = static_cast<int>(m_background.size());
+    const int right = std::min(left + frameWidth, width);
+    const int markLeft = std::min(left + frameWidth / 4, width);
+    const int markRight = std::min(left + 3 * frameWidth / 4, width);
+    const auto whole = [=](Row& row, std::uint32_t colour) {
+        std::fill(row.begin() + left, row.begin() + right, colour);
+    };
+    const auto inner = [=](auto& row, auto value) {
+        std::fill(row.begin() + markLeft, row.begin() + markRight, value);
+    };
+    for (Row* const row : {&m_background, &m_key, &m_fade, &m_trigger}) {
+        whole(*row, column.background);
     }
-    const int sound = movie.getSoundAtFrame(index);
-    if (sound >= 0) {
-        std::fill(m_sound.begin() + m_nLeft, m_sound.begin() + m_nRight,
-                  sound % 2 != 0 ? ODD_SOUND : EVEN_SOUND);
+    whole(m_sound, column.sound);
+    inner(m_key, column.key);
+    inner(m_fade, DARK_MARK);
+    inner(m_trigger, column.trigger ? LIGHT_MARK : DARK_MARK);
+    if (column.fadeRows >= 0) {
+        inner(m_fadeTop, m_fadeBand.top + column.fadeRows);
     }
-    mark(m_trigger, frame->animTrigger[0] != 0 ? LIGHT_MARK : DARK_MARK);
 }
 
 void CTimelineRows::copyTo(std::span<std::uint32_t> pixels) const {
@@ -131,9 +182,12 @@ void CTimelineRows::copyTo(std::span<std::uint32_t> pixels) const {
         }
     };
     copyRows(m_background, {0, m_nHeight});
+    copyRows(m_sound, band(m_nHeight, 7, 9));
+    if (!m_bMarks) {
+        return;
+    }
     copyRows(m_key, band(m_nHeight, 1, 3));
     copyRows(m_fade, m_fadeBand);
-    copyRows(m_sound, band(m_nHeight, 7, 9));
     copyRows(m_trigger, band(m_nHeight, 10, 12));
     if (std::ranges::all_of(m_fadeTop, [](int top) { return top == MOST; })) {
         return;
@@ -184,9 +238,19 @@ bool TimelineView::zoomAbout(int x, bool closer) {
     return true;
 }
 
-void drawTimeline(std::span<std::uint32_t> pixels, const TimelineView& view, qxCMovie& movie) {
+void readTimeline(std::vector<TimelineColumn>& columns, const TimelineView& view, qxCMovie& movie) {
+    const CColumnReader reader(view, movie);
+    columns.clear();
+    long long index = view.firstFrame;
+    for (int left = 0; left < view.clientWidth; left += view.frameWidth) {
+        columns.push_back(reader.column(index++));
+    }
+}
+
+void drawTimeline(std::span<std::uint32_t> pixels, const TimelineView& view,
+                  std::span<const TimelineColumn> columns) {
     if (view.clientWidth > 0 && view.clientHeight > 0) {
-        CTimelineRows(view, movie).copyTo(pixels);
+        CTimelineRows(view, columns).copyTo(pixels);
     }
 }
 

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <span>
 #include <string>
+#include <vector>
 
 class qxCMovie;
 
@@ -30,9 +31,23 @@ struct TimelineView {
     bool zoomAbout(int x, bool closer);
 };
 
-/// Draw the movie's frames into `pixels`, clientWidth * clientHeight of them as 0xFFRRGGBB, rows from the
-/// top. Every column is read once; what is not a frame of the movie stays black.
-void drawTimeline(std::span<std::uint32_t> pixels, const TimelineView& view, qxCMovie& movie);
+/// What a column shows. Columns that show the same are equal.
+struct TimelineColumn {
+    std::uint32_t background = 0xFF000000U; ///< 0xFFRRGGBB, as the next two
+    std::uint32_t key = 0xFF000000U;
+    std::uint32_t sound = 0xFF000000U; ///< the background's where nothing sounds
+    std::int16_t fadeRows = -1;        ///< dark rows above the light ones; -1: not faded
+    bool trigger = false;
+    bool frame = false; ///< of the movie; otherwise the column is black
+
+    friend bool operator==(const TimelineColumn&, const TimelineColumn&) = default;
+};
+
+/// Read what each column of the view shows, from left to right: of a frame no more than is shown of it.
+void readTimeline(std::vector<TimelineColumn>& columns, const TimelineView& view, qxCMovie& movie);
+/// Draw the columns into `pixels`, clientWidth * clientHeight of them as 0xFFRRGGBB, rows from the top.
+void drawTimeline(std::span<std::uint32_t> pixels, const TimelineView& view,
+                  std::span<const TimelineColumn> columns);
 
 /// What a tool tip tells of the frame under `x`: "Frame 12, 00:00.50"; empty beside the movie's frames.
 std::string timelineTip(int x, const TimelineView& view, const qxCMovie& movie);

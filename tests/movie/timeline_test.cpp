@@ -64,6 +64,12 @@ TEST(TimelineView, ZoomsAndScrolls) {
     EXPECT_EQ(timelineTip(519, {520, 52, 1, 0}, movie), "");
 }
 
+void draw(std::span<std::uint32_t> pixels, const TimelineView& view, qxCMovie& movie) {
+    std::vector<TimelineColumn> columns;
+    readTimeline(columns, view, movie);
+    drawTimeline(pixels, view, columns);
+}
+
 /// The picture drawn plainly, mark by mark.
 std::vector<std::uint32_t> plainTimeline(const TimelineView& view, qxCMovie& movie) {
     std::vector<std::uint32_t> pixels(static_cast<std::size_t>(view.clientWidth * view.clientHeight),
@@ -117,7 +123,7 @@ TEST(TimelinePicture, IsThatOfEveryMarkDrawnPlainly) {
             for (const int first : {-1, 0, 7}) {
                 const TimelineView view{width, height, frameWidth, first};
                 std::vector<std::uint32_t> pixels(static_cast<std::size_t>(width * height), 1);
-                drawTimeline(pixels, view, movie);
+                draw(pixels, view, movie);
                 ASSERT_EQ(pixels, plainTimeline(view, movie))
                     << width << " by " << height << ", " << frameWidth;
             }
@@ -127,9 +133,9 @@ TEST(TimelinePicture, IsThatOfEveryMarkDrawnPlainly) {
         movie.getFrame(0)->fadeLevel = level;
         movie.hidesFrames = level == 1e30F;
         std::vector<std::uint32_t> pixels(100);
-        drawTimeline(pixels, {10, 10, 4, std::numeric_limits<int>::max()}, movie);
-        drawTimeline(pixels, {10, 10, 4, 0}, movie);
-        drawTimeline({}, {0, 10, 4, 0}, movie);
+        draw(pixels, {10, 10, 4, std::numeric_limits<int>::max()}, movie);
+        draw(pixels, {10, 10, 4, 0}, movie);
+        draw({}, {0, 10, 4, 0}, movie);
     }
 }
 

@@ -17,6 +17,7 @@ public:
     /// Before the panel is destroyed: what it plays is stopped, and no call of the engine's reaches it any
     /// more.
     void endPlayback();
+    CTimelineCtrl& timeline() { return m_timeline; }
 
 protected:
     void DoDataExchange(CDataExchange* pDX) override;

@@ -92,8 +92,13 @@ void CTimelineCtrl::redraw() {
         return;
     }
     m_fLastRedraw = now;
-    drawTimeline(m_picture.draw(*this), m_view, *m_pMovie);
-    Invalidate(FALSE);
+    readTimeline(m_read, m_view, *m_pMovie);
+    if (m_read != m_drawn || m_view.frameWidth != m_nDrawnWidth) {
+        m_drawn = m_read;
+        m_nDrawnWidth = m_view.frameWidth;
+        drawTimeline(m_picture.draw(*this), m_view, m_drawn);
+        Invalidate(FALSE);
+    }
 }
 
 void CTimelineCtrl::OnPaint() {

@@ -35,7 +35,8 @@ public:
     void ensureVisible(int frame);
     int getClientWidth() const { return m_view.clientWidth; }
 
-    /// Draw the movie as it is now; while it plays, four times a second at most.
+    /// Show the movie as it is now; while it plays, four times a second at most. A picture that shows it
+    /// already is not drawn again.
     void redraw();
 
 protected:
@@ -68,6 +69,9 @@ private:
     std::function<void()> m_beforeDrop;
     float m_fLastRedraw = 0.0F; ///< animator clock, seconds
     COffscreenPicture m_picture;
+    std::vector<TimelineColumn> m_drawn; ///< what the picture shows
+    int m_nDrawnWidth = 0;               ///< of a frame in it, pixels
+    std::vector<TimelineColumn> m_read;  ///< kept from call to call for its memory only
     CToolTipCtrl m_tip;
     std::string m_strTip;
     int m_nPointerX = 0; ///< where the drag is

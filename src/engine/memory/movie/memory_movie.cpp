@@ -279,6 +279,9 @@ qxCMovieSound* CMemoryMovie::getSound(int index) {
 }
 
 int CMemoryMovie::getSoundAtFrame(int frame) const {
+    if (m_sounds.empty()) { // asked for each column of a timeline at each redraw
+        return -1;
+    }
     // A thousandth of a frame is less than anyone hears and more than the rounding of a start in seconds.
     const double start = (frame + 0.001) / m_fStepRate;
     const double end = (frame + 0.999) / m_fStepRate;
