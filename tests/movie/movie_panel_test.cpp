@@ -1,10 +1,53 @@
 #include "movie/movie_panel_fixture.h"
 
 #include "host/veskutil.h"
+#include "movie/awkward_movie.h"
+#include "movie/movie_undo_store.h"
 #include "resources/resource_ids.h"
+#include "support/modal_steps.h"
 #include "support/ui_driver.h"
 
+#include <QAbstractButton>
+#include <QAbstractSpinBox>
+#include <QComboBox>
+#include <QProgressBar>
+#include <QStyleOptionSpinBox>
+#include <QTest>
+
+#include <gmock/gmock.h>
+
+#include <cmath>
+#include <limits>
+#include <set>
+
 namespace {
+
+constexpr int FAR_AWAY = std::numeric_limits<int>::max();
+
+TEST_F(MoviePanelTest, OpensStoppedOnItsFirstFrame) {
+    m_movie.flags = qxMovieShowPath | qxMovieNoFades;
+    m_movie.setRangeSingleFrame(7);
+    open();
+    EXPECT_EQ(panel()->windowTitle(), "Movie Editor");
+    EXPECT_EQ(m_movie.getRangeStart(), 0);
+    EXPECT_EQ(m_movie.flags, qxMovieShowPath | qxMovieNoFades | qxMovieStopped);
+    EXPECT_TRUE(isChecked(IDC_SHOW_PATH));
+    EXPECT_FALSE(isChecked(IDC_SHOW_HEIGHTS));
+    EXPECT_TRUE(isChecked(IDC_NO_FADES));
+    EXPECT_TRUE(isChecked(IDC_VESK_CAMERA));
+    EXPECT_FALSE(isEnabled(IDC_PAUSE));
+    EXPECT_FALSE(isEnabled(IDC_MOVIE_UNDO));
+    EXPECT_TRUE(control(IDC_CLOSE_MOVIE)->isVisible());
+    EXPECT_EQ(ui::control<QComboBox>(*panel(), IDC_FRAME_CAMERA).count(), 2);
+    CAwkwardMovie other(3);
+    vuCreateMovieEditor(nullptr, &other, false);
+    EXPECT_EQ(other.flags, std::uint32_t{qxMovieStopped});
+    EXPECT_EQ(text(IDC_FRAME_CAMERA), "one");
+    vuDestroyMovieEditor();
+    open(other, false);
+    EXPECT_FALSE(control(IDC_CLOSE_MOVIE)->isVisible());
+    EXPECT_FALSE(isEnabled(IDC_CLOSE_MOVIE));
+}
 
 TEST_F(MoviePanelTest, StepsThroughTheMovie) {
     open();
@@ -12,14 +55,312 @@ TEST_F(MoviePanelTest, StepsThroughTheMovie) {
         int button;
         int frame;
         const char* time;
-    } steps[] = {{IDC_GO_TO_END, 19, "00:00.80"},    {IDC_STEP_BACK, 18, "00:00.70"},
-                 {IDC_PREVIOUS_KEY, 10, "00:00.40"}, {IDC_PREVIOUS_KEY, 5, "00:00.20"},
-                 {IDC_STEP_FORWARD, 6, "00:00.20"},  {IDC_NEXT_KEY, 10, "00:00.40"},
-                 {IDC_GO_TO_START, 0, "00:00.00"},   {IDC_PREVIOUS_KEY, 0, "00:00.00"}};
+    } steps[] = {{IDC_GO_TO_END, 19, "00:00.80"},   {IDC_STEP_FORWARD, 19, "00:00.80"},
+                 {IDC_STEP_BACK, 18, "00:00.70"},   {IDC_PREVIOUS_KEY, 10, "00:00.40"},
+                 {IDC_PREVIOUS_KEY, 5, "00:00.20"}, {IDC_STEP_FORWARD, 6, "00:00.20"},
+                 {IDC_NEXT_KEY, 10, "00:00.40"},    {IDC_GO_TO_START, 0, "00:00.00"},
+                 {IDC_PREVIOUS_KEY, 0, "00:00.00"}};
     for (const auto& step : steps) {
         click(step.button);
         EXPECT_EQ(m_movie.getRangeStart(), step.frame);
         EXPECT_EQ(text(IDC_MOVIE_TIME), step.time);
+    }
+    goTo(10);
+    EXPECT_EQ(text(IDC_POSITION_X), "10");
+    EXPECT_EQ(m_camera.position.x, 10.0F) << "the movie is posed there";
+    m_movie.setRangeStart(3);
+    m_movie.setRangeEnd(7);
+    click(IDC_ZOOM_IN);
+    EXPECT_EQ(text(IDC_MOVIE_TIME), "00:00.10-00:00.30");
+}
+
+const std::set<int> FRAME_GROUP = {IDC_POSITION_X,    IDC_POSITION_Y, IDC_POSITION_Z,   IDC_ROTATION_Z,
+                                   IDC_FIELD_OF_VIEW, IDC_SHAKE,      IDC_FRAME_CAMERA, IDC_INTERPOLATION,
+                                   IDC_TARGET_NAME,   IDC_TARGET,     IDC_FADE,         IDC_ANIM,
+                                   IDC_FADE_COLOUR};
+const std::set<int> AIM_GROUP = {IDC_ROTATION_X, IDC_ROTATION_Y};
+const std::set<int> EASE_IN_GROUP = {IDC_EASE_IN_CURVE, IDC_EASE_IN_DOWN, IDC_EASE_IN_UP};
+const std::set<int> EASE_OUT_GROUP = {IDC_EASE_OUT_CURVE, IDC_EASE_OUT_DOWN, IDC_EASE_OUT_UP};
+const std::set<int> ALWAYS = {IDC_POSITION_X_SPIN,    IDC_POSITION_Y_SPIN,
+                              IDC_POSITION_Z_SPIN,    IDC_ROTATION_X_SPIN,
+                              IDC_ROTATION_Y_SPIN,    IDC_ROTATION_Z_SPIN,
+                              IDC_FIELD_OF_VIEW_SPIN, IDC_SHAKE_SPIN,
+                              IDC_INSERT_FRAME,       IDC_PLAY};
+const std::set<int> NEVER = {IDC_BROWSE_TARGET, IDC_BROWSE_ANIM, IDC_MOVIE_UNDO};
+
+TEST_F(MoviePanelTest, EnablesWhatTheCurrentFrameAllows) {
+    using Sets = std::vector<std::set<int>>;
+    const auto movie = [this](int first, int last) {
+        return [=, this] {
+            m_movie.setRangeStart(first);
+            m_movie.setRangeEnd(last);
+        };
+    };
+    const struct {
+        const char* what;
+        std::function<void()> act;
+        Sets enabled;
+    } cases[] = {
+        {"inner keyframe", movie(5, 5), {FRAME_GROUP, AIM_GROUP, EASE_IN_GROUP, EASE_OUT_GROUP}},
+        {"no keyframe", movie(6, 6), {}},
+        {"first", movie(0, 0), {FRAME_GROUP, AIM_GROUP, EASE_OUT_GROUP}},
+        {"last", movie(19, 19), {FRAME_GROUP, AIM_GROUP, EASE_IN_GROUP}},
+        {"range", movie(5, 6), {}},
+        {"target",
+         [this] {
+             m_movie.setRangeSingleFrame(5);
+             frame(5).setCameraMode(qxMovieCameraTarget);
+         },
+         {FRAME_GROUP, EASE_IN_GROUP, EASE_OUT_GROUP}},
+        {"playing", [this] { m_movie.flags = 0; }, {}},
+        {"stopped again",
+         [this] {
+             m_movie.flags = 1;
+             frame(5).setCameraMode(qxMovieCameraFree);
+         },
+         {FRAME_GROUP, AIM_GROUP, EASE_IN_GROUP, EASE_OUT_GROUP}},
+    };
+    open();
+    for (const auto& one : cases) {
+        one.act();
+        vuMovieCameraAltered(nullptr, true); // refreshes
+        std::set<int> enabled = ALWAYS;
+        for (const std::set<int>& group : one.enabled) {
+            enabled.insert(group.begin(), group.end());
+        }
+        for (const std::set<int>& group :
+             {FRAME_GROUP, AIM_GROUP, EASE_IN_GROUP, EASE_OUT_GROUP, ALWAYS, NEVER}) {
+            for (const int id : group) {
+                EXPECT_EQ(isEnabled(id), enabled.contains(id)) << one.what << ", " << id;
+            }
+        }
+    }
+}
+
+TEST_F(MoviePanelTest, WritesOnlyTheNumberThatWasTyped) {
+    frame(5).setFov(47.3000007F);
+    frame(5).setTranslation({1.23456789F, 2.0F, 3.0F});
+    frame(5).hasChanged();
+    open();
+    goTo(5);
+    for (const int id : {IDC_POSITION_X, IDC_FIELD_OF_VIEW, IDC_SHAKE, IDC_ANIM}) {
+        click(id);
+        leave();
+    }
+    EXPECT_EQ(frame(5).fov, 47.3000007F);
+    EXPECT_TRUE(g_movieUndo.isEmpty());
+    EXPECT_FALSE(isEnabled(IDC_MOVIE_UNDO));
+
+    const float between = frame(6).fov;
+    type(IDC_POSITION_Y, "8.5");
+    leave();
+    EXPECT_EQ(frame(5).translation, (qxCVector3d{1.23456789F, 8.5F, 3.0F}));
+    type(IDC_FIELD_OF_VIEW, "+050");
+    leave();
+    EXPECT_EQ(frame(5).fov, 50.0F);
+    EXPECT_EQ(text(IDC_FIELD_OF_VIEW), "50");
+    EXPECT_EQ(frame(6).fov, between) << "until the next command that tweens";
+    EXPECT_EQ(g_movieUndo.getCount(), 2);
+    ASSERT_TRUE(isEnabled(IDC_MOVIE_UNDO));
+    click(IDC_MOVIE_UNDO);
+    EXPECT_EQ(frame(5).fov, 47.3000007F);
+    EXPECT_TRUE(isEnabled(IDC_MOVIE_UNDO));
+    click(IDC_MOVIE_UNDO);
+    EXPECT_EQ(frame(5).translation, (qxCVector3d{1.23456789F, 2.0F, 3.0F}));
+    EXPECT_EQ(text(IDC_POSITION_Y), "2");
+    EXPECT_FALSE(isEnabled(IDC_MOVIE_UNDO));
+}
+
+TEST_F(MoviePanelTest, RefusesWhatIsNoNumber) {
+    open();
+    goTo(5);
+    type(IDC_SHAKE, "much");
+    {
+        CModalSteps steps({[](QWidget* box) { QTest::keyClick(box, Qt::Key_Return); }});
+        leave();
+        EXPECT_TRUE(steps.areDone());
+    }
+    ASSERT_TRUE(ui::waitUntilActive(panel()));
+    EXPECT_EQ(text(IDC_SHAKE), "0");
+    EXPECT_TRUE(g_movieUndo.isEmpty());
+    type(IDC_SHAKE, "lots");
+    CModalSteps host({[](QWidget*) { vuDestroyMovieEditor(); }});
+    ui::click(*control(IDC_TIMELINE), column(7));
+    EXPECT_TRUE(host.areDone());
+    EXPECT_EQ(m_movie.getRangeStart(), 5) << "the click was the box's";
+}
+
+/// Press an arrow of a spin.
+void step(QWidget& spin, bool up) {
+    QStyleOptionSpinBox option;
+    option.initFrom(&spin);
+    option.subControls = QStyle::SC_All;
+    const QStyle::SubControl arrow = up ? QStyle::SC_SpinBoxUp : QStyle::SC_SpinBoxDown;
+    const QRect place = spin.style()->subControlRect(QStyle::CC_SpinBox, &option, arrow, &spin);
+    ui::click(spin, QPoint(spin.width() - 4, place.center().y()));
+}
+
+TEST_F(MoviePanelTest, StepsNumbersOnTheirGrid) {
+    const struct {
+        int spin;
+        float qxCVector3d::*part;
+        float value, up, down;
+    } cases[] = {{IDC_POSITION_X_SPIN, &qxCVector3d::x, 0.27F, 0.4F, 0.2F},
+                 {IDC_POSITION_Z_SPIN, &qxCVector3d::z, 0.25F, 0.3F, 0.1F},
+                 {IDC_ROTATION_Z_SPIN, &qxCVector3d::z, -0.5F, 1.0F, -2.0F},
+                 {IDC_ROTATION_Y_SPIN, &qxCVector3d::y, 12.5F, 14.0F, 12.0F}};
+    open();
+    m_movie.setRangeStart(5);
+    m_movie.setRangeEnd(9); // the spins work all the same
+    for (const auto& one : cases) {
+        qxCVector3d& vector = one.spin == IDC_ROTATION_Y_SPIN || one.spin == IDC_ROTATION_Z_SPIN
+                                  ? frame(5).rotation
+                                  : frame(5).translation;
+        for (const bool up : {true, false}) {
+            vector.*one.part = one.value;
+            step(*control(one.spin), up);
+            EXPECT_EQ(vector.*one.part, up ? one.up : one.down) << one.spin;
+        }
+    }
+}
+
+TEST_F(MoviePanelTest, SetsPropertiesOfTheCurrentFrame) {
+    open();
+    goTo(5);
+    choose(IDC_FRAME_CAMERA, 1);
+    EXPECT_EQ(frame(5).camera, 1);
+    EXPECT_EQ(frame(6).camera, 1) << "tweened";
+    click(IDC_EASE_IN_UP);
+    click(IDC_EASE_OUT_DOWN);
+    EXPECT_FLOAT_EQ(frame(5).easeIn, 0.6F);
+    EXPECT_FLOAT_EQ(frame(5).easeOut, 0.4F);
+    EXPECT_TRUE(g_movieUndo.isEmpty()) << "neither is recorded";
+
+    choose(IDC_INTERPOLATION, 1);
+    EXPECT_EQ(frame(5).frameMode, qxMovieFrameSwitch);
+    choose(IDC_FADE, 1);
+    EXPECT_EQ(frame(5).fadeMode, qxMovieFadeIn);
+    EXPECT_LT(frame(8).fadeLevel, 1.0F);
+    click(IDC_TARGET);
+    EXPECT_EQ(frame(5).cameraMode, qxMovieCameraTarget);
+    EXPECT_FALSE(isEnabled(IDC_ROTATION_X));
+    type(IDC_TARGET_NAME, "mill");
+    leave();
+    EXPECT_STREQ(frame(5).targetName.getString(), "mill");
+    type(IDC_ANIM, "birds");
+    leave();
+    EXPECT_STREQ(frame(5).animTrigger, "birds");
+    EXPECT_EQ(g_movieUndo.getCount(), 5);
+    EXPECT_FALSE(isEnabled(IDC_MOVIE_UNDO)) << "as after each command that refreshes";
+}
+
+TEST_F(MoviePanelTest, RunsTheCommandsOnTheSelection) {
+    open();
+    const struct {
+        int button;
+        int frames, current, records;
+    } steps[] = {{IDC_DELETE_FRAMES, 17, 3, 3}, {IDC_INSERT_FRAME, 18, 4, 4},  {IDC_ADD_KEYFRAME, 19, 18, 5},
+                 {IDC_COPY_FRAMES, 19, 18, 5},  {IDC_PASTE_FRAMES, 20, 18, 5}, {IDC_CUT_FRAMES, 19, 18, 5}};
+    m_movie.setRangeStart(3);
+    m_movie.setRangeEnd(5);
+    for (const auto& step : steps) {
+        click(step.button);
+        EXPECT_EQ(m_movie.getNumFrames(), step.frames) << step.button;
+        EXPECT_EQ(m_movie.getRangeStart(), step.current) << step.button;
+        EXPECT_TRUE(m_movie.isRangeSingleFrame());
+        EXPECT_EQ(g_movieUndo.getCount(), step.records) << step.button;
+        EXPECT_FALSE(isEnabled(IDC_MOVIE_UNDO));
+    }
+    click(IDC_UNMARK_KEYFRAME);
+    EXPECT_FALSE(frame(18).keyframe);
+    click(IDC_MARK_KEYFRAME);
+    EXPECT_TRUE(frame(18).keyframe);
+    vuDestroyMovieEditor();
+    open();
+    EXPECT_EQ(g_movieUndo.getCount(), 5) << "the history outlives the panel";
+    for (int i = g_movieUndo.getCount(); i < 2000; ++i) {
+        g_movieUndo.pushInserted(FAR_AWAY);
+    }
+    click(IDC_INSERT_FRAME);
+    EXPECT_EQ(ui::control<QProgressBar>(*panel(), IDC_MOVIE_UNDO_FILL).value(), 2);
+}
+
+TEST_F(MoviePanelTest, TakesTheCameraIntoTheCurrentFrame) {
+    open();
+    goTo(7);
+    m_camera.position = {4.0F, 5.0F, 6.0F};
+    vuMovieCameraAltered(m_movie.getChildCamera(1), false);
+    EXPECT_FALSE(frame(7).keyframe);
+    vuMovieCameraAltered(&m_camera, false);
+    EXPECT_TRUE(frame(7).keyframe);
+    vuMovieCameraAltered(&m_camera, true);
+    EXPECT_EQ(text(IDC_POSITION_Z), "6");
+    EXPECT_EQ(g_movieUndo.getCount(), 1);
+
+    type(IDC_POSITION_Y, "99"); // stands open while the camera moves
+    m_camera.position = {4.0F, 5.0F, 7.0F};
+    vuMovieCameraAltered(&m_camera, false);
+    leave();
+    EXPECT_EQ(frame(7).translation, m_camera.position);
+    vuMovieCameraAltered(&m_camera, true);
+    EXPECT_EQ(text(IDC_POSITION_Y), "5");
+    EXPECT_EQ(g_movieUndo.getCount(), 2);
+
+    m_camera.position = {8.0F, 8.0F, 8.0F};
+    vuMovieCameraAltered(&m_camera, false);
+    click(IDC_INSERT_FRAME); // moves the frame: what the move has changed so far is recorded first
+    EXPECT_EQ(g_movieUndo.getCount(), 4);
+    vuMovieCameraAltered(&m_camera, false);
+    vuDestroyMovieEditor();
+    open();
+    vuMovieCameraAltered(&m_camera, true);
+    EXPECT_EQ(g_movieUndo.getCount(), 4) << "what waited went with the panel";
+}
+
+TEST_F(MoviePanelTest, ChoosesTheViewAndItsOptions) {
+    CMemoryCamera own(&m_scene, "own");
+    m_scene.removeNode(&m_movie);
+    m_scene.addNode(&own);
+    m_scene.addNode(&m_movie);
+    open();
+    click(IDC_MOVIE_CAMERA);
+    EXPECT_EQ(m_scene.getSelectedCamera(), &m_camera);
+    click(IDC_VESK_CAMERA);
+    EXPECT_EQ(m_scene.getSelectedCamera(), &own);
+    click(IDC_SHOW_HEIGHTS);
+    click(IDC_SHOW_PATH);
+    click(IDC_NO_FADES);
+    click(IDC_SHOW_HEIGHTS);
+    EXPECT_EQ(m_movie.flags, std::uint32_t{qxMovieStopped | qxMovieShowPath | qxMovieNoFades});
+    m_scene.removeNode(&own);
+}
+
+TEST_F(MoviePanelTest, CopesWithAnyEngine) {
+    const std::function<void(CAwkwardMovie&)> ways[] = {
+        [](CAwkwardMovie& movie) { movie.frames.clear(); },
+        [](CAwkwardMovie& movie) { movie.hidesFrames = true; },
+        [](CAwkwardMovie& movie) { movie.stepRate = NAN; },
+        [](CAwkwardMovie& movie) { movie.last = FAR_AWAY; },
+        [](CAwkwardMovie& movie) { movie.first = movie.last = FAR_AWAY; },
+        [](CAwkwardMovie& movie) { movie.first = -FAR_AWAY; },
+    };
+    for (const auto& spoil : ways) {
+        CAwkwardMovie movie(4);
+        movie.refusesInsert = movie.refusesDelete = true;
+        open(movie);
+        for (QAbstractButton* const button : panel()->findChildren<QAbstractButton*>()) {
+            if (button->objectName().toInt() != IDC_CLOSE_MOVIE) {
+                spoil(movie);
+                ui::click(*button);
+            }
+        }
+        for (QAbstractSpinBox* const spin : panel()->findChildren<QAbstractSpinBox*>()) {
+            spoil(movie);
+            step(*spin, true);
+        }
+        QTest::mouseClick(control(IDC_TIMELINE), Qt::RightButton);
+        EXPECT_TRUE(g_movieUndo.isEmpty());
+        vuDestroyMovieEditor();
     }
 }
 
