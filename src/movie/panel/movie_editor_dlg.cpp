@@ -76,12 +76,19 @@ constexpr FrameCommand FRAME_COMMANDS[] = {
      [](qxCMovie& movie, CMovieUndoStore&) { markKeyframes(movie, KeyframeMark::CLEARED); }},
 };
 
+/// So many frames away, where an engine may be anywhere within an int.
+int framesFrom(int frame, int away) {
+    using Int = std::numeric_limits<int>;
+    return static_cast<int>(
+        std::clamp<long long>(static_cast<long long>(frame) + away, Int::min(), Int::max()));
+}
+
 int frameToGoTo(UINT controlId, const qxCMovie& movie) {
     switch (controlId) {
     case IDC_STEP_BACK:
-        return movie.getRangeStart() - 1;
+        return framesFrom(movie.getRangeStart(), -1);
     case IDC_STEP_FORWARD:
-        return movie.getRangeStart() + 1;
+        return framesFrom(movie.getRangeStart(), 1);
     case IDC_GO_TO_END:
         return movie.getNumFrames() - 1;
     default:
@@ -291,13 +298,13 @@ int CMovieEditorDlg::scrolledTo(UINT scrollCode, const CScrollBar* scrollBar) co
     const int first = m_timeline.getFirstFrame();
     switch (scrollCode) {
     case SB_LINELEFT:
-        return first - 1;
+        return framesFrom(first, -1);
     case SB_LINERIGHT:
-        return first + 1;
+        return framesFrom(first, 1);
     case SB_PAGELEFT:
-        return first - FRAMES_A_PAGE;
+        return framesFrom(first, -FRAMES_A_PAGE);
     case SB_PAGERIGHT:
-        return first + FRAMES_A_PAGE;
+        return framesFrom(first, FRAMES_A_PAGE);
     case SB_THUMBPOSITION:
     case SB_THUMBTRACK: {
         SCROLLINFO info; // the message has room for half of the position
