@@ -57,14 +57,8 @@ bool CKeyframeEditorDlg::readControls() {
         return false;
     }
     m_keyframe.forgetTyped();
-    const bool accepted = UpdateData(TRUE) != FALSE;
-    if (m_pMovie == nullptr || isEnding()) {
-        return false;
-    }
-    if (!accepted) {
-        UpdateData(FALSE); // a field that goes on holding what it must not would hold the user captive
-    }
-    return true;
+    UpdateData(TRUE); // a refused field shows its value again with what the handler shows at its end
+    return m_pMovie != nullptr && !isEnding();
 }
 
 void CKeyframeEditorDlg::work(const std::function<void(qxCMovie&)>& task) {

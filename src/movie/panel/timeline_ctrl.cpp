@@ -44,7 +44,8 @@ bool takeInput(HWND window) {
     const HWND before = ::GetFocus();
     ::SetFocus(window);
     const bool isSibling = before != window && ::GetParent(before) == ::GetParent(window);
-    if (!::IsWindow(window) || (isSibling && ::GetFocus() == before)) {
+    // A panel that a message box stood over has no keyboard at all for a moment.
+    if (!::IsWindow(window) || (isSibling && ::GetFocus() != window)) {
         return false;
     }
     ::SetCapture(window);
