@@ -306,6 +306,9 @@ TEST_F(MoviePanelTest, TakesTheCameraIntoTheCurrentFrame) {
     vuMovieCameraAltered(&m_camera, true);
     EXPECT_EQ(text(IDC_POSITION_Y), "5");
     EXPECT_EQ(g_movieUndo.getCount(), 2);
+    type(IDC_POSITION_Y, "98");
+    vuMovieCameraAltered(&m_camera, true);
+    EXPECT_EQ(text(IDC_POSITION_Y), "5") << "what stood open is taken back with the end of the move";
 
     m_camera.position = {8.0F, 8.0F, 8.0F};
     vuMovieCameraAltered(&m_camera, false);
