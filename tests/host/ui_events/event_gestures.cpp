@@ -322,7 +322,43 @@ void CEventGestures::hostCall() {
     }
 }
 
+void CEventGestures::callMovie() {
+    for (int calls = m_dice.between(1, 6); calls > 0; --calls) {
+        add(EventKind::MOVIE, "of the host", [this] {
+            m_stage.callMovie();
+            return true;
+        });
+    }
+}
+
+void CEventGestures::useTimeline(QWidget& timeline) {
+    const auto anyPlace = [&] {
+        return QPoint(m_dice.between(-40, timeline.width() + 40), timeline.height() / 2);
+    };
+    pause();
+    const QPoint pressed(m_dice.below(timeline.width()), timeline.height() / 2);
+    if (m_dice.oneIn(2)) {
+        press(EventKind::PRESS, timeline, pressed, Qt::LeftButton, Qt::NoModifier);
+    } else {
+        press(EventKind::CONTEXT_PRESS, timeline, pressed, Qt::RightButton,
+              m_dice.oneIn(3) ? Qt::ControlModifier : Qt::NoModifier);
+    }
+    for (int moves = m_dice.between(1, 4); moves > 0; --moves) {
+        moveTo(timeline, anyPlace());
+    }
+    if (m_dice.oneIn(6)) {
+        pressKey(timeline, Qt::Key_Escape, "\x1b");
+    }
+    release(timeline);
+}
+
 void CEventGestures::openEditor() {
+    if (m_dice.oneIn(2)) {
+        return add(EventKind::EDITOR, "movie editor opened by the host", [this] {
+            m_stage.openMovieEditor();
+            return true;
+        });
+    }
     add(EventKind::EDITOR, "opened by the host", [this] {
         m_stage.openEditor();
         return true;

@@ -35,11 +35,15 @@ public:
                   Qt::KeyboardModifiers modifiers = Qt::NoModifier);
     void type(QWidget& field, const QString& text, Qt::Key leaveBy);
     void close(QWidget& window);
+    /// A drag of either button over the frames, with Ctrl now and then, and Escape in the middle.
+    void useTimeline(QWidget& timeline);
 
     /// What the host does while the user works: hardly anything but strokes and hovering.
     void hostCall();
+    void callMovie();
+    /// Either editor, or both.
     void openEditor();
-    /// The editor goes; the host may free its map, or lose its window. `withWindow`: it does.
+    /// The editors go; the host may free its map, or lose its window. `withWindow`: it does.
     void destroyEditor(bool withWindow);
 
 private:

@@ -80,7 +80,42 @@ void CEventPlayer::useHost(QWidget& window) {
     m_dice.oneIn(3) ? m_gestures.openEditor() : anything(window);
 }
 
+/// Those controls of the movie panel that a stray hand seldom meets.
+void CEventPlayer::useMoviePanel(QWidget& panel) {
+    constexpr std::array BUTTONS = {IDC_PLAY,          IDC_LOOP,          IDC_GO_TO_START,
+                                    IDC_NEXT_KEY,      IDC_ADD_KEYFRAME,  IDC_MOVIE_UNDO,
+                                    IDC_DELETE_FRAMES, IDC_MARK_KEYFRAME, IDC_PASTE_FRAMES};
+    switch (m_dice.below(24)) {
+    case 0:
+        return clickControl(panel, IDC_SETUP_SOUND_LIST);
+    case 1:
+        if (QWidget* const swatch = usable(panel, IDC_FADE_COLOUR)) {
+            return m_gestures.doubleClickOn(*swatch, swatch->rect().center());
+        }
+        return anything(panel);
+    case 2:
+        return m_dice.oneIn(4) ? m_gestures.close(panel) : m_gestures.openEditor();
+    case 3:
+    case 4:
+    case 5:
+        return clickControl(panel, m_dice.of(BUTTONS));
+    case 6:
+    case 7:
+        return m_gestures.callMovie();
+    case 8:
+        if (QWidget* const timeline = usable(panel, IDC_TIMELINE)) {
+            return m_gestures.useTimeline(*timeline);
+        }
+        return anything(panel);
+    default:
+        return anything(panel);
+    }
+}
+
 void CEventPlayer::usePanel(QWidget& panel) {
+    if (panel.objectName() == QString("dialog-%1").arg(IDD_MOVIE_EDITOR)) {
+        return useMoviePanel(panel);
+    }
     switch (m_dice.below(40)) {
     case 0:
     case 1:
@@ -201,7 +236,7 @@ void CEventPlayer::accept(DialogKind kind, QWidget& dialog) {
         chooseFiles(dialog);
     }
     QWidget* button = buttonOf(dialog, {QDialogButtonBox::Ok, QDialogButtonBox::Open});
-    if (kind == DialogKind::TEXTURE_LIST || kind == DialogKind::TERRAIN_TYPES) {
+    if (kind != DialogKind::FILES && kind != DialogKind::COLOUR && kind != DialogKind::MESSAGE) {
         button = usable(dialog, 1);
     }
     if (button != nullptr) {

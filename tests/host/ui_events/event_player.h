@@ -9,6 +9,7 @@ public:
     CEventPlayer(CEventDice& dice, CEventGestures& gestures) : m_dice(dice), m_gestures(gestures) {}
 
     void useHost(QWidget& window);
+    /// The panel of either editor.
     void usePanel(QWidget& panel);
     void useDialog(DialogKind kind, QWidget& dialog);
     void usePopup(QWidget& popup);
@@ -17,6 +18,7 @@ public:
 
 private:
     void anything(QWidget& window);
+    void useMoviePanel(QWidget& panel);
     void openSomeDialog(QWidget& panel);
     void useTextureList(QWidget& dialog);
     void useTerrainTypes(QWidget& dialog);

@@ -33,16 +33,23 @@ std::optional<DialogKind> kindOf(const QWidget& window) {
     if (window.objectName() == "dialog-148") {
         return DialogKind::TEXTURE_LIST;
     }
+    if (window.objectName() == "dialog-2009") {
+        return DialogKind::SOUNDTRACK;
+    }
     return window.objectName() == "dialog-237" ? std::optional(DialogKind::TERRAIN_TYPES) : std::nullopt;
 }
 
-QWidget* findPanel() {
-    for (QWidget* const window : QApplication::topLevelWidgets()) {
-        if (window->objectName() == "dialog-212" && window->isVisible()) {
-            return window;
+/// One of the panels that are open; null when none is.
+QWidget* findPanel(CEventDice& dice) {
+    QList<QWidget*> panels;
+    for (const char* name : {"dialog-212", "dialog-2005"}) {
+        for (QWidget* const window : QApplication::topLevelWidgets()) {
+            if (window->objectName() == name && window->isVisible()) {
+                panels << window;
+            }
         }
     }
-    return nullptr;
+    return panels.isEmpty() ? nullptr : dice.of(panels);
 }
 
 /// Nothing outside the session's directory is shown, and nothing in it renamed or deleted: what those
@@ -160,7 +167,7 @@ void CEventSession::plan() {
         dialog.wanted = LeaveWay::BY_CHANCE; // the gesture is over, and it still stands
     }
     QWidget* const popup = QApplication::activePopupWidget();
-    QWidget* const panel = findPanel();
+    QWidget* const panel = findPanel(m_dice);
     if (popup != nullptr && !m_dice.oneIn(6)) {
         m_player.usePopup(*popup);
     } else if (OpenDialog* const dialog = topDialog()) {
@@ -183,7 +190,7 @@ LeaveWay CEventSession::nextWay(DialogKind kind) {
 }
 
 void CEventSession::planIn(OpenDialog& dialog) {
-    QWidget* const panel = findPanel();
+    QWidget* const panel = findPanel(m_dice);
     if (--dialog.turnsLeft < 0) {
         dialog.wanted = nextWay(dialog.kind);
         m_player.leave(dialog.kind, *dialog.window, dialog.wanted);
@@ -203,7 +210,7 @@ void CEventSession::planEnd() {
         m_gestures.close(*popup);
     } else if (QWidget* const dialog = QApplication::activeModalWidget()) {
         m_gestures.close(*dialog);
-    } else if (vuIsEditorActive()) {
+    } else if (vuIsEditorActive() || vuIsMovieEditorActive()) {
         m_gestures.destroyEditor(false);
     } else if (m_nDepth == 0 || m_bStuck) {
         killTimer(m_nTimer);

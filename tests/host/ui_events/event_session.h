@@ -9,7 +9,7 @@
 
 #include <vector>
 
-/// Plays events into the map editor and whatever it opens, one at each turn of the innermost event loop, so
+/// Plays events into both editors and whatever they open, one at each turn of the innermost event loop, so
 /// that the loops of modal dialogs, menus and drags are driven from inside. The time from one turn to the
 /// next is what an event took, with all that it caused to be done, and without the events of a nested loop.
 /// The same seed plays alike again, though not to the letter: what Qt does by the clock meets other events.
@@ -17,7 +17,7 @@ class CEventSession : public QObject {
 public:
     CEventSession(CEventDice& dice, CEventStage& stage, EventTally& tally);
 
-    /// Sends `count` events, then leaves what stands open and closes the editor. False when something would
+    /// Sends `count` events, then leaves what stands open and closes the editors. False when something would
     /// not be left.
     bool run(int count);
 

@@ -27,7 +27,7 @@ void addTexture(CMemoryScene& scene, const char* name, const char* fileName) {
 
 } // namespace
 
-CEventStage::CEventStage(CEventDice& dice, EventTally& tally) : m_dice(dice), m_tally(tally) {
+CEventStage::CEventStage(CEventDice& dice, EventTally& tally) : m_dice(dice), m_tally(tally), m_movie(dice) {
     // Qt's own dialogs keep their settings in the user's directory, and show it.
     const QString settings = m_directory.filePath(".settings");
     QDir().mkdir(settings);
@@ -163,7 +163,14 @@ void CEventStage::openEditor() {
     m_tally.opened += m_bOpen && !wasOpen ? 1 : 0;
 }
 
+void CEventStage::openMovieEditor() {
+    const bool wasOpen = vuIsMovieEditorActive();
+    m_movie.open(anyHostHandle());
+    m_tally.openedMovies += vuIsMovieEditorActive() && !wasOpen ? 1 : 0;
+}
+
 void CEventStage::destroyEditor() {
+    vuDestroyMovieEditor();
     vuDestroyEditor();
     m_bOpen = false;
 }
@@ -178,6 +185,7 @@ void CEventStage::replaceWorld() {
     vuDestroySettings();
     countImports();
     m_pMap.reset();
+    m_movie.replaceMovie();
     makeWorld();
 }
 
@@ -248,6 +256,7 @@ void CEventStage::end() {
     if (m_pScene != nullptr) {
         countImports();
     }
+    m_movie.end();
     m_pMap.reset();
     m_pScene.reset();
     m_pWindow.reset();

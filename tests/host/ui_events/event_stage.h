@@ -4,6 +4,7 @@
 #include "engine/memory/memory_scene.h"
 #include "host/ui_events/event_dice.h"
 #include "host/ui_events/event_tally.h"
+#include "host/ui_events/movie_stage.h"
 #include "platform/window_handle.h"
 
 #include <QByteArray>
@@ -13,8 +14,8 @@
 
 #include <memory>
 
-/// The host of a session: its window, its map with scene, textures, definitions and details, and what it
-/// calls. Everything on disk lies in a temporary directory of its own.
+/// The host of a session: its window, its map with scene, textures, definitions and details, its film, and
+/// what it calls. Everything on disk lies in a temporary directory of its own.
 class CEventStage {
 public:
     CEventStage(CEventDice& dice, EventTally& tally);
@@ -23,6 +24,8 @@ public:
     CEventStage& operator=(const CEventStage&) = delete;
 
     void openEditor();
+    void openMovieEditor();
+    /// Both editors.
     void destroyEditor();
     /// Closes the editor and frees its map and scene, as the contract allows, for new ones.
     void replaceWorld();
@@ -32,6 +35,7 @@ public:
     /// One call for a stroke: a start, an update or a stop, at any cell of the map or beyond.
     void stroke();
     void hover();
+    void callMovie() { m_movie.call(); }
     /// The host changes of its map what the panel shows: definitions, base textures, the tiling.
     void editMap();
     /// Tells the user's ways to close the panel from the host's own.
@@ -63,6 +67,7 @@ private:
     std::unique_ptr<QWidget> m_pWindow; // with the view that shows the map
     std::unique_ptr<CMemoryScene> m_pScene;
     std::unique_ptr<CMemoryMap> m_pMap;
+    CMovieStage m_movie;
     int m_nOwnTextures = 0;
     bool m_bOpen = false; // as far as the host knows
 };

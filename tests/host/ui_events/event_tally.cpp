@@ -4,14 +4,14 @@
 
 const char* nameOf(EventKind kind) {
     constexpr std::array<const char*, EVENT_KINDS> NAMES = {
-        "press", "double click", "context press", "move",   "release", "key",      "wheel",
-        "focus", "resize",       "close",         "stroke", "hover",   "map edit", "editor"};
+        "press",  "double click", "context press", "move",  "release",  "key",   "wheel", "focus",
+        "resize", "close",        "stroke",        "hover", "map edit", "movie", "editor"};
     return NAMES[static_cast<std::size_t>(kind)];
 }
 
 const char* nameOf(DialogKind kind) {
-    constexpr std::array<const char*, DIALOG_KINDS> NAMES = {"Texture List", "Terrain Type Editor",
-                                                             "colour dialog", "file dialog", "message box"};
+    constexpr std::array<const char*, DIALOG_KINDS> NAMES = {
+        "Texture List", "Terrain Type Editor", "Soundtrack", "colour dialog", "file dialog", "message box"};
     return NAMES[static_cast<std::size_t>(kind)];
 }
 
@@ -34,8 +34,8 @@ void EventTally::print(std::ostream& out) const {
                 << (way + 1 < LEAVE_WAYS ? "," : "\n");
         }
     }
-    out << "editors opened " << opened << ", closed by the user " << closedByUser << ", textures imported "
-        << imported << ", changes of the history " << recorded << ", dialogs at once " << dialogsAtOnce
-        << ", loops inside each other " << deepest << '\n';
+    out << "map editors opened " << opened << ", movie editors " << openedMovies << ", closed by the user "
+        << closedByUser << ", textures imported " << imported << ", changes of the history " << recorded
+        << ", dialogs at once " << dialogsAtOnce << ", loops inside each other " << deepest << '\n';
     out << "slowest event: " << static_cast<int>(slowest * 1000.0) << " ms, " << slowestEvent << std::endl;
 }

@@ -20,14 +20,15 @@ enum class EventKind {
     STROKE,
     HOVER,
     MAP_EDIT,
+    MOVIE,
     EDITOR,
     COUNT
 };
 constexpr std::size_t EVENT_KINDS = static_cast<std::size_t>(EventKind::COUNT);
 const char* nameOf(EventKind kind);
 
-/// The modal dialogs that the map editor runs.
-enum class DialogKind { TEXTURE_LIST, TERRAIN_TYPES, COLOUR, FILES, MESSAGE, COUNT };
+/// The modal dialogs that the editors run.
+enum class DialogKind { TEXTURE_LIST, TERRAIN_TYPES, SOUNDTRACK, COLOUR, FILES, MESSAGE, COUNT };
 constexpr std::size_t DIALOG_KINDS = static_cast<std::size_t>(DialogKind::COUNT);
 const char* nameOf(DialogKind kind);
 
@@ -43,7 +44,8 @@ struct EventTally {
     std::array<int, DIALOG_KINDS> entered{};
     std::array<std::array<int, LEAVE_WAYS>, DIALOG_KINDS> left{};
     int opened = 0;       ///< map editors
-    int closedByUser = 0; ///< of them, by "Close" or the close box
+    int openedMovies = 0; ///< movie editors
+    int closedByUser = 0; ///< map editors, by "Close" or the close box
     int imported = 0;     ///< textures
     int recorded = 0;     ///< events after which the history held another number of points
     int deepest = 0;      ///< event loops inside each other

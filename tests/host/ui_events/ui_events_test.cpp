@@ -36,6 +36,7 @@ void expectNotIdle(EventTally& tally) {
         }
     }
     EXPECT_GE(tally.opened, share);
+    EXPECT_GE(tally.openedMovies, share);
     EXPECT_GE(tally.closedByUser, share / 4);
     EXPECT_GE(tally.imported, share / 2);
     EXPECT_GE(tally.recorded, share);
@@ -58,6 +59,7 @@ TEST(UiEvents, RandomEventsNeitherCrashNorHangNorLeak) {
         CEventSession session(dice, stage, tally);
         ASSERT_TRUE(session.run(count));
         EXPECT_FALSE(vuIsEditorActive());
+        EXPECT_FALSE(vuIsMovieEditorActive());
         EXPECT_TRUE(stage.isDirectoryIntact());
         stage.end();
     }
