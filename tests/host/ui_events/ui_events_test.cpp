@@ -28,7 +28,7 @@ void expectNotIdle(EventTally& tally) {
     }
     for (std::size_t i = 0; i < DIALOG_KINDS; ++i) {
         const auto kind = static_cast<DialogKind>(i);
-        EXPECT_GE(tally.enteredOf(kind), share) << nameOf(kind);
+        EXPECT_GE(tally.enteredOf(kind), share / 2) << nameOf(kind);
         for (std::size_t way = 0; way < LEAVE_WAYS; ++way) {
             const bool hasWay = kind != DialogKind::MESSAGE || static_cast<LeaveWay>(way) != LeaveWay::CANCEL;
             EXPECT_TRUE(tally.left[i][way] > 0 || !hasWay)
