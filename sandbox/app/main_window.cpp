@@ -3,6 +3,7 @@
 #include "engine/memory/engine_directories.h"
 #include "engine/qx_texture.h"
 #include "host/veskutil.h"
+#include "sandbox/app/film_keys.h"
 
 #include <QAbstractEventDispatcher>
 #include <QApplication>
@@ -12,6 +13,7 @@
 #include <QSpinBox>
 #include <QStatusBar>
 #include <QTimer>
+#include <QVBoxLayout>
 #include <algorithm>
 #include <chrono>
 #include <cmath>
@@ -23,28 +25,17 @@ constexpr double MIN_HEIGHT_PER_PIXEL =
 
 constexpr std::chrono::minutes AUTOSAVE_PERIOD(1);
 
-/// The panel opens over the middle of its host, where the ground is. At the view's left edge it is out of the
-/// way and has room for its right half.
-constexpr QPoint FIRST_PANEL_POSITION(12, 12);
-
-/// The map editor's window, or null.
-QWidget* findPanel() {
-    const QWidgetList windows = QApplication::topLevelWidgets();
-    const auto found = std::ranges::find(windows, QStringLiteral("dialog-212"),
-                                         [](const QWidget* w) { return w->objectName(); });
-    return found != windows.end() ? *found : nullptr;
-}
-
-HWND handleOf(const QWidget& widget) {
-    return reinterpret_cast<HWND>(widget.winId());
-}
-
 } // namespace
 
 CMainWindow::CMainWindow() : m_pView(new CMapView(this)) {
-    setCentralWidget(m_pView);
+    auto* middle = new QWidget(this);
+    auto* layout = new QVBoxLayout(middle);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_pView);
+    setCentralWidget(middle);
     makeFileMenu();
     makeEditorMenu();
+    makeFilmMenu();
     makeViewMenu();
     makeHelpMenu();
     makeToolBar();
@@ -62,7 +53,7 @@ CMainWindow::CMainWindow() : m_pView(new CMapView(this)) {
 }
 
 CMainWindow::~CMainWindow() {
-    closeEditor();
+    closeEditors();
     m_pView->setMap(nullptr);
     vuDestroySettings();
 }
@@ -72,6 +63,10 @@ void CMainWindow::connectView() {
     connect(m_pView, &CMapView::frameRateMeasured, this, [this](double framesPerSecond) {
         m_pFrameRate->setText(tr("%1 fps").arg(framesPerSecond, 0, 'f', 0));
     });
+    connect(&m_filmPlayer, &CFilmPlayer::advanced, m_pView, &CMapView::noticeChanges);
+    connect(&m_filmPlayer, &CFilmPlayer::animationTriggered, this,
+            [this](const QString& name) { statusBar()->showMessage(tr("Animation: %1").arg(name), 3000); });
+    new CFilmKeys(*m_pView, [this] { return m_pMovieEditor->isOpen() ? m_pMovieEditor->panel() : nullptr; });
 }
 
 void CMainWindow::adoptMap() {
@@ -81,6 +76,7 @@ void CMainWindow::adoptMap() {
     const double wanted = MIN_HEIGHT_PER_PIXEL / m_document.map().heightScale;
     m_pUnitsPerPixel->setCurrentIndex(
         std::clamp(static_cast<int>(std::ceil(std::log2(wanted) / 2.0)), 0, m_pUnitsPerPixel->count() - 1));
+    m_pFilmMenu->setPointed(std::nullopt);
     m_nWatchedTextures = 0;
     showTitle();
 }
@@ -90,53 +86,27 @@ void CMainWindow::closeEvent(QCloseEvent* event) {
         event->ignore();
         return;
     }
-    closeEditor();
+    closeEditors();
     m_document.dropAutosave(); // its changes are saved or given up
     event->accept();
 }
 
 void CMainWindow::startWork() {
     offerAutosave();
-    if (!vuIsEditorActive()) {
-        openEditor();
+    if (!m_pMapEditor->isOpen()) {
+        m_pMapEditor->open();
     }
 }
 
-void CMainWindow::toggleEditor(bool open) {
-    open ? openEditor() : closeEditor();
-}
-
-void CMainWindow::openEditor() {
-    const QByteArray folder = m_document.textureFolder().toUtf8();
-    vuCreateEditor(handleOf(*this), &m_document.map(), CString(folder.constData()), nullptr, true, nullptr);
-    if (QWidget* panel = findPanel()) {
-        panel->move(m_panelPosition ? pos() + *m_panelPosition : m_pView->mapToGlobal(FIRST_PANEL_POSITION));
-    }
-    followState();
-}
-
-void CMainWindow::closeEditor() {
-    vuDestroyEditor();
-    clearPointing();
-    followState();
-}
-
-void CMainWindow::clearPointing() {
-    m_document.map().clearEditCursors();
-    m_document.map().clearDetailHighlights();
+void CMainWindow::closeEditors() {
+    m_pMapEditor->close();
+    m_pMovieEditor->close();
 }
 
 void CMainWindow::followState() {
-    const bool open = vuIsEditorActive();
-    if (const QWidget* panel = findPanel(); panel != nullptr && panel->isVisible()) {
-        m_panelPosition = panel->pos() - pos();
-    }
-    if (m_pEditorAction->isChecked() != open) {
-        m_pEditorAction->setChecked(open);
-        if (!open) {
-            clearPointing();
-        }
-    }
+    m_pMapEditor->follow();
+    m_pMovieEditor->follow();
+    makeRoom();
     if (isWindowModified() != m_document.isModified()) {
         showTitle();
     }
@@ -173,6 +143,8 @@ void CMainWindow::showPosition(const std::optional<TerrainHit>& hit) {
         m_pPosition->clear();
         return;
     }
+    m_pFilmMenu->setPointed(qxCVector3d(static_cast<float>(hit->point[0]), static_cast<float>(hit->point[1]),
+                                        static_cast<float>(hit->point[2])));
     const CMemoryMap& map = m_document.map();
     m_pPosition->setText(tr("cell %1, %2   height %3   slope %4°")
                              .arg(hit->x)

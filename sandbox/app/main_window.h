@@ -1,5 +1,8 @@
 #pragma once
 
+#include "sandbox/app/editor_window.h"
+#include "sandbox/app/film_menu.h"
+#include "sandbox/app/film_player.h"
 #include "sandbox/app/map_document.h"
 #include "sandbox/app/recent_files.h"
 #include "sandbox/view/map_view.h"
@@ -13,7 +16,7 @@ class QLabel;
 class QMenu;
 class QSpinBox;
 
-/// The sandbox's window: the 3D view, and all that opens, saves and closes the map and its editor.
+/// The sandbox's window: the 3D view, and all that opens, saves and closes the map and its editors.
 class CMainWindow : public QMainWindow {
     Q_OBJECT
 
@@ -40,6 +43,7 @@ protected:
 private:
     void makeFileMenu();
     void makeEditorMenu();
+    void makeFilmMenu();
     void makeViewMenu();
     void makeHelpMenu();
     void makeToolBar();
@@ -63,9 +67,17 @@ private:
     /// Ask what is to become of unsaved changes. False when the map at hand must stay.
     bool mayDropMap();
     void fillRecentMenu(QMenu& menu);
-    void toggleEditor(bool open);
-    void openEditor();
-    void closeEditor();
+    EditorKind mapEditorKind();
+    EditorKind movieEditorKind();
+    void closeEditors();
+    void openMapEditor();
+    /// Where the movie editor's panel is in nobody's way: below the window, or at the bottom of the view.
+    QPoint placeForMoviePanel(const QWidget& panel) const;
+    void followMovieEditor(bool open);
+    /// The panel hears of a film that was changed behind its back.
+    void refreshMoviePanel();
+    /// Leave the bottom of the window to the movie editor's panel where it stands there.
+    void makeRoom();
     /// Take the cursor and the highlighted detail off the ground: without an editor they would promise a
     /// stroke.
     void clearPointing();
@@ -83,11 +95,13 @@ private:
     CMapDocument m_document;
     CRecentFiles m_recentFiles;
     CMapView* m_pView;
-    std::optional<QPoint> m_panelPosition; // where the person put the panel, from the window's corner
     int m_nWatchedTextures = 0;
     bool m_bHeightsAreEnough = false; // the person said so of this map
     QAction* m_pSaveAction = nullptr;
-    QAction* m_pEditorAction = nullptr;
+    CEditorWindow* m_pMapEditor = nullptr;
+    CEditorWindow* m_pMovieEditor = nullptr;
+    CFilmMenu* m_pFilmMenu = nullptr;
+    CFilmPlayer m_filmPlayer{nullptr};
     QAction* m_pFlyAction = nullptr;
     QSpinBox* m_pWaterLevel = nullptr;
     QComboBox* m_pUnitsPerPixel = nullptr;

@@ -68,17 +68,21 @@ QString CMainWindow::openMap(const QString& path) {
 
 CMapDocument::Outcome CMainWindow::replaceMap(
     const std::function<CMapDocument::Outcome(const std::function<void()>& beforeSwap)>& open) {
-    const bool editorWasOpen = vuIsEditorActive();
+    const bool mapEditorWasOpen = m_pMapEditor->isOpen();
+    const bool movieEditorWasOpen = m_pMovieEditor->isOpen();
     CMapDocument::Outcome outcome = open([this] {
-        closeEditor();
+        closeEditors();
         m_pView->setMap(nullptr);
         vuDestroySettings(); // what it remembers is matched to the old map's address, which is about to be
                              // freed
     });
     if (outcome.error.isEmpty()) {
         adoptMap();
-        if (editorWasOpen) {
-            openEditor();
+        if (mapEditorWasOpen) {
+            m_pMapEditor->open();
+        }
+        if (movieEditorWasOpen) {
+            m_pMovieEditor->open();
         }
     }
     return outcome;

@@ -24,10 +24,17 @@ constexpr const char* CONTROLS = R"(
 </table>
 <h3>Editing</h3>
 <table cellpadding="3">
-<tr><td><b>M</b></td><td>open or close the map editor</td></tr>
+<tr><td><b>M</b>, <b>T</b></td><td>open or close the map editor, the movie editor</td></tr>
 <tr><td><b>Left drag</b></td><td>a stroke with the tool chosen on the panel; with Raise and Magnet, drag up to
 raise and down to lower</td></tr>
 <tr><td><b>Undo</b> on the panel</td><td>takes back the newest stroke</td></tr>
+<tr><td><b>P</b></td><td>give the point of the ground a name, for a film's camera to look at</td></tr>
+</table>
+<h3>While the movie editor is open</h3>
+<table cellpadding="3">
+<tr><td><b>Space</b></td><td>play, stop</td></tr>
+<tr><td><b>,</b> and <b>.</b></td><td>a frame back, ahead; with <b>Shift</b> a keyframe</td></tr>
+<tr><td><b>Home</b>, <b>End</b></td><td>first frame, last frame</td></tr>
 </table>
 )";
 
@@ -65,12 +72,15 @@ void CMainWindow::makeFileMenu() {
 
 void CMainWindow::makeEditorMenu() {
     QMenu* menu = menuBar()->addMenu(tr("&Editors"));
-    m_pEditorAction =
-        menu->addAction(style()->standardIcon(QStyle::SP_FileDialogDetailedView), tr("&Map Editor"));
-    m_pEditorAction->setObjectName("map-editor");
-    m_pEditorAction->setCheckable(true);
-    m_pEditorAction->setShortcut(Qt::Key_M);
-    connect(m_pEditorAction, &QAction::triggered, this, &CMainWindow::toggleEditor);
+    m_pMapEditor = new CEditorWindow(*this, mapEditorKind());
+    m_pMovieEditor = new CEditorWindow(*this, movieEditorKind());
+    menu->addAction(&m_pMapEditor->action());
+    menu->addAction(&m_pMovieEditor->action());
+}
+
+void CMainWindow::makeFilmMenu() {
+    m_pFilmMenu = new CFilmMenu(*this, [this]() -> CFilm& { return m_document.film(); });
+    connect(m_pFilmMenu, &CFilmMenu::changed, this, &CMainWindow::refreshMoviePanel);
 }
 
 void CMainWindow::makeViewMenu() {
@@ -121,7 +131,8 @@ void CMainWindow::makeToolBar() {
     bar->addAction(findChild<QAction*>("open-project"));
     bar->addAction(findChild<QAction*>("save"));
     bar->addSeparator();
-    bar->addAction(m_pEditorAction);
+    bar->addAction(&m_pMapEditor->action());
+    bar->addAction(&m_pMovieEditor->action());
     bar->addSeparator();
     bar->addAction(m_pFlyAction);
     bar->addAction(findChild<QAction*>("reset-camera"));

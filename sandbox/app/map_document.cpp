@@ -59,6 +59,15 @@ QString cropNote(const HeightmapReading& reading) {
         .arg(reading.map.edge);
 }
 
+/// Where the sounds of a film are looked for, the map's own first.
+QStringList soundFoldersOf(const QString& mapFolder) {
+    QStringList folders = {samples() + '/' + PROJECT_SOUND_FOLDER};
+    if (!mapFolder.isEmpty()) {
+        folders.prepend(mapFolder + '/' + PROJECT_SOUND_FOLDER);
+    }
+    return folders;
+}
+
 /// Where the images of a map's textures are looked for, the map's own folder first.
 QStringList textureFoldersOf(const QString& mapFolder) {
     QStringList folders = {samples() + '/' + PROJECT_TEXTURE_FOLDER};
@@ -129,7 +138,8 @@ template <class Work> CMapDocument::Outcome withinMemory(const char* what, const
 class CAddedFiles {
 public:
     explicit CAddedFiles(const QString& folder) {
-        for (const QString& name : {folder + '/' + PROJECT_TEXTURE_FOLDER, folder}) {
+        for (const QString& name :
+             {folder + '/' + PROJECT_TEXTURE_FOLDER, folder + '/' + PROJECT_SOUND_FOLDER, folder}) {
             if (!QFileInfo::exists(name)) {
                 m_folders.append(name);
             }
@@ -162,7 +172,7 @@ private:
 CMapDocument::CMapDocument() {
     const Heightmap level{NEW_EDGE, std::vector<std::uint16_t>(std::size_t{NEW_EDGE} * NEW_EDGE, NEW_HEIGHT)};
     adopt(makeContents(level, {}), [] {});
-    lookForTexturesIn({});
+    lookForFilesIn({});
     m_strName = "level ground";
     rememberState();
 }
@@ -208,7 +218,7 @@ CMapDocument::Outcome CMapDocument::openHeightmap(const QString& path,
     dropAutosave(); // of what was open: its changes are saved or given up
     belongTo(Kind::HEIGHTMAP, path);
     m_fileBits = static_cast<HeightmapBits>(reading.pictureBits);
-    lookForTexturesIn(info.absolutePath());
+    lookForFilesIn(info.absolutePath());
     if (reading.isCropped()) { // saving a part of a picture over the whole would lose the rest of it
         m_strPath.clear();
         m_strName = QString("part of %1").arg(info.fileName());
@@ -244,7 +254,7 @@ CMapDocument::Outcome CMapDocument::openProject(const QString& path,
     const QString folder = info.isDir() ? info.absoluteFilePath() : info.absolutePath();
     dropAutosave(); // of what was open
     belongTo(Kind::PROJECT, folder);
-    lookForTexturesIn(folder);
+    lookForFilesIn(folder);
     return {};
 }
 
@@ -267,10 +277,10 @@ void CMapDocument::belongTo(Kind kind, const QString& path) {
     m_strName = isSample(path) ? QString("%1 (sample)").arg(info.fileName()) : info.fileName();
 }
 
-void CMapDocument::lookForTexturesIn(const QString& mapFolder) {
+void CMapDocument::lookForFilesIn(const QString& mapFolder) {
     const QStringList folders = textureFoldersOf(mapFolder);
     std::vector<std::filesystem::path> directories;
-    for (const QString& folder : folders) {
+    for (const QString& folder : folders + soundFoldersOf(mapFolder)) {
         directories.emplace_back(folder.toStdString());
     }
     CEngineDirectories::setDirectories(directories);
@@ -317,7 +327,7 @@ CMapDocument::Outcome CMapDocument::saveProject(const QString& folder) {
     if (outcome.error.isEmpty()) {
         dropAutosave();
         belongTo(Kind::PROJECT, folder);
-        lookForTexturesIn(m_strPath.isEmpty() ? folder : m_strPath);
+        lookForFilesIn(m_strPath.isEmpty() ? folder : m_strPath);
         rememberState();
     }
     return outcome;
@@ -326,7 +336,7 @@ CMapDocument::Outcome CMapDocument::saveProject(const QString& folder) {
 CMapDocument::Outcome CMapDocument::saveAll(const QString& folder) {
     Project project = capture();
     CAddedFiles added(folder);
-    ProjectFault fault = copyTextures(project, folder, added.files);
+    ProjectFault fault = copyFiles(project, folder, added.files);
     if (fault.reason.isEmpty()) {
         fault = writeProject(folder, project);
     }

@@ -98,7 +98,7 @@ private:
     void adopt(Contents contents, const std::function<void()>& beforeSwap);
     void endAutosave();
     void belongTo(Kind kind, const QString& path);
-    void lookForTexturesIn(const QString& mapFolder);
+    void lookForFilesIn(const QString& mapFolder);
     std::uint64_t otherState() const;
     void rememberState();
 

@@ -9,7 +9,8 @@ namespace {
 using Vector = CViewCamera::Vector;
 
 constexpr double RADIANS = std::numbers::pi / 180.0;
-constexpr double HALF_FOV = 24.0 * RADIANS; // vertical
+constexpr double NARROWEST_FOV = 0.5 * RADIANS;
+constexpr double WIDEST_FOV = 170.0 * RADIANS;
 constexpr double MAX_PITCH = 89.0 * RADIANS;
 constexpr double FIRST_PITCH = -33.0 * RADIANS;
 constexpr double NEAREST_PIVOT = 1.0;
@@ -56,10 +57,19 @@ Vector CViewCamera::forward() const {
 }
 
 Vector CViewCamera::right() const {
-    return {std::cos(m_fYaw), 0.0, std::sin(m_fYaw)};
+    const Vector level{std::cos(m_fYaw), 0.0, std::sin(m_fYaw)};
+    const double turn = std::cos(m_fRoll);
+    return plus({level[0] * turn, 0.0, level[2] * turn}, levelUp(), -std::sin(m_fRoll));
 }
 
 Vector CViewCamera::up() const {
+    const Vector upright = levelUp();
+    const double turn = std::cos(m_fRoll);
+    return plus({upright[0] * turn, upright[1] * turn, upright[2] * turn},
+                {std::cos(m_fYaw), 0.0, std::sin(m_fYaw)}, std::sin(m_fRoll));
+}
+
+Vector CViewCamera::levelUp() const {
     return {-std::sin(m_fPitch) * std::sin(m_fYaw), std::cos(m_fPitch),
             std::sin(m_fPitch) * std::cos(m_fYaw)};
 }
@@ -69,7 +79,7 @@ Vector CViewCamera::pivot() const {
 }
 
 double CViewCamera::tanHalfFov() const {
-    return std::tan(HALF_FOV);
+    return std::tan(m_fHalfFov);
 }
 
 Ray CViewCamera::ray(double viewX, double viewY, double aspect) const {
@@ -80,7 +90,7 @@ Ray CViewCamera::ray(double viewX, double viewY, double aspect) const {
 QMatrix4x4 CViewCamera::viewProjection(double aspect) const {
     QMatrix4x4 matrix;
     const double nearDistance = std::max(m_fPivotDistance * NEAR_FRACTION, NEAREST_NEAR);
-    matrix.perspective(static_cast<float>(2.0 * HALF_FOV / RADIANS), static_cast<float>(aspect),
+    matrix.perspective(static_cast<float>(2.0 * m_fHalfFov / RADIANS), static_cast<float>(aspect),
                        static_cast<float>(nearDistance), static_cast<float>(m_fFar));
     matrix.lookAt(toFloats(m_eye), toFloats(plus(m_eye, forward(), 1.0)), toFloats(up()));
     return matrix;
@@ -140,6 +150,15 @@ void CViewCamera::lookFrom(const Vector& eye, const Vector& target) {
     m_fYaw = std::atan2(way[0], -way[2]);
     m_fPitch = std::clamp(std::atan2(way[1], std::hypot(way[0], way[2])), -MAX_PITCH, MAX_PITCH);
     setPivotDistance(std::sqrt(dot(way, way)));
+}
+
+void CViewCamera::takePose(const Pose& pose, double farDistance) {
+    m_eye = pose.eye;
+    m_fYaw = pose.yaw;
+    m_fPitch = pose.pitch;
+    m_fRoll = pose.roll;
+    m_fHalfFov = std::clamp(pose.fieldOfView, NARROWEST_FOV, WIDEST_FOV) / 2.0;
+    m_fFar = farDistance;
 }
 
 void CViewCamera::keepAbove(double height) {

@@ -7,10 +7,11 @@
 #include <cstdint>
 #include <vector>
 
-/// A map project: a folder with a project file, its layers and a folder of textures.
+/// A map project: a folder with a project file, its layers and folders of textures and sounds.
 
 inline constexpr const char* PROJECT_FILE_NAME = "project.json";
 inline constexpr const char* PROJECT_TEXTURE_FOLDER = "textures";
+inline constexpr const char* PROJECT_SOUND_FOLDER = "sounds";
 
 /// A whole project in plain values. The layers have `edge` points a side, rows from the north.
 struct Project {

@@ -6,6 +6,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QHash>
 #include <algorithm>
 #include <bit>
@@ -105,6 +106,31 @@ std::size_t textureHash(const qxCTexture& texture, std::size_t seed) {
     return qHashMulti(seed, static_cast<int>(texture.getSize()), static_cast<int>(texture.getPixelFormat()));
 }
 
+/// Copy files that the engine finds into the folder `target`, which is made when there is one to copy.
+ProjectFault copyInto(const QString& target, const QStringList& files, QStringList& copied) {
+    for (const QString& file : files) {
+        const auto source = CEngineDirectories::resolve(file.toStdString());
+        const QString copy = QDir(target).filePath(file);
+        if (!source || file.isEmpty() || file != QFileInfo(file).fileName() || QFile::exists(copy)) {
+            continue;
+        }
+        bool made = false;
+        if (const QString reason = makeFolder(target, made); !reason.isEmpty()) {
+            return {target, reason};
+        }
+        QByteArray contents;
+        const QString path = QString::fromStdString(source->string());
+        if (const QString reason = readWholeFile(path, LARGEST_LAYER_FILE, contents); !reason.isEmpty()) {
+            return {path, reason};
+        }
+        copied.append(copy); // it may be there although the disk reports a fault
+        if (const QString reason = replaceFile(copy, contents); !reason.isEmpty()) {
+            return {copy, reason};
+        }
+    }
+    return {};
+}
+
 template <class Values> auto toVector(const Values& values) {
     return std::vector(values.begin(), values.end());
 }
@@ -190,27 +216,15 @@ std::unique_ptr<CMemoryMap> buildMap(const Project& project, CMemoryScene& scene
     return map;
 }
 
-ProjectFault copyTextures(const Project& project, const QString& folder, QStringList& copied) {
-    const QString target = QDir(folder).filePath(PROJECT_TEXTURE_FOLDER);
+ProjectFault copyFiles(const Project& project, const QString& folder, QStringList& copied) {
+    QStringList images;
     for (const ProjectTexture& texture : project.settings.textures) {
-        const auto source = CEngineDirectories::resolve(texture.file.toStdString());
-        const QString copy = QDir(target).filePath(texture.file);
-        if (!source || texture.file.isEmpty() || QFile::exists(copy)) {
-            continue;
-        }
-        bool made = false;
-        if (const QString reason = makeFolder(target, made); !reason.isEmpty()) {
-            return {target, reason};
-        }
-        QByteArray image;
-        const QString path = QString::fromStdString(source->string());
-        if (const QString reason = readWholeFile(path, LARGEST_LAYER_FILE, image); !reason.isEmpty()) {
-            return {path, reason};
-        }
-        copied.append(copy); // it may be there although the disk reports a fault
-        if (const QString reason = replaceFile(copy, image); !reason.isEmpty()) {
-            return {copy, reason};
-        }
+        images.append(texture.file);
     }
-    return {};
+    ProjectFault fault = copyInto(QDir(folder).filePath(PROJECT_TEXTURE_FOLDER), images, copied);
+    if (fault.reason.isEmpty() && project.settings.film) {
+        const std::vector<QString>& sounds = project.settings.film->sounds;
+        fault = copyInto(QDir(folder).filePath(PROJECT_SOUND_FOLDER), {sounds.begin(), sounds.end()}, copied);
+    }
+    return fault;
 }

@@ -21,7 +21,7 @@ std::unique_ptr<CMemoryScene> buildScene(const Project& project);
 /// The project's map in `scene`, which buildScene made for the same project and which outlives the map.
 std::unique_ptr<CMemoryMap> buildMap(const Project& project, CMemoryScene& scene);
 
-/// Copy the images of the project's textures from the engine's directories into `folder`'s texture folder,
-/// where they are not there yet; `copied` receives the new files, also after a fault. An image that cannot be
-/// found is no fault: the texture was without one before.
-ProjectFault copyTextures(const Project& project, const QString& folder, QStringList& copied);
+/// Copy the images of the project's textures and the sounds of its film from the engine's directories into
+/// folders of `folder`, where they are not there yet; `copied` receives the new files, also after a fault. A
+/// file that cannot be found is no fault: the project was without it before.
+ProjectFault copyFiles(const Project& project, const QString& folder, QStringList& copied);

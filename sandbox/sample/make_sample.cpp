@@ -5,6 +5,8 @@
 #include "sandbox/app/map_document.h"
 #include "sandbox/app/value_noise.h"
 #include "sandbox/project/project_map.h"
+#include "sandbox/sample/sample_film.h"
+#include "sandbox/view/point_textures.h"
 
 #include <QCoreApplication>
 #include <array>
@@ -126,6 +128,7 @@ QString makeSample(const QString& heightmap, const QString& folder) {
     plantTrees(map, findTexture(scene, "pine"), findTexture(scene, "bush"));
     // The images are the samples' own, which the sandbox always finds: no need for copies of them.
     Project project = captureProject(map, scene);
+    project.settings.film = sampleFilm(heightFieldOf(map));
     const ProjectFault fault = writeProject(folder, project);
     std::printf("%s: %d definitions, %d textures, %d details, lake at %d\n", qPrintable(folder),
                 map.getNumMultiTextures(), scene.getNumTextures(), map.getDetails().size(), LAKE_LEVEL);

@@ -13,14 +13,14 @@
 
 namespace {
 
-int runTour(CMainWindow& window, const QString& folder) {
+int runTour(CMainWindow& window, const QString& folder, const QString& first) {
     window.move(0, 0);
     window.activateWindow();
     if (!waitUntil([&] { return window.isActiveWindow() && window.windowHandle()->isExposed(); })) {
         std::fprintf(stderr, "the window does not come up\n");
         return 1;
     }
-    return playTour(window, folder);
+    return playTour(window, folder, first);
 }
 
 } // namespace
@@ -37,6 +37,8 @@ int main(int argc, char** argv) {
     parser.addHelpOption();
     parser.addPositionalArgument("folder", "Where the pictures go.");
     parser.addPositionalArgument("map", "A project folder, its project.json, or a heightmap.");
+    const QCommandLineOption fromOption("from", "Begin with this step, named as its picture is.", "step");
+    parser.addOption(fromOption);
     parser.process(application);
     const QStringList arguments = parser.positionalArguments();
     if (arguments.size() != 2) {
@@ -53,6 +55,7 @@ int main(int argc, char** argv) {
         return 1;
     }
     window.show();
-    QTimer::singleShot(0, &window, [&] { QApplication::exit(runTour(window, arguments[0])); });
+    QTimer::singleShot(0, &window,
+                       [&] { QApplication::exit(runTour(window, arguments[0], parser.value(fromOption))); });
     return QApplication::exec();
 }

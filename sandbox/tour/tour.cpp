@@ -15,20 +15,29 @@ void takeStep(CTourStage& stage, const TourStep& step, int number, const QDir& f
 
 } // namespace
 
-int playTour(CMainWindow& window, const QString& folder) {
+int playTour(CMainWindow& window, const QString& folder, const QString& first) {
     if (!QDir().mkpath(folder)) {
         std::fprintf(stderr, "cannot make the folder %s\n", qPrintable(folder));
         return 1;
     }
     CTourStage stage(window);
     int number = 0;
+    bool hasBegun = first.isEmpty();
     for (const TourStep& step : tourSteps()) {
+        ++number;
+        hasBegun = hasBegun || first == step.name;
+        if (!hasBegun) {
+            continue;
+        }
         try {
-            takeStep(stage, step, ++number, QDir(folder));
+            takeStep(stage, step, number, QDir(folder));
         } catch (const CTourFailure& failure) {
             std::fprintf(stderr, "tour step %d, %s: %s\n", number, step.name, failure.what());
             return 1;
         }
     }
-    return 0;
+    if (!hasBegun) {
+        std::fprintf(stderr, "the tour has no step %s\n", qPrintable(first));
+    }
+    return hasBegun ? 0 : 2;
 }

@@ -64,4 +64,11 @@ void showDetailHighlight(CTourStage& stage);
 // Edit cursors: tour_cursor_acts.cpp.
 void showEveryCursor(CTourStage& stage);
 
+// The film and its editor: tour_film_acts.cpp.
+void openMovieEditor(CTourStage& stage);
+void showBothEditors(CTourStage& stage);
+void stepThroughFilm(CTourStage& stage);
+void lookThroughFilm(CTourStage& stage);
+void showHeights(CTourStage& stage);
+
 } // namespace tour

@@ -51,6 +51,11 @@ const std::vector<TourStep>& tourSteps() {
         {"closed", closePanel},
         {"reopened", reopenPanel},
         {"saved", saveMap},
+        {"movie-editor", openMovieEditor},
+        {"film-steps", stepThroughFilm},
+        {"movie-camera", lookThroughFilm},
+        {"heights", showHeights},
+        {"both-editors", showBothEditors},
     };
     return STEPS;
 }

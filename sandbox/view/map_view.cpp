@@ -5,10 +5,12 @@
 
 #include <QMouseEvent>
 #include <QOpenGLContext>
+#include <QPainter>
 #include <algorithm>
 #include <array>
 #include <bit>
 #include <cmath>
+#include <ranges>
 
 namespace {
 
@@ -61,6 +63,7 @@ void CMapView::releaseGl() {
     }
     makeCurrent();
     m_renderer.destroy();
+    m_filmOverlay.destroy();
     doneCurrent();
 }
 
@@ -75,6 +78,20 @@ void CMapView::setMap(CMemoryMap* map) {
         m_renderer.setMap(map);
     }
     resetCamera();
+}
+
+void CMapView::setFilm(CFilm* film) {
+    m_pilot.setFilm(film);
+    m_filmOverlay.setFilm(film);
+    update();
+}
+
+CViewCamera& CMapView::handCamera() {
+    return m_pilot.isLooking() ? m_pilot.camera(m_camera.farDistance()) : m_camera;
+}
+
+CViewCamera CMapView::pictureCamera() const {
+    return m_pilot.isLooking() ? m_pilot.pictureCamera(m_camera.farDistance()) : m_camera;
 }
 
 void CMapView::resetCamera() {
@@ -94,7 +111,7 @@ void CMapView::setOptions(const ViewOptions& options) {
 
 void CMapView::lookFrom(const CViewCamera::Vector& eye, const CViewCamera::Vector& target) {
     m_camera.lookFrom(eye, target);
-    settleCamera();
+    settleCamera(m_camera);
 }
 
 void CMapView::initializeGL() {
@@ -102,16 +119,55 @@ void CMapView::initializeGL() {
         qFatal("the view needs OpenGL 3.3");
     }
     m_renderer.create();
+    m_filmOverlay.create();
 }
 
 void CMapView::paintGL() {
     measureFrameRate();
     flyOn();
     m_nDrawnState = mapState();
-    m_renderer.draw(m_camera, size() * devicePixelRatio(), devicePixelRatio(), m_options,
+    const CViewCamera camera = pictureCamera();
+    m_renderer.draw(camera, size() * devicePixelRatio(), devicePixelRatio(), m_options,
                     m_strokes.isStroking());
+    if (m_pilot.film() != nullptr && m_pMap != nullptr) {
+        drawFilm(camera);
+    }
     if (m_flyKeys.isMoving()) {
         update();
+    }
+}
+
+void CMapView::drawFilm(const CViewCamera& camera) {
+    if (m_pilot.isLooking()) {
+        QPainter(this).fillRect(rect(), m_pilot.fade());
+        return;
+    }
+    m_filmOverlay.draw(heightFieldOf(*m_pMap), m_pMap->getChangeCount(MapChange::HEIGHTS),
+                       camera.viewProjection(aspect()), size() * devicePixelRatio(), devicePixelRatio());
+    drawLabels();
+}
+
+/// The newest first, so that the camera where the film stands keeps its name; what would cover another label
+/// is left out.
+void CMapView::drawLabels() {
+    constexpr QPoint OFFSET(8, -6); // from the thing itself
+    QPainter painter(this);
+    QRegion taken;
+    for (const FilmLabel& label : m_filmOverlay.labels() | std::views::reverse) {
+        const std::optional<QPointF> place = project(label.place);
+        if (!place) {
+            continue;
+        }
+        QRect room = painter.fontMetrics().boundingRect(label.text);
+        room.translate(place->toPoint() + OFFSET);
+        room.adjust(-3, -1, 3, 1);
+        if (label.text.isEmpty() || !rect().intersects(room) || taken.intersects(room)) {
+            continue;
+        }
+        taken += room;
+        painter.fillRect(room, QColor(0, 0, 0, 130));
+        painter.setPen(QColor(label.colour[0], label.colour[1], label.colour[2]));
+        painter.drawText(room, Qt::AlignCenter, label.text);
     }
 }
 
@@ -125,22 +181,32 @@ void CMapView::measureFrameRate() {
 }
 
 void CMapView::flyOn() {
-    if (!m_flyKeys.isMoving()) {
+    if (!m_flyKeys.isMoving() || !mayMoveCamera()) {
         return;
     }
     const double seconds =
         m_sinceFlown.isValid() ? static_cast<double>(m_sinceFlown.nsecsElapsed()) * 1e-9 : 0.0;
     m_sinceFlown.start();
-    m_flyKeys.advance(m_camera, std::min(seconds, LONGEST_PAUSE), m_fSpeed);
-    settleCamera();
+    CViewCamera& camera = handCamera();
+    m_flyKeys.advance(camera, std::min(seconds, LONGEST_PAUSE), m_fSpeed);
+    settleCamera(camera);
 }
 
-void CMapView::settleCamera() {
+void CMapView::settleCamera(CViewCamera& camera) {
     if (m_pMap != nullptr) {
-        const CViewCamera::Vector& eye = m_camera.eye();
-        m_camera.keepAbove(groundHeight(heightFieldOf(*m_pMap), eye[0], eye[2]) + EYE_CLEARANCE);
+        const CViewCamera::Vector& eye = camera.eye();
+        camera.keepAbove(groundHeight(heightFieldOf(*m_pMap), eye[0], eye[2]) + EYE_CLEARANCE);
+    }
+    if (&camera != &m_camera) {
+        m_pilot.moved();
     }
     update();
+}
+
+void CMapView::settleFilm() {
+    if (m_drag == DragKind::NONE && !m_flyKeys.isMoving()) {
+        m_pilot.finish();
+    }
 }
 
 std::uint64_t CMapView::mapState() const {
@@ -156,7 +222,7 @@ std::uint64_t CMapView::mapState() const {
     }
     const qxCScene* scene = m_pMap->getScene();
     const bool foggy = scene != nullptr && scene->getFogMode() == qxFogModeOn;
-    return foldDetails(state * 2 + (foggy ? 1 : 0), m_pMap->getDetails());
+    return foldDetails(state * 2 + (foggy ? 1 : 0), m_pMap->getDetails()) ^ m_pilot.state();
 }
 
 void CMapView::noticeChanges() {
@@ -176,11 +242,11 @@ std::optional<TerrainHit> CMapView::pick(QPointF position) const {
     }
     const double viewX = position.x() / std::max(width(), 1) * 2.0 - 1.0;
     const double viewY = 1.0 - position.y() / std::max(height(), 1) * 2.0;
-    return pickTerrain(heightFieldOf(*m_pMap), m_camera.ray(viewX, viewY, aspect()));
+    return pickTerrain(heightFieldOf(*m_pMap), pictureCamera().ray(viewX, viewY, aspect()));
 }
 
 std::optional<QPointF> CMapView::project(const QVector3D& place) const {
-    const QVector4D clip = m_camera.viewProjection(aspect()) * QVector4D(place, 1.0F);
+    const QVector4D clip = pictureCamera().viewProjection(aspect()) * QVector4D(place, 1.0F);
     if (clip.w() <= 0.0F) {
         return std::nullopt;
     }
@@ -213,8 +279,9 @@ void CMapView::mousePressEvent(QMouseEvent* event) {
             m_drag = DragKind::NONE;
         }
     } else if (m_drag == DragKind::ORBIT) {
-        if (const auto centre = pickTerrain(heightFieldOf(*m_pMap), m_camera.ray(0.0, 0.0, aspect()))) {
-            m_camera.setPivotDistance(centre->distance);
+        CViewCamera& camera = handCamera();
+        if (const auto centre = pickTerrain(heightFieldOf(*m_pMap), camera.ray(0.0, 0.0, aspect()))) {
+            camera.setPivotDistance(centre->distance);
         }
     }
     noticeChanges();
@@ -236,12 +303,16 @@ void CMapView::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void CMapView::turnCamera(QPointF way) {
-    if (m_drag == DragKind::LOOK) {
-        m_camera.look(way.x() * TURN_PER_PIXEL, -way.y() * TURN_PER_PIXEL);
-    } else {
-        m_camera.orbit(way.x() * TURN_PER_PIXEL, -way.y() * TURN_PER_PIXEL);
+    if (!mayMoveCamera()) {
+        return;
     }
-    settleCamera();
+    CViewCamera& camera = handCamera();
+    if (m_drag == DragKind::LOOK) {
+        camera.look(way.x() * TURN_PER_PIXEL, -way.y() * TURN_PER_PIXEL);
+    } else {
+        camera.orbit(way.x() * TURN_PER_PIXEL, -way.y() * TURN_PER_PIXEL);
+    }
+    settleCamera(camera);
 }
 
 void CMapView::mouseReleaseEvent(QMouseEvent* event) {
@@ -253,6 +324,7 @@ void CMapView::mouseReleaseEvent(QMouseEvent* event) {
         m_strokes.release();
     }
     m_drag = DragKind::NONE;
+    settleFilm();
     noticeChanges();
 }
 
@@ -260,14 +332,16 @@ void CMapView::wheelEvent(QWheelEvent* event) {
     const double steps = event->angleDelta().y() / WHEEL_STEP;
     if (m_drag == DragKind::LOOK) {
         m_fSpeed = std::clamp(m_fSpeed * std::pow(SPEED_PER_STEP, steps), 1.0, m_camera.farDistance());
-    } else if (m_drag != DragKind::STROKE) {
+    } else if (m_drag != DragKind::STROKE && mayMoveCamera()) {
         const double factor = std::pow(ZOOM_PER_STEP, steps);
+        CViewCamera& camera = handCamera();
         if (const auto hit = pick(event->position())) {
-            m_camera.approachPoint(hit->point, factor);
+            camera.approachPoint(hit->point, factor);
         } else {
-            m_camera.approach(factor);
+            camera.approach(factor);
         }
-        settleCamera();
+        settleCamera(camera);
+        settleFilm();
     }
     event->accept();
 }
@@ -287,11 +361,14 @@ void CMapView::keyPressEvent(QKeyEvent* event) {
 void CMapView::keyReleaseEvent(QKeyEvent* event) {
     if (event->isAutoRepeat() || !m_flyKeys.release(event->key())) {
         QOpenGLWidget::keyReleaseEvent(event);
+        return;
     }
+    settleFilm();
 }
 
 void CMapView::focusOutEvent(QFocusEvent* event) {
     m_flyKeys.clear(); // their release will not be seen any more
+    settleFilm();
     QOpenGLWidget::focusOutEvent(event);
 }
 

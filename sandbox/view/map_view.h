@@ -1,5 +1,7 @@
 #pragma once
 
+#include "sandbox/view/film_overlay.h"
+#include "sandbox/view/film_pilot.h"
 #include "sandbox/view/fly_keys.h"
 #include "sandbox/view/stroke_controller.h"
 #include "sandbox/view/terrain_renderer.h"
@@ -8,7 +10,9 @@
 #include <QOpenGLWidget>
 
 /// The 3D view of the map: draws it, moves the camera, and hands strokes and the hovering pointer to the map
-/// editor while it is open. Draws only when something changed.
+/// editor while it is open. While a film is edited it shows that in the landscape, or the landscape through
+/// the film, whose camera the hand then moves; the person's own camera stays where it was. Draws only when
+/// something changed.
 class CMapView : public QOpenGLWidget {
     Q_OBJECT
 
@@ -20,6 +24,8 @@ public:
 
     /// Show this map, or none, from the first camera position. The map must outlive its stay here.
     void setMap(CMemoryMap* map);
+    /// The film that is being edited, or none. It must outlive its stay here.
+    void setFilm(CFilm* film);
     /// Draw again if the map changed since it was last drawn. To be called when the application is idle.
     void noticeChanges();
     void resetCamera();
@@ -28,6 +34,7 @@ public:
     void setOptions(const ViewOptions& options);
     const ViewOptions& options() const { return m_options; }
     void setUnitsPerPixel(int units) { m_strokes.setUnitsPerPixel(units); }
+    /// The person's own camera, whether or not the picture is a film's.
     const CViewCamera& camera() const { return m_camera; }
     /// A stroke of the map editor is being made with the mouse.
     bool isStroking() { return m_strokes.isStroking(); }
@@ -61,12 +68,21 @@ private:
     enum class DragKind { NONE, STROKE, LOOK, ORBIT };
 
     DragKind dragFor(const QMouseEvent& event) const;
+    /// What the hand moves: the person's camera or the film's.
+    CViewCamera& handCamera();
+    /// What the picture is seen with.
+    CViewCamera pictureCamera() const;
+    bool mayMoveCamera() const { return !m_pilot.isLooking() || m_pilot.mayMove(); }
+    /// A move of the film's camera has ended if nothing goes on moving it.
+    void settleFilm();
+    void drawFilm(const CViewCamera& camera);
+    void drawLabels();
     void turnCamera(QPointF way);
     /// Take the edit cursor off the ground when the pointer is on none and no stroke runs.
     void hideCursor();
     void flyOn();
     void measureFrameRate();
-    void settleCamera();
+    void settleCamera(CViewCamera& camera);
     double aspect() const;
     std::uint64_t mapState() const;
     void releaseGl();
@@ -77,6 +93,8 @@ private:
     ViewOptions m_options;
     CStrokeController m_strokes{toolkitCalls()};
     CFlyKeys m_flyKeys;
+    CFilmPilot m_pilot{toolkitFilmCalls()};
+    CFilmOverlay m_filmOverlay;
     CameraMode m_cameraMode = CameraMode::FLY;
     DragKind m_drag = DragKind::NONE;
     QPointF m_lastPosition;

@@ -231,10 +231,10 @@ TEST_F(ProjectFolder, TexturesComeAlong) {
     CEngineDirectories::setDirectories({images.toStdString()});
     const Project project = makeProject(1);
     QStringList copied;
-    EXPECT_EQ(copyTextures(project, folder(), copied).reason.toStdString(), "");
+    EXPECT_EQ(copyFiles(project, folder(), copied).reason.toStdString(), "");
     EXPECT_EQ(readFile(file("textures/grass.tga")), "an image");
     writeFile(file("textures/grass.tga"), "changed by hand");
-    EXPECT_EQ(copyTextures(project, folder(), copied).reason.toStdString(), "");
+    EXPECT_EQ(copyFiles(project, folder(), copied).reason.toStdString(), "");
     EXPECT_EQ(readFile(file("textures/grass.tga")), "changed by hand") << "an image there stays";
     EXPECT_EQ(copied, QStringList(file("textures/grass.tga")));
     CEngineDirectories::setDirectories({});

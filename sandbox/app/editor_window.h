@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QKeySequence>
+#include <QMainWindow>
+#include <QStyle>
+#include <functional>
+#include <optional>
+
+class QAction;
+
+/// What there is to say of one of the toolkit's editors.
+struct EditorKind {
+    QString text;           ///< of the menu entry
+    const char* actionName; ///< object name of the menu entry
+    QKeySequence key;
+    QStyle::StandardPixmap icon;
+    const char* panelName; ///< object name of the panel's window
+    bool (*isOpen)();
+    std::function<void()> create;
+    std::function<void()> destroy;
+    /// Where the panel's window goes, on the screen, before a person has put it anywhere.
+    std::function<QPoint(const QWidget& panel)> firstPlace;
+    /// The editor was opened or closed, by whichever way.
+    std::function<void(bool open)> changed;
+};
+
+/// One of the toolkit's editors as the host window sees it: a menu entry with a key, a panel with a place,
+/// open or not. A panel closes without a word to its host, so the state is followed.
+class CEditorWindow : public QObject {
+public:
+    CEditorWindow(QMainWindow& host, EditorKind kind);
+
+    QAction& action() { return *m_pAction; }
+    bool isOpen() const { return m_kind.isOpen(); }
+    void open();
+    void close();
+    /// Follow what happened to the panel: it was moved or closed. To be called when the application is idle.
+    void follow();
+    /// The panel's window, or null.
+    QWidget* panel() const;
+
+private:
+    void noteState();
+    void notePlace(QWidget& window);
+
+    QMainWindow& m_host;
+    EditorKind m_kind;
+    QAction* m_pAction;
+    std::optional<QPoint> m_place;      // where the person put the panel, from the window's corner
+    std::optional<QPoint> m_firstPlace; // on the screen, where it stands until it is moved
+    bool m_bWasOpen = false;
+};

@@ -1,0 +1,105 @@
+#include "sandbox/app/main_window.h"
+
+#include "host/veskutil.h"
+
+#include <QGuiApplication>
+#include <QLayout>
+#include <QScreen>
+#include <algorithm>
+
+namespace {
+
+/// The map editor's panel opens over the middle of its host, where the ground is. At the view's left edge it
+/// is out of the way, and beside it there is room for the panel of the movie editor.
+constexpr QPoint FIRST_PANEL_POSITION(2, 2);
+
+HWND handleOf(const QWidget& widget) {
+    return reinterpret_cast<HWND>(widget.winId());
+}
+
+} // namespace
+
+EditorKind CMainWindow::mapEditorKind() {
+    return {tr("&Map Editor"),
+            "map-editor",
+            Qt::Key_M,
+            QStyle::SP_FileDialogDetailedView,
+            "dialog-212",
+            vuIsEditorActive,
+            [this] { openMapEditor(); },
+            vuDestroyEditor,
+            [this](const QWidget&) { return m_pView->mapToGlobal(FIRST_PANEL_POSITION); },
+            [this](bool open) {
+                if (!open) {
+                    clearPointing();
+                }
+            }};
+}
+
+EditorKind CMainWindow::movieEditorKind() {
+    return {tr("M&ovie Editor"),
+            "movie-editor",
+            Qt::Key_T,
+            QStyle::SP_MediaPlay,
+            "dialog-2005",
+            vuIsMovieEditorActive,
+            [this] { vuCreateMovieEditor(handleOf(*this), &m_document.film().movie(), true); },
+            vuDestroyMovieEditor,
+            [this](const QWidget& panel) { return placeForMoviePanel(panel); },
+            [this](bool open) { followMovieEditor(open); }};
+}
+
+void CMainWindow::openMapEditor() {
+    const QByteArray folder = m_document.textureFolder().toUtf8();
+    vuCreateEditor(handleOf(*this), &m_document.map(), CString(folder.constData()), nullptr, true, nullptr);
+}
+
+void CMainWindow::clearPointing() {
+    m_document.map().clearEditCursors();
+    m_document.map().clearDetailHighlights();
+}
+
+void CMainWindow::followMovieEditor(bool open) {
+    CFilm& film = m_document.film();
+    film.selectViewCamera(); // a film that is not edited is not looked through
+    m_filmPlayer.setFilm(open ? &film : nullptr);
+    m_pView->setFilm(open ? &film : nullptr);
+}
+
+void CMainWindow::refreshMoviePanel() {
+    // The end of a move that there was not: the panel records nothing and shows the film anew.
+    vuMovieCameraAltered(nullptr, true);
+    m_pView->noticeChanges();
+}
+
+QPoint CMainWindow::placeForMoviePanel(const QWidget& panel) const {
+    const QSize size = panel.frameGeometry().size();
+    const QRect window = frameGeometry();
+    const QRect available = screen()->availableGeometry();
+    if (window.bottom() + size.height() < available.bottom()) {
+        return {std::clamp(window.right() - size.width(), available.left(),
+                           std::max(available.left(), window.left())),
+                window.bottom() + 1};
+    }
+    const QRect middle(centralWidget()->mapToGlobal(QPoint()), centralWidget()->size());
+    const int lowest = std::min(middle.bottom(), available.bottom());
+    return {middle.right() - size.width() + 1, lowest - size.height() + 1};
+}
+
+void CMainWindow::makeRoom() {
+    const QWidget* const panel = m_pMovieEditor->isOpen() ? m_pMovieEditor->panel() : nullptr;
+    const QRect middle(centralWidget()->mapToGlobal(QPoint()), centralWidget()->size());
+    int room = 0;
+    if (panel != nullptr && panel->isVisible()) {
+        const QRect covered = middle & panel->frameGeometry();
+        // A panel that is wide and stands at the bottom takes that from the view; any other floats over it.
+        if (covered.width() * 2 > middle.width() && covered.top() > middle.center().y() &&
+            middle.bottom() - covered.bottom() < covered.height() / 2) {
+            room = middle.bottom() - covered.top() + 1;
+        }
+    }
+    QLayout& layout = *centralWidget()->layout();
+    if (layout.contentsMargins().bottom() != room) {
+        layout.setContentsMargins(0, 0, 0, room);
+    }
+}
