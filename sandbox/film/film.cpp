@@ -3,6 +3,7 @@
 #include "sandbox/project/project_limits.h"
 
 #include <QHash>
+#include <string>
 
 CFilm::CFilm(CMemoryScene& scene, int frames, float stepRate)
     : m_scene(scene), m_viewCamera(&scene, VIEW_CAMERA), m_movie(&scene, frames, stepRate) {
@@ -52,7 +53,17 @@ void CFilm::addPlace(const QString& name, const qxCVector3d& position) {
 }
 
 void CFilm::renamePlace(std::size_t index, const QString& name) {
+    const std::string former = m_places.at(index)->name.getString();
     m_places.at(index)->name.setString(name.toUtf8().constData());
+    for (int frame = 0; frame < m_movie.getNumFrames(); ++frame) {
+        if (former == m_movie.getFrame(frame)->targetName.getString()) {
+            qxCMovieFrame renamed(
+                *m_movie.getFrame(frame)); // assigned whole it is no change for an editor's undo
+            renamed.targetName = m_places.at(index)->name;
+            *m_movie.getFrame(frame) = renamed;
+        }
+    }
+    m_movie.updateTweening();
     ++m_nPlaceChanges;
 }
 

@@ -40,6 +40,7 @@ public:
     const std::vector<std::unique_ptr<CPlace>>& places() const { return m_places; }
     /// Append a place. Names are not compared: see whyNoName.
     void addPlace(const QString& name, const qxCVector3d& position);
+    /// The frames that are aimed at it go along.
     void renamePlace(std::size_t index, const QString& name);
     void movePlace(std::size_t index, const qxCVector3d& position);
     void removePlace(std::size_t index);

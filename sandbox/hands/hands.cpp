@@ -92,6 +92,13 @@ void CHands::pressKey(QWidget& widget, Qt::Key key, Qt::KeyboardModifiers modifi
     QTest::keyClick(&windowOf(widget), key, modifiers);
 }
 
+void CHands::holdKey(QWidget& widget, Qt::Key key, const std::function<bool()>& condition) {
+    activate(windowOf(widget));
+    QTest::keyPress(&windowOf(widget), key);
+    waitUntil(condition);
+    QTest::keyRelease(&windowOf(widget), key);
+}
+
 void CHands::type(QWidget& widget, const QString& text) {
     activate(windowOf(widget));
     for (const QChar letter : text) {

@@ -25,6 +25,8 @@ public:
     void turnWheel(QWidget& widget, QPointF position, int steps);
     /// Strike a key while the widget's window has the keyboard.
     void pressKey(QWidget& widget, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+    /// Hold a key down there until the condition holds, for at most ten seconds.
+    void holdKey(QWidget& widget, Qt::Key key, const std::function<bool()>& condition);
     /// Type text there.
     void type(QWidget& widget, const QString& text);
     /// Where the pointer is, in pixels of the screen.

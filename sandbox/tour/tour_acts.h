@@ -64,11 +64,31 @@ void showDetailHighlight(CTourStage& stage);
 // Edit cursors: tour_cursor_acts.cpp.
 void showEveryCursor(CTourStage& stage);
 
-// The film and its editor: tour_film_acts.cpp.
+// The film, its editor and the view of it: tour_film_acts.cpp.
 void openMovieEditor(CTourStage& stage);
-void showBothEditors(CTourStage& stage);
 void stepThroughFilm(CTourStage& stage);
-void lookThroughFilm(CTourStage& stage);
+void stepWithKeys(CTourStage& stage);
+void selectInTimeline(CTourStage& stage);
+void zoomTimeline(CTourStage& stage);
 void showHeights(CTourStage& stage);
+void lookThroughFilm(CTourStage& stage);
+void showFade(CTourStage& stage);
+void flyFilmCamera(CTourStage& stage);
+void setPlace(CTourStage& stage);
+void aimAtPlace(CTourStage& stage);
+void listPlaces(CTourStage& stage);
+void playFilm(CTourStage& stage);
+void loopFilm(CTourStage& stage);
+void closeMovieEditor(CTourStage& stage);
+
+// Keyframes and the soundtrack: tour_keyframe_acts.cpp.
+void editNumbers(CTourStage& stage);
+void chooseFrameProperties(CTourStage& stage);
+void chooseFadeColour(CTourStage& stage);
+void ease(CTourStage& stage);
+void markKeyframes(CTourStage& stage);
+void insertFrames(CTourStage& stage);
+void copyFrames(CTourStage& stage);
+void setUpSounds(CTourStage& stage);
 
 } // namespace tour

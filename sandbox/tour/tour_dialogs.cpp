@@ -89,7 +89,7 @@ void CTourStage::answer(const std::function<void()>& open, std::vector<std::func
     require(over, "a dialog is still open");
 }
 
-QImage CTourStage::chooseColour(int swatch, const QColor& colour) {
+QImage CTourStage::chooseColour(QWidget& swatch, const QColor& colour) {
     QImage picture;
     const auto enterColour = [&](QWidget& dialog) {
         QLineEdit* field = colourField(dialog);
@@ -101,8 +101,8 @@ QImage CTourStage::chooseColour(int swatch, const QColor& colour) {
         picture = takePicture();
         m_hands.click(*buttons->button(QDialogButtonBox::Ok));
     };
-    answer([&] { m_hands.doubleClick(control(swatch)); }, {enterColour});
-    require(swatchColour(swatch) == colour, QString("swatch %1 does not show the colour chosen").arg(swatch));
+    answer([&] { m_hands.doubleClick(swatch); }, {enterColour});
+    require(colourOf(swatch) == colour, "the swatch does not show the colour chosen");
     return picture;
 }
 

@@ -65,6 +65,13 @@ void drawFrames(QImage& picture, QPoint origin) {
     }
 }
 
+QWidget& controlOf(QWidget* panel, int id) {
+    require(panel != nullptr, "the editor is not open");
+    auto* widget = findControl(*panel, id);
+    require(widget != nullptr, QString("the editor has no control %1").arg(id));
+    return *widget;
+}
+
 } // namespace
 
 CTourStage::CTourStage(CMainWindow& window) : m_window(window) {
@@ -78,11 +85,17 @@ CTourStage::CTourStage(CMainWindow& window) : m_window(window) {
 }
 
 QWidget& CTourStage::control(int id) {
-    QWidget* panel = dialog(IDD_MAP_EDITOR);
-    require(panel != nullptr, "the map editor is not open");
-    auto* widget = findControl(*panel, id);
-    require(widget != nullptr, QString("the map editor has no control %1").arg(id));
-    return *widget;
+    return controlOf(dialog(IDD_MAP_EDITOR), id);
+}
+
+QWidget& CTourStage::filmControl(int id) {
+    return controlOf(dialog(IDD_MOVIE_EDITOR), id);
+}
+
+void CTourStage::clickFilm(int id) {
+    QWidget& widget = filmControl(id);
+    require(widget.isEnabled(), QString("control %1 is disabled").arg(id));
+    m_hands.click(widget);
 }
 
 void CTourStage::chooseTool(int tool) {
@@ -119,8 +132,7 @@ QString CTourStage::textOf(int id) {
     return control(id).property("text").toString();
 }
 
-QColor CTourStage::swatchColour(int id) {
-    QWidget& swatch = control(id);
+QColor CTourStage::colourOf(QWidget& swatch) {
     return swatch.grab().toImage().pixelColor(swatch.width() / 2, swatch.height() / 2);
 }
 

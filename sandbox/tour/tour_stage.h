@@ -40,6 +40,13 @@ public:
     /// A control of the map editor panel; fails the step when the panel or the control is not there.
     QWidget& control(int id);
     void clickControl(int id) { m_hands.click(control(id)); }
+    CMemoryMovie& movie() { return m_window.document().film().movie(); }
+    /// A control of the movie editor's panel; fails the step when the panel or the control is not there.
+    QWidget& filmControl(int id);
+    /// Click one that is enabled.
+    void clickFilm(int id);
+    /// What is written in a field of the movie editor's panel.
+    QString filmText(int id) { return filmControl(id).property("text").toString(); }
     /// Press a tool's button and see it stay down.
     void chooseTool(int tool);
     /// Move the strength slider to one of its ends.
@@ -52,9 +59,11 @@ public:
     /// What is written in a field of the panel.
     QString textOf(int id);
     /// The colour that a swatch of the panel shows.
-    QColor swatchColour(int id);
+    QColor swatchColour(int id) { return colourOf(control(id)); }
+    static QColor colourOf(QWidget& swatch);
     /// Choose a colour for a swatch in the colour dialog. Returns the picture of the dialog.
-    QImage chooseColour(int swatch, const QColor& colour);
+    QImage chooseColour(int swatch, const QColor& colour) { return chooseColour(control(swatch), colour); }
+    QImage chooseColour(QWidget& swatch, const QColor& colour);
     /// Drop the colour of one swatch on another.
     void dragColour(int from, int to);
     /// Click the tool bar's button for the action of this object name.
