@@ -1,0 +1,104 @@
+#include "sandbox/app/main_window.h"
+
+#include "host/veskutil.h"
+#include "support/ui_driver.h"
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QApplication>
+#include <QTimer>
+#include <QToolBar>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <functional>
+
+namespace {
+
+QWidget* panel(const char* name) {
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    const auto found = std::ranges::find_if(windows, [name](const QWidget* window) {
+        return window->objectName() == QLatin1String(name) && window->isVisible();
+    });
+    return found != windows.end() ? *found : nullptr;
+}
+
+QRect onScreen(const QWidget& widget) {
+    return {widget.mapToGlobal(QPoint()), widget.size()};
+}
+
+/// Wait for something that the window does when the application falls idle.
+bool becomesTrue(const std::function<bool()>& condition) {
+    QTimer pulse; // waiting for events ends also when none comes
+    pulse.start(10);
+    return ui::waitUntil([&] {
+        QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
+        return condition();
+    });
+}
+
+/// The sandbox on its sample, as large as a small screen.
+class FilmWindow : public testing::Test {
+protected:
+    FilmWindow() {
+        m_pWindow->resize(1280, 720);
+        m_pWindow->move(0, 0);
+        m_pWindow->show();
+        m_pWindow->activateWindow();
+        EXPECT_TRUE(ui::waitUntilActive(m_pWindow.get()));
+        EXPECT_EQ(m_pWindow->openMap(QString(VESK_SAMPLES) + "/jacksboro"), "");
+        for (const char* editor : {"map-editor", "movie-editor"}) {
+            m_pWindow->findChild<QAction*>(editor)->trigger();
+        }
+        const auto isBeside = [this] {
+            const QWidget* const film = panel("dialog-2005");
+            return film != nullptr && !onScreen(*film).intersects(onScreen(m_pWindow->view()));
+        };
+        EXPECT_TRUE(becomesTrue(isBeside)) << "the movie editor covers the view";
+    }
+
+    std::unique_ptr<CMainWindow> m_pWindow = std::make_unique<CMainWindow>();
+};
+
+TEST_F(FilmWindow, BothEditorsHaveRoom) {
+    ASSERT_TRUE(panel("dialog-212") != nullptr && panel("dialog-2005") != nullptr);
+    const QRect map = onScreen(*panel("dialog-212"));
+    const QRect film = onScreen(*panel("dialog-2005"));
+    const QRect tools = onScreen(*m_pWindow->findChild<QToolBar*>());
+    EXPECT_FALSE(map.intersects(film));
+    EXPECT_FALSE(map.intersects(tools) || film.intersects(tools));
+    EXPECT_TRUE(onScreen(*m_pWindow).contains(map) && onScreen(*m_pWindow).contains(film));
+    const auto isShownAsOpen = [&](const char* editor) {
+        return m_pWindow->findChild<QAction*>(editor)->isChecked();
+    };
+    vuDestroyEditor();
+    EXPECT_TRUE(becomesTrue([&] { return !isShownAsOpen("map-editor"); }));
+    EXPECT_TRUE(vuIsMovieEditorActive() && isShownAsOpen("movie-editor"));
+    vuDestroyMovieEditor();
+    EXPECT_TRUE(becomesTrue([&] { return !isShownAsOpen("movie-editor"); }));
+    EXPECT_TRUE(becomesTrue([&] { return m_pWindow->view().height() > 600; }))
+        << "the view has its room again";
+}
+
+/// The film that plays, is flown through and edited is freed with its map.
+TEST_F(FilmWindow, AnotherMapTakesTheEditorsAlong) {
+    const CMemoryMovie& former = m_pWindow->document().film().movie();
+    auto* play = panel("dialog-2005")->findChild<QAbstractButton*>("2047");
+    panel("dialog-2005")->findChild<QAbstractButton*>("2081")->click();
+    play->click();
+    EXPECT_TRUE(former.isPlaying());
+    ASSERT_TRUE(becomesTrue([&] { return former.getPlayTime() > 0.1; })) << "the host drives the film";
+    ASSERT_EQ(m_pWindow->openMap(QString(VESK_SAMPLES) + "/jacksboro_fault_dem.png"), "");
+    ui::settle();
+    EXPECT_TRUE(vuIsEditorActive() && vuIsMovieEditorActive());
+    CFilm& film = m_pWindow->document().film();
+    EXPECT_FALSE(film.isLookedThrough());
+    panel("dialog-2005")->findChild<QAbstractButton*>("2045")->click();
+    EXPECT_EQ(film.movie().getRangeStart(), CFilm::FIRST_FRAMES - 1);
+    panel("dialog-2005")->findChild<QAbstractButton*>("2047")->click();
+    ui::settle();
+    m_pWindow.reset(); // in mid-play
+    EXPECT_FALSE(vuIsEditorActive() || vuIsMovieEditorActive());
+}
+
+} // namespace
