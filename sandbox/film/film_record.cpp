@@ -58,15 +58,15 @@ std::vector<FilmFrame> captureFrames(CMemoryMovie& movie) {
     qxCMovieFrame carried; // what a frame without a key gets that the file says nothing about
     bool isAfterKey = false;
     for (int index = 0; index < movie.getNumFrames(); ++index) {
-        const qxCMovieFrame& frame = *movie.getFrame(index);
+        const qxCMovieFrame& frame = *tweened->getFrame(index);
         if (frame.keyframe) {
             isAfterKey = true;
             frames.push_back({index, frame});
             continue;
         }
         const bool isBetween = isAfterKey && index < lastKey;
-        const qxCMovieFrame& expected = isBetween ? *tweened->getFrame(index) : carried;
-        if (frame.animTrigger[0] != 0 || !isOwnAlike(frame, carried) || !isTweenedAlike(frame, expected)) {
+        if (frame.animTrigger[0] != 0 || !isOwnAlike(frame, carried) ||
+            !(isBetween || isTweenedAlike(frame, carried))) {
             frames.push_back({index, frame});
             carried = withoutTrigger(frame);
         }
@@ -86,13 +86,6 @@ void buildFrames(const std::vector<FilmFrame>& frames, CMemoryMovie& movie) {
         }
     }
     movie.updateTweening();
-    for (const FilmFrame& stored : frames) { // as it was, whatever the keyframes would make of it
-        if (!stored.frame.keyframe) {
-            const float fadeLevel = movie.getFrame(stored.index)->fadeLevel;
-            *movie.getFrame(stored.index) = stored.frame;
-            movie.getFrame(stored.index)->fadeLevel = fadeLevel;
-        }
-    }
 }
 
 constexpr std::uint32_t flagIf(bool isSet, qxMovieFlag flag) {

@@ -7,9 +7,9 @@
 
 /// Between a film in a scene and its plain values.
 
-/// The film as plain values. Of the frames without a key those are left out that follow from what is there:
-/// what the keyframes give them, no trigger, and of the rest the values of the frame without a key before
-/// them (of the first one those of an empty frame).
+/// The film as plain values, tweened. Of the frames without a key those are left out that follow from what is
+/// there: what the keyframes give them, no trigger, and of the rest the values of the frame without a key
+/// before them (of the first one those of an empty frame).
 ProjectFilm captureFilm(CFilm& film);
 
 /// The film in `scene`, which outlives it.

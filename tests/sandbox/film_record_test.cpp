@@ -4,9 +4,11 @@
 #include "sandbox/project/project_json.h"
 #include "sandbox/project/project_limits.h"
 
+#include <QDeadlineTimer>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QTemporaryDir>
+#include <QThread>
 #include <gtest/gtest.h>
 
 #include <cstdio>
@@ -204,6 +206,13 @@ TEST(FilmRecord, AFilmBelongsToItsDocument) {
     document.film().movie().getFrame(9)->setFov(20.0F);
     ASSERT_EQ(document.autosave().error.toStdString(), "");
     document.film().movie().getFrame(9)->setFov(30.0F);
+    Project copy;
+    const QDeadlineTimer end(10'000);
+    while (!readProject(folder + ".autosave", copy).reason.isEmpty() && !end.hasExpired()) {
+        QThread::msleep(5); // it is written by another thread
+    }
+    ASSERT_TRUE(copy.settings.film.has_value());
+    EXPECT_EQ(copy.settings.film->frames.at(1).frame.fov, 20.0F);
     CMapDocument other;
     ASSERT_EQ(other.open(folder, [] {}).error.toStdString(), "");
     other.film().movie().flags ^= qxMovieStopped;

@@ -37,11 +37,11 @@ bool becomesTrue(const std::function<bool()>& condition) {
     });
 }
 
-/// The sandbox on its sample, as large as a small screen.
+/// The sandbox on its sample.
 class FilmWindow : public testing::Test {
 protected:
-    FilmWindow() {
-        m_pWindow->resize(1280, 720);
+    void openEditors(const QSize& size) {
+        m_pWindow->resize(size);
         m_pWindow->move(0, 0);
         m_pWindow->show();
         m_pWindow->activateWindow();
@@ -61,6 +61,7 @@ protected:
 };
 
 TEST_F(FilmWindow, BothEditorsHaveRoom) {
+    openEditors({1280, 720});
     ASSERT_TRUE(panel("dialog-212") != nullptr && panel("dialog-2005") != nullptr);
     const QRect map = onScreen(*panel("dialog-212"));
     const QRect film = onScreen(*panel("dialog-2005"));
@@ -81,7 +82,14 @@ TEST_F(FilmWindow, BothEditorsHaveRoom) {
 }
 
 /// The film that plays, is flown through and edited is freed with its map.
+TEST_F(FilmWindow, ThePanelStandsBelowAWindowThatLeavesRoom) {
+    openEditors({1280, 500});
+    EXPECT_GE(onScreen(*panel("dialog-2005")).top(), onScreen(*m_pWindow).bottom());
+    EXPECT_EQ(m_pWindow->centralWidget()->height(), m_pWindow->view().height());
+}
+
 TEST_F(FilmWindow, AnotherMapTakesTheEditorsAlong) {
+    openEditors({1280, 720});
     const CMemoryMovie& former = m_pWindow->document().film().movie();
     auto* play = panel("dialog-2005")->findChild<QAbstractButton*>("2047");
     panel("dialog-2005")->findChild<QAbstractButton*>("2081")->click();
