@@ -2,6 +2,8 @@
 
 #include <QAbstractButton>
 #include <QKeyEvent>
+#include <algorithm>
+#include <array>
 #include <utility>
 
 namespace {
@@ -18,34 +20,29 @@ enum PanelButton {
     NEXT_KEY = 2092
 };
 
-/// The button that the key stands for. With Shift a keyboard gives another letter for comma and
-/// full stop, which one depends on the keyboard; the common ones are known.
+struct FilmKey {
+    Qt::Key key;
+    bool shifted;
+    PanelButton button;
+};
+
+// With Shift a keyboard gives another letter for comma and full stop, which one depends on the keyboard.
+constexpr std::array FILM_KEYS{
+    FilmKey{Qt::Key_Space, false, PLAY},          FilmKey{Qt::Key_Home, false, GO_TO_START},
+    FilmKey{Qt::Key_End, false, GO_TO_END},       FilmKey{Qt::Key_Comma, false, STEP_BACK},
+    FilmKey{Qt::Key_Period, false, STEP_FORWARD}, FilmKey{Qt::Key_Comma, true, PREVIOUS_KEY},
+    FilmKey{Qt::Key_Less, true, PREVIOUS_KEY},    FilmKey{Qt::Key_Semicolon, true, PREVIOUS_KEY},
+    FilmKey{Qt::Key_Period, true, NEXT_KEY},      FilmKey{Qt::Key_Greater, true, NEXT_KEY},
+    FilmKey{Qt::Key_Colon, true, NEXT_KEY},
+};
+
+/// The button that the key stands for.
 PanelButton buttonFor(const QKeyEvent& key) {
     const bool others = key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
     const bool shifted = key.modifiers().testFlag(Qt::ShiftModifier);
-    if (others) {
-        return NO_BUTTON;
-    }
-    switch (key.key()) {
-    case Qt::Key_Comma:
-        return shifted ? PREVIOUS_KEY : STEP_BACK;
-    case Qt::Key_Period:
-        return shifted ? NEXT_KEY : STEP_FORWARD;
-    case Qt::Key_Less:
-    case Qt::Key_Semicolon:
-        return shifted ? PREVIOUS_KEY : NO_BUTTON;
-    case Qt::Key_Greater:
-    case Qt::Key_Colon:
-        return shifted ? NEXT_KEY : NO_BUTTON;
-    case Qt::Key_Space:
-        return PLAY;
-    case Qt::Key_Home:
-        return GO_TO_START;
-    case Qt::Key_End:
-        return GO_TO_END;
-    default:
-        return NO_BUTTON;
-    }
+    const auto found = std::ranges::find_if(
+        FILM_KEYS, [&](const FilmKey& known) { return known.key == key.key() && known.shifted == shifted; });
+    return others || found == FILM_KEYS.end() ? NO_BUTTON : found->button;
 }
 
 } // namespace

@@ -30,7 +30,7 @@ struct Shot {
 // glider.
 constexpr std::array<Shot, 8> SHOTS{{
     {0, CRANE, 214.0F, 9.0F, 44.0F, -14.0F, 24.0F, 55.0F, qxMovieFrameSpline, qxMovieFadeIn, 0.5F, 0.2F},
-    {75, CRANE, 238.0F, 4.5F, 92.0F, -14.0F, 38.0F, 55.0F},
+    {75, CRANE, 238.0F, 6.0F, 92.0F, -14.0F, 38.0F, 55.0F},
     {160, CRANE, 258.0F, 3.0F, 142.0F, -6.0F, 8.0F, 50.0F},
     {235, CRANE, 262.0F, 4.0F, 186.0F, -8.0F, -12.0F, 46.0F, qxMovieFrameSwitch, qxMovieFadeNone, 0.8F},
     {250, GLIDER, 214.0F, 11.0F, 232.0F, 0.0F, 0.0F, 52.0F, qxMovieFrameSpline, qxMovieFadeNone, 0.5F, 0.3F,

@@ -3,6 +3,7 @@
 #include "sandbox/app/map_document.h"
 #include "sandbox/project/project_json.h"
 #include "sandbox/project/project_limits.h"
+#include "sandbox/view/point_textures.h"
 
 #include <QDeadlineTimer>
 #include <QJsonArray>
@@ -11,9 +12,12 @@
 #include <QThread>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <functional>
 #include <random>
+#include <set>
+#include <string>
 
 namespace {
 
@@ -227,6 +231,39 @@ TEST(FilmRecord, AFilmBelongsToItsDocument) {
     ASSERT_EQ(other.open(scratch.filePath("old"), [] {}).error.toStdString(), "");
     EXPECT_EQ(other.film().movie().getNumFrames(), CFilm::FIRST_FRAMES);
     EXPECT_FALSE(other.isModified());
+}
+
+/// The film that is shipped shows what a film can, and is fit to be seen.
+TEST(FilmRecord, TheSampleComesWithAFilm) {
+    CMapDocument document;
+    ASSERT_EQ(document.open(QString(VESK_SAMPLES) + "/jacksboro", [] {}).error.toStdString(), "");
+    CMemoryMovie& movie = document.film().movie();
+    EXPECT_NEAR(movie.convertFrameToTime(movie.getNumFrames()), 20.0F, 1.0F);
+    EXPECT_EQ(movie.getNumChildNodes(), 2);
+    EXPECT_EQ(movie.getSoundtrackSize(), 3);
+    std::set<std::string> seen;
+    for (int index = 0; index < movie.getNumFrames(); ++index) {
+        const qxCMovieFrame& frame = *movie.getFrame(index);
+        if (frame.keyframe) {
+            seen.insert("camera " + std::to_string(frame.camera));
+            seen.insert("interpolation " + std::to_string(frame.frameMode));
+            seen.insert("fade " + std::to_string(frame.fadeMode));
+            seen.insert(frame.easeIn != 0.5F ? "ease in" : "");
+            seen.insert(frame.easeOut != 0.5F ? "ease out" : "");
+            seen.insert(frame.shake > 0.0F ? "shake" : "");
+            seen.insert(frame.animTrigger[0] != 0 ? "trigger" : "");
+        }
+        const MoviePose pose = movie.poseAt(movie.convertFrameToTime(index));
+        const double ground = groundHeight(heightFieldOf(document.map()), pose.position.x, pose.position.z);
+        EXPECT_GT(pose.position.y, std::max(ground, static_cast<double>(document.map().waterLevel)) + 1.5)
+            << index;
+        const bool isAimed = frame.cameraMode == qxMovieCameraTarget;
+        seen.insert(isAimed && pose.rotation.y != frame.rotation.y ? "target" : "");
+    }
+    for (const char* needed : {"camera 0", "camera 1", "interpolation 1", "interpolation 2", "fade 1",
+                               "fade 2", "ease in", "ease out", "shake", "trigger", "target"}) {
+        EXPECT_TRUE(seen.contains(needed)) << needed;
+    }
 }
 
 TEST(FilmRecord, UnknownKeysOfAFilmAreKept) {
