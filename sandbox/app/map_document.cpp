@@ -2,6 +2,8 @@
 
 #include "engine/memory/engine_directories.h"
 #include "engine/qx_texture.h"
+#include "sandbox/app/added_files.h"
+#include "sandbox/app/file_places.h"
 #include "sandbox/app/ground_dressing.h"
 #include "sandbox/files/heightmap_file.h"
 #include "sandbox/files/safe_file.h"
@@ -25,16 +27,6 @@ constexpr double STEEPEST_UNIT = 0.05; // world units that a height unit may hav
 constexpr const char* NO_MEMORY = "there is not enough memory";
 constexpr double FIRST_WATER = 0.04; // of the way from the lowest ground to the highest
 
-const QString& samples() {
-    static const QString FOLDER = QStringLiteral(SANDBOX_SAMPLES);
-    return FOLDER;
-}
-
-/// The samples are kept as they are: what a person makes of one is saved in a place of their own.
-bool isSample(const QString& path) {
-    return QFileInfo(path).canonicalFilePath().startsWith(QFileInfo(samples()).canonicalFilePath() + '/');
-}
-
 bool isProjectPath(const QString& path) {
     const QFileInfo info(path);
     return info.isDir() || info.suffix().compare("json", Qt::CaseInsensitive) == 0;
@@ -57,25 +49,6 @@ QString cropNote(const HeightmapReading& reading) {
         .arg(reading.pictureWidth)
         .arg(reading.pictureHeight)
         .arg(reading.map.edge);
-}
-
-/// Where the sounds of a film are looked for, the map's own first.
-QStringList soundFoldersOf(const QString& mapFolder) {
-    QStringList folders = {samples() + '/' + PROJECT_SOUND_FOLDER};
-    if (!mapFolder.isEmpty()) {
-        folders.prepend(mapFolder + '/' + PROJECT_SOUND_FOLDER);
-    }
-    return folders;
-}
-
-/// Where the images of a map's textures are looked for, the map's own folder first.
-QStringList textureFoldersOf(const QString& mapFolder) {
-    QStringList folders = {samples() + '/' + PROJECT_TEXTURE_FOLDER};
-    if (!mapFolder.isEmpty()) {
-        folders.prepend(mapFolder);
-        folders.prepend(mapFolder + '/' + PROJECT_TEXTURE_FOLDER);
-    }
-    return folders;
 }
 
 /// A texture for each image in the textures folder beside the map and in that of the samples.
@@ -133,39 +106,6 @@ template <class Work> CMapDocument::Outcome withinMemory(const char* what, const
         return {failedTo(what, path, NO_MEMORY), {}};
     }
 }
-
-/// The folders and files that a save adds beside the project itself; gone again when the save fails.
-class CAddedFiles {
-public:
-    explicit CAddedFiles(const QString& folder) {
-        for (const QString& name :
-             {folder + '/' + PROJECT_TEXTURE_FOLDER, folder + '/' + PROJECT_SOUND_FOLDER, folder}) {
-            if (!QFileInfo::exists(name)) {
-                m_folders.append(name);
-            }
-        }
-    }
-    ~CAddedFiles() {
-        for (const QString& file : files) {
-            static_cast<void>(removeFile(file));
-        }
-        for (const QString& folder : m_folders) {
-            QDir().rmdir(folder); // only when nothing is in it
-        }
-    }
-    CAddedFiles(const CAddedFiles&) = delete;
-    CAddedFiles& operator=(const CAddedFiles&) = delete;
-
-    QStringList files;
-
-    void keep() {
-        files.clear();
-        m_folders.clear();
-    }
-
-private:
-    QStringList m_folders;
-};
 
 } // namespace
 
