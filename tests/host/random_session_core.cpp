@@ -26,9 +26,7 @@ public:
 
 class CCoreDriver : public CSessionDriver {
 public:
-    bool hasControls() const override { return false; }
-
-    void open(CMemoryMap& map, bool /*fullEditing*/) override {
+    void open(CMemoryMap& map) override {
         if (!m_pPanel) {
             m_pPanel = std::make_unique<CPanel>();
             m_pPanel->m_pMap = &map;
@@ -101,18 +99,9 @@ public:
         std::swap(m_pPanel->m_nTool, m_pPanel->m_nOtherTabTool);
     }
 
-    Seen pickColour(int swatch, const qxCColour* colour) override {
-        const qxCColour before = m_pPanel->tint;
-        if (swatch == IDC_TINT_COLOUR && colour != nullptr) {
-            m_pPanel->tint = *colour;
-        }
-        return swatch == IDC_TINT_COLOUR ? Seen{describe(before)} : Seen{};
-    }
-
-    const std::vector<int>& controls() const override { return m_noControls; }
+    void setToolTint(const qxCColour& colour) override { m_pPanel->tint = colour; }
 
 private:
-    const std::vector<int> m_noControls{};
     std::unique_ptr<CPanel> m_pPanel;
     bool m_bEditing = false;
 };

@@ -6,13 +6,12 @@
 #include <limits>
 #include <utility>
 
-void CReferenceEditor::open(CMemoryMap& newMap, bool fullEditing) {
+void CReferenceEditor::open(CMemoryMap& newMap) {
     if (isOpen) {
         return;
     }
     map = &newMap;
     panel = ReferencePanel();
-    panel.full = fullEditing;
     m_worker = Worker::NONE;
     m_dragged.record = nullptr;
     m_bHasRecorded = false;
@@ -29,7 +28,6 @@ void CReferenceEditor::open(CMemoryMap& newMap, bool fullEditing) {
     panel.tool = m_saved.tool;
     panel.height = m_saved.height;
     m_saved.valid = true;
-    initPanel();
     isOpen = true;
 }
 
@@ -42,17 +40,11 @@ void CReferenceEditor::closeWindow() {
 
 void CReferenceEditor::destroy() {
     isOpen = false;
-    m_nSwatchPressed = 0; // it is gone
 }
 
 void CReferenceEditor::destroySettings() {
     m_saved.valid = false;
     history.clear();
-}
-
-void CReferenceEditor::refreshUndo() {
-    enable(IDC_UNDO, !history.empty());
-    panel.fill = static_cast<int>(history.size() * 100 / HISTORY_CAPACITY);
 }
 
 std::vector<CReferenceEditor::Point> CReferenceEditor::gridPoints() const {
@@ -139,7 +131,6 @@ void CReferenceEditor::undo() {
             break;
         }
     }
-    refreshUndo();
 }
 
 void CReferenceEditor::outline(std::int64_t x0, std::int64_t z0, std::int64_t x1, std::int64_t z1, bool on) {
@@ -338,5 +329,4 @@ void CReferenceEditor::stop() {
         }
     }
     map->clearEditCursors();
-    refreshUndo();
 }

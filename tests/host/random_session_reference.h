@@ -7,7 +7,6 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <cstdio>
 #include <deque>
 #include <initializer_list>
 #include <limits>
@@ -26,13 +25,6 @@ inline bool isAnyOf(int value, std::initializer_list<int> values) {
     return std::find(values.begin(), values.end(), value) != values.end();
 }
 
-/// A number as a field shows it.
-inline std::string digits(float value) {
-    char text[40];
-    std::snprintf(text, sizeof text, "%.6g", static_cast<double>(value));
-    return text;
-}
-
 /// The map editor written down as plainly as can be, for comparison: whole-map copies, membership tests over
 /// every point of the grid, no shortcuts. Works on maps of its own, so that after every operation they can be
 /// compared value by value with those of the editor under test. Not for big maps.
@@ -44,7 +36,7 @@ public:
     static const std::vector<int> BRUSHES;
 
     /// What CSessionDriver's functions of these names do.
-    void open(CMemoryMap& newMap, bool fullEditing);
+    void open(CMemoryMap& newMap);
     void destroy();
     void destroySettings();
     void start(int px, int pz, int edge, int corner);
@@ -54,14 +46,7 @@ public:
     void closeWindow();
     void click(int id);
     void clickTab();
-    Seen pickColour(int swatch, const qxCColour* colour);
-    void dragColour(int from, int to);
-    Seen type(int edit, const std::string& text, Leaving leaving);
-    void spin(int id, bool up);
-    void slide(int strength);
-    Seen runDialog(int opener, const std::vector<DialogStep>& steps);
-    /// What these controls show.
-    Seen shown(const std::vector<int>& ids) const;
+    void setToolTint(const qxCColour& colour) { panel.toolTint = colour; }
 
     struct Record {
         bool start;
@@ -72,7 +57,6 @@ public:
         int blend;
     };
 
-    bool hasControls = false; // CSessionDriver::hasControls()
     CMemoryMap* map = nullptr;
     bool isOpen = false;
     bool isEditing = false;
@@ -104,7 +88,6 @@ private:
     void recordArea(std::int64_t x0, std::int64_t z0, std::int64_t x1, std::int64_t z1);
     int heightAt(std::int64_t x, std::int64_t z) const;
     void writeHeight(const Point& point, std::int64_t height, bool direct);
-    void refreshUndo();
     void copyHeights();
     int copiedHeight(const Point& point) const;
     void outline(std::int64_t x0, std::int64_t z0, std::int64_t x1, std::int64_t z1, bool on);
@@ -112,25 +95,7 @@ private:
     void selectAll();
     void undo();
 
-    /// The panel reads its controls, up to the first that is refused: what they cannot show becomes what they
-    /// do show.
-    void readControls(int refused = 0);
-    void initPanel();
-    void enable(int id, bool enabled);
-    bool isInReach(int id) const; // enabled and in sight
-    void refreshTools();
-    void refreshBrushes();
-    void refreshDefinition();
-    void showPreview();
-    qxCMapMultiTexture* definition();
     bool clickRadio(int id);
-    bool clickToggle(int id);
-    void clickDefinition(int id);
-    Seen leave(int edit, const std::string& text);
-    void settle(int edit);
-    void colourChanged(int swatch);
-    Seen listTextures(int picker, const std::vector<DialogStep>& steps);
-    std::string shownText(int id) const;
 
     struct {
         bool valid = false;
@@ -154,6 +119,4 @@ private:
         int x = 0;
         int z = 0;
     } m_dragged;
-    int m_nSwatchPressed = 0; // 0: none
-    qxCColour m_swatchColour;
 };

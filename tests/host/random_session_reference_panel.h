@@ -2,14 +2,10 @@
 
 #include "engine/qx_colour.h"
 
-#include <map>
-#include <set>
-#include <string>
-
 class qxCMapDetailRecord;
 class qxCTexture;
 
-/// The open panel as the reference has it: settings, stroke and selection, and what its controls stand at.
+/// The open panel as the reference has it: settings, stroke and selection.
 struct ReferencePanel {
     bool isDetailsTab = false;
     int tool = -1;
@@ -19,6 +15,7 @@ struct ReferencePanel {
     int height = 0;
     float gradient = 0.0F;
     bool hideCursor = false;
+    qxCColour toolTint{255, 255, 255, 255};
     qxCTexture* detailTexture = nullptr;
     qxCMapDetailRecord* detail = nullptr;
 
@@ -35,18 +32,4 @@ struct ReferencePanel {
     int z0 = 0;
     int x1 = 0;
     int z1 = 0;
-
-    bool full = true;
-    bool expanded = false;
-    int number = 0; // of the texture definition shown
-    float blend = 0.0F;
-    float variation = 0.0F;
-    int tiling = 0;
-    bool mapFlag = false;
-    bool fog = false;
-    std::string strengthText; // text and bar: as of their last refresh
-    int fill = 0;
-    std::set<int> disabled;             // controls
-    std::map<int, qxCColour> swatches;  // by control
-    std::map<int, qxCTexture*> pickers; // by control
 };

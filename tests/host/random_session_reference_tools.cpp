@@ -230,7 +230,7 @@ void CReferenceEditor::tintPoints() {
             recordArea(x, z, x + blockSize() - 1, z + blockSize() - 1);
         }
     }
-    const qxCColour target = panel.swatches[IDC_TINT_COLOUR];
+    const qxCColour target = panel.toolTint;
     const float t = std::min(1.0F, std::max(0.0F, static_cast<float>(panel.strength) * 0.01F));
     const int water = static_cast<int>(map->waterLevel / map->heightScale);
     for (const auto& [px, pz] : points) {

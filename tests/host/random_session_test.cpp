@@ -1,8 +1,5 @@
 #include "host/random_session.h"
 
-#include <QFile>
-#include <QTemporaryDir>
-
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -45,13 +42,4 @@ void playSessions(CSessionDriver& driver, std::uint64_t standardCount) {
 
 TEST(RandomSession, TheCoreStaysAlikeToTheReference) {
     playSessions(*makeCoreDriver(), SUITE_SHARE * 20'000);
-}
-
-TEST(RandomSession, ExportsAndPanelStayAlikeToTheReference) {
-    const QTemporaryDir directory;
-    for (const std::string& name : CRandomSession::FILES) {
-        QFile file(directory.filePath(QString::fromStdString(name)));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    }
-    playSessions(*makeExportsDriver(directory.path().toStdString()), SUITE_SHARE * 12'000);
 }

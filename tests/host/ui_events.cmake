@@ -4,6 +4,7 @@ find_package(Qt6 REQUIRED COMPONENTS Gui Widgets Test)
 vesk_test(test_ui_events
     SOURCES ui_events/event_gestures.cpp ui_events/event_hand.cpp ui_events/event_player.cpp
             ui_events/event_session.cpp ui_events/event_stage.cpp ui_events/event_tally.cpp
-            ui_events/event_watchdog.cpp ui_events/movie_stage.cpp ui_events/ui_events_test.cpp
+            ui_events/event_watchdog.cpp ui_events/movie_stage.cpp ui_events/panel_invariants.cpp
+            ui_events/ui_events_test.cpp
     LIBRARIES vesk_host vesk_ui_test_support
     TIMEOUT 900)

@@ -46,7 +46,7 @@ const std::vector<Room>& rooms() {
           "resources/"},
          STANDARD_ONLY},
         {"sandbox/", {"sandbox/", "host/veskutil.h", "engine/"}, ANYTHING},
-        {"sandbox/tour/", {"sandbox/", "host/veskutil.h", "engine/", "resources/"}, System::ANYTHING},
+        {"sandbox/tour/", {"sandbox/", "host/veskutil.h", "engine/", "resources/"}, ANYTHING},
     };
     return ALL;
 }

@@ -1,6 +1,6 @@
 #include "host/ui_events/event_hand.h"
 
-#include <QGuiApplication>
+#include <QApplication>
 #include <QTest>
 #include <QWheelEvent>
 
@@ -49,6 +49,9 @@ void CEventHand::release() {
 
 void CEventHand::pressKey(QWidget& widget, Qt::Key key, const QString& text,
                           Qt::KeyboardModifiers modifiers) {
+    if (QGuiApplication::focusWindow() == nullptr && QApplication::activeModalWidget() == nullptr) {
+        widget.window()->activateWindow(); // nobody types into a window that has not got the keyboard
+    }
     QWindow* const focused = QGuiApplication::focusWindow();
     const QPointer<QWindow> window = focused != nullptr ? focused : windowOf(widget);
     if (window != nullptr) {

@@ -1,12 +1,15 @@
 #include "host/ui_events/event_session.h"
 
 #include "host/veskutil.h"
+#include "resources/resource_ids.h"
+#include "sandbox/hands/dialogs.h"
 #include "terrain/model/map_undo_list.h"
 
 #include <QApplication>
 #include <QColorDialog>
 #include <QFileDialog>
 #include <QMessageBox>
+#include <QWindow>
 
 #include <gtest/gtest.h>
 
@@ -19,6 +22,7 @@ namespace {
 constexpr double LONGEST_EVENT = 1.0;             // seconds
 constexpr std::chrono::seconds HANGING_EVENT{30}; // no answer to be waited for any longer
 constexpr int TURNS_TO_END = 2000;
+constexpr int TURNS_TO_SETTLE = 100;
 
 std::optional<DialogKind> kindOf(const QWidget& window) {
     if (qobject_cast<const QColorDialog*>(&window) != nullptr) {
@@ -30,25 +34,20 @@ std::optional<DialogKind> kindOf(const QWidget& window) {
     if (qobject_cast<const QMessageBox*>(&window) != nullptr) {
         return DialogKind::MESSAGE;
     }
-    if (window.objectName() == "dialog-148") {
+    if (&window == shownDialog(IDD_TEXTURE_LIST)) {
         return DialogKind::TEXTURE_LIST;
     }
-    if (window.objectName() == "dialog-2009") {
+    if (&window == shownDialog(IDD_SOUNDTRACK)) {
         return DialogKind::SOUNDTRACK;
     }
-    return window.objectName() == "dialog-237" ? std::optional(DialogKind::TERRAIN_TYPES) : std::nullopt;
+    return &window == shownDialog(IDD_TERRAIN_TYPE_EDITOR) ? std::optional(DialogKind::TERRAIN_TYPES)
+                                                           : std::nullopt;
 }
 
 /// One of the panels that are open; null when none is.
 QWidget* findPanel(CEventDice& dice) {
-    QList<QWidget*> panels;
-    for (const char* name : {"dialog-212", "dialog-2005"}) {
-        for (QWidget* const window : QApplication::topLevelWidgets()) {
-            if (window->objectName() == name && window->isVisible()) {
-                panels << window;
-            }
-        }
-    }
+    QList<QWidget*> panels = {shownDialog(IDD_MAP_EDITOR), shownDialog(IDD_MOVIE_EDITOR)};
+    panels.removeAll(nullptr);
     return panels.isEmpty() ? nullptr : dice.of(panels);
 }
 
@@ -88,6 +87,11 @@ void CEventSession::timerEvent(QTimerEvent*) {
     noteTime({});
     observeDialogs();
     m_stage.observe();
+    keepActivation();
+    const bool rests = m_nDepth == 0 && QApplication::activeModalWidget() == nullptr;
+    if (rests && m_nBrokenTurns < TURNS_TO_SETTLE && !checkPanel()) {
+        return;
+    }
     std::optional<EventAct> act = m_gestures.takeNext();
     if (!act && m_tally.events < m_nEnd) {
         plan();
@@ -99,6 +103,32 @@ void CEventSession::timerEvent(QTimerEvent*) {
     if (act) {
         send(*act);
     }
+}
+
+/// A screen always has an active window. Without a screen Qt may call none active after a dialog's end, and a
+/// field then loses the focus without hearing of it.
+void CEventSession::keepActivation() {
+    if (QApplication::activeWindow() == nullptr && QApplication::activeModalWidget() == nullptr &&
+        QApplication::activePopupWidget() == nullptr) {
+        QWidget* const focused = QApplication::focusWindow() != nullptr
+                                     ? QWidget::find(QApplication::focusWindow()->winId())
+                                     : nullptr;
+        QApplication::setActiveWindow(focused != nullptr ? focused : m_stage.window());
+    }
+}
+
+/// A change of the focus may still be under way: what is broken gets some turns without an event to settle.
+/// It is told once, as what follows would only repeat it.
+bool CEventSession::checkPanel() {
+    if (m_stage.checkPanel()) {
+        m_nBrokenTurns = 0;
+        return true;
+    }
+    if (++m_nBrokenTurns == TURNS_TO_SETTLE) {
+        ADD_FAILURE() << m_stage.brokenRule() << ", after the last of these events:\n"
+                      << m_watchdog.getLastEvents();
+    }
+    return m_nBrokenTurns == TURNS_TO_SETTLE;
 }
 
 void CEventSession::send(const EventAct& act) {

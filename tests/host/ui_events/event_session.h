@@ -34,6 +34,8 @@ private:
     };
 
     void noteTime(std::string next);
+    void keepActivation();
+    bool checkPanel();
     void observeDialogs();
     void enter(QWidget& window);
     OpenDialog* topDialog();
@@ -55,6 +57,7 @@ private:
     int m_nDepth = 0;
     int m_nEndTurns = 0;
     bool m_bStuck = false;
+    int m_nBrokenTurns = 0; // since a rule of the panel was seen broken
     std::string m_strEvent; // the one being handled
     std::vector<OpenDialog> m_dialogs;
 };

@@ -4,12 +4,16 @@
 #include "engine/qx_texture.h"
 #include "host/veskutil.h"
 #include "platform/cstring.h"
+#include "resources/resource_ids.h"
+#include "sandbox/hands/dialogs.h"
 
 #include <QApplication>
 #include <QDir>
 #include <QFile>
 #include <QMessageBox>
 #include <QSettings>
+
+#include <gtest/gtest.h>
 
 #include <limits>
 #include <stdexcept>
@@ -157,9 +161,13 @@ HWND CEventStage::anyHostHandle() {
 
 void CEventStage::openEditor() {
     const bool wasOpen = vuIsEditorActive();
-    vuCreateEditor(anyHostHandle(), m_pMap.get(), m_directory.path().toUtf8().constData(), nullptr,
-                   !m_dice.oneIn(6), nullptr);
+    const bool full = !m_dice.oneIn(6);
+    vuCreateEditor(anyHostHandle(), m_pMap.get(), m_directory.path().toUtf8().constData(), nullptr, full,
+                   nullptr);
     m_bOpen = vuIsEditorActive();
+    if (m_bOpen && !wasOpen) {
+        m_invariants.begin(*m_pMap, full);
+    }
     m_tally.opened += m_bOpen && !wasOpen ? 1 : 0;
 }
 
@@ -218,6 +226,9 @@ void CEventStage::stroke() {
         return;
     case 1:
         vuStopEditing();
+        if (const QWidget* const panel = shownDialog(IDD_MAP_EDITOR)) {
+            EXPECT_TRUE(m_invariants.checkHistory(*panel)) << m_invariants.getBroken();
+        }
         return;
     default:
         vuUpdateEditing(coordinate(), coordinate(), 0, 0, 0, m_dice.between(-40, 40));
@@ -225,6 +236,7 @@ void CEventStage::stroke() {
 }
 
 void CEventStage::editMap() {
+    m_invariants.noteMapEdit();
     switch (m_dice.below(5)) {
     case 0:
         return m_pMap->removeMultiTexture(m_dice.below(4));
@@ -236,6 +248,7 @@ void CEventStage::editMap() {
         return m_pMap->setTextureTiling(m_dice.between(1, 256));
     default:
         vuDestroySettings(); // may come at any time, and empties the history
+        m_invariants.noteHistoryCleared();
     }
 }
 
@@ -248,6 +261,17 @@ void CEventStage::observe() {
         ++m_tally.closedByUser;
         m_bOpen = false;
     }
+}
+
+bool CEventStage::checkPanel() {
+    QWidget* const panel = shownDialog(IDD_MAP_EDITOR);
+    if (panel == nullptr || !vuIsEditorActive()) {
+        return true;
+    }
+    constexpr int TURNS_PER_RETURN = 400;
+    const bool returns = m_dice.oneIn(TURNS_PER_RETURN) && !vuIsEditingInProgress();
+    return m_invariants.check(*panel, *m_pMap) &&
+           (!returns || m_invariants.checkUndoToTheEnd(*panel, *m_pMap));
 }
 
 void CEventStage::end() {

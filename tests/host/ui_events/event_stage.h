@@ -5,6 +5,7 @@
 #include "host/ui_events/event_dice.h"
 #include "host/ui_events/event_tally.h"
 #include "host/ui_events/movie_stage.h"
+#include "host/ui_events/panel_invariants.h"
 #include "platform/window_handle.h"
 
 #include <QByteArray>
@@ -40,6 +41,10 @@ public:
     void editMap();
     /// Tells the user's ways to close the panel from the host's own.
     void observe();
+    /// What holds of the panel at rest: between two events, with no dialog over it. False when a rule is
+    /// broken.
+    bool checkPanel();
+    const std::string& brokenRule() const { return m_invariants.getBroken(); }
     /// Closes and frees everything.
     void end();
 
@@ -62,6 +67,7 @@ private:
 
     CEventDice& m_dice;
     EventTally& m_tally;
+    CPanelInvariants m_invariants;
     QTemporaryDir m_directory;
     QMap<QString, QByteArray> m_files;
     std::unique_ptr<QWidget> m_pWindow; // with the view that shows the map
