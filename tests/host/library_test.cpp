@@ -6,6 +6,7 @@
 #include <gmock/gmock.h>
 
 #include <array>
+#include <cctype>
 #include <cstdio>
 #include <dlfcn.h>
 #include <memory>
@@ -40,7 +41,12 @@ std::vector<std::string> exportedSymbols() {
     std::array<char, 1024> line{};
     while (std::fgets(line.data(), static_cast<int>(line.size()), listing.get()) != nullptr) {
         std::istringstream words(line.data());
-        words >> names.emplace_back();
+        std::string name;
+        char kind = 0;
+        words >> name >> kind;
+        if (std::isupper(static_cast<unsigned char>(kind)) != 0) { // a local one is seen by nobody
+            names.push_back(name);
+        }
     }
     return names;
 }
