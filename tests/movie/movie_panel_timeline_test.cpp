@@ -133,7 +133,7 @@ TEST_F(MovieTimelineTest, ItsKeysPressThePlayButtons) {
     } keys[] = {{Qt::Key_Comma, Qt::NoModifier, 6},       {Qt::Key_Period, Qt::NoModifier, 7},
                 {Qt::Key_Greater, Qt::ShiftModifier, 10}, {Qt::Key_Less, Qt::ShiftModifier, 5},
                 {Qt::Key_End, Qt::NoModifier, 19},        {Qt::Key_Home, Qt::NoModifier, 0},
-                {Qt::Key_Return, Qt::NoModifier, 0}};
+                {Qt::Key_Return, Qt::NoModifier, 0},      {Qt::Key_Right, Qt::NoModifier, 0}};
     for (const auto& one : keys) {
         ui::press(one.key, one.modifiers);
         EXPECT_EQ(m_movie.getRangeStart(), one.frame);

@@ -57,8 +57,6 @@ constexpr IconButton ICON_BUTTONS[] = {
     {IDC_GO_TO_END, IDI_GO_TO_END},
 };
 
-constexpr int FRAMES_A_PAGE = 5;
-
 struct FrameCommand {
     UINT controlId;
     void (*run)(qxCMovie& movie, CMovieUndoStore& store);
@@ -186,7 +184,7 @@ void CMovieEditorDlg::showAtOpening(qxCMovie& movie) {
 
 void CMovieEditorDlg::DoDataExchange(CDataExchange* pDX) {
     CKeyframeEditorDlg::DoDataExchange(pDX);
-    DDX_Control(pDX, IDC_TIMELINE_SCROLL, m_timelineScroll);
+    m_timelineScroll.exchange(pDX);
     m_strTime.exchange(pDX, IDC_MOVIE_TIME);
     DDX_Radio(pDX, IDC_VESK_CAMERA, m_nCameraView);
     DDX_Check(pDX, IDC_PAUSE, m_bPause);
@@ -199,7 +197,7 @@ void CMovieEditorDlg::DoDataExchange(CDataExchange* pDX) {
 void CMovieEditorDlg::refresh(qxCMovie& movie, UndoButton undoButton) {
     m_timeline.redraw();
     m_strTime.set(selectionTime(movie).c_str());
-    showScrollPosition(movie);
+    m_timelineScroll.show(m_timeline, movie.getNumFrames());
     qxCMovieFrame* const frame = currentFrame(movie);
     if (frame != nullptr) {
         keyframeGroup().take(*frame, movie);
@@ -214,11 +212,6 @@ void CMovieEditorDlg::refresh(qxCMovie& movie, UndoButton undoButton) {
     } else {
         showUndo();
     }
-}
-
-void CMovieEditorDlg::showScrollPosition(const qxCMovie& movie) {
-    m_timelineScroll.SetScrollRange(0, std::max(movie.getNumFrames() - 1, 0), FALSE);
-    m_timelineScroll.SetScrollPos(m_timeline.getFirstFrame());
 }
 
 void CMovieEditorDlg::fitTimeline(const qxCMovie& movie) {
@@ -293,37 +286,9 @@ void CMovieEditorDlg::onZoom(UINT controlId) {
     });
 }
 
-/// Where a scroll step leads, which may be outside the movie.
-int CMovieEditorDlg::scrolledTo(UINT scrollCode, const CScrollBar* scrollBar) const {
-    const int first = m_timeline.getFirstFrame();
-    switch (scrollCode) {
-    case SB_LINELEFT:
-        return framesFrom(first, -1);
-    case SB_LINERIGHT:
-        return framesFrom(first, 1);
-    case SB_PAGELEFT:
-        return framesFrom(first, -FRAMES_A_PAGE);
-    case SB_PAGERIGHT:
-        return framesFrom(first, FRAMES_A_PAGE);
-    case SB_THUMBPOSITION:
-    case SB_THUMBTRACK: {
-        SCROLLINFO info; // the message has room for half of the position
-        return scrollBar != nullptr && scrollBar->GetScrollInfo(&info, SIF_TRACKPOS) != FALSE ? info.nTrackPos
-                                                                                              : first;
-    }
-    case SB_LEFT:
-        return 0;
-    case SB_RIGHT:
-        return std::numeric_limits<int>::max();
-    default:
-        return first;
-    }
-}
-
 void CMovieEditorDlg::OnHScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar) {
     work([&](qxCMovie& movie) {
-        const int last = std::max(movie.getNumFrames() - 1, 0);
-        m_timeline.setFirstFrame(std::clamp(scrolledTo(nSBCode, pScrollBar), 0, last));
+        m_timeline.setFirstFrame(m_timelineScroll.target(nSBCode, m_timeline, movie.getNumFrames()));
         refresh(movie);
         CKeyframeEditorDlg::OnHScroll(nSBCode, nPos, pScrollBar);
     });

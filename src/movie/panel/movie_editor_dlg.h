@@ -4,6 +4,7 @@
 #include "movie/panel/play_control.h"
 #include "movie/panel/soundtrack_setup.h"
 #include "movie/panel/timeline_ctrl.h"
+#include "movie/panel/timeline_scroll.h"
 #include "movie/soundtrack.h"
 
 /// The movie editor panel: shows a movie and its current frame, changes it in place by the commands of its
@@ -49,9 +50,7 @@ private:
 
     void createTimeline();
     void showAtOpening(qxCMovie& movie);
-    void showScrollPosition(const qxCMovie& movie);
     void fitTimeline(const qxCMovie& movie);
-    int scrolledTo(UINT scrollCode, const CScrollBar* scrollBar) const;
     void goToFrame(qxCMovie& movie, int frame);
     void startPlayback(qxCMovie& movie);
     void stopPlayback(qxCMovie& movie);
@@ -59,7 +58,7 @@ private:
 
     const bool m_bShowClose;
     CTimelineCtrl m_timeline;
-    CScrollBar m_timelineScroll;
+    CTimelineScroll m_timelineScroll;
     CPlayControl m_player;
     CSoundtrack m_soundtrack;
     CSoundtrackSetup m_soundtrackSetup;

@@ -38,6 +38,10 @@ constexpr KeyButton KEY_BUTTONS[] = {
     {VK_END, IDC_GO_TO_END, IDC_GO_TO_END},
 };
 
+/// Keys that nobody means for the dialog here: Enter would press its default button, which is "Close", an
+/// arrow would take the keyboard to some other control.
+constexpr WPARAM KEYS_OF_THE_DIALOG[] = {VK_RETURN, VK_LEFT, VK_RIGHT, VK_UP, VK_DOWN};
+
 /// Give the window the keyboard, then the mouse. False, and nothing may be done with the window's object,
 /// when the field that had the keyboard refused its text and has it back, or the panel was closed meanwhile.
 bool takeInput(HWND window) {
@@ -245,8 +249,8 @@ BOOL CTimelineCtrl::PreTranslateMessage(MSG* pMsg) {
     if (pMsg->message != WM_KEYDOWN) {
         return CWnd::PreTranslateMessage(pMsg);
     }
-    if (pMsg->wParam == VK_RETURN) {
-        return TRUE; // the panel's default button is "Close", which nobody means here
+    if (std::ranges::find(KEYS_OF_THE_DIALOG, pMsg->wParam) != std::end(KEYS_OF_THE_DIALOG)) {
+        return TRUE;
     }
     if (pMsg->wParam == VK_ESCAPE && m_drag.mode() != CTimelineDrag::Mode::NONE && hasMovieAndParent()) {
         cancelDrag();
