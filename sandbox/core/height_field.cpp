@@ -3,8 +3,9 @@
 #include <algorithm>
 
 double groundHeight(const HeightField& field, double x, double z) {
-    const double onMapX = std::clamp(x, 0.0, static_cast<double>(field.gridDim));
-    const double onMapZ = std::clamp(z, 0.0, static_cast<double>(field.gridDim));
+    // In this order what is not a number counts as 0.
+    const double onMapX = std::min(std::max(0.0, x), static_cast<double>(field.gridDim));
+    const double onMapZ = std::min(std::max(0.0, z), static_cast<double>(field.gridDim));
     const int cellX = std::min(static_cast<int>(onMapX), field.gridDim - 1);
     const int cellZ = std::min(static_cast<int>(onMapZ), field.gridDim - 1);
     const double u = onMapX - cellX;

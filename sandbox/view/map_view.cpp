@@ -155,13 +155,13 @@ void CMapView::drawLabels() {
     QRegion taken;
     for (const FilmLabel& label : m_filmOverlay.labels() | std::views::reverse) {
         const std::optional<QPointF> place = project(label.place);
-        if (!place) {
+        if (!place || !QRectF(rect()).contains(*place)) {
             continue;
         }
         QRect room = painter.fontMetrics().boundingRect(label.text);
         room.translate(place->toPoint() + OFFSET);
         room.adjust(-3, -1, 3, 1);
-        if (label.text.isEmpty() || !rect().intersects(room) || taken.intersects(room)) {
+        if (label.text.isEmpty() || taken.intersects(room)) {
             continue;
         }
         taken += room;
@@ -247,7 +247,7 @@ std::optional<TerrainHit> CMapView::pick(QPointF position) const {
 
 std::optional<QPointF> CMapView::project(const QVector3D& place) const {
     const QVector4D clip = pictureCamera().viewProjection(aspect()) * QVector4D(place, 1.0F);
-    if (clip.w() <= 0.0F) {
+    if (!(clip.w() > 0.0F)) {
         return std::nullopt;
     }
     return QPointF((clip.x() / clip.w() + 1.0F) * 0.5F * static_cast<float>(width()),
