@@ -225,60 +225,30 @@ TEST_F(MoviePanelTest, StepsNumbersOnTheirGrid) {
     }
 }
 
-TEST_F(MoviePanelTest, SetsPropertiesOfTheCurrentFrame) {
+TEST_F(MoviePanelTest, TweensWhatAPropertyChanges) {
     open();
     goTo(5);
     choose(IDC_FRAME_CAMERA, 1);
-    EXPECT_EQ(frame(5).camera, 1);
-    EXPECT_EQ(frame(6).camera, 1) << "tweened";
-    click(IDC_EASE_IN_UP);
-    click(IDC_EASE_OUT_DOWN);
-    EXPECT_FLOAT_EQ(frame(5).easeIn, 0.6F);
-    EXPECT_FLOAT_EQ(frame(5).easeOut, 0.4F);
-    EXPECT_TRUE(g_movieUndo.isEmpty()) << "neither is recorded";
-
-    choose(IDC_INTERPOLATION, 1);
-    EXPECT_EQ(frame(5).frameMode, qxMovieFrameSwitch);
-    choose(IDC_FADE, 1);
-    EXPECT_EQ(frame(5).fadeMode, qxMovieFadeIn);
-    EXPECT_LT(frame(8).fadeLevel, 1.0F);
+    EXPECT_EQ(frame(6).camera, 1);
+    EXPECT_TRUE(g_movieUndo.isEmpty()) << "not recorded";
     click(IDC_TARGET);
-    EXPECT_EQ(frame(5).cameraMode, qxMovieCameraTarget);
     EXPECT_FALSE(isEnabled(IDC_ROTATION_X));
     type(IDC_TARGET_NAME, "mill");
     leave();
     EXPECT_STREQ(frame(5).targetName.getString(), "mill");
-    type(IDC_ANIM, "birds");
-    leave();
-    EXPECT_STREQ(frame(5).animTrigger, "birds");
-    EXPECT_EQ(g_movieUndo.getCount(), 5);
+    EXPECT_EQ(g_movieUndo.getCount(), 2);
     EXPECT_FALSE(isEnabled(IDC_MOVIE_UNDO)) << "as after each command that refreshes";
 }
 
-TEST_F(MoviePanelTest, RunsTheCommandsOnTheSelection) {
+TEST_F(MoviePanelTest, KeepsItsHistoryWhenItIsClosed) {
     open();
-    const struct {
-        int button;
-        int frames, current, records;
-    } steps[] = {{IDC_DELETE_FRAMES, 17, 3, 3}, {IDC_INSERT_FRAME, 18, 4, 4},  {IDC_ADD_KEYFRAME, 19, 18, 5},
-                 {IDC_COPY_FRAMES, 19, 18, 5},  {IDC_PASTE_FRAMES, 20, 18, 5}, {IDC_CUT_FRAMES, 19, 18, 5}};
     m_movie.setRangeStart(3);
     m_movie.setRangeEnd(5);
-    for (const auto& step : steps) {
-        click(step.button);
-        EXPECT_EQ(m_movie.getNumFrames(), step.frames) << step.button;
-        EXPECT_EQ(m_movie.getRangeStart(), step.current) << step.button;
-        EXPECT_TRUE(m_movie.isRangeSingleFrame());
-        EXPECT_EQ(g_movieUndo.getCount(), step.records) << step.button;
-        EXPECT_FALSE(isEnabled(IDC_MOVIE_UNDO));
-    }
-    click(IDC_UNMARK_KEYFRAME);
-    EXPECT_FALSE(frame(18).keyframe);
-    click(IDC_MARK_KEYFRAME);
-    EXPECT_TRUE(frame(18).keyframe);
+    click(IDC_DELETE_FRAMES);
+    EXPECT_FALSE(isEnabled(IDC_MOVIE_UNDO));
     vuDestroyMovieEditor();
     open();
-    EXPECT_EQ(g_movieUndo.getCount(), 5) << "the history outlives the panel";
+    EXPECT_EQ(g_movieUndo.getCount(), 3);
     for (int i = g_movieUndo.getCount(); i < 2000; ++i) {
         g_movieUndo.pushInserted(FAR_AWAY);
     }
