@@ -8,6 +8,8 @@
 #include <QAbstractButton>
 #include <QComboBox>
 #include <QLineEdit>
+#include <QStyle>
+#include <QStyleOptionSpinBox>
 
 MoviePanelTest::MoviePanelTest() : m_camera(m_movie.addCamera("one")) {
     m_movie.addCamera("two");
@@ -65,6 +67,16 @@ void MoviePanelTest::click(int id) {
 
 void MoviePanelTest::type(int id, const QString& newText) {
     ui::type(*control(id), newText);
+}
+
+void MoviePanelTest::step(int id, bool up) {
+    QWidget& spin = *control(id);
+    QStyleOptionSpinBox option;
+    option.initFrom(&spin);
+    option.subControls = QStyle::SC_All;
+    const QStyle::SubControl arrow = up ? QStyle::SC_SpinBoxUp : QStyle::SC_SpinBoxDown;
+    const QRect place = spin.style()->subControlRect(QStyle::CC_SpinBox, &option, arrow, &spin);
+    ui::click(spin, QPoint(spin.width() - 4, place.center().y()));
 }
 
 void MoviePanelTest::leave() {

@@ -29,6 +29,8 @@ protected:
     static void click(int id);
     /// Click into an edit and replace its text, without leaving it.
     static void type(int id, const QString& newText);
+    /// Press an arrow of a spin.
+    static void step(int id, bool up);
     /// Leave the field that has the keyboard.
     static void leave();
     static void choose(int id, int item);

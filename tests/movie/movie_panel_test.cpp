@@ -11,7 +11,6 @@
 #include <QAbstractSpinBox>
 #include <QComboBox>
 #include <QProgressBar>
-#include <QStyleOptionSpinBox>
 #include <QTest>
 
 #include <gmock/gmock.h>
@@ -191,16 +190,6 @@ TEST_F(MoviePanelTest, RefusesWhatIsNoNumber) {
     EXPECT_EQ(m_movie.getRangeStart(), 5);
 }
 
-/// Press an arrow of a spin.
-void step(QWidget& spin, bool up) {
-    QStyleOptionSpinBox option;
-    option.initFrom(&spin);
-    option.subControls = QStyle::SC_All;
-    const QStyle::SubControl arrow = up ? QStyle::SC_SpinBoxUp : QStyle::SC_SpinBoxDown;
-    const QRect place = spin.style()->subControlRect(QStyle::CC_SpinBox, &option, arrow, &spin);
-    ui::click(spin, QPoint(spin.width() - 4, place.center().y()));
-}
-
 TEST_F(MoviePanelTest, StepsNumbersOnTheirGrid) {
     const struct {
         int spin;
@@ -219,7 +208,7 @@ TEST_F(MoviePanelTest, StepsNumbersOnTheirGrid) {
                                   : frame(5).translation;
         for (const bool up : {true, false}) {
             vector.*one.part = one.value;
-            step(*control(one.spin), up);
+            step(one.spin, up);
             EXPECT_EQ(vector.*one.part, up ? one.up : one.down) << one.spin;
         }
     }
@@ -329,9 +318,9 @@ TEST_F(MoviePanelTest, CopesWithAnyEngine) {
                 ui::click(*button);
             }
         }
-        for (QAbstractSpinBox* const spin : panel()->findChildren<QAbstractSpinBox*>()) {
+        for (const QAbstractSpinBox* const spin : panel()->findChildren<QAbstractSpinBox*>()) {
             spoil(movie);
-            step(*spin, true);
+            step(spin->objectName().toInt(), true);
         }
         QTest::mouseClick(control(IDC_TIMELINE), Qt::RightButton);
         EXPECT_TRUE(g_movieUndo.isEmpty());

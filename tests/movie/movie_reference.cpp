@@ -3,6 +3,7 @@
 #include "resources/resource_ids.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstdio>
 #include <cstring>
 #include <memory>
@@ -20,6 +21,15 @@ float& numberOf(qxCMovieFrame& f, int field) {
     float* const numbers[] = {&f.translation.x, &f.translation.y, &f.translation.z, &f.rotation.x,
                               &f.rotation.y,    &f.rotation.z,    &f.fov,           &f.shake};
     return *numbers[field];
+}
+
+void setNumber(qxCMovieFrame& frame, int field, float value) {
+    qxCMovieFrame changed = frame;
+    numberOf(changed, field) = value;
+    frame.setTranslation(changed.translation);
+    frame.setRotation(changed.rotation);
+    frame.setFov(changed.fov);
+    frame.setShake(changed.shake);
 }
 
 std::string sixDigits(float value) {
@@ -228,14 +238,18 @@ void CReferenceMovieEditor::typeNumber(int field, std::optional<float> value) {
     if (m_bOutdated || !value || sixDigits(*value) == sixDigits(numberOf(current(), field))) {
         return;
     }
+    change(true, [&](qxCMovieFrame& frame) { setNumber(frame, field, *value); });
+}
+
+void CReferenceMovieEditor::spin(int field, bool up) {
+    const double step = field < 3 || field == 7 ? 0.1F : 1.0F;
     change(true, [&](qxCMovieFrame& frame) {
-        qxCMovieFrame typed = frame;
-        numberOf(typed, field) = *value;
-        frame.setTranslation(typed.translation);
-        frame.setRotation(typed.rotation);
-        frame.setFov(typed.fov);
-        frame.setShake(typed.shake);
+        const double asked = numberOf(frame, field) + (up ? step : -step);
+        const double steps = std::floor(std::abs(asked) / step + 0.5);
+        setNumber(frame, field,
+                  static_cast<float>(asked < 0.0 && steps > 0.0 ? -steps * step : steps * step));
     });
+    tweenAndShow();
 }
 
 void CReferenceMovieEditor::ease(int way) {

@@ -28,6 +28,7 @@ public:
     void drag(bool rightButton, bool ctrl, int from, int to, bool cancelled);
     /// No value: the field is only visited.
     void typeNumber(int field, std::optional<float> value);
+    void spin(int field, bool up);
     void ease(int way);
     void setAnim(const std::string& name);
     void toggleTarget();

@@ -25,6 +25,9 @@ constexpr int COMMANDS[] = {IDC_INSERT_FRAME, IDC_DELETE_FRAMES, IDC_ADD_KEYFRAM
                             IDC_CUT_FRAMES,   IDC_PASTE_FRAMES,  IDC_MARK_KEYFRAME, IDC_UNMARK_KEYFRAME};
 constexpr int STEPS[] = {IDC_GO_TO_START, IDC_STEP_BACK,    IDC_STEP_FORWARD,
                          IDC_GO_TO_END,   IDC_PREVIOUS_KEY, IDC_NEXT_KEY};
+constexpr int SPINS[] = {IDC_POSITION_X_SPIN,    IDC_POSITION_Y_SPIN, IDC_POSITION_Z_SPIN,
+                         IDC_ROTATION_X_SPIN,    IDC_ROTATION_Y_SPIN, IDC_ROTATION_Z_SPIN,
+                         IDC_FIELD_OF_VIEW_SPIN, IDC_SHAKE_SPIN};
 constexpr int ZOOMS[] = {IDC_ZOOM_IN, IDC_ZOOM_OUT, IDC_ZOOM_FIT};
 
 std::int64_t setting(const char* name, std::int64_t standard) {
@@ -134,7 +137,12 @@ void MovieSession::useProperties() {
     m_strLast = "useProperties";
     const int what = pick(0, 6);
     m_strLast += " " + std::to_string(what);
-    if (what == 0) {
+    if (what == 6) {
+        const int field = pick(0, 7);
+        const bool up = pick(0, 1) == 0;
+        step(SPINS[field], up);
+        m_reference.spin(field, up);
+    } else if (what == 0) {
         const int ids[] = {IDC_EASE_IN_DOWN, IDC_EASE_IN_UP, IDC_EASE_OUT_DOWN, IDC_EASE_OUT_UP};
         const int way = pick(0, 3);
         if (isEnabled(ids[way])) {
