@@ -11,6 +11,7 @@
 
 #include <QAbstractSlider>
 #include <QImage>
+#include <QMouseEvent>
 #include <QPixmap>
 #include <QTest>
 #include <QWheelEvent>
@@ -51,6 +52,13 @@ TEST_F(MovieTimelineTest, ShowsTheSelectionThatTheMouseMakes) {
     moveTo(column(12));
     release(Qt::LeftButton, 12);
     EXPECT_EQ(range(m_movie), "0-0");
+    press(Qt::RightButton, 5);
+    QMouseEvent elsewhere(QEvent::MouseMove, column(7), control(IDC_TIMELINE)->mapToGlobal(column(7)),
+                          Qt::NoButton, Qt::NoButton, Qt::NoModifier); // the release went to another window
+    QCoreApplication::sendEvent(control(IDC_TIMELINE), &elsewhere);
+    release(Qt::RightButton, 7);
+    EXPECT_EQ(range(m_movie), "0-0");
+    EXPECT_TRUE(frame(5).keyframe);
     press(Qt::RightButton, 19);
     release(Qt::RightButton, 24);
     EXPECT_EQ(m_movie.getNumFrames(), 25);

@@ -163,13 +163,17 @@ void CTimelineCtrl::OnRButtonUp(UINT /*nFlags*/, CPoint point) {
     }
 }
 
-void CTimelineCtrl::OnMouseMove(UINT /*nFlags*/, CPoint point) {
+void CTimelineCtrl::OnMouseMove(UINT nFlags, CPoint point) {
     const CVisit visit;
     if (!hasMovieAndParent()) {
         return;
     }
     if (m_drag.mode() == CTimelineDrag::Mode::NONE) {
         showTip(point.x);
+        return;
+    }
+    if ((nFlags & (MK_LBUTTON | MK_RBUTTON)) == 0) {
+        cancelDrag(); // the release went to a window that came up meanwhile
         return;
     }
     m_nPointerX = point.x;
