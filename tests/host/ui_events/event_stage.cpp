@@ -10,6 +10,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QMessageBox>
 #include <QSettings>
 
@@ -29,9 +30,18 @@ void addTexture(CMemoryScene& scene, const char* name, const char* fileName) {
     scene.addTexture(texture);
 }
 
+/// In memory where the machine has such a place: imported textures are synced to the disk before a click
+/// returns, and a disk that others keep busy would count as a click that hangs.
+QString directoryTemplate() {
+    const QFileInfo memory("/dev/shm");
+    const bool usable = memory.isDir() && memory.isWritable();
+    return (usable ? memory.filePath() : QDir::tempPath()) + "/vesk-events-XXXXXX";
+}
+
 } // namespace
 
-CEventStage::CEventStage(CEventDice& dice, EventTally& tally) : m_dice(dice), m_tally(tally), m_movie(dice) {
+CEventStage::CEventStage(CEventDice& dice, EventTally& tally)
+    : m_dice(dice), m_tally(tally), m_directory(directoryTemplate()), m_movie(dice) {
     // Qt's own dialogs keep their settings in the user's directory, and show it.
     const QString settings = m_directory.filePath(".settings");
     QDir().mkdir(settings);

@@ -4,6 +4,7 @@
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <fstream>
 #include <utility>
 
 #ifdef __SANITIZE_ADDRESS__
@@ -11,6 +12,17 @@
 #endif
 
 namespace {
+
+constexpr std::chrono::milliseconds BETWEEN_LOOKS{50};
+
+/// Seconds that the calling thread has stood in the queue for a processor; 0 where the kernel does not count
+/// them.
+double waitedForProcessor() {
+    std::ifstream statistics("/proc/thread-self/schedstat");
+    double run = 0.0;
+    double waited = 0.0; // both in nanoseconds
+    return statistics >> run >> waited ? waited * 1e-9 : 0.0;
+}
 
 CEventWatchdog* g_watching = nullptr;
 
@@ -39,7 +51,7 @@ void tellBeforeTheEnd() {
 } // namespace
 
 CEventWatchdog::CEventWatchdog(std::chrono::seconds patience)
-    : m_patience(patience), m_thread([this] { watch(); }) {
+    : m_patience(patience), m_fWaited(waitedForProcessor()), m_thread([this] { watch(); }) {
     g_watching = this;
     tellBeforeTheEnd();
 }
@@ -57,11 +69,14 @@ CEventWatchdog::~CEventWatchdog() {
 double CEventWatchdog::begin(std::string event) {
     const std::lock_guard lock(m_mutex);
     const Clock::time_point now = Clock::now();
+    notePause(now);
     const std::chrono::duration<double> spent = now - std::exchange(m_begun, now);
+    const double waitedBefore = std::exchange(m_fWaited, waitedForProcessor());
+    const double notItsOwn = std::max(m_fWaited - waitedBefore, std::exchange(m_fStoodStill, 0.0));
     if (!event.empty()) {
         m_events[m_nEvents++ % KEPT] = std::move(event);
     }
-    return spent.count();
+    return std::max(spent.count() - notItsOwn, 0.0);
 }
 
 std::string CEventWatchdog::getLastEvents() const {
@@ -73,10 +88,18 @@ std::string CEventWatchdog::getLastEvents() const {
     return list;
 }
 
+/// A thread that only sleeps wakes late when nothing on the machine runs.
+void CEventWatchdog::notePause(Clock::time_point now) {
+    const std::chrono::duration<double> late = now - m_woke - BETWEEN_LOOKS;
+    m_fStoodStill += std::max(late.count(), 0.0);
+    m_woke = now;
+}
+
 void CEventWatchdog::watch() {
     std::unique_lock lock(m_mutex);
     while (!m_bEnding) {
-        m_wake.wait_for(lock, std::chrono::milliseconds(250));
+        m_wake.wait_for(lock, BETWEEN_LOOKS);
+        notePause(Clock::now());
         if (!m_bEnding && Clock::now() - m_begun > m_patience) {
             lock.unlock();
             std::fprintf(stderr, "An event hangs for more than %d seconds.\n",

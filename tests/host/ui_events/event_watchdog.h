@@ -19,7 +19,9 @@ public:
     CEventWatchdog(const CEventWatchdog&) = delete;
     CEventWatchdog& operator=(const CEventWatchdog&) = delete;
 
-    /// The next event begins, or the session's own work when it is empty: seconds since the last such call.
+    /// The next event begins, or the session's own work when it is empty: seconds that the one before took,
+    /// without those in which its thread was ready to run and other programs had the processors, or the whole
+    /// machine stood still.
     double begin(std::string event);
     /// The events begun last, one a line, newest last.
     std::string getLastEvents() const;
@@ -29,12 +31,16 @@ private:
     static constexpr std::size_t KEPT = 24;
 
     void watch();
+    void notePause(Clock::time_point now);
 
     const std::chrono::seconds m_patience;
     mutable std::mutex m_mutex;
     std::condition_variable m_wake;
     bool m_bEnding = false;
     Clock::time_point m_begun = Clock::now();
+    double m_fWaited = 0.0; // of the thread that sends the events, seconds since it began
+    Clock::time_point m_woke = Clock::now();
+    double m_fStoodStill = 0.0; // seconds since the event began
     std::array<std::string, KEPT> m_events;
     std::size_t m_nEvents = 0; // ever begun
     std::thread m_thread;
