@@ -2,6 +2,7 @@
 
 #include <QApplication>
 
+#include <utility>
 #include <vector>
 
 namespace qtbackend {
@@ -22,6 +23,24 @@ QPointer<QWidget>& activeAgain() {
     return window;
 }
 
+/// Deletes what has ended once Qt deletes this, which is from the event loop. A modal window may have opened
+/// since, out of Qt's hands on one of the objects, such as the activation of a window that has just ended:
+/// then they wait for its end too.
+class CBurial : public QObject {
+public:
+    explicit CBurial(std::vector<QPointer<QObject>> objects) : m_objects(std::move(objects)) {}
+    ~CBurial() override {
+        for (const QPointer<QObject>& object : m_objects) {
+            if (object != nullptr) {
+                deleteWhenIdle(object);
+            }
+        }
+    }
+
+private:
+    std::vector<QPointer<QObject>> m_objects;
+};
+
 } // namespace
 
 CDispatchScope::CDispatchScope() {
@@ -29,15 +48,9 @@ CDispatchScope::CDispatchScope() {
 }
 
 CDispatchScope::~CDispatchScope() {
-    if (--g_depth > 0) {
-        return;
+    if (--g_depth == 0 && !ended().empty()) {
+        (new CBurial(std::exchange(ended(), {})))->deleteLater();
     }
-    for (const QPointer<QObject>& object : ended()) {
-        if (object != nullptr) {
-            object->deleteLater();
-        }
-    }
-    ended().clear();
 }
 
 bool CDispatchScope::isActive() {

@@ -6,7 +6,8 @@
 namespace qtbackend {
 
 /// Handlers may end windows whose events are still on their way through Qt. What ends inside a scope is
-/// deleted from the event loop after the outermost scope; outside of any it is deleted at once.
+/// deleted from the event loop after the outermost scope, and never inside another one; outside of any it is
+/// deleted at once.
 class CDispatchScope {
 public:
     CDispatchScope();

@@ -24,6 +24,10 @@ constexpr std::chrono::seconds HANGING_EVENT{30}; // no answer to be waited for 
 constexpr int TURNS_TO_END = 2000;
 constexpr int TURNS_TO_SETTLE = 100;
 
+std::string nameOf(const QWidget* widget) {
+    return widget != nullptr ? widget->objectName().toStdString() : "nothing";
+}
+
 std::optional<DialogKind> kindOf(const QWidget& window) {
     if (qobject_cast<const QColorDialog*>(&window) != nullptr) {
         return DialogKind::COLOUR;
@@ -125,7 +129,9 @@ bool CEventSession::checkPanel() {
         return true;
     }
     if (++m_nBrokenTurns == TURNS_TO_SETTLE) {
-        ADD_FAILURE() << m_stage.brokenRule() << ", after the last of these events:\n"
+        ADD_FAILURE() << m_stage.brokenRule() << ", the focus in " << nameOf(QApplication::focusWidget())
+                      << ", active " << nameOf(QApplication::activeWindow())
+                      << ", after the last of these events:\n"
                       << m_watchdog.getLastEvents();
     }
     return m_nBrokenTurns == TURNS_TO_SETTLE;
