@@ -1,27 +1,19 @@
 #include "sandbox/app/main_window.h"
 
 #include "host/veskutil.h"
+#include "resources/resource_ids.h"
 #include "support/ui_driver.h"
 
 #include <QAbstractButton>
 #include <QAction>
-#include <QApplication>
+#include <QCoreApplication>
 #include <QTimer>
 #include <QToolBar>
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <functional>
 
 namespace {
-
-QWidget* panel(const char* name) {
-    const QWidgetList windows = QApplication::topLevelWidgets();
-    const auto found = std::ranges::find_if(windows, [name](const QWidget* window) {
-        return window->objectName() == QLatin1String(name) && window->isVisible();
-    });
-    return found != windows.end() ? *found : nullptr;
-}
 
 QRect onScreen(const QWidget& widget) {
     return {widget.mapToGlobal(QPoint()), widget.size()};
@@ -51,7 +43,7 @@ protected:
             m_pWindow->findChild<QAction*>(editor)->trigger();
         }
         const auto isBeside = [this] {
-            const QWidget* const film = panel("dialog-2005");
+            const QWidget* const film = ui::dialog(IDD_MOVIE_EDITOR);
             return film != nullptr && !onScreen(*film).intersects(onScreen(m_pWindow->view()));
         };
         EXPECT_TRUE(becomesTrue(isBeside)) << "the movie editor covers the view";
@@ -62,9 +54,9 @@ protected:
 
 TEST_F(FilmWindow, BothEditorsHaveRoom) {
     openEditors({1280, 720});
-    ASSERT_TRUE(panel("dialog-212") != nullptr && panel("dialog-2005") != nullptr);
-    const QRect map = onScreen(*panel("dialog-212"));
-    const QRect film = onScreen(*panel("dialog-2005"));
+    ASSERT_TRUE(ui::dialog(IDD_MAP_EDITOR) != nullptr && ui::dialog(IDD_MOVIE_EDITOR) != nullptr);
+    const QRect map = onScreen(*ui::dialog(IDD_MAP_EDITOR));
+    const QRect film = onScreen(*ui::dialog(IDD_MOVIE_EDITOR));
     const QRect tools = onScreen(*m_pWindow->findChild<QToolBar*>());
     EXPECT_FALSE(map.intersects(film));
     EXPECT_FALSE(map.intersects(tools) || film.intersects(tools));
@@ -81,18 +73,18 @@ TEST_F(FilmWindow, BothEditorsHaveRoom) {
         << "the view has its room again";
 }
 
-/// The film that plays, is flown through and edited is freed with its map.
 TEST_F(FilmWindow, ThePanelStandsBelowAWindowThatLeavesRoom) {
     openEditors({1280, 500});
-    EXPECT_GE(onScreen(*panel("dialog-2005")).top(), onScreen(*m_pWindow).bottom());
+    EXPECT_GE(onScreen(*ui::dialog(IDD_MOVIE_EDITOR)).top(), onScreen(*m_pWindow).bottom());
     EXPECT_EQ(m_pWindow->centralWidget()->height(), m_pWindow->view().height());
 }
 
+/// The film that plays, is flown through and edited is freed with its map.
 TEST_F(FilmWindow, AnotherMapTakesTheEditorsAlong) {
     openEditors({1280, 720});
     const CMemoryMovie& former = m_pWindow->document().film().movie();
-    auto* play = panel("dialog-2005")->findChild<QAbstractButton*>("2047");
-    panel("dialog-2005")->findChild<QAbstractButton*>("2081")->click();
+    auto* play = ui::dialog(IDD_MOVIE_EDITOR)->findChild<QAbstractButton*>("2047");
+    ui::dialog(IDD_MOVIE_EDITOR)->findChild<QAbstractButton*>("2081")->click();
     play->click();
     EXPECT_TRUE(former.isPlaying());
     ASSERT_TRUE(becomesTrue([&] { return former.getPlayTime() > 0.1; })) << "the host drives the film";
@@ -101,9 +93,9 @@ TEST_F(FilmWindow, AnotherMapTakesTheEditorsAlong) {
     EXPECT_TRUE(vuIsEditorActive() && vuIsMovieEditorActive());
     CFilm& film = m_pWindow->document().film();
     EXPECT_FALSE(film.isLookedThrough());
-    panel("dialog-2005")->findChild<QAbstractButton*>("2045")->click();
+    ui::dialog(IDD_MOVIE_EDITOR)->findChild<QAbstractButton*>("2045")->click();
     EXPECT_EQ(film.movie().getRangeStart(), CFilm::FIRST_FRAMES - 1);
-    panel("dialog-2005")->findChild<QAbstractButton*>("2047")->click();
+    ui::dialog(IDD_MOVIE_EDITOR)->findChild<QAbstractButton*>("2047")->click();
     ui::settle();
     m_pWindow.reset(); // in mid-play
     EXPECT_FALSE(vuIsEditorActive() || vuIsMovieEditorActive());
