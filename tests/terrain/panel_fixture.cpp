@@ -3,19 +3,12 @@
 #include "host/veskutil.h"
 #include "module/module_state.h"
 #include "resources/resource_ids.h"
+#include "support/modal_steps.h"
 #include "support/ui_driver.h"
 #include "terrain/panel/map_editor_dlg.h"
 
-#include <QAbstractButton>
-#include <QAbstractSlider>
-#include <QApplication>
-#include <QLabel>
-#include <QLineEdit>
-#include <QMessageBox>
-#include <QProgressBar>
 #include <QTabBar>
 #include <QTest>
-#include <QTimer>
 
 PanelTest::PanelTest() {
     vuDestroySettings();
@@ -65,40 +58,15 @@ bool PanelTest::isShown(int id) {
 }
 
 bool PanelTest::isChecked(int id) {
-    return qobject_cast<QAbstractButton*>(control(id))->isChecked();
+    return control(id)->property("checked").toBool();
 }
 
 QString PanelTest::text(int id) {
-    QWidget* const widget = control(id);
-    if (const auto* const edit = qobject_cast<QLineEdit*>(widget)) {
-        return edit->text();
-    }
-    if (const auto* const label = qobject_cast<QLabel*>(widget)) {
-        return label->text();
-    }
-    return qobject_cast<QAbstractButton*>(widget)->text();
+    return control(id)->property("text").toString();
 }
 
-int PanelTest::sliderPosition() {
-    return qobject_cast<QAbstractSlider*>(control(IDC_STRENGTH))->value();
-}
-
-int PanelTest::undoFill() {
-    return qobject_cast<QProgressBar*>(control(IDC_UNDO_FILL))->value();
-}
-
-namespace {
-
-QTabBar* tabBar(QWidget* tabs) {
-    auto* const bar = qobject_cast<QTabBar*>(tabs);
-    return bar != nullptr ? bar : tabs->findChild<QTabBar*>();
-}
-
-} // namespace
-
-QString PanelTest::selectedTab() {
-    const QTabBar* const bar = tabBar(control(IDC_TOOL_TABS));
-    return bar->tabText(bar->currentIndex());
+int PanelTest::value(int id) {
+    return control(id)->property("value").toInt();
 }
 
 void PanelTest::click(int id) {
@@ -115,7 +83,7 @@ void PanelTest::type(int id, const QString& newText) {
 }
 
 void PanelTest::selectTab(int index) {
-    QTabBar* const bar = tabBar(control(IDC_TOOL_TABS));
+    auto* const bar = control(IDC_TOOL_TABS)->findChild<QTabBar*>();
     ui::click(*bar, bar->tabRect(index).center());
 }
 
@@ -132,21 +100,13 @@ void PanelTest::stroke(int x, int z, int amount, int corner) {
 QString PanelTest::messageDuring(const std::function<void()>& action,
                                  const std::function<void()>& whileOpen) {
     QString shown;
-    QTimer look;
-    QObject::connect(&look, &QTimer::timeout, [&] {
-        if (auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
-            look.stop();
-            shown = box->text();
-            if (whileOpen) {
-                whileOpen();
-            }
-            QTest::keyClick(box, Qt::Key_Return);
-        }
-    });
-    look.start(0);
+    const CModalSteps person({[&](QWidget* box) {
+        shown = box->property("text").toString();
+        whileOpen();
+        QTest::keyClick(box, Qt::Key_Return);
+    }});
     action();
-    if (panel() != nullptr) {
-        EXPECT_TRUE(ui::waitUntilActive(panel()));
-    }
+    EXPECT_TRUE(person.areDone());
+    EXPECT_TRUE(panel() == nullptr || ui::waitUntilActive(panel()));
     return shown;
 }

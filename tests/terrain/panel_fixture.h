@@ -34,9 +34,8 @@ protected:
     static bool isChecked(int id);
     /// Text of an edit, a label or a button.
     static QString text(int id);
-    static int sliderPosition();
-    static int undoFill();
-    static QString selectedTab();
+    /// Position of a slider, or how far a bar is filled.
+    static int value(int id);
 
     static void click(int id);
     static void press(int id, Qt::Key key);
@@ -49,8 +48,8 @@ protected:
     static void stroke(int x, int z, int amount = 0, int corner = 0);
 
     /// Run `action`, during which a message box comes up: its text. `whileOpen` runs before it is answered.
-    static QString messageDuring(const std::function<void()>& action,
-                                 const std::function<void()>& whileOpen = {});
+    static QString messageDuring(
+        const std::function<void()>& action, const std::function<void()>& whileOpen = [] {});
 
     CMemoryScene m_scene;
     CMemoryMap m_map{64, &m_scene};

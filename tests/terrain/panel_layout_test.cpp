@@ -60,49 +60,6 @@ TEST_F(PanelTest, OpensSimpleAndExpandsToEverythingAndBack) {
     EXPECT_EQ(panel()->frameGeometry().size(), full);
 }
 
-TEST_F(PanelTest, IsCentredOverTheHostsWindow) {
-    open(); // the first panel brings the application that a widget needs
-    vuDestroyEditor();
-    QWidget host;
-    host.setGeometry(120, 90, 500, 640);
-    host.show();
-    vuCreateEditor(reinterpret_cast<HWND>(host.winId()), &m_map, "", nullptr, true, nullptr);
-    const QPoint offset = panel()->frameGeometry().center() - host.frameGeometry().center();
-    EXPECT_LE(offset.manhattanLength(), 2);
-    vuDestroyEditor();
-}
-
-TEST_F(PanelTest, TabVisitsTheControlsInTheOrderOfTheTemplate) {
-    open();
-    control(IDC_HEIGHT)->setFocus();
-    std::vector<int> visited;
-    for (int key = 0; key < 3; ++key) {
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-        visited.push_back(QApplication::focusWidget()->objectName().toInt());
-    }
-    EXPECT_EQ(visited, (std::vector<int>{IDC_HIDE_CURSOR, IDC_STRENGTH, IDC_TOOL_TABS}));
-}
-
-TEST_F(PanelTest, ControlsOfOneLayoutDoNotOverlap) {
-    open();
-    expand();
-    const QList<QWidget*> children = panel()->findChildren<QWidget*>(Qt::FindDirectChildrenOnly);
-    const auto isGround = [](const QWidget* widget) {
-        return widget->objectName().toInt() == IDC_TOOL_TABS ||
-               widget->objectName().toInt() == IDC_SIMPLE_FRAME || widget->inherits("QGroupBox");
-    };
-    for (const QWidget* one : children) {
-        for (const QWidget* other : children) {
-            if (one < other && !isGround(one) && !isGround(other) && one->isVisible() && other->isVisible()) {
-                EXPECT_FALSE(one->geometry().intersects(other->geometry()))
-                    << one->objectName().toStdString() << " and " << other->objectName().toStdString();
-            }
-        }
-    }
-}
-
-// Among coloured icons a darker shade of grey is not seen: a tool that is down is filled and framed with the
-// colour of selected things.
 TEST_F(PanelTest, AToolThatIsDownIsPlainlySeen) {
     open();
     const auto picture = [](int id) { return control(id)->grab().toImage(); };

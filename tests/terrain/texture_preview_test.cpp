@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <limits>
 #include <random>
 #include <string>
@@ -36,24 +37,23 @@ protected:
     /// A true-colour image with alpha whose pixels all differ.
     void writeImage(const char* name, int width, int height, unsigned seed) {
         std::string file(18, '\0');
-        const auto put = [&file](std::size_t at, int value) { file[at] = static_cast<char>(value); };
-        put(2, 2);
-        put(12, width % 256);
-        put(13, width / 256);
-        put(14, height % 256);
-        put(15, height / 256);
-        put(16, 32);
-        put(17, 0x28);
-        std::mt19937 noise(seed);
-        for (int i = 0; i < width * height * 4; ++i) {
-            file.push_back(static_cast<char>(noise() & 0xFF));
+        const std::pair<std::size_t, int> fields[] = {
+            {2, 2},   {12, width % 256}, {13, width / 256}, {14, height % 256}, {15, height / 256},
+            {16, 32}, {17, 0x28}};
+        for (const auto& [at, value] : fields) {
+            file[at] = static_cast<char>(value);
         }
+        std::mt19937 noise(seed);
+        std::generate_n(std::back_inserter(file), width * height * 4,
+                        [&] { return static_cast<char>(noise()); });
         m_folder.write(name, file);
     }
 
     void setBase(qxMapLayerType layer, const char* name) {
-        qxCTexture* texture = m_scene.createTexture();
-        texture->setFilename(name);
+        qxCTexture* const texture = name != nullptr ? m_scene.createTexture() : nullptr;
+        if (texture != nullptr) {
+            texture->setFilename(name);
+        }
         m_map.setTexture(layer, texture);
     }
 
@@ -93,22 +93,18 @@ TEST_F(TexturePreview, EveryPixelIsWhatTheFormulasGive) {
 TEST_F(TexturePreview, NothingIsShownWithoutTwoImagesOfOneSize) {
     writeImage("a.tga", 8, 8, 1);
     writeImage("b.tga", 8, 4, 2);
-    const auto show = [&] {
+    const struct {
+        const char* smooth;
+        const char* rough;
+        bool shown;
+    } cases[] = {{nullptr, nullptr, false},       {"a.tga", nullptr, false},       {"a.tga", "b.tga", false},
+                 {"a.tga", "missing.tga", false}, {"missing.tga", "a.tga", false}, {"a.tga", "a.tga", true}};
+    for (const auto& c : cases) {
+        setBase(qxMapLayerSmooth, c.smooth);
+        setBase(qxMapLayerRough, c.rough);
         m_pPreview->invalidateAll();
-        return m_pPreview->showDefinition(m_definition, m_map);
-    };
-    EXPECT_EQ(show(), nullptr) << "no base textures";
-    setBase(qxMapLayerSmooth, "a.tga");
-    EXPECT_EQ(show(), nullptr) << "no rough texture";
-    setBase(qxMapLayerRough, "b.tga");
-    EXPECT_EQ(show(), nullptr) << "sizes differ";
-    setBase(qxMapLayerRough, "missing.tga");
-    EXPECT_EQ(show(), nullptr) << "no readable rough image";
-    setBase(qxMapLayerSmooth, "missing.tga");
-    EXPECT_EQ(show(), nullptr) << "no readable image at all";
-    setBase(qxMapLayerSmooth, "a.tga");
-    setBase(qxMapLayerRough, "a.tga");
-    EXPECT_NE(show(), nullptr);
+        EXPECT_EQ(m_pPreview->showDefinition(m_definition, m_map) != nullptr, c.shown);
+    }
 }
 
 // Each flag governs its own item: the picture changes exactly with the items that were invalidated, whatever
