@@ -1,19 +1,13 @@
 #include "platform/recording_dialog.h"
 #include "support/modal_steps.h"
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 #include <QAbstractButton>
 #include <QColorDialog>
-#include <QFile>
-#include <QFileDialog>
-#include <QLineEdit>
 #include <QMessageBox>
-#include <QTemporaryDir>
 
 namespace {
-
-using testing::ElementsAre;
 
 TEST(MessageBox, AnswersWithTheButtonPressed) {
     const struct {
@@ -52,34 +46,6 @@ TEST(ColorDialog, StartsWithTheColourAndKeepsItOnCancel) {
     }});
     EXPECT_EQ(dialog.DoModal(), IDOK);
     EXPECT_EQ(dialog.GetColor(), RGB(1, 2, 3));
-}
-
-TEST(FileDialog, OpensOnThePresetDirectoryAndGivesEveryFileChosen) {
-    const QTemporaryDir directory;
-    for (const char* name : {"a.tga", "b.tga"}) {
-        QFile file(directory.filePath(name));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    }
-    const CString preset = CString(directory.path().toUtf8().constData()) + "\\*.tga";
-    CFileDialog dialog(TRUE, "tga", preset, OFN_ALLOWMULTISELECT | OFN_HIDEREADONLY | OFN_OVERWRITEPROMPT,
-                       "TGA Files (*.tga)|*.tga|All Files (*.*)|*.*||");
-    CModalSteps user({[&directory](QWidget* window) {
-        auto& shown = dynamic_cast<QFileDialog&>(*window);
-        EXPECT_EQ(shown.directory().absolutePath(), QDir(directory.path()).absolutePath());
-        EXPECT_THAT(shown.nameFilters(), ElementsAre("TGA Files (*.tga)", "All Files (*)"));
-        EXPECT_EQ(shown.fileMode(), QFileDialog::ExistingFiles);
-        auto* const names = shown.findChild<QLineEdit*>("fileNameEdit");
-        names->setFocus();
-        names->setText("\"a.tga\" \"b.tga\"");
-        ui::press(Qt::Key_Return);
-    }});
-    ASSERT_EQ(dialog.DoModal(), IDOK);
-    std::vector<std::string> names;
-    for (POSITION position = dialog.GetStartPosition(); position != nullptr;) {
-        names.emplace_back(dialog.GetNextPathName(position));
-    }
-    EXPECT_THAT(names, ElementsAre(directory.filePath("a.tga").toStdString(),
-                                   directory.filePath("b.tga").toStdString()));
 }
 
 } // namespace

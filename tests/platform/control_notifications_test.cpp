@@ -4,12 +4,8 @@
 
 #include <QAbstractButton>
 #include <QListWidget>
-#include <QScrollBar>
-#include <QStyleOptionSlider>
 #include <QTabBar>
 #include <QTest>
-
-#include <array>
 
 namespace {
 
@@ -172,15 +168,6 @@ TEST_F(ControlNotifications, OneRadioButtonOfAGroupIsChecked) {
     EXPECT_THAT(m_dialog.takeHeard(), ElementsAre("16 clicked", "13 clicked", "15 clicked", "15 clicked"));
 }
 
-TEST_F(ControlNotifications, AVetoedStepLeavesThePosition) {
-    auto& arrows = control<CSpinButtonCtrl>(SPIN);
-    arrows.SetPos(50);
-    pressIn(EDIT, {Qt::Key_Up});
-    m_dialog.veto = 1;
-    pressIn(EDIT, {Qt::Key_Up});
-    EXPECT_EQ(arrows.GetPos(), 49);
-}
-
 TEST_F(ControlNotifications, SlidersAnswerAClickAtAnyHeight) {
     auto& slider = control<CSliderCtrl>(SLIDE);
     QWidget& widget = m_dialog.at(SLIDE);
@@ -190,71 +177,6 @@ TEST_F(ControlNotifications, SlidersAnswerAClickAtAnyHeight) {
         ui::click(widget, {widget.width() - 3, y});
         EXPECT_EQ(slider.GetPos(), 2) << "a page, clicked at " << y << " of " << widget.height();
     }
-}
-
-TEST_F(ControlNotifications, ScrollBarsTellHowTheyWereMovedAndShowWhatTheParentSays) {
-    control<CScrollBar>(BAR).SetScrollRange(0, 99, FALSE);
-    control<CScrollBar>(BAR).SetScrollPos(50);
-    auto& bar = m_dialog.at<QScrollBar>(BAR);
-    QStyleOptionSlider option;
-    option.initFrom(&bar);
-    option.orientation = Qt::Horizontal;
-    option.maximum = 99;
-    option.pageStep = bar.pageStep();
-    option.sliderPosition = option.sliderValue = 50;
-    const auto middleOf = [&](QStyle::SubControl part) {
-        return bar.style()->subControlRect(QStyle::CC_ScrollBar, &option, part, &bar).center();
-    };
-    for (const auto part : {QStyle::SC_ScrollBarSubLine, QStyle::SC_ScrollBarAddLine,
-                            QStyle::SC_ScrollBarSubPage, QStyle::SC_ScrollBarAddPage}) {
-        ui::click(bar, middleOf(part));
-    }
-    pressIn(BAR, {Qt::Key_Home, Qt::Key_End});
-    EXPECT_THAT(m_dialog.takeHeard(), ElementsAre("24 scrolls 0 0", "24 scrolls 1 0", "24 scrolls 2 0",
-                                                  "24 scrolls 3 0", "24 scrolls 6 0", "24 scrolls 7 0"));
-    EXPECT_EQ(bar.value(), 50) << "the parent did not move it";
-    const QPoint thumb = middleOf(QStyle::SC_ScrollBarSlider);
-    QTest::mousePress(&bar, Qt::LeftButton, Qt::NoModifier, thumb);
-    QTest::mouseMove(&bar, thumb + QPoint(40, 0));
-    const std::string dragged = std::to_string(bar.value());
-    QTest::mouseRelease(&bar, Qt::LeftButton, Qt::NoModifier, thumb + QPoint(40, 0));
-    EXPECT_GT(bar.value(), 50);
-    EXPECT_THAT(m_dialog.takeHeard(),
-                ElementsAre("24 scrolls 5 " + dragged, "24 scrolls 4 " + dragged, "24 scrolls 8 0"));
-}
-
-TEST_F(ControlNotifications, ListsOfSeveralHaveASelectionAndACaret) {
-    auto& list = control<CListBox>(SEVERAL);
-    for (const char* text : {"b.wav", "Birds.wav", "wind.wav", "<END>"}) {
-        list.AddString(text);
-    }
-    EXPECT_EQ(list.GetCaretIndex(), 0) << "before anybody has moved it";
-    EXPECT_EQ(list.FindString(-1, "BIRDS"), 1);
-    EXPECT_EQ(list.FindString(1, "b"), 0) << "goes round";
-    EXPECT_EQ(list.FindString(-1, "rain"), LB_ERR);
-    clickRow(SEVERAL, 3);
-    clickRow(SEVERAL, 1, Qt::ShiftModifier);
-    clickRow(SEVERAL, 2, Qt::ControlModifier);
-    EXPECT_THAT(m_dialog.takeHeard(), ElementsAre("25 selected", "25 selected", "25 selected"));
-    std::array<int, 4> chosen{};
-    ASSERT_EQ(list.GetSelItems(4, chosen.data()), 2);
-    EXPECT_THAT(chosen, ElementsAre(1, 3, 0, 0));
-    EXPECT_EQ(list.GetCaretIndex(), 2);
-    EXPECT_EQ(list.InsertString(2, "rain.wav"), 2);
-    EXPECT_EQ(list.GetCaretIndex(), 3) << "it stays with its item";
-    list.SetSel(-1, FALSE);
-    list.SetSel(2);
-    list.SetCaretIndex(0);
-    EXPECT_EQ(list.GetSelCount(), 1);
-    EXPECT_EQ(list.DeleteString(2), 4);
-    EXPECT_EQ(list.GetSelCount(), 0);
-    EXPECT_THAT(m_dialog.takeHeard(), IsEmpty());
-    auto& widget = m_dialog.at<QListWidget>(SEVERAL);
-    widget.setFocus();
-    const QRect first = widget.visualItemRect(widget.item(0));
-    const QImage withCaret = widget.viewport()->grab(first).toImage();
-    list.SetCaretIndex(3);
-    EXPECT_NE(widget.viewport()->grab(first).toImage(), withCaret) << "the caret is seen";
 }
 
 } // namespace

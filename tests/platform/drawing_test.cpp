@@ -1,6 +1,6 @@
 #include "platform/recording_dialog.h"
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 #include <QImage>
 #include <QPixmap>
@@ -9,8 +9,6 @@
 #include <functional>
 
 namespace {
-
-using testing::ElementsAre;
 
 constexpr int DRAWN_ID = 11;
 constexpr COLORREF RED = RGB(255, 0, 0);
@@ -85,38 +83,6 @@ TEST_F(Drawing, APictureInMemoryIsShownPixelByPixel) {
             }
         }
     }
-}
-
-TEST_F(Drawing, WhatIsLeftUnpaintedKeepsItsPixels) {
-    QWidget& widget = m_dialog.at(DRAWN_ID);
-    QImage canvas(widget.size(), QImage::Format_RGB32);
-    widget.render(&canvas); // the first painting shows the dialog's colour
-    canvas.fill(Qt::magenta);
-    widget.render(&canvas, QPoint(), QRegion(), {});
-    EXPECT_EQ(canvas.pixelColor(3, 3), QColor(Qt::magenta));
-}
-
-TEST(MemoryContext, DrawsIntoItsBitmapAndBlitsFromIt) {
-    CDC dc;
-    CDC other;
-    CBitmap bitmap;
-    CBitmap copy;
-    ASSERT_TRUE(dc.CreateCompatibleDC(nullptr));
-    ASSERT_TRUE(other.CreateCompatibleDC(&dc));
-    EXPECT_FALSE(bitmap.CreateCompatibleBitmap(&dc, 0, 4));
-    EXPECT_FALSE(dc.SetPixelV(0, 0, RED)) << "there is nothing to draw on yet";
-    ASSERT_TRUE(bitmap.CreateCompatibleBitmap(&dc, 4, 4));
-    ASSERT_TRUE(copy.CreateCompatibleBitmap(&dc, 4, 4));
-    dc.SelectObject(&bitmap);
-    other.SelectObject(&copy);
-    dc.FillSolidRect(1, 1, 2, 2, BLUE);
-    dc.SetPixelV(9, 9, RED);
-    ASSERT_TRUE(other.BitBlt(2, 2, 2, 2, &dc, 1, 1, SRCCOPY));
-    EXPECT_EQ(dc.GetPixel(0, 0), RGB(0, 0, 0));
-    EXPECT_EQ(dc.GetPixel(2, 2), BLUE);
-    EXPECT_EQ(other.GetPixel(2, 2), BLUE);
-    EXPECT_EQ(other.GetPixel(1, 1), RGB(0, 0, 0));
-    EXPECT_EQ(other.GetPixel(-1, 7), RGB(0, 0, 0));
 }
 
 } // namespace

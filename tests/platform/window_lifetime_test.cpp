@@ -99,32 +99,6 @@ TEST_F(WindowLifetime, TheHostsWindowEndsItAndTheHostsViewDoesNot) {
     EXPECT_THAT(m_log, ElementsAre("gone", "deleted"));
 }
 
-TEST_F(WindowLifetime, AModalDialogGivesItsResult) {
-    for (const auto& [key, result] : {std::pair(Qt::Key_Return, IDOK), std::pair(Qt::Key_Escape, IDCANCEL)}) {
-        CDialog dialog;
-        dialog.InitModalIndirect(layout());
-        CModalSteps user({[pressed = key](QWidget*) { ui::press(pressed); }});
-        EXPECT_EQ(dialog.DoModal(), result);
-        EXPECT_EQ(dialog.m_hWnd, nullptr);
-    }
-}
-
-TEST_F(WindowLifetime, AModalDialogWithoutParentStandsOverTheActiveWindow) {
-    QWidget host;
-    host.show();
-    ASSERT_TRUE(ui::waitUntilActive(&host));
-    CDialog dialog;
-    dialog.InitModalIndirect(layout());
-    const QWidget* over = nullptr;
-    CModalSteps user({[&over](QWidget* window) {
-        over = window->parentWidget();
-        ui::press(Qt::Key_Escape);
-    }});
-    dialog.DoModal();
-    EXPECT_EQ(over, &host);
-    EXPECT_TRUE(ui::waitUntil([&host] { return host.isActiveWindow(); }));
-}
-
 class CEndsAtOnce : public CDialog {
 protected:
     BOOL OnInitDialog() override {

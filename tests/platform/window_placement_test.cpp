@@ -6,7 +6,6 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
-#include <QFontMetrics>
 #include <QLabel>
 #include <QPushButton>
 
@@ -32,25 +31,6 @@ protected:
 
     CRecordingDialog m_dialog;
 };
-
-TEST_F(WindowPlacement, DialogUnitsAreThoseOfTheRealFont) {
-    const QFontMetrics font(m_dialog.at(PUSH).font());
-    const CRect push = windowRect(PUSH);
-    const int letter =
-        qRound(font.horizontalAdvance("ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz") / 52.0);
-    EXPECT_EQ(push.Width(), 10 * letter);
-    EXPECT_EQ(windowRect(0).Width(), 50 * letter);
-    EXPECT_EQ(m_dialog.at(PUSH).y(), font.height());
-}
-
-TEST_F(WindowPlacement, TheDialogTakesTheSizeItIsGivenAndNoOther) {
-    const CRect before = windowRect(0);
-    m_dialog.SetWindowPos(nullptr, 0, 0, 123, 77, SWP_NOMOVE | SWP_NOZORDER);
-    EXPECT_EQ(windowRect(0).left, before.left);
-    EXPECT_EQ(windowRect(0).Width(), 123);
-    EXPECT_EQ(windowRect(0).Height(), 77);
-    EXPECT_EQ(ui::dialog(CRecordingDialog::TEMPLATE_ID)->maximumSize(), QSize(123, 77));
-}
 
 TEST_F(WindowPlacement, RepositionBringsTheDialogBackOnTheScreen) {
     const CRect area = ::GetWorkArea(m_dialog.m_hWnd);

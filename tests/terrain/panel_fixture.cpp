@@ -83,8 +83,8 @@ void PanelTest::type(int id, const QString& newText) {
 }
 
 void PanelTest::selectTab(int index) {
-    auto* const bar = control(IDC_TOOL_TABS)->findChild<QTabBar*>();
-    ui::click(*bar, bar->tabRect(index).center());
+    auto& bar = ui::control<QTabBar>(*panel(), IDC_TOOL_TABS);
+    ui::click(bar, bar.tabRect(index).center());
 }
 
 void PanelTest::expand() {
