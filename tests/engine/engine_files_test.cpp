@@ -90,18 +90,6 @@ TEST_F(EngineFiles, NoNameLeavesTheDirectories) {
     EXPECT_EQ(search("*"), (std::vector<std::string>{"below.txt", "secret.txt"}));
 }
 
-TEST_F(EngineFiles, LinksAreFilesAndRelativeDirectoriesStayWhereTheyWere) {
-    m_second.write("real.wav", "linked");
-    fs::create_symlink(m_second.path() / "real.wav", m_first.path() / "alias.wav");
-    fs::create_symlink(m_second.path() / "gone.wav", m_first.path() / "broken.wav");
-    const fs::path before = fs::current_path();
-    fs::current_path(m_first.path());
-    CEngineDirectories::setDirectories({".", "missing"});
-    fs::current_path(before);
-    EXPECT_EQ(contentOf("ALIAS.wav"), "linked");
-    EXPECT_EQ(contentOf("broken.wav"), "(none)");
-}
-
 TEST_F(EngineFiles, ReadStartsAtTheBeginningAndStopsAtTheEnd) {
     m_first.write("ten.bin", "0123456789");
     qxCFile file;

@@ -45,23 +45,6 @@ TEST_F(MapContent, TheCurrentDefinitionAlwaysExists) {
     }
 }
 
-TEST_F(MapContent, TexturesAndTilingCountAsChangesOnce) {
-    qxCTexture* const grass = m_scene.createTexture();
-    const auto changes = [this] { return m_map.getChangeCount(MapChange::TEXTURES); };
-    const std::uint64_t before = changes();
-    m_map.setTexture(qxMapLayerRough, grass);
-    m_map.setTexture(qxMapLayerRough, grass);
-    m_map.setTexture(static_cast<qxMapLayerType>(3), grass);
-    EXPECT_EQ(changes(), before + 1);
-    EXPECT_EQ(m_map.getTexture(qxMapLayerRough), grass);
-    EXPECT_EQ(m_map.getTexture(static_cast<qxMapLayerType>(3)), nullptr);
-    m_map.setTextureTiling(0);
-    EXPECT_EQ(changes(), before + 2);
-    EXPECT_EQ(m_map.getTextureTiling(), 1);
-    m_map.setTextureTiling(257);
-    EXPECT_EQ(m_map.getTextureTiling(), 256);
-}
-
 TEST_F(MapContent, ADetailIsFoundInTheCellsItsFootprintCovers) {
     qxCMapDetailRecord* quad = addQuad(3, 4);
     qxCMapDetailRecord* point =

@@ -59,46 +59,6 @@ TEST(Painting, FullWeightPutsThePatternOnTheGround) {
     expectPainted(map, definition, 40, 50, 40, 50);
 }
 
-TEST(Painting, WeightMovesThePointTowardsTheDefinitionAndArrives) {
-    CMemoryMap map(16, nullptr);
-    qxCMapMultiTexture& definition = *map.addMultiTexture();
-    definition.tint1 = definition.tint2 = qxCColour(55, 255, 155, 255);
-    definition.blend = 1.0F;
-    map.setPointBlend(1, 5, 5, 15535);
-    map.paintMultiTexture(5, 5, 0.5F);
-    EXPECT_EQ(map.getPointBlendQ(1, 5, 5), 40535);
-    EXPECT_EQ(map.getPointColour(0, 5, 5), qxCColour(155, 255, 205, 255));
-    for (int i = 0; i < 400; ++i) {
-        map.paintMultiTexture(5, 5, 0.05F);
-    }
-    EXPECT_EQ(map.getPointBlendQ(1, 5, 5), 65535);
-    EXPECT_EQ(map.getPointColour(0, 5, 5), qxCColour(55, 255, 155, 255));
-    definition.blend = 0.0F;
-    for (int i = 0; i < 400; ++i) {
-        map.paintMultiTexture(5, 5, 0.05F);
-    }
-    EXPECT_EQ(map.getPointBlendQ(1, 5, 5), 0);
-}
-
-TEST(Painting, BadWeightsAndValuesStayInBounds) {
-    CMemoryMap map(16, nullptr);
-    map.paintMultiTexture(2, 2, 1.0F); // there is no definition
-    qxCMapMultiTexture& definition = *map.addMultiTexture();
-    definition.blend = 0.5F;
-    for (const float weight : {0.0F, -1.0F, NOT_A_NUMBER}) {
-        map.paintMultiTexture(2, 2, weight);
-    }
-    EXPECT_EQ(map.getChangeCount(MapChange::SURFACE), 0U);
-    map.paintMultiTexture(2, 2, 9.0F);
-    EXPECT_EQ(map.getPointBlendQ(1, 2, 2), 32768);
-    definition.blend = 7.0F;
-    map.paintMultiTexture(2, 2, 1.0F);
-    EXPECT_EQ(map.getPointBlendQ(1, 2, 2), 65535);
-    definition.blend = NOT_A_NUMBER;
-    map.paintMultiTexture(2, 2, 1.0F);
-    EXPECT_EQ(map.getPointBlendQ(1, 2, 2), 0);
-}
-
 // A map of 7 x 7 points written as one text per row: digits are heights, and in the water texts '~' is water.
 using Art = std::vector<std::string>;
 
@@ -157,16 +117,6 @@ TEST_F(Water, FloodFillsTheJoinedLowGroundRoundCorners) {
     m_map.setPointHeight(3, 3, 0, true); // dug behind standing water
     m_map.addWater(1, 1);
     EXPECT_TRUE(m_map.getPointWater(3, 3));
-}
-
-TEST_F(Water, FloodStopsAboveTheWaterHeight) {
-    dig(HORSESHOE);
-    m_map.waterLevel = 1.9F;
-    m_map.addWater(2, 1);
-    EXPECT_EQ(water(), (Art{".......", ".~~....", ".~.....", ".~.....", ".......", ".......", "......."}));
-    m_map.addWater(0, 0);
-    m_map.addWater(1, 4);
-    EXPECT_EQ(m_map.getChangeCount(MapChange::SURFACE), 4U);
 }
 
 TEST_F(Water, DrainEmptiesTheJoinedWaterWhateverTheGround) {

@@ -73,44 +73,6 @@ TEST(MovieFrames, EditsMoveFramesAndRange) {
     }
 }
 
-TEST(MovieFrames, HaveChangedWhenASetterGaveThemAnotherValue) {
-    qxCMovieFrame frame;
-    frame.setFov(frame.fov);
-    EXPECT_FALSE(frame.hasChanged());
-    frame.setFov(20.0F);
-    EXPECT_FALSE(qxCMovieFrame(frame).hasChanged());
-    EXPECT_TRUE(frame.hasChanged());
-    EXPECT_FALSE(frame.hasChanged());
-    frame.setTargetName(qxCName("mill"));
-    frame = qxCMovieFrame();
-    EXPECT_FALSE(frame.hasChanged()) << "it is a copy now";
-    EXPECT_EQ(frame.fov, 60.0F);
-    frame.setEaseIn(NAN);
-    EXPECT_FALSE(frame.hasChanged());
-    frame.setAnimTrigger("thirty letters are not enough \xC3\xA9\xC3\xA9");
-    EXPECT_STREQ(frame.animTrigger, "thirty letters are not enough ") << "half a letter was kept";
-}
-
-TEST(MovieFrames, SoundsAreFoundByTheFramesTheyCover) {
-    CMemoryMovie movie(nullptr, 100, 25.0F);
-    movie.addSound("wind.wav");
-    movie.addSound("missing.wav");
-    movie.addSound("bell.wav");
-    const float starts[] = {0.0F, 33 * 0.04F, 34 * 0.04F};
-    const float lengths[] = {1.3F, 0.0F, 0.2F};
-    for (int i = 0; i < 3; ++i) {
-        movie.getSound(i)->start = starts[i];
-        movie.getSound(i)->length = lengths[i];
-    }
-    std::string heard;
-    for (const int frame : {-1, 0, 32, 33, 34, 38, 39, 99}) {
-        heard += std::to_string(movie.getSoundAtFrame(frame)) + " ";
-    }
-    EXPECT_EQ(heard, "-1 0 0 -1 2 2 -1 -1 ");
-    movie.clearSoundtrack();
-    EXPECT_EQ(movie.getSound(0), nullptr);
-}
-
 TEST(CameraAngles, RebuildTheirDirection) {
     for (int i = 0; i < 2000; ++i) {
         // A spiral over the sphere from pole to pole, both included.

@@ -4,7 +4,6 @@
 
 #include <cmath>
 #include <functional>
-#include <random>
 
 namespace {
 
@@ -84,32 +83,6 @@ TEST_F(MoviePlayback, ReportsFramesCuesTriggersAndTheEnd) {
     EXPECT_EQ(heardIn(0.3), "wind bell mill birds 3 ") << "from the start when the last frame is current";
     movie->animator.setMode(qxAnimatorStopped);
     EXPECT_EQ(heardIn(1.0), "");
-}
-
-TEST_F(MoviePlayback, LastsFramesByStepRateHoweverIrregularTheHostIs) {
-    std::mt19937 random(5);
-    movie = std::make_unique<CMemoryMovie>(nullptr, 15000, 25.0F);
-    for (int i = 0; i < 600; ++i) {
-        addSound(("s" + std::to_string(i)).c_str(), static_cast<float>(i));
-        movie->getFrame(i * 25)->setAnimTrigger("t");
-    }
-    int triggers = 0;
-    int cues = 0;
-    double time = 0.0;
-    movie->setTriggerHandler([&](const char*) { ++triggers; });
-    start();
-    while (movie->isPlaying()) {
-        const double step = std::uniform_real_distribution<double>(0.0, 0.2)(random);
-        time += step;
-        for (std::size_t at = heardIn(step).find('s'); at != std::string::npos;
-             at = m_strHeard.find('s', at + 1)) {
-            EXPECT_NEAR(std::stoi(m_strHeard.substr(at + 1)), time, 0.2);
-            ++cues;
-        }
-    }
-    EXPECT_NEAR(time, 600.0, 0.2);
-    EXPECT_EQ(triggers, 600);
-    EXPECT_EQ(cues, 600);
 }
 
 TEST_F(MoviePlayback, BeginsAgainFromInsideItsEndWithoutLosingTime) {

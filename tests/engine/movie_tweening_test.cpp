@@ -73,22 +73,6 @@ TEST(Tweening, RunsStraightInCurvesOrNotAtAll) {
     EXPECT_FALSE(movie.getFrame(35)->keyframe);
 }
 
-TEST(Tweening, SplinesStayBetweenTheirKeyframesAndMeetWithoutAKink) {
-    std::mt19937 random(7);
-    CMemoryMovie movie(nullptr, 2001);
-    for (int key = 0; key <= 2000; key += 100) {
-        setKey(movie, key, static_cast<float>(random() % 150), qxMovieFrameSpline);
-    }
-    movie.updateTweening();
-    const auto x = [&movie](int index) { return movie.getFrame(index)->translation.x; };
-    for (int index = 1; index < 2000; ++index) {
-        const int key = index / 100 * 100;
-        const auto [low, high] = std::minmax({x(key), x(key + 100)});
-        ASSERT_TRUE(low <= x(index) && x(index) <= high) << index;
-        ASSERT_NEAR(x(index + 1) - x(index), x(index) - x(index - 1), 0.25F) << "kink at " << index;
-    }
-}
-
 TEST(Tweening, AnglesGoTheShortWayRound) {
     CMemoryMovie movie(nullptr, 11);
     for (const auto& [from, to, middle] :
@@ -219,23 +203,6 @@ TEST(Tweening, OnlyWhatChangedIsDoneAgainWithTheSameOutcome) {
         whole.updateTweening();
         ASSERT_EQ(digest(movie), digest(whole)) << "round " << round;
     }
-}
-
-TEST(Tweening, AFrameThatTheMovieMakesIsItsPoseThere) {
-    CMemoryMovie movie(nullptr, 11);
-    setKey(movie, 0, 0.0F);
-    setKey(movie, 10, 10.0F);
-    movie.getFrame(10)->setAnimTrigger("end");
-    movie.updateTweening();
-    movie.insertFrame(11, nullptr);
-    EXPECT_EQ(movie.getFrame(11)->translation.x, 10.0F);
-    EXPECT_STREQ(movie.getFrame(11)->animTrigger, "");
-    movie.insertFrame(5, nullptr);
-    EXPECT_FALSE(movie.getFrame(5)->keyframe);
-    EXPECT_NEAR(movie.getFrame(5)->translation.x, 50.0F / 11.0F, 1e-5F);
-    movie.getFrame(11)->setKeyframe(false);
-    movie.getFrame(12)->setKeyframe(true); // not tweened yet, and known all the same
-    EXPECT_NEAR(movie.poseAt(movie.convertFrameToTime(6)).position.x, 5.0F, 1e-5F);
 }
 
 } // namespace
