@@ -22,7 +22,6 @@ enum ControlId {
     STRADDLING = 14,
     ADVANCED = 15,
     ADVANCED_OFF = 16,
-    NOBODY = 99,
 };
 
 DialogItem item(int id, DialogRect rect, const char* windowClass, DWORD style) {
@@ -55,8 +54,7 @@ DialogTemplate layout() {
 
 class CTestDialog : public CEditorDialog {
 public:
-    CTestDialog(int frameId, int toggleId, int keepToggle)
-        : CEditorDialog(0, nullptr, frameId, toggleId, "More >>", "Less <<", keepToggle) {}
+    CTestDialog() : CEditorDialog(0, nullptr, FRAME, TOGGLE, "More >>", "Less <<", 1) {}
 
     bool m_bAllow = true;
     std::vector<int> m_asked;
@@ -80,8 +78,8 @@ END_MESSAGE_MAP()
 
 class ExpandingDialogTest : public testing::Test {
 protected:
-    CTestDialog& open(int frameId = FRAME, int toggleId = TOGGLE, int keepToggle = 1) {
-        m_pDialog = std::make_unique<CTestDialog>(frameId, toggleId, keepToggle);
+    CTestDialog& open() {
+        m_pDialog = std::make_unique<CTestDialog>();
         EXPECT_TRUE(m_pDialog->CreateIndirect(layout(), nullptr));
         window()->activateWindow();
         EXPECT_TRUE(ui::waitUntilActive(window()));
@@ -115,22 +113,14 @@ protected:
 
 } // namespace
 
-TEST_F(ExpandingDialogTest, OpensCollapsedToItsFrame) {
-    open();
-    EXPECT_EQ(dialogRect().right, rectOf(FRAME).right);
-    EXPECT_EQ(dialogRect().bottom, rectOf(FRAME).bottom);
-    EXPECT_FALSE(isShown(FRAME));
-    EXPECT_EQ(caption(TOGGLE), "More >>");
-    EXPECT_TRUE(isEnabled(FIRST_EDIT));
-    EXPECT_TRUE(isEnabled(STRADDLING)) << "it touches the frame";
-    EXPECT_FALSE(isEnabled(ADVANCED));
-    EXPECT_FALSE(isEnabled(ADVANCED_OFF));
-}
-
 TEST_F(ExpandingDialogTest, TheToggleExpandsAndCollapses) {
     CTestDialog& dialog = open();
     const CSize collapsed = dialogRect().Size();
     const CRect before = dialogRect();
+    EXPECT_EQ(before.right, rectOf(FRAME).right);
+    EXPECT_EQ(before.bottom, rectOf(FRAME).bottom);
+    EXPECT_TRUE(isEnabled(STRADDLING)) << "it touches the frame";
+    EXPECT_FALSE(isEnabled(ADVANCED));
     click(TOGGLE);
     const CSize full = dialogRect().Size();
     EXPECT_GT(full.cx, rectOf(ADVANCED).right - dialogRect().left);
@@ -151,29 +141,6 @@ TEST_F(ExpandingDialogTest, TheToggleExpandsAndCollapses) {
     EXPECT_EQ(dialog.m_toggled, (std::vector<int>{1, 0}));
 }
 
-TEST_F(ExpandingDialogTest, ExpandsToTheSizeBeforeTheFirstCollapse) {
-    CTestDialog& dialog = open();
-    dialog.setExpanded(true);
-    const CSize full = dialogRect().Size();
-    dialog.setExpanded(false);
-    dialog.SetWindowPos(nullptr, 0, 0, 500, 400, SWP_NOMOVE | SWP_NOZORDER);
-    dialog.setExpanded(true);
-    EXPECT_EQ(dialogRect().Size().cx, full.cx);
-    EXPECT_EQ(dialogRect().Size().cy, full.cy);
-
-    dialog.SetWindowPos(nullptr, 0, 0, 500, 400, SWP_NOMOVE | SWP_NOZORDER);
-    dialog.setExpanded(true);
-    EXPECT_EQ(dialogRect().Width(), 500) << "it is expanded already";
-}
-
-TEST_F(ExpandingDialogTest, AToggleThatIsNotKeptWorksOnce) {
-    open(FRAME, TOGGLE, 0);
-    click(TOGGLE);
-    EXPECT_TRUE(isEnabled(ADVANCED));
-    EXPECT_FALSE(isEnabled(TOGGLE));
-    EXPECT_EQ(caption(TOGGLE), "More >>");
-}
-
 TEST_F(ExpandingDialogTest, ARefusedToggleChangesNothing) {
     CTestDialog& dialog = open();
     const CRect before = dialogRect();
@@ -182,26 +149,6 @@ TEST_F(ExpandingDialogTest, ARefusedToggleChangesNothing) {
     EXPECT_EQ(dialogRect().Width(), before.Width());
     EXPECT_FALSE(isEnabled(ADVANCED));
     EXPECT_TRUE(dialog.m_toggled.empty());
-}
-
-TEST_F(ExpandingDialogTest, WithoutFrameOrToggleItNeverChanges) {
-    struct Case {
-        int frame;
-        int toggle;
-    };
-    for (const Case& each : {Case{0, 0}, Case{NOBODY, TOGGLE}, Case{FRAME, NOBODY}}) {
-        SCOPED_TRACE(each.frame);
-        CTestDialog& dialog = open(each.frame, each.toggle);
-        const CSize full = dialogRect().Size();
-        EXPECT_GT(full.cx, rectOf(ADVANCED).right - dialogRect().left);
-        dialog.setExpanded(false);
-        click(TOGGLE);
-        EXPECT_EQ(dialogRect().Size().cx, full.cx);
-        EXPECT_TRUE(isEnabled(ADVANCED));
-        EXPECT_FALSE(isEnabled(ADVANCED_OFF));
-        EXPECT_TRUE(isShown(FRAME));
-        m_pDialog.reset();
-    }
 }
 
 TEST_F(ExpandingDialogTest, EnterMovesOnFromAnEditAndPressesAButton) {
@@ -223,7 +170,7 @@ TEST_F(ExpandingDialogTest, ARequestToCloseDestroysTheWindow) {
     EXPECT_EQ(dialog.GetSafeHwnd(), nullptr);
     EXPECT_EQ(window(), nullptr);
 
-    CTestDialog modal(FRAME, TOGGLE, 1);
+    CTestDialog modal;
     ASSERT_TRUE(modal.InitModalIndirect(layout()));
     QTimer::singleShot(0, [] { window()->close(); });
     EXPECT_EQ(modal.DoModal(), IDCANCEL);

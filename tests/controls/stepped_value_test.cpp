@@ -19,18 +19,3 @@ TEST(SteppedValue, LandsOnItsGrid) {
         EXPECT_FALSE(stepped == 0.0F && std::signbit(stepped)) << each.from << " by " << each.step;
     }
 }
-
-TEST(SteppedShare, GoesToWholeTenthsWithinTheRange) {
-    struct {
-        float from;
-        int delta;
-        float to;
-    } const steps[] = {{0.95F, -1, 1.0F}, {1.0F, -1, 1.0F}, {0.0F, 1, 0.0F}, {0.25F, -1, 0.4F},
-                       {0.3F, -5, 0.4F},  {0.3F, 1, 0.2F},  {0.1F, 1, 0.0F}, {0.04F, 1, 0.0F},
-                       {0.86F, 1, 0.8F},  {-3.0F, -1, 0.0F}};
-    for (const auto& each : steps) {
-        const float stepped = steppedShare(each.from, each.delta);
-        EXPECT_FLOAT_EQ(stepped, each.to) << each.from << " by " << each.delta;
-        EXPECT_FALSE(std::signbit(stepped)) << each.from << " by " << each.delta;
-    }
-}

@@ -69,20 +69,6 @@ TEST(PreviewPicture, EveryPixelFollowsTheRule) {
     }
 }
 
-// The image is 17 squares wide, so that its second showing lies on squares of the other colour.
-TEST(PreviewPicture, EveryLevelUnderEveryAlphaOnBlackAndOnWhite) {
-    constexpr int EDGE = 256;
-    constexpr int WIDTH = 272;
-    qxCImageFile image;
-    image.setSize(WIDTH, EDGE, qxImageFileFormatColourAlpha);
-    for (int alpha = 0; alpha < EDGE; ++alpha) {
-        for (int level = 0; level < EDGE; ++level) {
-            image.setPixel(level, alpha, qxCColour(level, 255 - level, level / 2, alpha));
-        }
-    }
-    expectPictureByRule(image, 2 * WIDTH, EDGE, 2, 1);
-}
-
 TEST(PreviewPicture, NoPixelsNoPicture) {
     qxCImageFile notLoaded;
     qxCImageFile sizedByHand = makeNoise(4, 4);

@@ -42,17 +42,6 @@ TEST(ImagePreview, PaintsTheComposedPicture) {
     }
 }
 
-TEST(ImagePreview, WithoutAnImageItIsBlack) {
-    const qxCImageFile image = makeImage();
-    CImagePreview preview;
-    CSurfaceDialog dialog({&preview}, BS_OWNERDRAW, 50, 50);
-    preview.setImage(&image, 1, 1);
-    preview.setImage(nullptr, 1, 1);
-    QImage black(dialog.button(0)->size(), QImage::Format_RGB32);
-    black.fill(Qt::black);
-    EXPECT_EQ(pictureOf(dialog.button(0)), black);
-}
-
 /// What the window shows of a control once it was painted again; a picture made anew would not tell what
 /// stays.
 QImage repainted(QWidget* widget) {

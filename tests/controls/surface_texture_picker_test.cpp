@@ -34,14 +34,6 @@ protected:
     const SentMessage m_changed{UM_TEXTURECHANGED, 0, CSurfaceDialog::FIRST_ID};
 };
 
-TEST_F(TexturePickerTest, ItsCaptionIsTheTexturesName) {
-    EXPECT_EQ(caption(), "grass");
-    m_picker.setChosenTexture(nullptr);
-    EXPECT_EQ(caption(), "-NONE-");
-    EXPECT_EQ(m_picker.getChosenTexture(), nullptr);
-    EXPECT_THAT(m_dialog.m_sent, IsEmpty());
-}
-
 TEST_F(TexturePickerTest, OkTakesTheChosenTexture) {
     pick([](QWidget* list) {
         EXPECT_EQ(selectedEntry(list), "grass");
@@ -53,29 +45,12 @@ TEST_F(TexturePickerTest, OkTakesTheChosenTexture) {
     EXPECT_THAT(m_dialog.m_sent, ElementsAre(m_changed));
 }
 
-TEST_F(TexturePickerTest, NoneIsAChoiceToo) {
-    pick([](QWidget* list) {
-        choose(list, "-NONE-");
-        click(list, IDOK);
-    });
-    EXPECT_EQ(m_picker.getChosenTexture(), nullptr);
-    EXPECT_EQ(caption(), "-NONE-");
-    EXPECT_THAT(m_dialog.m_sent, ElementsAre(m_changed));
-}
-
 TEST_F(TexturePickerTest, CancelChangesNothing) {
     pick([](QWidget* list) {
         choose(list, "rock");
         click(list, IDCANCEL);
     });
     EXPECT_EQ(m_picker.getChosenTexture(), m_pGrass);
-    EXPECT_EQ(caption(), "grass");
-    EXPECT_THAT(m_dialog.m_sent, IsEmpty());
-}
-
-TEST_F(TexturePickerTest, WithoutASceneAClickChangesNothing) {
-    m_picker.setScene(nullptr);
-    QTest::mouseClick(m_dialog.button(0), Qt::LeftButton);
     EXPECT_EQ(caption(), "grass");
     EXPECT_THAT(m_dialog.m_sent, IsEmpty());
 }

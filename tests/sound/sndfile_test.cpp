@@ -1,8 +1,8 @@
 // Files as a well-known library writes them: both readers find the samples that went in.
-#include "support/temp_directory.h"
 #include "sound/wave_bytes.h"
 #include "sound/wave_image.h"
 #include "sound/wave_reader.h"
+#include "support/temp_directory.h"
 
 #include <gtest/gtest.h>
 #include <sndfile.h>

@@ -62,16 +62,6 @@ TEST_F(SoundManager, OpeningAgainReleasesWhatWasLoaded) {
     }
 }
 
-TEST_F(SoundManager, ListenerStandsAtTheOriginLookingAhead) {
-    listenAt(RATE);
-    DS3DLISTENER listener{};
-    listener.dwSize = sizeof listener;
-    ASSERT_EQ(g_soundManager.listener()->GetAllParameters(&listener), S_OK);
-    EXPECT_EQ(listener.vPosition.x, 0.0F);
-    EXPECT_EQ(listener.vOrientFront.z, 1.0F);
-    EXPECT_EQ(listener.vOrientTop.y, 1.0F);
-}
-
 TEST_F(SoundManager, SoundTellsWhatItWasMadeFrom) {
     listenAt(RATE);
     const CSound* sound = load("Tone.wav", tone(44100, 400));
@@ -115,20 +105,6 @@ TEST_F(SoundManager, WhatIsNotPlayedStaysSilentInTheList) {
         EXPECT_EQ(g_soundManager.loadedSounds().getCount(), ++count);
     }
     EXPECT_TRUE(load("b.wav", wave::file(wave::extensibleFormat(2, RATE, 16), data))->hasBuffer());
-}
-
-TEST(GrowArray, DoublesAndClosesGaps) {
-    int values[5] = {};
-    CGrowArray<int*> array;
-    for (const int capacity : {1, 2, 4, 4, 8}) {
-        array.append(&values[array.getCount()]);
-        EXPECT_EQ(array.getCapacity(), capacity);
-    }
-    array.removeAt(5);
-    array.removeAt(-1);
-    array.removeAt(1);
-    EXPECT_EQ(std::vector(array.begin(), array.end()),
-              (std::vector{&values[0], &values[2], &values[3], &values[4]}));
 }
 
 } // namespace

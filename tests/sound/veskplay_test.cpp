@@ -1,6 +1,6 @@
 // The player as a person at a terminal meets it, on a machine with and without a sound device.
-#include "support/temp_directory.h"
 #include "sound/wave_bytes.h"
+#include "support/temp_directory.h"
 
 #include <gmock/gmock.h>
 

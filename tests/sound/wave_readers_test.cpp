@@ -204,19 +204,4 @@ TEST_F(WaveReaders, WhatIsNoFileIsRefused) {
     EXPECT_EQ(m_reader.reset(), E_FAIL) << "and nothing is open";
 }
 
-TEST_F(WaveReaders, NoFileStaysOpen) {
-    const auto openFiles = [] {
-        return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {});
-    };
-    const auto before = openFiles();
-    EXPECT_EQ(open(riff(DATA)), E_FAIL);
-    EXPECT_EQ(openFiles(), before) << "refused";
-    {
-        CWaveReader reader;
-        ASSERT_EQ(reader.open(m_directory.write("b.wav", wave::textOf(riff(FORMAT + DATA))).c_str()), S_OK);
-        EXPECT_EQ(openFiles(), before + 1);
-    }
-    EXPECT_EQ(openFiles(), before) << "gone with its reader";
-}
-
 } // namespace
