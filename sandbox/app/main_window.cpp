@@ -35,9 +35,11 @@ CMainWindow::CMainWindow() : m_pView(new CMapView(this)) {
     setCentralWidget(middle);
     makeFileMenu();
     makeEditorMenu();
+    m_pToolMenu = new CToolMenu(*this, [this] { m_pPanelFocus->giveBack(); });
     makeFilmMenu();
     makeViewMenu();
     makeHelpMenu();
+    makeKeys();
     makeToolBar();
     makeStatusBar();
     connectView();
@@ -77,6 +79,7 @@ void CMainWindow::adoptMap() {
     m_pUnitsPerPixel->setCurrentIndex(
         std::clamp(static_cast<int>(std::ceil(std::log2(wanted) / 2.0)), 0, m_pUnitsPerPixel->count() - 1));
     m_pFilmMenu->setPointed(std::nullopt);
+    m_pointed.reset();
     m_nWatchedTextures = 0;
     showTitle();
 }
@@ -106,6 +109,7 @@ void CMainWindow::closeEditors() {
 void CMainWindow::followState() {
     m_pMapEditor->follow();
     m_pMovieEditor->follow();
+    m_pToolMenu->follow();
     makeRoom();
     if (isWindowModified() != m_document.isModified()) {
         showTitle();
@@ -139,6 +143,7 @@ void CMainWindow::watchTextures() {
 }
 
 void CMainWindow::showPosition(const std::optional<TerrainHit>& hit) {
+    m_pointed = hit;
     if (!hit.has_value()) {
         m_pPosition->clear();
         return;

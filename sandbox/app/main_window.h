@@ -5,6 +5,10 @@
 #include "sandbox/app/film_player.h"
 #include "sandbox/app/map_document.h"
 #include "sandbox/app/recent_files.h"
+#include "sandbox/keys/held_keys.h"
+#include "sandbox/keys/panel_focus.h"
+#include "sandbox/keys/shortcut_table.h"
+#include "sandbox/keys/tool_menu.h"
 #include "sandbox/view/map_view.h"
 
 #include <QMainWindow>
@@ -46,6 +50,11 @@ private:
     void makeFilmMenu();
     void makeViewMenu();
     void makeHelpMenu();
+    /// The keys of all menus, once they are made.
+    void makeKeys();
+    void editShortcuts();
+    /// Show the selection from near, else what the pointer is on.
+    void frame();
     void makeToolBar();
     void makeStatusBar();
     void connectView();
@@ -102,6 +111,10 @@ private:
     CEditorWindow* m_pMovieEditor = nullptr;
     CFilmMenu* m_pFilmMenu = nullptr;
     CFilmPlayer m_filmPlayer{nullptr};
+    CToolMenu* m_pToolMenu = nullptr;
+    CPanelFocus* m_pPanelFocus = nullptr;
+    std::optional<CShortcutTable> m_shortcuts;
+    std::optional<TerrainHit> m_pointed;
     QAction* m_pFlyAction = nullptr;
     QSpinBox* m_pWaterLevel = nullptr;
     QComboBox* m_pUnitsPerPixel = nullptr;

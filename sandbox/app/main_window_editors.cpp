@@ -33,6 +33,7 @@ EditorKind CMainWindow::mapEditorKind() {
                 if (!open) {
                     clearPointing();
                 }
+                m_pPanelFocus->giveBack(); // the panel took the keyboard, and nobody is about to type into it
             }};
 }
 
@@ -64,6 +65,7 @@ void CMainWindow::followMovieEditor(bool open) {
     film.selectViewCamera(); // a film that is not edited is not looked through
     m_filmPlayer.setFilm(open ? &film : nullptr);
     m_pView->setFilm(open ? &film : nullptr);
+    m_pPanelFocus->giveBack();
 }
 
 void CMainWindow::refreshMoviePanel() {

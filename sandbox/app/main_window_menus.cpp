@@ -1,5 +1,8 @@
 #include "sandbox/app/main_window.h"
 
+#include "sandbox/keys/shortcuts_dialog.h"
+#include "sandbox/view/marked_points.h"
+
 #include <QAction>
 #include <QActionGroup>
 #include <QComboBox>
@@ -10,8 +13,12 @@
 #include <QStatusBar>
 #include <QStyle>
 #include <QToolBar>
+#include <algorithm>
+#include <cmath>
 
 namespace {
+
+constexpr double NEAREST_FRAME = 8.0; // cells around a place that is looked at from near
 
 constexpr const char* CONTROLS = R"(
 <h3>Camera</h3>
@@ -20,13 +27,18 @@ constexpr const char* CONTROLS = R"(
 <tr><td><b>W A S D</b></td><td>fly; <b>E</b> or <b>Space</b> up, <b>Q</b> or <b>C</b> down, <b>Shift</b> faster</td></tr>
 <tr><td><b>Wheel</b></td><td>nearer to what the pointer is on, or farther; with the right button held: flying speed</td></tr>
 <tr><td><b>Middle drag</b>, <b>Alt + left drag</b></td><td>turn about the middle of the view</td></tr>
-<tr><td><b>F</b>, <b>Home</b></td><td>fly or orbit; back to the first view</td></tr>
+<tr><td><b>F</b>, <b>Home</b></td><td>look at the selection, or at what the pointer is on, from near; see the whole map</td></tr>
+<tr><td><b>O</b></td><td>fly or orbit</td></tr>
 </table>
 <h3>Editing</h3>
 <table cellpadding="3">
 <tr><td><b>M</b>, <b>T</b></td><td>open or close the map editor, the movie editor</td></tr>
 <tr><td><b>Left drag</b></td><td>a stroke with the tool chosen on the panel; with Raise and Magnet, drag up to
 raise and down to lower</td></tr>
+<tr><td><b>Ctrl</b>, <b>Shift + left drag</b></td><td>the other way round with Raise, Magnet, Flood and Drain; smooth
+with any tool</td></tr>
+<tr><td><b>1</b> to <b>9</b>, <b>0</b>, <b>G N R</b></td><td>the panel's tools; <b>Ctrl+Tab</b> its other tab</td></tr>
+<tr><td><b>[ ]</b>, <b>- =</b></td><td>smaller or larger brush, weaker or stronger</td></tr>
 <tr><td><b>Undo</b> on the panel</td><td>takes back the newest stroke</td></tr>
 <tr><td><b>P</b></td><td>give the point of the ground a name, for a film's camera to look at</td></tr>
 </table>
@@ -67,7 +79,7 @@ void CMainWindow::makeFileMenu() {
     menu->addAction(tr("Save H&eightmap As..."), this, &CMainWindow::saveHeightmapAs)
         ->setObjectName("save-heightmap-as");
     menu->addSeparator();
-    menu->addAction(tr("&Quit"), QKeySequence("Ctrl+Q"), this, &CMainWindow::close);
+    menu->addAction(tr("&Quit"), QKeySequence("Ctrl+Q"), this, &CMainWindow::close)->setObjectName("quit");
 }
 
 void CMainWindow::makeEditorMenu() {
@@ -90,11 +102,14 @@ void CMainWindow::makeViewMenu() {
     m_pFlyAction->setToolTip(tr("Right drag looks around; without it, right drag turns the map"));
     m_pFlyAction->setCheckable(true);
     m_pFlyAction->setChecked(true);
-    m_pFlyAction->setShortcut(Qt::Key_F);
+    m_pFlyAction->setShortcut(Qt::Key_O);
     connect(m_pFlyAction, &QAction::toggled, this, [this](bool fly) {
         m_pView->setCameraMode(fly ? CMapView::CameraMode::FLY : CMapView::CameraMode::ORBIT);
         statusBar()->showMessage(fly ? tr("Right drag looks around") : tr("Right drag turns the map"), 3000);
     });
+    QAction* near = menu->addAction(tr("Frame &Selection"), Qt::Key_F, this, &CMainWindow::frame);
+    near->setObjectName("frame");
+    near->setToolTip(tr("Look at the selection, else at what the pointer is on, from near"));
     QAction* reset = menu->addAction(tr("&Reset Camera"), Qt::Key_Home, m_pView, &CMapView::resetCamera);
     reset->setObjectName("reset-camera");
     menu->addSeparator();
@@ -115,7 +130,30 @@ void CMainWindow::makeViewMenu() {
 
 void CMainWindow::makeHelpMenu() {
     QMenu* menu = menuBar()->addMenu(tr("&Help"));
-    menu->addAction(tr("&Controls"), Qt::Key_F1, this, &CMainWindow::showControls);
+    menu->addAction(tr("&Controls"), Qt::Key_F1, this, &CMainWindow::showControls)->setObjectName("controls");
+    menu->addAction(tr("&Shortcuts..."), this, &CMainWindow::editShortcuts)->setObjectName("edit-shortcuts");
+}
+
+void CMainWindow::makeKeys() {
+    m_shortcuts.emplace(*menuBar());
+    m_pPanelFocus = new CPanelFocus(*m_pView);
+    new CHeldKeys(*m_pView, [this] { m_pPanelFocus->giveBack(); });
+}
+
+void CMainWindow::editShortcuts() {
+    CShortcutsDialog(*m_shortcuts, this).exec();
+}
+
+void CMainWindow::frame() {
+    const CMemoryMap& map = m_document.map();
+    if (const std::optional<GridRect> selected = markedPoints(map)) {
+        const double x = (selected->x0 + selected->x1) / 2.0;
+        const double z = (selected->z0 + selected->z1) / 2.0;
+        const double radius = std::hypot(selected->x1 - selected->x0, selected->z1 - selected->z0) / 2.0;
+        m_pView->frame({x, groundHeight(heightFieldOf(map), x, z), z}, std::max(radius, NEAREST_FRAME));
+    } else if (m_pointed) {
+        m_pView->frame(m_pointed->point, NEAREST_FRAME);
+    }
 }
 
 void CMainWindow::showControls() {

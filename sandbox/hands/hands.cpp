@@ -38,11 +38,11 @@ void CHands::moveTo(QWidget& widget, QPointF position) {
 
 void CHands::press(Qt::MouseButton button) {
     activate(*m_pWindow);
-    QTest::mousePress(m_pWindow, button, Qt::NoModifier, m_position);
+    QTest::mousePress(m_pWindow, button, m_held, m_position);
 }
 
 void CHands::release(Qt::MouseButton button) {
-    QTest::mouseRelease(m_pWindow, button, Qt::NoModifier, m_position);
+    QTest::mouseRelease(m_pWindow, button, m_held, m_position);
 }
 
 void CHands::drag(QWidget& widget, QPointF from, QPointF to, Qt::MouseButton button, int steps) {
@@ -60,7 +60,7 @@ void CHands::drag(QWidget& widget, QPointF from, QPointF to, Qt::MouseButton but
 void CHands::glideTo(QWidget& widget, QPointF position, Qt::MouseButton held) {
     m_position = widget.mapTo(widget.window(), position.toPoint());
     QMouseEvent event(QEvent::MouseMove, m_position, m_pWindow->mapToGlobal(m_position), Qt::NoButton, held,
-                      Qt::NoModifier);
+                      m_held);
     QCoreApplication::sendEvent(m_pWindow, &event);
 }
 

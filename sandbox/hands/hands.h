@@ -16,6 +16,8 @@ public:
     /// The window under the pointer becomes the active one first, as a window manager sees to.
     void press(Qt::MouseButton button);
     void release(Qt::MouseButton button);
+    /// Keys held down while the mouse works, from now on.
+    void hold(Qt::KeyboardModifiers held) { m_held = held; }
     /// Press at the first place and release at the last, moving there in even steps. Nothing is drawn between
     /// the steps on the way.
     void drag(QWidget& widget, QPointF from, QPointF to, Qt::MouseButton button, int steps = 12);
@@ -36,6 +38,7 @@ private:
     void glideTo(QWidget& widget, QPointF position, Qt::MouseButton held);
 
     QPointer<QWindow> m_pWindow;
+    Qt::KeyboardModifiers m_held;
     QPoint m_position;           // in the window
     QPoint m_lastScreenPosition; // for when the window is gone
 };

@@ -8,11 +8,11 @@ constexpr std::array FLY_KEYS{Qt::Key_W, Qt::Key_A, Qt::Key_S,     Qt::Key_D,
                               Qt::Key_E, Qt::Key_Q, Qt::Key_Space, Qt::Key_C};
 constexpr double HASTE = 4.0;
 
-bool isFlyKey(int key) {
+} // namespace
+
+bool CFlyKeys::isFlyKey(int key) {
     return key == Qt::Key_Shift || std::ranges::find(FLY_KEYS, key) != FLY_KEYS.end();
 }
-
-} // namespace
 
 bool CFlyKeys::press(int key) {
     if (!isFlyKey(key)) {

@@ -7,6 +7,7 @@
 /// The keys held down to fly: W A S D to move and to the sides, E or Space up, Q or C down, Shift for haste.
 class CFlyKeys {
 public:
+    static bool isFlyKey(int key);
     /// True when the key is one of them.
     bool press(int key);
     bool release(int key);

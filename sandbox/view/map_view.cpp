@@ -114,6 +114,20 @@ void CMapView::lookFrom(const CViewCamera::Vector& eye, const CViewCamera::Vecto
     settleCamera(m_camera);
 }
 
+void CMapView::frame(const CViewCamera::Vector& centre, double radius) {
+    if (!mayMoveCamera()) {
+        return;
+    }
+    CViewCamera& camera = handCamera();
+    const CViewCamera::Vector ahead = camera.forward();
+    const double distance = radius / std::sin(std::atan(camera.tanHalfFov()));
+    camera.lookFrom(
+        {centre[0] - ahead[0] * distance, centre[1] - ahead[1] * distance, centre[2] - ahead[2] * distance},
+        centre);
+    settleCamera(camera);
+    settleFilm();
+}
+
 void CMapView::initializeGL() {
     if (glFunctions() == nullptr) {
         qFatal("the view needs OpenGL 3.3");

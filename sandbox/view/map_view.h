@@ -34,12 +34,17 @@ public:
     void setOptions(const ViewOptions& options);
     const ViewOptions& options() const { return m_options; }
     void setUnitsPerPixel(int units) { m_strokes.setUnitsPerPixel(units); }
+    /// Whether a drag up counts as one down and the other way round.
+    void turnDrag(bool turned) { m_strokes.turnDrag(turned); }
     /// The person's own camera, whether or not the picture is a film's.
     const CViewCamera& camera() const { return m_camera; }
     /// A stroke of the map editor is being made with the mouse.
     bool isStroking() { return m_strokes.isStroking(); }
     /// Stand there and look so. World units.
     void lookFrom(const CViewCamera::Vector& eye, const CViewCamera::Vector& target);
+    /// Look at a place from the side that it is seen from now, so near that a ball of `radius` around it is
+    /// seen whole. World units. Nothing while a film's camera may not be moved.
+    void frame(const CViewCamera::Vector& centre, double radius);
     /// What lies under a place of the view, in logical pixels.
     std::optional<TerrainHit> pick(QPointF position) const;
     /// Where a point of the world is drawn, in logical pixels; also off the view. Nothing for a point behind.

@@ -19,7 +19,7 @@ void CStrokeController::move(const std::optional<TerrainHit>& hit, int screenY) 
             m_nCellX = hit->x;
             m_nCellZ = hit->z;
         }
-        m_calls.updateEditing(m_nCellX, m_nCellZ, 0, 0, 0, (screenY - m_nStartY) * m_nUnitsPerPixel);
+        m_calls.updateEditing(m_nCellX, m_nCellZ, 0, 0, 0, (screenY - m_nStartY) * m_nUnitsPerPixel * m_nWay);
     } else if (hit.has_value() && m_calls.isEditorActive()) {
         m_calls.updateCursor(hit->x, hit->z, hit->edge, hit->corner);
     }

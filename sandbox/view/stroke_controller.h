@@ -23,6 +23,8 @@ public:
     void release();
     /// Height units of drag for one pixel, 1 or more.
     void setUnitsPerPixel(int units) { m_nUnitsPerPixel = units; }
+    /// Whether a drag up counts as one down and the other way round.
+    void turnDrag(bool turned) { m_nWay = turned ? -1 : 1; }
 
     /// True from a press to its release, unless the panel was closed in between.
     bool isStroking();
@@ -32,6 +34,7 @@ private:
     bool m_bStroking = false;
     int m_nStartY = 0;
     int m_nUnitsPerPixel = 1;
+    int m_nWay = 1;
     int m_nCellX = 0;
     int m_nCellZ = 0;
 };

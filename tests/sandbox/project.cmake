@@ -5,11 +5,12 @@ vesk_test(sandbox_project_test
 target_compile_definitions(sandbox_project_test PRIVATE VESK_SAMPLES="${CMAKE_SOURCE_DIR}/samples")
 
 # The menus, the questions and the dialogs, on the real window: it draws with OpenGL, which needs a display.
-add_executable(sandbox_window_test film_window_test.cpp main_window_test.cpp ${CMAKE_SOURCE_DIR}/sandbox/shaders.qrc)
+add_executable(sandbox_window_test ${CMAKE_SOURCE_DIR}/sandbox/hands/hands.cpp film_window_test.cpp keys_test.cpp
+    main_window_test.cpp ${CMAKE_SOURCE_DIR}/sandbox/shaders.qrc)
 set_target_properties(sandbox_window_test PROPERTIES AUTORCC ON)
 target_include_directories(sandbox_window_test PRIVATE ${CMAKE_SOURCE_DIR}/src ${CMAKE_SOURCE_DIR}/tests)
 target_compile_definitions(sandbox_window_test PRIVATE VESK_SAMPLES="${CMAKE_SOURCE_DIR}/samples")
-target_link_libraries(sandbox_window_test PRIVATE vesksandbox_app vesk_ui_test_support)
+target_link_libraries(sandbox_window_test PRIVATE vesksandbox_app vesk_ui_test_support Qt6::Test)
 vesk_warnings(sandbox_window_test)
 add_test(NAME sandbox_window_test
     COMMAND ${VESK_XVFB_RUN} -a -s "-screen 0 1280x800x24" $<TARGET_FILE:sandbox_window_test> --gtest_brief=1)
