@@ -1,7 +1,5 @@
 #include "host/random_session.h"
 
-#include "resources/resource_ids.h"
-
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -14,16 +12,13 @@ constexpr std::size_t LOG_LENGTH = 25;
 
 } // namespace
 
-CRandomSession::CRandomSession(CSessionDriver& driver, CReferenceEditor& reference, std::uint64_t seed,
-                               int closings)
-    : m_driver(driver)
-    , m_reference(reference)
+CRandomSession::CRandomSession(CReferenceEditor& reference, std::uint64_t seed, int closings)
+    : m_reference(reference)
     , m_nClosings(closings)
     , m_random(seed)
-    , m_actualMaps{{{32, &m_actualScene}, {13, nullptr}}}
-    , m_expectedMaps{{{32, &m_expectedScene}, {13, nullptr}}}
+    , m_actualMaps{{{32, &m_scene}, {13, nullptr}}}
+    , m_expectedMaps{{{32, &m_scene}, {13, nullptr}}}
     , m_nSeed(seed) {
-    m_reference.isEditing = driver.isEditing();
     makeMaps();
 }
 
@@ -31,7 +26,6 @@ bool CRandomSession::run(std::int64_t count) {
     for (std::int64_t i = 0; i < count; ++i) {
         operate();
         ++m_nDone;
-        m_nPeakHistory = std::max(m_nPeakHistory, m_reference.history.size());
         if (!compare()) {
             return false;
         }
@@ -47,24 +41,16 @@ CRandomSession::~CRandomSession() {
 }
 
 bool CRandomSession::undoAll() {
-    if (!m_driver.isOpen()) {
+    if (m_driver.model() == nullptr) {
         open();
     }
     while (!m_reference.history.empty()) {
-        click(IDC_UNDO);
+        both("undo", [](auto& editor) { editor.undo(); });
         if (!compare()) {
             return false;
         }
     }
     return true;
-}
-
-int CRandomSession::pick(int low, int high) {
-    return std::uniform_int_distribution<int>(low, high)(m_random);
-}
-
-bool CRandomSession::chance(int percent) {
-    return pick(1, 100) <= percent;
 }
 
 int CRandomSession::wild() {
@@ -118,21 +104,12 @@ void CRandomSession::note(const std::string& operation) {
 }
 
 void CRandomSession::operate() {
-    if (m_driver.isOpen()) {
+    if (m_driver.model() != nullptr) {
         operateOpen();
-    } else {
-        operateClosed();
-    }
-}
-
-void CRandomSession::operateClosed() {
-    const int kind = pick(1, 100);
-    if (kind <= 60) {
+    } else if (chance(70)) {
         open();
-    } else if (kind <= 75) {
-        workOnMap();
     } else {
-        strayCall();
+        workOnMap();
     }
 }
 
@@ -144,43 +121,35 @@ void CRandomSession::operateOpen() {
     const int kind = pick(1, 1000);
     if (kind <= 500) {
         stroke();
-    } else if (kind <= 640) {
+    } else if (kind <= 770) {
         setMembers();
-    } else if (kind <= 730) {
-        clickTool();
     } else if (kind <= 780) {
-        usePanel();
+        workOnMap();
     } else if (kind <= 900) {
         strayCall();
     } else if (kind <= 960) {
-        click(IDC_UNDO);
+        both("undo", [](auto& editor) { editor.undo(); });
+    } else if (kind <= 975) {
+        both("select all", [](auto& editor) { editor.selectAll(); });
     } else if (kind <= 983) {
-        click(kind <= 975 ? IDC_SELECT_ALL : IDC_DESELECT);
-    } else if (kind <= 996) {
-        both("tab", [](auto& editor) { editor.clickTab(); });
+        both("deselect", [](auto& editor) { editor.deselect(); });
     } else {
-        open(); // a second time: ignored
+        both("tab", [](auto& editor) { editor.clickTab(); });
     }
 }
 
 void CRandomSession::open() {
-    const bool wasOpen = m_driver.isOpen();
-    if (!wasOpen && chance(10)) {
-        m_nMap = 1 - m_nMap;
-    }
+    m_nMap = chance(10) ? 1 - m_nMap : m_nMap;
     note(text("open map", m_nMap));
     m_driver.open(m_actualMaps[m_nMap]);
     m_reference.open(m_expectedMaps[m_nMap]);
 }
 
 void CRandomSession::close() {
-    const int way = pick(0, 2);
-    if (way == 0) {
-        click(IDC_CLOSE);
-    } else if (way == 1) {
-        both("close window", [](auto& editor) { editor.closeWindow(); });
-    } else {
-        both("destroy", [](auto& editor) { editor.destroy(); });
+    const bool byUser = chance(66);
+    both(byUser ? "close" : "destroy", [=](auto& editor) { byUser ? editor.close() : editor.destroy(); });
+    if (chance(10)) {
+        both("destroy settings", [](auto& editor) { editor.destroySettings(); });
     }
 }
 
@@ -204,64 +173,87 @@ void CRandomSession::strayCall() {
     movePointer();
     if (kind <= 800) {
         const int amount = chance(94) ? pick(-60, 60) : wild();
-        const int ignored = pick(-1, 6); // may read like the edge and the corner of another place
-        both(text("update", m_nX, m_nZ, ignored, amount),
-             [=, this](auto& editor) { editor.update(m_nX, m_nZ, ignored, amount); });
+        both(text("update", m_nX, m_nZ, amount),
+             [=, this](auto& editor) { editor.update(m_nX, m_nZ, amount); });
     } else if (kind <= 950) {
         const int edge = pick(-1, 6);
         const int corner = pick(-1, 4);
         both(text("hover", m_nX, m_nZ, edge, corner),
              [=, this](auto& editor) { editor.hover(m_nX, m_nZ, edge, corner); });
-    } else if (kind <= 997) {
+    } else {
         both("stop", [](auto& editor) { editor.stop(); });
-    } else if (pick(1, 1000) <= m_nClosings) {
-        both("destroy", [](auto& editor) { editor.destroy(); });
-    } else if (pick(1, 1000) <= m_nClosings) {
-        both("destroy settings", [](auto& editor) { editor.destroySettings(); });
     }
 }
 
-void CRandomSession::click(int id) {
-    both(text("click", id), [id](auto& editor) { editor.click(id); });
-}
-
-void CRandomSession::clickTool() {
-    const std::vector<int>& tools = CReferenceEditor::TOOLS;
-    const int lastTool = m_reference.panel.isDetailsTab ? 7 : 12;
-    click(chance(25)   ? anyOf(CReferenceEditor::BRUSHES)
-          : chance(97) ? tools[static_cast<std::size_t>(pick(0, lastTool))]
-                       : anyOf(tools));
-}
-
-/// Members of the model set past the controls, which then follow as far as they can.
+/// What the panel's controls set, and what only a host that meddles can.
 void CRandomSession::setMembers() {
-    CMapEditorModel& model = *m_driver.model();
+    CSessionModel& model = *m_driver.model();
     ReferencePanel& panel = m_reference.panel;
-    switch (pick(0, 5)) {
+    switch (pick(0, 8)) {
     case 0:
-        model.m_nBrushSize = panel.brush = chance(95) ? pick(0, 5) : pick(-1, 7);
-        note(text("set brush", panel.brush));
-        break;
     case 1:
-        model.m_nStrength = panel.strength = chance(93) ? pick(1, 10) : chance(50) ? 0 : wild();
-        note(text("set strength", panel.strength));
+        model.m_nBrushSize = panel.brush = chance(95) ? pick(0, 5) : pick(-1, 7);
         break;
     case 2:
-        model.m_nHeight = panel.height = chance(95) ? pick(0, 1023) : wild();
-        note(text("set height", panel.height));
+        model.m_nStrength = panel.strength = chance(93) ? pick(1, 10) : chance(50) ? 0 : wild();
         break;
     case 3:
-        panel.hideCursor = chance(15);
-        model.m_bHideCursor = panel.hideCursor ? 1 : 0;
-        note(text("set hide cursor", panel.hideCursor));
+        model.m_nHeight = panel.height = chance(95) ? pick(0, 1023) : wild();
         break;
     case 4:
+        panel.hideCursor = chance(15);
+        model.m_bHideCursor = panel.hideCursor ? 1 : 0;
+        break;
+    case 5:
         setDetailTexture();
         break;
+    case 6:
+        model.tint = panel.toolTint = anyColour();
+        break;
     default:
-        model.m_nTool = panel.tool = chance(20) ? pick(-1, 15) : pick(0, 12);
-        note(text("set tool", panel.tool));
+        model.m_nTool = panel.tool = chance(3) ? pick(-1, 15) : pick(0, panel.isDetailsTab ? 7 : 12);
         break;
     }
-    model.showMembers();
+    note(text("tool", panel.tool, "brush", panel.brush, "strength", panel.strength, "height", panel.height,
+              "tint", panel.toolTint.r, panel.toolTint.g, panel.toolTint.b));
+}
+
+void CRandomSession::setDetailTexture() {
+    constexpr int MOST_DETAILS = 24; // a map full of them would only make the session slow
+    const bool some = m_reference.map->getDetails().size() < MOST_DETAILS && chance(70);
+    qxCTexture* const texture = some ? m_scene.getTexture(pick(0, 2)) : nullptr;
+    m_driver.model()->m_pDetailTexture = m_reference.panel.detailTexture = texture;
+}
+
+void CRandomSession::makeMaps() {
+    for (int i = 0; i < 3; ++i) {
+        m_scene.addTexture(m_scene.createTexture());
+    }
+    for (auto* const maps : {&m_actualMaps, &m_expectedMaps}) {
+        for (CMemoryMap& map : *maps) {
+            *map.addMultiTexture() = {{90, 80, 70, 255}, {200, 190, 20, 255}, 0.7F, 0.5F};
+            map.setTexture(qxMapLayerRough, m_scene.getTexture(1));
+            map.heightScale = 0.5F;
+            map.waterLevel = 30.25F;
+        }
+    }
+}
+
+/// What the host changes of its map that a stroke then reads.
+void CRandomSession::workOnMap() {
+    const qxCMapMultiTexture definition = {anyColour(), anyColour(), 0.25F, 0.95F};
+    const int kind = pick(0, 3);
+    const int number = pick(0, 4);
+    note(text("work on map", kind, number));
+    for (CMemoryMap* const map : {&m_actualMaps[m_nMap], &m_expectedMaps[m_nMap]}) {
+        if (kind == 0) {
+            map->waterLevel = static_cast<float>(number) * 12.3F;
+        } else if (kind == 1) {
+            *map->addMultiTexture() = definition;
+        } else if (kind == 2) {
+            map->removeMultiTexture(number);
+        } else {
+            map->setCurrentMultiTexture(number);
+        }
+    }
 }

@@ -4,7 +4,6 @@
 #include "host/random_session_reference.h"
 
 #include "engine/memory/memory_scene.h"
-#include "engine/qx_texture.h"
 
 #include <array>
 #include <cstdint>
@@ -28,7 +27,7 @@ class CRandomSession {
 public:
     /// `closings`: how often the editor is closed, in 10,000 operations. Few of them let the history fill up.
     /// What the module remembers goes on from session to session: so does the reference.
-    CRandomSession(CSessionDriver& driver, CReferenceEditor& reference, std::uint64_t seed, int closings);
+    CRandomSession(CReferenceEditor& reference, std::uint64_t seed, int closings);
     ~CRandomSession();
     CRandomSession(const CRandomSession&) = delete;
     CRandomSession& operator=(const CRandomSession&) = delete;
@@ -40,29 +39,17 @@ public:
     /// Take back whatever the history holds, and compare.
     bool undoAll();
 
-    /// Largest number of records that the history held.
-    std::size_t getPeakHistory() const { return m_nPeakHistory; }
-
 private:
     void operate();
-    void operateClosed();
     void operateOpen();
     void stroke();
     void strayCall();
     void setMembers();
-    void clickTool();
-    void click(int id);
+    void setDetailTexture();
     void close();
     void open();
-
-    void usePanel();
-    void pickColour();
-
-    // What the host does to its map.
     void makeMaps();
     void workOnMap();
-    void setDetailTexture();
-    template <class Work> void onBothMaps(Work work);
 
     /// Have the editor and the reference do the same.
     template <class Act> void both(const std::string& operation, Act act) {
@@ -72,29 +59,23 @@ private:
     }
 
     bool compare();
-    bool comparePanel();
-    bool compareRecords();
-    template <class Get> bool compareEach(const char* kind, int count, int expected, Get get);
-    bool isEqual(const char* what, std::int64_t actual, std::int64_t expected);
+    bool compareMaps();
+    bool compareDetails();
     bool report(const std::string& what);
 
-    int pick(int low, int high);
-    bool chance(int percent);
-    template <class T> const T& anyOf(const std::vector<T>& choices) {
-        return choices[static_cast<std::size_t>(pick(0, static_cast<int>(choices.size()) - 1))];
-    }
-    qxCColour anyColour();
+    int pick(int low, int high) { return std::uniform_int_distribution<int>(low, high)(m_random); }
+    bool chance(int percent) { return pick(1, 100) <= percent; }
+    qxCColour anyColour() { return {pick(0, 255), pick(0, 255), pick(0, 255), 255}; }
     int coordinate(int near);
     void movePointer();
     int wild();
     void note(const std::string& operation);
 
-    CSessionDriver& m_driver;
+    CSessionDriver m_driver;
     CReferenceEditor& m_reference;
     int m_nClosings;
     std::mt19937_64 m_random;
-    CMemoryScene m_actualScene;
-    CMemoryScene m_expectedScene;
+    CMemoryScene m_scene;
     std::array<CMemoryMap, 2> m_actualMaps; // the second one stands in no scene
     std::array<CMemoryMap, 2> m_expectedMaps;
     std::size_t m_nMap = 0;
@@ -102,6 +83,5 @@ private:
     int m_nZ = 0;
     std::int64_t m_nDone = 0;
     std::uint64_t m_nSeed;
-    std::size_t m_nPeakHistory = 0;
     std::deque<std::string> m_log; // the last operations
 };

@@ -1,36 +1,67 @@
 #pragma once
 
 #include "engine/memory/memory_map.h"
+#include "terrain/edit_cursor.h"
 #include "terrain/model/map_editor_model.h"
+#include "terrain/model/map_editor_settings.h"
+#include "terrain/model/map_recording.h"
+#include "terrain/model/map_selection.h"
+#include "terrain/model/map_undo_list.h"
+#include "terrain/stroke_engine.h"
 
 #include <memory>
+#include <utility>
 
-/// The editor under test, as a session drives it: by the calls of the host and by what the panel's buttons
-/// do.
-class CSessionDriver {
+/// What the map editor's core works on, in place of a panel.
+class CSessionModel : public CMapEditorModel {
 public:
-    virtual ~CSessionDriver() = default;
+    bool isDetails = false;
+    qxCColour tint{255, 255, 255, 255};
 
-    virtual void open(CMemoryMap& map) = 0;
-    virtual void destroy() = 0;
-    virtual void destroySettings() = 0;
-    virtual void start(int x, int z, int edge, int corner) = 0;
-    /// `ignored` goes in for the three arguments that are to change nothing.
-    virtual void update(int x, int z, int ignored, int amount) = 0;
-    virtual void stop() = 0;
-    virtual void hover(int x, int z, int edge, int corner) = 0;
-    virtual bool isOpen() const = 0;
-    virtual bool isEditing() const = 0;
-    /// Null while the editor is closed.
-    virtual CMapEditorModel* model() const = 0;
-
-    /// A close request to the window, as from its frame.
-    virtual void closeWindow() = 0;
-    virtual void click(int id) = 0;
-    virtual void clickTab() = 0;
-    /// The colour that the Tint tool drives the points towards.
-    virtual void setToolTint(const qxCColour& colour) = 0;
+    bool isDetailsTab() const override { return isDetails; }
+    void showMembers() override {}
+    qxCColour getToolTint() const override { return tint; }
 };
 
-/// The map editor without its panel.
-std::unique_ptr<CSessionDriver> makeCoreDriver();
+/// The map editor under test, without its panel: the calls of the host, and what the panel's buttons do.
+class CSessionDriver {
+public:
+    /// Null while the editor is closed.
+    CSessionModel* model() const { return m_pModel.get(); }
+
+    void open(CMemoryMap& map) {
+        if (!m_pModel) {
+            m_pModel = std::make_unique<CSessionModel>();
+            m_pModel->m_pMap = &map;
+            restoreSettings(*m_pModel);
+        }
+    }
+    /// By the user, who wants to find the settings again.
+    void close() {
+        saveSettings(*m_pModel);
+        destroy();
+    }
+    void destroy() { m_pModel.reset(); }
+    void destroySettings() {
+        g_savedSettings.valid = false;
+        g_mapUndoList.clear();
+    }
+
+    void start(int x, int z, int edge, int corner) { strokeStart(*m_pModel, x, z, edge, corner); }
+    void update(int x, int z, int amount) { strokeUpdate(*m_pModel, x, z, amount); }
+    void stop() { strokeEnd(*m_pModel); }
+    void hover(int x, int z, int edge, int corner) {
+        updateCursor(*m_pModel, x, z, edge, corner, CursorUse::HOVER);
+    }
+
+    void undo() { ::undo(*m_pModel); }
+    void selectAll() { ::selectAll(*m_pModel); }
+    void deselect() { ::deselect(*m_pModel); }
+    void clickTab() {
+        m_pModel->isDetails = !m_pModel->isDetails;
+        std::swap(m_pModel->m_nTool, m_pModel->m_nOtherTabTool);
+    }
+
+private:
+    std::unique_ptr<CSessionModel> m_pModel;
+};

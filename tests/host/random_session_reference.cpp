@@ -1,15 +1,10 @@
 #include "host/random_session_reference.h"
 
-#include "resources/resource_ids.h"
-
 #include <algorithm>
 #include <limits>
 #include <utility>
 
 void CReferenceEditor::open(CMemoryMap& newMap) {
-    if (isOpen) {
-        return;
-    }
     map = &newMap;
     panel = ReferencePanel();
     m_worker = Worker::NONE;
@@ -31,11 +26,9 @@ void CReferenceEditor::open(CMemoryMap& newMap) {
     isOpen = true;
 }
 
-void CReferenceEditor::closeWindow() {
-    if (isOpen) {
-        m_saved = {true, map, panel.tool, panel.brush, panel.strength, panel.height};
-        destroy();
-    }
+void CReferenceEditor::close() {
+    m_saved = {true, map, panel.tool, panel.brush, panel.strength, panel.height};
+    destroy();
 }
 
 void CReferenceEditor::destroy() {
@@ -159,10 +152,18 @@ void CReferenceEditor::selectAll() {
     outline(panel.x0, panel.z0, panel.x1, panel.z1, true);
 }
 
+void CReferenceEditor::deselect() {
+    dropSelection();
+    panel.x0 = panel.z0 = 0;
+}
+
+void CReferenceEditor::clickTab() {
+    panel.isDetailsTab = !panel.isDetailsTab;
+    std::swap(panel.tool, panel.otherTool);
+}
+
 void CReferenceEditor::hover(int px, int pz, int edge, int corner) {
-    if (isOpen) {
-        cursor(px, pz, edge, corner, false);
-    }
+    cursor(px, pz, edge, corner, false);
 }
 
 void CReferenceEditor::cursor(std::int64_t x, std::int64_t z, int edge, int corner, bool duringStroke) {
@@ -220,10 +221,6 @@ void CReferenceEditor::cursor(std::int64_t x, std::int64_t z, int edge, int corn
 }
 
 void CReferenceEditor::start(int px, int pz, int edge, int corner) {
-    if (!isOpen) {
-        return;
-    }
-    isEditing = true;
     panel.x = px;
     panel.z = pz;
     panel.edge = edge;
@@ -240,7 +237,7 @@ void CReferenceEditor::start(int px, int pz, int edge, int corner) {
             panel.z0 = pz;
             return;
         }
-        update(px, pz, 0, 0);
+        update(px, pz, 0);
         if (panel.tool != 1 && panel.tool != 11) {
             dropSelection();
         }
@@ -263,7 +260,7 @@ void CReferenceEditor::start(int px, int pz, int edge, int corner) {
     } else if (isAnyOf(panel.tool, {2, 3, 4}) && panel.detail != nullptr) {
         panel.detail->highlighted = 0;
     } else if (panel.tool == 1 || panel.tool == 7) {
-        update(px, pz, 0, 0);
+        update(px, pz, 0);
     }
 }
 
@@ -276,13 +273,10 @@ void CReferenceEditor::addDetail(qxCMapDetailRecord* created) {
     }
     panel.detail = created;
     m_pAdded = created;
-    update(panel.x, panel.z, 0, 0);
+    update(panel.x, panel.z, 0);
 }
 
-void CReferenceEditor::update(int px, int pz, int /*ignored*/, int amount) {
-    if (!isOpen) {
-        return;
-    }
+void CReferenceEditor::update(int px, int pz, int amount) {
     const bool terrain = !panel.isDetailsTab;
     if (!terrain) {
         updateDetails(px, pz, amount);
@@ -308,10 +302,6 @@ void CReferenceEditor::update(int px, int pz, int /*ignored*/, int amount) {
 }
 
 void CReferenceEditor::stop() {
-    if (!isOpen) {
-        return;
-    }
-    isEditing = false;
     if (!panel.isDetailsTab) {
         if (panel.tool == 0) {
             const ReferencePanel was = panel;

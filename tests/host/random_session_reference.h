@@ -31,22 +31,20 @@ inline bool isAnyOf(int value, std::initializer_list<int> values) {
 class CReferenceEditor {
 public:
     static constexpr int HISTORY_CAPACITY = 100'000;
-    /// The ids of the buttons, in the order of tools and brush sizes.
-    static const std::vector<int> TOOLS;
-    static const std::vector<int> BRUSHES;
 
     /// What CSessionDriver's functions of these names do.
     void open(CMemoryMap& newMap);
     void destroy();
     void destroySettings();
     void start(int px, int pz, int edge, int corner);
-    void update(int px, int pz, int ignored, int amount);
+    void update(int px, int pz, int amount);
     void stop();
     void hover(int px, int pz, int edge, int corner);
-    void closeWindow();
-    void click(int id);
+    void close();
+    void undo();
+    void selectAll();
+    void deselect();
     void clickTab();
-    void setToolTint(const qxCColour& colour) { panel.toolTint = colour; }
 
     struct Record {
         bool start;
@@ -59,7 +57,6 @@ public:
 
     CMemoryMap* map = nullptr;
     bool isOpen = false;
-    bool isEditing = false;
     ReferencePanel panel;
     std::deque<Record> history;
 
@@ -92,10 +89,6 @@ private:
     int copiedHeight(const Point& point) const;
     void outline(std::int64_t x0, std::int64_t z0, std::int64_t x1, std::int64_t z1, bool on);
     void dropSelection();
-    void selectAll();
-    void undo();
-
-    bool clickRadio(int id);
 
     struct {
         bool valid = false;

@@ -1,7 +1,6 @@
 #include "host/random_session_reference.h"
 
 #include "engine/qx_matrix4d.h"
-#include "resources/resource_ids.h"
 
 #include <algorithm>
 #include <cmath>

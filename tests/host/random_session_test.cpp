@@ -19,27 +19,22 @@ std::uint64_t setting(const char* name, std::uint64_t standard) {
     return value != nullptr ? std::strtoull(value, nullptr, 10) : standard;
 }
 
-/// One restless session, in which the editor is opened and closed all the time, then a long one, in which
-/// the history fills up.
-void playSessions(CSessionDriver& driver, std::uint64_t standardCount) {
+} // namespace
+
+// One restless session, in which the editor is opened and closed all the time, then a long one, in which the
+// history fills up.
+TEST(RandomSession, TheCoreStaysAlikeToTheReference) {
     const std::uint64_t seed = setting("VESK_SESSION_SEED", 1);
-    const auto count = static_cast<std::int64_t>(setting("VESK_SESSION_OPS", standardCount));
+    const auto count = static_cast<std::int64_t>(setting("VESK_SESSION_OPS", SUITE_SHARE * 20'000));
     std::cout << count << " random operations, seed " << seed << std::endl;
-    static CReferenceEditor s_reference; // what the module remembers goes on from test to test
+    CReferenceEditor reference; // what the module remembers goes on from one to the other
     struct {
         std::int64_t operations;
         int closings;
     } const sessions[] = {{count / 8, 300}, {count - count / 8, 2}};
     for (const auto& [operations, closings] : sessions) {
-        CRandomSession session(driver, s_reference, seed, closings);
+        CRandomSession session(reference, seed, closings);
         ASSERT_TRUE(session.run(operations));
-        std::cout << "most records in the history: " << session.getPeakHistory() << std::endl;
         ASSERT_TRUE(session.undoAll());
     }
-}
-
-} // namespace
-
-TEST(RandomSession, TheCoreStaysAlikeToTheReference) {
-    playSessions(*makeCoreDriver(), SUITE_SHARE * 20'000);
 }
