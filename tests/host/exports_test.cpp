@@ -1,10 +1,10 @@
 #include "host/veskutil.h"
 
-#include "support/temp_directory.h"
 #include "host/forwarding_map.h"
 #include "module/module_state.h"
 #include "platform/framework/module_state.h"
 #include "sound/sound_manager.h"
+#include "support/temp_directory.h"
 #include "terrain/model/map_editor_settings.h"
 #include "terrain/model/map_undo_list.h"
 #include "terrain/panel/map_editor_dlg.h"

@@ -1,6 +1,5 @@
 #include "host/ui_events/event_gestures.h"
 
-#include <QAbstractSpinBox>
 #include <QApplication>
 #include <QLineEdit>
 #include <QPointer>
@@ -17,75 +16,51 @@ struct Key {
 };
 
 /// Keys that mean something somewhere, and a few that do not.
-const std::array KEYS = {
-    Key{Qt::Key_Tab, "\t"},
-    Key{Qt::Key_Tab, "\t"},
-    Key{Qt::Key_Backtab, "", Qt::ShiftModifier},
-    Key{Qt::Key_Return, "\r"},
-    Key{Qt::Key_Enter, "\r", Qt::KeypadModifier},
-    Key{Qt::Key_Escape, "\x1b"},
-    Key{Qt::Key_Space, " "},
-    Key{Qt::Key_Left, ""},
-    Key{Qt::Key_Right, ""},
-    Key{Qt::Key_Up, ""},
-    Key{Qt::Key_Down, ""},
-    Key{Qt::Key_Home, ""},
-    Key{Qt::Key_End, ""},
-    Key{Qt::Key_PageUp, ""},
-    Key{Qt::Key_PageDown, ""},
-    Key{Qt::Key_Backspace, "\b"},
-    Key{Qt::Key_Delete, "\x7f"},
-    Key{Qt::Key_0, "0"},
-    Key{Qt::Key_1, "1"},
-    Key{Qt::Key_5, "5"},
-    Key{Qt::Key_9, "9"},
-    Key{Qt::Key_Minus, "-"},
-    Key{Qt::Key_Period, "."},
-    Key{Qt::Key_Comma, ","},
-    Key{Qt::Key_A, "a"},
-    Key{Qt::Key_E, "e"},
-    Key{Qt::Key_G, "g"},
-    Key{Qt::Key_Z, "Z", Qt::ShiftModifier},
-    Key{Qt::Key_F2, ""},
-    Key{Qt::Key_F4, ""},
-    Key{Qt::Key_F5, ""},
-    Key{Qt::Key_Menu, ""},
-    Key{Qt::Key_Down, "", Qt::AltModifier},
-    Key{Qt::Key_O, "o", Qt::AltModifier},
-    Key{Qt::Key_Tab, "\t", Qt::ControlModifier},
-    Key{Qt::Key_A, "\x01", Qt::ControlModifier},
-    Key{Qt::Key_C, "\x03", Qt::ControlModifier},
-    Key{Qt::Key_V, "\x16", Qt::ControlModifier},
-    Key{Qt::Key_X, "\x18", Qt::ControlModifier},
-    Key{Qt::Key_Z, "\x1a", Qt::ControlModifier},
-};
+const std::array KEYS = {Key{Qt::Key_Tab, "\t"},
+                         Key{Qt::Key_Return, "\r"},
+                         Key{Qt::Key_Escape, "\x1b"},
+                         Key{Qt::Key_Space, " "},
+                         Key{Qt::Key_Left, ""},
+                         Key{Qt::Key_Right, ""},
+                         Key{Qt::Key_Up, ""},
+                         Key{Qt::Key_Down, ""},
+                         Key{Qt::Key_Home, ""},
+                         Key{Qt::Key_End, ""},
+                         Key{Qt::Key_PageUp, ""},
+                         Key{Qt::Key_PageDown, ""},
+                         Key{Qt::Key_Backspace, "\b"},
+                         Key{Qt::Key_Delete, "\x7f"},
+                         Key{Qt::Key_0, "0"},
+                         Key{Qt::Key_9, "9"},
+                         Key{Qt::Key_Minus, "-"},
+                         Key{Qt::Key_Period, "."},
+                         Key{Qt::Key_E, "e"},
+                         Key{Qt::Key_Z, "Z", Qt::ShiftModifier},
+                         Key{Qt::Key_F4, ""},
+                         Key{Qt::Key_Menu, ""},
+                         Key{Qt::Key_O, "o", Qt::AltModifier},
+                         Key{Qt::Key_Down, "", Qt::AltModifier},
+                         Key{Qt::Key_Backtab, "", Qt::ShiftModifier},
+                         Key{Qt::Key_Enter, "\r", Qt::KeypadModifier},
+                         Key{Qt::Key_Tab, "\t", Qt::ControlModifier},
+                         Key{Qt::Key_A, "\x01", Qt::ControlModifier},
+                         Key{Qt::Key_V, "\x16", Qt::ControlModifier},
+                         Key{Qt::Key_Z, "\x1a", Qt::ControlModifier}};
 
 /// What a person types into a field: good values, ends of ranges, nonsense.
-const std::array TYPED = {"0",      "1",   "7",     "512",   "1023", "1024",  "-1",
-                          "9999",   "0.5", "1.5",   "-0.25", "abc",  "1e9",   "999999999999",
-                          "",       " ",   "-",     ".",     "nan",  "12 34", "300",
-                          "0.3333", "+3",  "1e-30", "ä",     "0x10", "16",    "2"};
+const std::array TYPED = {
+    "0", "1", "7", "512", "1023",  "1024", "-1",           "0.5",    "1.5", "-0.25", "abc", "1e9",  "",
+    " ", "-", ".", "nan", "12 34", "300",  "999999999999", "0.3333", "+3",  "1e-30", "ä",   "0x10", "16"};
 
 std::string nameOf(const QWidget& widget) {
-    std::string name = widget.window()->objectName().toStdString();
-    if (name.empty()) {
-        name = widget.window()->metaObject()->className();
-    }
-    if (!widget.isWindow()) {
-        name += '/';
-        name += widget.objectName().isEmpty() ? widget.metaObject()->className()
-                                              : widget.objectName().toStdString();
-    }
-    return name;
+    const auto own = [](const QWidget& part) {
+        return part.objectName().isEmpty() ? part.metaObject()->className() : part.objectName().toStdString();
+    };
+    return own(*widget.window()) + (widget.isWindow() ? "" : '/' + own(widget));
 }
 
-std::string describe(const QWidget& widget, QPoint position) {
-    return nameOf(widget) + " at " + std::to_string(position.x()) + ", " + std::to_string(position.y());
-}
-
-} // namespace
-
-VisiblePoint anyPoint(CEventDice& dice, QWidget& window) {
+/// A visible widget of the window, itself included, and a place in it that can be seen.
+std::pair<QWidget*, QPoint> anyPoint(CEventDice& dice, QWidget& window) {
     const QList<QWidget*> parts = window.findChildren<QWidget*>();
     for (int attempt = 0; attempt < 10 && !parts.isEmpty(); ++attempt) {
         QWidget* const part = dice.of(parts);
@@ -98,6 +73,8 @@ VisiblePoint anyPoint(CEventDice& dice, QWidget& window) {
     return {&window, {dice.below(std::max(window.width(), 1)), dice.below(std::max(window.height(), 1))}};
 }
 
+} // namespace
+
 std::optional<EventAct> CEventGestures::takeNext() {
     if (m_acts.empty()) {
         return std::nullopt;
@@ -107,38 +84,28 @@ std::optional<EventAct> CEventGestures::takeNext() {
     return act;
 }
 
-void CEventGestures::add(EventKind kind, std::string what, std::function<bool()> send) {
-    m_acts.push_back({kind, std::move(what), std::move(send)});
+void CEventGestures::addOn(QWidget& widget, const std::string& what, std::function<void(QWidget&)> send) {
+    add(what + ' ' + nameOf(widget), [send = std::move(send), target = QPointer(&widget)] {
+        if (target != nullptr && target->isVisible()) {
+            send(*target);
+        }
+    });
 }
 
-void CEventGestures::press(EventKind kind, QWidget& widget, QPoint position, Qt::MouseButton button,
+void CEventGestures::press(QWidget& widget, QPoint position, Qt::MouseButton button,
                            Qt::KeyboardModifiers modifiers) {
-    add(kind, describe(widget, position), [=, this, target = QPointer(&widget)] {
-        if (target == nullptr || !target->isVisible()) {
-            return false;
-        }
-        m_hand.press(*target, position, button, modifiers);
-        return true;
-    });
+    addOn(widget, "press", [=, this](QWidget& target) { m_hand.press(target, position, button, modifiers); });
 }
 
 void CEventGestures::moveTo(QWidget& widget, QPoint position) {
-    add(EventKind::MOVE, describe(widget, position), [=, this, target = QPointer(&widget)] {
-        if (target == nullptr || !target->isVisible()) {
-            return false;
-        }
-        m_hand.moveTo(*target, position);
-        return true;
-    });
+    addOn(widget, "move to", [=, this](QWidget& target) { m_hand.moveTo(target, position); });
 }
 
-void CEventGestures::release(const QWidget& over) {
-    add(EventKind::RELEASE, "over " + nameOf(over), [this] {
-        if (!m_hand.isHolding()) {
-            return false;
+void CEventGestures::release() {
+    add("release", [this] {
+        if (m_hand.isHolding()) {
+            m_hand.release();
         }
-        m_hand.release();
-        return true;
     });
 }
 
@@ -148,41 +115,33 @@ void CEventGestures::pause() {
     m_hand.wait(LONGER_THAN_A_DOUBLE_CLICK);
 }
 
-void CEventGestures::clickOn(QWidget& widget) {
-    clickOn(widget, widget.rect().center());
-}
-
 void CEventGestures::clickOn(QWidget& widget, QPoint position, Qt::KeyboardModifiers modifiers) {
     pause();
-    press(EventKind::PRESS, widget, position, Qt::LeftButton, modifiers);
-    release(widget);
+    press(widget, position, Qt::LeftButton, modifiers);
+    release();
 }
 
 void CEventGestures::doubleClickOn(QWidget& widget, QPoint position) {
     clickOn(widget, position);
-    press(EventKind::DOUBLE_CLICK, widget, position, Qt::LeftButton, Qt::NoModifier);
-    release(widget);
+    press(widget, position);
+    release();
 }
 
-void CEventGestures::dragTo(QWidget& from, QWidget& to) {
+void CEventGestures::drag(QWidget& from, QPoint position, QWidget& to, QPoint end) {
     pause();
-    press(EventKind::PRESS, from, from.rect().center(), Qt::LeftButton, Qt::NoModifier);
+    press(from, position);
     moveTo(from, from.rect().bottomRight());
-    moveTo(to, to.rect().center());
-    release(to);
+    moveTo(to, end);
+    release();
 }
 
 void CEventGestures::pressKey(QWidget& window, Qt::Key key, const QString& text,
                               Qt::KeyboardModifiers modifiers) {
-    const QWidget* const focus = QApplication::focusWidget();
-    std::string what = QKeySequence(static_cast<int>(modifiers) | key).toString().toStdString();
-    what += " in " + nameOf(focus != nullptr ? *focus : window);
-    add(EventKind::KEY, std::move(what), [=, this, target = QPointer(&window)] {
-        if (target == nullptr) {
-            return false;
+    const QString name = QKeySequence(static_cast<int>(modifiers) | key).toString();
+    add("key " + name.toStdString() + " in " + nameOf(window), [=, this, target = QPointer(&window)] {
+        if (target != nullptr) {
+            m_hand.pressKey(*target, key, text, modifiers);
         }
-        m_hand.pressKey(*target, key, text, modifiers);
-        return true;
     });
 }
 
@@ -197,39 +156,23 @@ void CEventGestures::type(QWidget& field, const QString& text, Qt::Key leaveBy) 
 }
 
 void CEventGestures::close(QWidget& window) {
-    add(EventKind::CLOSE, nameOf(window), [target = QPointer(&window)] {
-        if (target == nullptr || !target->isVisible()) {
-            return false;
-        }
-        target->close();
-        return true;
-    });
+    addOn(window, "close", [](QWidget& target) { target.close(); });
 }
 
 void CEventGestures::turnWheel(QWidget& widget) {
-    const QPoint position = widget.rect().center();
-    add(EventKind::WHEEL, nameOf(widget),
-        [this, position, notches = m_dice.oneIn(2) ? 1 : -2, target = QPointer(&widget)] {
-            if (target == nullptr || !target->isVisible()) {
-                return false;
-            }
-            m_hand.turnWheel(*target, position, notches);
-            return true;
-        });
+    const int notches = m_dice.oneIn(2) ? 1 : -2;
+    addOn(widget, "wheel over",
+          [=, this](QWidget& target) { m_hand.turnWheel(target, target.rect().center(), notches); });
 }
 
 void CEventGestures::changeFocus(QWidget& window) {
-    QWidget& next = m_dice.oneIn(3) ? *m_stage.window() : *anyPoint(m_dice, window).widget;
-    add(EventKind::FOCUS, nameOf(next), [target = QPointer(&next)] {
-        if (target == nullptr || !target->isVisible()) {
-            return false;
+    QWidget& next = m_dice.oneIn(3) ? *m_stage.window() : *anyPoint(m_dice, window).first;
+    addOn(next, "focus to", [](QWidget& target) {
+        const QWidget* const modal = QApplication::activeModalWidget();
+        if (modal == nullptr || target.window() == modal) {
+            target.activateWindow();
         }
-        if (QWidget* const modal = QApplication::activeModalWidget();
-            modal == nullptr || target->window() == modal) {
-            target->activateWindow();
-        }
-        target->setFocus(Qt::ShortcutFocusReason);
-        return true;
+        target.setFocus(Qt::ShortcutFocusReason);
     });
 }
 
@@ -237,13 +180,10 @@ void CEventGestures::changeFocus(QWidget& window) {
 void CEventGestures::resize(QWidget& window) {
     const QRect rect(m_dice.between(-50, 600), m_dice.between(-50, 400), m_dice.between(1, 900),
                      m_dice.between(1, 900));
-    add(EventKind::RESIZE, nameOf(window), [rect, target = QPointer(&window)] {
-        if (target == nullptr || target->windowHandle() == nullptr) {
-            return false;
+    addOn(window, "resize", [rect](QWidget& target) {
+        if (QWindow* const native = target.windowHandle()) {
+            native->setGeometry(QRect(rect.topLeft(), rect.size().expandedTo(native->minimumSize())));
         }
-        QWindow& native = *target->windowHandle();
-        native.setGeometry(QRect(rect.topLeft(), rect.size().expandedTo(native.minimumSize())));
-        return true;
     });
 }
 
@@ -254,27 +194,24 @@ void CEventGestures::anyKey(QWidget& window) {
 
 void CEventGestures::anyEvent(QWidget& window) {
     const auto [widget, position] = anyPoint(m_dice, window);
-    switch (m_dice.below(16)) {
-    case 0:
-        return press(EventKind::PRESS, *widget, position, Qt::LeftButton, Qt::NoModifier);
-    case 1:
-    case 2:
-        return m_hand.isHolding() ? release(*widget) : moveTo(*widget, position);
-    case 3:
-    case 4:
-        return moveTo(*widget, position);
-    case 5:
-        press(EventKind::CONTEXT_PRESS, *widget, position, Qt::RightButton, Qt::NoModifier);
-        return release(*widget);
-    case 6:
-        return doubleClickOn(*widget, position);
-    case 7:
-    case 8:
-        return turnWheel(*widget);
-    case 9:
-        return m_dice.oneIn(3) ? resize(window) : changeFocus(window);
-    default:
-        return anyKey(window);
+    const int kind = m_dice.below(16);
+    if (kind == 0) {
+        press(*widget, position);
+    } else if (kind <= 2 && m_hand.isHolding()) {
+        release();
+    } else if (kind <= 4) {
+        moveTo(*widget, position);
+    } else if (kind == 5) {
+        press(*widget, position, Qt::RightButton);
+        release();
+    } else if (kind == 6) {
+        doubleClickOn(*widget, position);
+    } else if (kind <= 8) {
+        turnWheel(*widget);
+    } else if (kind == 9) {
+        m_dice.oneIn(3) ? resize(window) : changeFocus(window);
+    } else {
+        anyKey(window);
     }
 }
 
@@ -286,10 +223,7 @@ void CEventGestures::clickAnywhere(QWidget& window) {
 void CEventGestures::dragAnywhere(QWidget& window) {
     const auto [from, position] = anyPoint(m_dice, window);
     const auto [to, end] = anyPoint(m_dice, window);
-    pause();
-    press(EventKind::PRESS, *from, position, Qt::LeftButton, Qt::NoModifier);
-    moveTo(*to, end);
-    release(*to);
+    drag(*from, position, *to, end);
 }
 
 void CEventGestures::typeIntoAnyField(QWidget& window) {
@@ -304,79 +238,50 @@ void CEventGestures::typeIntoAnyField(QWidget& window) {
 void CEventGestures::hostCall() {
     for (int calls = m_dice.between(1, 6); calls > 0; --calls) {
         if (m_dice.oneIn(12)) {
-            add(EventKind::MAP_EDIT, "of the host", [this] {
-                m_stage.editMap();
-                return true;
-            });
+            add("map edit of the host", [this] { m_stage.editMap(); });
         } else if (m_dice.oneIn(3)) {
-            add(EventKind::HOVER, "of the host", [this] {
-                m_stage.hover();
-                return true;
-            });
+            add("hover of the host", [this] { m_stage.hover(); });
         } else {
-            add(EventKind::STROKE, "of the host", [this] {
-                m_stage.stroke();
-                return true;
-            });
+            add("stroke of the host", [this] { m_stage.stroke(); });
         }
     }
 }
 
 void CEventGestures::callMovie() {
     for (int calls = m_dice.between(1, 6); calls > 0; --calls) {
-        add(EventKind::MOVIE, "of the host", [this] {
-            m_stage.callMovie();
-            return true;
-        });
+        add("movie call of the host", [this] { m_stage.callMovie(); });
     }
 }
 
 void CEventGestures::useTimeline(QWidget& timeline) {
-    const auto anyPlace = [&] {
-        return QPoint(m_dice.between(-40, timeline.width() + 40), timeline.height() / 2);
-    };
+    const int middle = timeline.height() / 2;
+    const bool selects = m_dice.oneIn(2);
     pause();
-    const QPoint pressed(m_dice.below(timeline.width()), timeline.height() / 2);
-    if (m_dice.oneIn(2)) {
-        press(EventKind::PRESS, timeline, pressed, Qt::LeftButton, Qt::NoModifier);
-    } else {
-        press(EventKind::CONTEXT_PRESS, timeline, pressed, Qt::RightButton,
-              m_dice.oneIn(3) ? Qt::ControlModifier : Qt::NoModifier);
-    }
+    press(timeline, {m_dice.below(timeline.width()), middle}, selects ? Qt::RightButton : Qt::LeftButton,
+          selects && m_dice.oneIn(3) ? Qt::ControlModifier : Qt::NoModifier);
     for (int moves = m_dice.between(1, 4); moves > 0; --moves) {
-        moveTo(timeline, anyPlace());
+        moveTo(timeline, {m_dice.between(-40, timeline.width() + 40), middle});
     }
     if (m_dice.oneIn(6)) {
         pressKey(timeline, Qt::Key_Escape, "\x1b");
     }
-    release(timeline);
+    release();
 }
 
 void CEventGestures::openEditor() {
     if (m_dice.oneIn(2)) {
-        return add(EventKind::EDITOR, "movie editor opened by the host", [this] {
-            m_stage.openMovieEditor();
-            return true;
-        });
+        add("movie editor opened by the host", [this] { m_stage.openMovieEditor(); });
+    } else {
+        add("map editor opened by the host", [this] { m_stage.openEditor(); });
     }
-    add(EventKind::EDITOR, "opened by the host", [this] {
-        m_stage.openEditor();
-        return true;
-    });
 }
 
 void CEventGestures::destroyEditor(bool withWindow) {
     if (withWindow) {
-        add(EventKind::EDITOR, "and the host's window destroyed", [this] { return m_stage.replaceWindow(); });
+        add("the host's window destroyed", [this] { m_stage.replaceWindow(); });
     } else if (m_dice.oneIn(2)) {
-        add(EventKind::EDITOR, "destroyed, its map and scene freed", [this] {
-            m_stage.replaceWorld();
-            return true;
-        });
+        add("editors destroyed, map and scene freed", [this] { m_stage.replaceWorld(); });
     } else {
-        add(EventKind::EDITOR, "destroyed by the host", [this] {
-            m_stage.destroyEditor();
-            return true;
-        });
+        add("editors destroyed by the host", [this] { m_stage.destroyEditor(); });
     }
 }

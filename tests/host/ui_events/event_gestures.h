@@ -1,6 +1,5 @@
 #pragma once
 
-#include "host/ui_events/event_act.h"
 #include "host/ui_events/event_dice.h"
 #include "host/ui_events/event_hand.h"
 #include "host/ui_events/event_stage.h"
@@ -8,8 +7,16 @@
 #include <QWidget>
 
 #include <deque>
+#include <functional>
 #include <optional>
-#include <span>
+#include <string>
+
+/// One event of a gesture, sent when its turn comes: by then a dialog may have opened or the widget may be
+/// gone. A gesture is a row of them, and each is sent from the innermost event loop.
+struct EventAct {
+    std::string what;
+    std::function<void()> send;
+};
 
 /// What a person's hand does at random windows, and what the host does meanwhile, as rows of events.
 class CEventGestures {
@@ -18,7 +25,6 @@ public:
 
     /// Takes the next event off the row; nothing when the row is done.
     std::optional<EventAct> takeNext();
-    void clear() { m_acts.clear(); }
 
     // Anything, anywhere in the window.
     void anyEvent(QWidget& window);
@@ -27,10 +33,10 @@ public:
     void typeIntoAnyField(QWidget& window);
 
     // With a purpose.
-    void clickOn(QWidget& widget);
+    void clickOn(QWidget& widget) { clickOn(widget, widget.rect().center()); }
     void clickOn(QWidget& widget, QPoint position, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
     void doubleClickOn(QWidget& widget, QPoint position);
-    void dragTo(QWidget& from, QWidget& to);
+    void drag(QWidget& from, QPoint position, QWidget& to, QPoint end);
     void pressKey(QWidget& window, Qt::Key key, const QString& text = {},
                   Qt::KeyboardModifiers modifiers = Qt::NoModifier);
     void type(QWidget& field, const QString& text, Qt::Key leaveBy);
@@ -47,12 +53,14 @@ public:
     void destroyEditor(bool withWindow);
 
 private:
-    void add(EventKind kind, std::string what, std::function<bool()> send);
-    void press(EventKind kind, QWidget& widget, QPoint position, Qt::MouseButton button,
-               Qt::KeyboardModifiers modifiers);
+    void add(std::string what, std::function<void()> send) { m_acts.push_back({std::move(what), send}); }
+    /// Sent when the widget can still be seen.
+    void addOn(QWidget& widget, const std::string& what, std::function<void(QWidget&)> send);
+    void press(QWidget& widget, QPoint position, Qt::MouseButton button = Qt::LeftButton,
+               Qt::KeyboardModifiers modifiers = Qt::NoModifier);
     void moveTo(QWidget& widget, QPoint position);
-    /// Where the pointer is by then; `over` says where the gesture took it.
-    void release(const QWidget& over);
+    /// Where the pointer is by then.
+    void release();
     void pause();
     void turnWheel(QWidget& widget);
     void changeFocus(QWidget& window);
@@ -65,12 +73,6 @@ private:
     std::deque<EventAct> m_acts;
 };
 
-/// A visible widget of the window, itself included, and a place in it that can be seen.
-struct VisiblePoint {
-    QWidget* widget;
-    QPoint position;
-};
-VisiblePoint anyPoint(CEventDice& dice, QWidget& window);
 /// A visible, enabled widget of the window of this class that the eye can see; null when there is none.
 template <class Kind> Kind* anyOf(CEventDice& dice, const QWidget& window) {
     QList<Kind*> found;

@@ -8,24 +8,21 @@ class CEventPlayer {
 public:
     CEventPlayer(CEventDice& dice, CEventGestures& gestures) : m_dice(dice), m_gestures(gestures) {}
 
-    void useHost(QWidget& window);
+    void anything(QWidget& window);
     /// The panel of either editor.
     void usePanel(QWidget& panel);
     void useDialog(DialogKind kind, QWidget& dialog);
-    void usePopup(QWidget& popup);
     /// Leaves the dialog in this way, which a message box has less of.
     void leave(DialogKind kind, QWidget& dialog, LeaveWay way);
 
 private:
-    void anything(QWidget& window);
+    void useMapPanel(QWidget& panel);
     void useMoviePanel(QWidget& panel);
     void openSomeDialog(QWidget& panel);
-    void useTextureList(QWidget& dialog);
-    void useTerrainTypes(QWidget& dialog);
-    void useFileDialog(QWidget& dialog);
     void chooseFiles(QWidget& dialog);
     void accept(DialogKind kind, QWidget& dialog);
     void clickControl(QWidget& window, int id);
+    void doubleClickControl(QWidget& window, int id);
 
     CEventDice& m_dice;
     CEventGestures& m_gestures;

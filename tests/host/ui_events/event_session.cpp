@@ -6,9 +6,7 @@
 #include "terrain/model/map_undo_list.h"
 
 #include <QApplication>
-#include <QColorDialog>
 #include <QFileDialog>
-#include <QMessageBox>
 #include <QWindow>
 
 #include <gtest/gtest.h>
@@ -19,8 +17,7 @@
 
 namespace {
 
-constexpr double LONGEST_EVENT = 1.0;             // seconds
-constexpr std::chrono::seconds HANGING_EVENT{30}; // no answer to be waited for any longer
+constexpr double LONGEST_EVENT = 1.0; // seconds
 constexpr int TURNS_TO_END = 2000;
 constexpr int TURNS_TO_SETTLE = 100;
 
@@ -29,23 +26,15 @@ std::string nameOf(const QWidget* widget) {
 }
 
 std::optional<DialogKind> kindOf(const QWidget& window) {
-    if (qobject_cast<const QColorDialog*>(&window) != nullptr) {
-        return DialogKind::COLOUR;
-    }
-    if (qobject_cast<const QFileDialog*>(&window) != nullptr) {
-        return DialogKind::FILES;
-    }
-    if (qobject_cast<const QMessageBox*>(&window) != nullptr) {
-        return DialogKind::MESSAGE;
-    }
-    if (&window == shownDialog(IDD_TEXTURE_LIST)) {
-        return DialogKind::TEXTURE_LIST;
-    }
-    if (&window == shownDialog(IDD_SOUNDTRACK)) {
-        return DialogKind::SOUNDTRACK;
-    }
-    return &window == shownDialog(IDD_TERRAIN_TYPE_EDITOR) ? std::optional(DialogKind::TERRAIN_TYPES)
-                                                           : std::nullopt;
+    const std::pair<bool, DialogKind> kinds[] = {
+        {window.inherits("QColorDialog"), DialogKind::COLOUR},
+        {window.inherits("QFileDialog"), DialogKind::FILES},
+        {window.inherits("QMessageBox"), DialogKind::MESSAGE},
+        {&window == shownDialog(IDD_TEXTURE_LIST), DialogKind::TEXTURE_LIST},
+        {&window == shownDialog(IDD_SOUNDTRACK), DialogKind::SOUNDTRACK},
+        {&window == shownDialog(IDD_TERRAIN_TYPE_EDITOR), DialogKind::TERRAIN_TYPES}};
+    const auto found = std::ranges::find(kinds, true, &std::pair<bool, DialogKind>::first);
+    return found != std::end(kinds) ? std::optional(found->second) : std::nullopt;
 }
 
 /// One of the panels that are open; null when none is.
@@ -70,12 +59,7 @@ void confine(QFileDialog& dialog, const QString& directory) {
 } // namespace
 
 CEventSession::CEventSession(CEventDice& dice, CEventStage& stage, EventTally& tally)
-    : m_dice(dice)
-    , m_stage(stage)
-    , m_tally(tally)
-    , m_gestures(dice, stage)
-    , m_player(dice, m_gestures)
-    , m_watchdog(HANGING_EVENT) {}
+    : m_dice(dice), m_stage(stage), m_tally(tally), m_gestures(dice, stage), m_player(dice, m_gestures) {}
 
 bool CEventSession::run(int count) {
     m_nEnd = m_tally.events + count;
@@ -97,11 +81,8 @@ void CEventSession::timerEvent(QTimerEvent*) {
         return;
     }
     std::optional<EventAct> act = m_gestures.takeNext();
-    if (!act && m_tally.events < m_nEnd) {
-        plan();
-        act = m_gestures.takeNext();
-    } else if (!act) {
-        planEnd();
+    if (!act) {
+        m_tally.events < m_nEnd ? plan() : planEnd();
         act = m_gestures.takeNext();
     }
     if (act) {
@@ -132,33 +113,26 @@ bool CEventSession::checkPanel() {
         ADD_FAILURE() << m_stage.brokenRule() << ", the focus in " << nameOf(QApplication::focusWidget())
                       << ", active " << nameOf(QApplication::activeWindow())
                       << ", after the last of these events:\n"
-                      << m_watchdog.getLastEvents();
+                      << m_log.getLastEvents();
     }
     return m_nBrokenTurns == TURNS_TO_SETTLE;
 }
 
 void CEventSession::send(const EventAct& act) {
-    noteTime(std::string(nameOf(act.kind)) + ' ' + act.what);
+    noteTime(act.what);
     const int records = g_mapUndoList.getCount();
-    m_tally.deepest = std::max(m_tally.deepest, ++m_nDepth);
-    const bool sent = act.send();
+    ++m_nDepth;
+    act.send();
     --m_nDepth;
-    if (sent) {
-        ++m_tally.events;
-        ++m_tally.count(act.kind);
-    }
+    ++m_tally.events;
     m_tally.recorded += records != g_mapUndoList.getCount() ? 1 : 0;
 }
 
 void CEventSession::noteTime(std::string next) {
-    const double spent = m_watchdog.begin(next);
+    const double spent = m_log.begin(next);
     const std::string event = std::exchange(m_strEvent, std::move(next));
-    if (spent > m_tally.slowest && !event.empty()) {
-        m_tally.slowest = spent;
-        m_tally.slowestEvent = event;
-    }
     if (spent > LONGEST_EVENT && !event.empty()) {
-        ADD_FAILURE() << event << " took " << spent << " s. The last events:\n" << m_watchdog.getLastEvents();
+        ADD_FAILURE() << event << " took " << spent << " s. The last events:\n" << m_log.getLastEvents();
     }
 }
 
@@ -167,7 +141,7 @@ void CEventSession::observeDialogs() {
         if (dialog.window != nullptr && dialog.window->isVisible()) {
             return false;
         }
-        ++m_tally.leftOf(dialog.kind, dialog.wanted);
+        ++m_tally.leftOf(dialog.kind)[static_cast<std::size_t>(dialog.wanted)];
         return true;
     });
     QWidget* const shown = QApplication::activeModalWidget();
@@ -184,7 +158,6 @@ void CEventSession::enter(QWidget& window) {
         window.close();
         return;
     }
-    ++m_tally.enteredOf(*kind);
     m_dialogs.push_back({&window, *kind, m_dice.between(1, *kind == DialogKind::MESSAGE ? 4 : 20)});
     m_tally.dialogsAtOnce = std::max(m_tally.dialogsAtOnce, static_cast<int>(m_dialogs.size()));
     if (auto* const files = qobject_cast<QFileDialog*>(&window)) {
@@ -205,30 +178,26 @@ void CEventSession::plan() {
     QWidget* const popup = QApplication::activePopupWidget();
     QWidget* const panel = findPanel(m_dice);
     if (popup != nullptr && !m_dice.oneIn(6)) {
-        m_player.usePopup(*popup);
+        m_player.anything(*popup);
     } else if (OpenDialog* const dialog = topDialog()) {
         planIn(*dialog);
     } else if (panel != nullptr && !m_dice.oneIn(15)) {
         m_player.usePanel(*panel);
+    } else if (m_dice.oneIn(3)) {
+        m_gestures.openEditor();
     } else {
-        m_player.useHost(*m_stage.window());
+        m_player.anything(*m_stage.window());
     }
-}
-
-/// Any way; every other time the one that was taken least so far.
-LeaveWay CEventSession::nextWay(DialogKind kind) {
-    auto way = static_cast<LeaveWay>(m_dice.below(static_cast<int>(LeaveWay::BY_CHANCE)));
-    if (m_dice.oneIn(2)) {
-        const auto& taken = m_tally.left[static_cast<std::size_t>(kind)];
-        way = static_cast<LeaveWay>(std::min_element(taken.begin(), taken.end() - 1) - taken.begin());
-    }
-    return way;
 }
 
 void CEventSession::planIn(OpenDialog& dialog) {
     QWidget* const panel = findPanel(m_dice);
     if (--dialog.turnsLeft < 0) {
-        dialog.wanted = nextWay(dialog.kind);
+        // The way that was taken least so far, or any, when that one does not end it.
+        const EventTally::Ways& taken = m_tally.leftOf(dialog.kind);
+        const auto rarest = std::min_element(taken.begin(), taken.end() - 1) - taken.begin();
+        const int any = m_dice.below(static_cast<int>(LeaveWay::BY_CHANCE));
+        dialog.wanted = static_cast<LeaveWay>(m_dice.oneIn(2) ? static_cast<int>(rarest) : any);
         m_player.leave(dialog.kind, *dialog.window, dialog.wanted);
     } else if (panel != nullptr && m_dice.oneIn(12)) {
         m_gestures.clickAnywhere(*panel); // which the dialog blocks
@@ -239,7 +208,7 @@ void CEventSession::planIn(OpenDialog& dialog) {
 
 void CEventSession::planEnd() {
     if (++m_nEndTurns > TURNS_TO_END) {
-        ADD_FAILURE() << "what stands open cannot be left. The last events:\n" << m_watchdog.getLastEvents();
+        ADD_FAILURE() << "what stands open cannot be left. The last events:\n" << m_log.getLastEvents();
         m_bStuck = true;
     }
     if (QWidget* const popup = QApplication::activePopupWidget()) {

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "host/ui_events/event_log.h"
 #include "host/ui_events/event_player.h"
-#include "host/ui_events/event_watchdog.h"
 
 #include <QEventLoop>
 #include <QObject>
@@ -10,9 +10,9 @@
 #include <vector>
 
 /// Plays events into both editors and whatever they open, one at each turn of the innermost event loop, so
-/// that the loops of modal dialogs, menus and drags are driven from inside. The time from one turn to the
-/// next is what an event took, with all that it caused to be done, and without the events of a nested loop.
-/// The same seed plays alike again, though not to the letter: what Qt does by the clock meets other events.
+/// that the loops of modal dialogs, menus and drags are driven from inside. What is spent from one turn to
+/// the next is the event's, with all that it caused to be done, and without the events of a nested loop. The
+/// same seed plays alike again, though not to the letter: what Qt does by the clock meets other events.
 class CEventSession : public QObject {
 public:
     CEventSession(CEventDice& dice, CEventStage& stage, EventTally& tally);
@@ -41,7 +41,6 @@ private:
     OpenDialog* topDialog();
     void plan();
     void planIn(OpenDialog& dialog);
-    LeaveWay nextWay(DialogKind kind);
     void planEnd();
     void send(const EventAct& act);
 
@@ -50,7 +49,7 @@ private:
     EventTally& m_tally;
     CEventGestures m_gestures;
     CEventPlayer m_player;
-    CEventWatchdog m_watchdog;
+    CEventLog m_log;
     QEventLoop m_loop;
     int m_nTimer = 0;
     int m_nEnd = 0;

@@ -207,18 +207,17 @@ void CEventStage::replaceWorld() {
     makeWorld();
 }
 
-bool CEventStage::replaceWindow() {
+void CEventStage::replaceWindow() {
     // A box about a refused value comes up in the middle of a change of the focus. Qt does not survive that
     // the windows concerned are deleted in there, whoever made them: no host can do it.
     for (const QWidget* shown : QApplication::topLevelWidgets()) {
         if (shown->isVisible() && qobject_cast<const QMessageBox*>(shown) != nullptr) {
-            return false;
+            return;
         }
     }
     m_pWindow.reset();
     m_bOpen = vuIsEditorActive(); // a panel of this window went with it
     makeWindow();
-    return true;
 }
 
 /// Nearly always near the map, sometimes as far off as an int goes.

@@ -30,9 +30,8 @@ public:
     void destroyEditor();
     /// Closes the editor and frees its map and scene, as the contract allows, for new ones.
     void replaceWorld();
-    /// Deletes the host's window, and with it what belongs to it, and makes a new one. False
-    /// when it may not at the moment.
-    bool replaceWindow();
+    /// Deletes the host's window, and with it what belongs to it, and makes a new one, when it may.
+    void replaceWindow();
     /// One call for a stroke: a start, an update or a stop, at any cell of the map or beyond.
     void stroke();
     void hover();
