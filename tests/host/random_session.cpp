@@ -187,7 +187,7 @@ void CRandomSession::strayCall() {
 
 /// What the panel's controls set, and what only a host that meddles can.
 void CRandomSession::setMembers() {
-    CSessionModel& model = *m_driver.model();
+    CTestPanel& model = *m_driver.model();
     ReferencePanel& panel = m_reference.panel;
     switch (pick(0, 8)) {
     case 0:

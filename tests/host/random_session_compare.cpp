@@ -91,7 +91,7 @@ bool CRandomSession::compare() {
     if (!mapsAlike || !m_reference.isOpen) {
         return mapsAlike;
     }
-    const CSessionModel& model = *m_driver.model();
+    const CTestPanel& model = *m_driver.model();
     const ReferencePanel& panel = m_reference.panel;
     const MapSelection& selection = model.m_selection;
     const struct {

@@ -1,37 +1,22 @@
 #pragma once
 
-#include "engine/memory/memory_map.h"
 #include "terrain/edit_cursor.h"
-#include "terrain/model/map_editor_model.h"
 #include "terrain/model/map_editor_settings.h"
-#include "terrain/model/map_recording.h"
 #include "terrain/model/map_selection.h"
-#include "terrain/model/map_undo_list.h"
-#include "terrain/stroke_engine.h"
+#include "terrain/support/test_panel.h"
 
 #include <memory>
 #include <utility>
-
-/// What the map editor's core works on, in place of a panel.
-class CSessionModel : public CMapEditorModel {
-public:
-    bool isDetails = false;
-    qxCColour tint{255, 255, 255, 255};
-
-    bool isDetailsTab() const override { return isDetails; }
-    void showMembers() override {}
-    qxCColour getToolTint() const override { return tint; }
-};
 
 /// The map editor under test, without its panel: the calls of the host, and what the panel's buttons do.
 class CSessionDriver {
 public:
     /// Null while the editor is closed.
-    CSessionModel* model() const { return m_pModel.get(); }
+    CTestPanel* model() const { return m_pModel.get(); }
 
     void open(CMemoryMap& map) {
         if (!m_pModel) {
-            m_pModel = std::make_unique<CSessionModel>();
+            m_pModel = std::make_unique<CTestPanel>();
             m_pModel->m_pMap = &map;
             restoreSettings(*m_pModel);
         }
@@ -63,5 +48,5 @@ public:
     }
 
 private:
-    std::unique_ptr<CSessionModel> m_pModel;
+    std::unique_ptr<CTestPanel> m_pModel;
 };

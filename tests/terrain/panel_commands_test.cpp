@@ -1,10 +1,8 @@
 #include "terrain/panel_fixture.h"
 
 #include "host/veskutil.h"
-#include "resources/resource_ids.h"
 #include "terrain/model/map_undo_list.h"
 #include "terrain/panel/map_editor_buttons.h"
-#include "terrain/panel/map_editor_dlg.h"
 
 #include <QTest>
 

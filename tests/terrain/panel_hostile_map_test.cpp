@@ -1,9 +1,7 @@
 // Maps that call the exports back, throw, and answer with nothing: the host's bugs are not the panel's end.
 #include "host/forwarding_map.h"
 #include "host/veskutil.h"
-#include "resources/resource_ids.h"
 #include "support/modal_steps.h"
-#include "support/ui_driver.h"
 #include "terrain/panel_fixture.h"
 
 #include <QApplication>

@@ -2,8 +2,6 @@
 
 #include "host/veskutil.h"
 #include "platform/resources.h"
-#include "resources/resource_ids.h"
-#include "terrain/panel/map_editor_dlg.h"
 
 #include <QAccessible>
 #include <QApplication>

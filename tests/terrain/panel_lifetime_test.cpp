@@ -1,12 +1,8 @@
 #include "terrain/panel_fixture.h"
 
 #include "host/veskutil.h"
-#include "module/module_state.h"
-#include "resources/resource_ids.h"
 #include "support/modal_steps.h"
-#include "support/ui_driver.h"
 #include "terrain/model/map_undo_list.h"
-#include "terrain/panel/map_editor_dlg.h"
 
 #include <QApplication>
 #include <QTest>
@@ -39,7 +35,8 @@ TEST_F(PanelTest, CloseRemembersTheSettingsForTheSameMap) {
 
     // The host's way to close keeps the history, and the settings of the last "Close".
     click(IDC_TOOL_TINT);
-    reopen();
+    vuDestroyEditor();
+    open();
     EXPECT_TRUE(isChecked(IDC_TOOL_SET_HEIGHT));
     EXPECT_EQ(g_mapUndoList.getCount(), records);
     vuDestroyEditor();

@@ -3,12 +3,8 @@
 #include "engine/memory/engine_directories.h"
 #include "engine/qx_texture.h"
 #include "host/veskutil.h"
-#include "module/module_state.h"
-#include "resources/resource_ids.h"
 #include "support/modal_steps.h"
 #include "support/temp_directory.h"
-#include "support/ui_driver.h"
-#include "terrain/panel/map_editor_dlg.h"
 
 #include <QApplication>
 #include <QListWidget>
