@@ -2,6 +2,7 @@
 
 #include "controls/colour_button.h"
 #include "controls/texture_picker_button.h"
+#include "support/recording_dialog.h"
 
 #include <QApplication>
 #include <QTest>
@@ -15,20 +16,14 @@ END_MESSAGE_MAP()
 
 CSurfaceDialog::CSurfaceDialog(std::vector<CWnd*> controls, DWORD style, int left, int top)
     : m_controls(std::move(controls)) {
-    DialogTemplate layout;
+    std::vector<DialogItem> items;
+    for (int i = 0; i < static_cast<int>(m_controls.size()); ++i) {
+        items.push_back(
+            dialogItem(FIRST_ID + i, "Button", style, {BUTTON_WIDTH * i, 0, BUTTON_WIDTH, BUTTON_HEIGHT}));
+    }
+    DialogTemplate layout = dialogLayout(std::move(items));
     layout.id = FIRST_ID + left + top;
     layout.rect = {0, 0, BUTTON_WIDTH * static_cast<int>(m_controls.size()), BUTTON_HEIGHT};
-    layout.style = WS_POPUP | WS_CAPTION | WS_VISIBLE;
-    layout.fontFace = "MS Sans Serif";
-    layout.fontPointSize = 8;
-    for (int i = 0; i < static_cast<int>(m_controls.size()); ++i) {
-        DialogItem item;
-        item.id = FIRST_ID + i;
-        item.rect = {BUTTON_WIDTH * i, 0, BUTTON_WIDTH, BUTTON_HEIGHT};
-        item.style = style | WS_CHILD | WS_VISIBLE;
-        item.windowClass = "Button";
-        layout.items.push_back(item);
-    }
     CreateIndirect(layout);
     SetWindowPos(nullptr, left, top, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
     EXPECT_TRUE(QTest::qWaitForWindowExposed(window()));

@@ -5,10 +5,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QApplication>
-#include <QPixmap>
-#include <QScreen>
-
 #include <vector>
 
 namespace {
@@ -40,30 +36,6 @@ TEST(ImagePreview, PaintsTheComposedPicture) {
             ASSERT_EQ(picture.pixel(x, y), expected[at]) << x << ", " << y;
         }
     }
-}
-
-/// What the window shows of a control once it was painted again; a picture made anew would not tell what
-/// stays.
-QImage repainted(QWidget* widget) {
-    widget->update();
-    QApplication::processEvents();
-    const QPoint place = widget->mapTo(widget->window(), QPoint());
-    return widget->screen()
-        ->grabWindow(widget->window()->winId(), place.x(), place.y(), widget->width(), widget->height())
-        .toImage();
-}
-
-TEST(ImagePreview, AnImageWithoutPixelsLeavesWhatTheWindowShows) {
-    const qxCImageFile image = makeImage();
-    const qxCImageFile notLoaded;
-    CImagePreview preview;
-    CSurfaceDialog dialog({&preview}, BS_OWNERDRAW, 50, 50);
-    preview.setImage(&image, 1, 1);
-    const QImage painted = repainted(dialog.button(0));
-    preview.setImage(&notLoaded, 1, 1);
-    EXPECT_EQ(repainted(dialog.button(0)), painted);
-    preview.setImage(nullptr, 1, 1);
-    EXPECT_NE(repainted(dialog.button(0)), painted);
 }
 
 } // namespace

@@ -1,5 +1,5 @@
-#include "platform/recording_dialog.h"
 #include "support/modal_steps.h"
+#include "support/recording_dialog.h"
 
 #include <gtest/gtest.h>
 

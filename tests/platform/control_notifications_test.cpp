@@ -1,4 +1,4 @@
-#include "platform/recording_dialog.h"
+#include "support/recording_dialog.h"
 
 #include <gmock/gmock.h>
 
@@ -33,7 +33,7 @@ enum Id {
 class ControlNotifications : public testing::Test {
 protected:
     void SetUp() override {
-        ASSERT_TRUE(m_dialog.CreateIndirect(dialogLayout({
+        m_dialog.open({
             dialogItem(PUSH, "Button", WS_TABSTOP, {0, 0, 40, 14}, "Push"),
             dialogItem(TICK, "Button", BS_AUTOCHECKBOX | WS_TABSTOP, {50, 0, 40, 14}, "Tick"),
             dialogItem(RADIO_A, "Button", BS_AUTORADIOBUTTON | WS_GROUP, {0, 20, 40, 14}, "A"),
@@ -49,9 +49,7 @@ protected:
             dialogItem(DRAWN, "Button", BS_OWNERDRAW, {110, 110, 20, 20}),
             dialogItem(BAR, "ScrollBar", 0, {0, 140, 200, 10}),
             dialogItem(SEVERAL, "ListBox", LBS_NOTIFY | LBS_EXTENDEDSEL | WS_TABSTOP, {140, 60, 60, 60}),
-        })));
-        ASSERT_TRUE(ui::waitUntilActive(ui::dialog(CRecordingDialog::TEMPLATE_ID)));
-        m_dialog.takeHeard();
+        });
     }
     template <class Control> Control& control(int id) const {
         return *static_cast<Control*>(m_dialog.GetDlgItem(id));

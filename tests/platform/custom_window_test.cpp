@@ -1,4 +1,4 @@
-#include "platform/recording_dialog.h"
+#include "support/recording_dialog.h"
 
 #include <gmock/gmock.h>
 
@@ -56,7 +56,7 @@ END_MESSAGE_MAP()
 class CustomWindow : public testing::Test {
 protected:
     void SetUp() override {
-        ASSERT_TRUE(m_dialog.CreateIndirect(dialogLayout({})));
+        m_dialog.open({});
         ASSERT_FALSE(m_canvas.create(m_dialog, "Unregistered"));
         ASSERT_TRUE(m_canvas.create(m_dialog, AfxRegisterWndClass(CS_HREDRAW | CS_VREDRAW)));
         ASSERT_TRUE(ui::waitUntilActive(ui::dialog(CRecordingDialog::TEMPLATE_ID)));

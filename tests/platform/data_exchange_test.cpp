@@ -1,6 +1,6 @@
 #include "platform/framework/number_text.h"
-#include "platform/recording_dialog.h"
 #include "support/modal_steps.h"
+#include "support/recording_dialog.h"
 
 #include <gmock/gmock.h>
 
@@ -57,7 +57,7 @@ protected:
             DDX_Radio(pDX, RADIO_A, m_values.radio);
             DDX_Slider(pDX, SLIDE, m_values.slide);
         };
-        ASSERT_TRUE(m_dialog.CreateIndirect(dialogLayout({
+        m_dialog.open({
             dialogItem(HEIGHT, "Edit", WS_TABSTOP, {0, 0, 40, 12}),
             dialogItem(BLEND, "Edit", WS_TABSTOP, {50, 0, 40, 12}),
             dialogItem(NAME, "Edit", WS_TABSTOP, {100, 0, 40, 12}),
@@ -67,8 +67,7 @@ protected:
             dialogItem(RADIO_C, "Button", BS_AUTORADIOBUTTON, {100, 40, 40, 14}),
             dialogItem(SLIDE, "msctls_trackbar32", WS_GROUP, {0, 60, 80, 14}),
             dialogItem(PUSH, "Button", WS_TABSTOP, {100, 60, 40, 14}, "Push"),
-        })));
-        ASSERT_TRUE(ui::waitUntilActive(ui::dialog(CRecordingDialog::TEMPLATE_ID)));
+        });
     }
 
     /// Answers the next message box and keeps its text.

@@ -1,4 +1,4 @@
-#include "platform/recording_dialog.h"
+#include "support/recording_dialog.h"
 
 #include <gmock/gmock.h>
 
@@ -15,7 +15,7 @@ enum Id { FIRST = 11, GROUP, HIDDEN, OFF, RADIO_A, RADIO_B, RADIO_C, SECOND, PUS
 class DialogKeys : public testing::Test {
 protected:
     void open(DWORD pushStyle = BS_PUSHBUTTON) {
-        ASSERT_TRUE(m_dialog.CreateIndirect(dialogLayout({
+        m_dialog.open({
             dialogItem(PUSH, "Button", pushStyle | WS_TABSTOP, {0, 100, 40, 14}, "Push"),
             dialogItem(FIRST, "Edit", WS_TABSTOP, {50, 0, 40, 12}, "text"),
             dialogItem(GROUP, "Button", BS_GROUPBOX, {0, 40, 190, 30}, "Group"),
@@ -26,10 +26,8 @@ protected:
             dialogItem(RADIO_B, "Button", BS_AUTORADIOBUTTON | BS_PUSHLIKE, {30, 50, 20, 14}),
             dialogItem(RADIO_C, "Button", BS_AUTORADIOBUTTON | BS_PUSHLIKE, {60, 50, 20, 14}),
             dialogItem(SECOND, "Edit", WS_TABSTOP | WS_GROUP, {0, 80, 40, 12}),
-        })));
+        });
         m_dialog.GetDlgItem(HIDDEN)->ShowWindow(SW_HIDE);
-        ASSERT_TRUE(ui::waitUntilActive(ui::dialog(CRecordingDialog::TEMPLATE_ID)));
-        m_dialog.takeHeard();
     }
     static QString focused() {
         return QApplication::focusWidget() != nullptr ? QApplication::focusWidget()->objectName() : "";
@@ -94,12 +92,11 @@ public:
 
 TEST(DialogKeysRewritten, TheNewKeyIsTheOneProcessed) {
     CEnterMovesOn dialog;
-    ASSERT_TRUE(dialog.CreateIndirect(dialogLayout({
+    dialog.open({
         dialogItem(FIRST, "Edit", WS_TABSTOP, {0, 0, 40, 12}),
         dialogItem(SECOND, "Edit", WS_TABSTOP, {50, 0, 40, 12}),
         dialogItem(PUSH, "Button", WS_TABSTOP | BS_DEFPUSHBUTTON, {100, 0, 40, 14}),
-    })));
-    ASSERT_TRUE(ui::waitUntilActive(ui::dialog(CRecordingDialog::TEMPLATE_ID)));
+    });
     ui::press(Qt::Key_Return);
     EXPECT_TRUE(dialog.at(SECOND).hasFocus());
     EXPECT_THAT(dialog.takeHeard(), ElementsAre("11 left"));

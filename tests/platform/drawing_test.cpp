@@ -1,4 +1,4 @@
-#include "platform/recording_dialog.h"
+#include "support/recording_dialog.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "platform/recording_dialog.h"
+#include "support/recording_dialog.h"
 
 #include <gmock/gmock.h>
 
@@ -52,14 +52,12 @@ protected:
             DDX_Control(pDX, A, m_a);
             DDX_Control(pDX, B, m_b);
         };
-        ASSERT_TRUE(m_dialog.CreateIndirect(dialogLayout({
+        m_dialog.open({
             dialogItem(EDIT, "Edit", WS_TABSTOP, {0, 40, 40, 12}),
             dialogItem(A, "Button", BS_OWNERDRAW, {0, 0, 30, 12}),
             dialogItem(B, "Button", BS_OWNERDRAW, {50, 0, 30, 12}),
             dialogItem(PUSH, "Button", WS_TABSTOP, {100, 0, 30, 12}),
-        })));
-        ASSERT_TRUE(ui::waitUntilActive(ui::dialog(CRecordingDialog::TEMPLATE_ID)));
-        m_dialog.takeHeard();
+        });
     }
 
     Log m_log;

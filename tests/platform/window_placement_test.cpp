@@ -1,7 +1,7 @@
-#include "platform/recording_dialog.h"
 #include "platform/resources.h"
 #include "platform/windows/back_end.h"
 #include "resources/resource_ids.h"
+#include "support/recording_dialog.h"
 
 #include <gtest/gtest.h>
 
@@ -16,12 +16,12 @@ enum Id { FRAME = 11, PUSH, ICON, FAR };
 class WindowPlacement : public testing::Test {
 protected:
     void SetUp() override {
-        ASSERT_TRUE(m_dialog.CreateIndirect(dialogLayout({
+        m_dialog.open({
             dialogItem(FRAME, "Static", SS_BLACKFRAME, {0, 0, 100, 150}),
             dialogItem(PUSH, "Button", BS_PUSHBUTTON, {4, 8, 40, 14}, "Push"),
             dialogItem(ICON, "Button", BS_AUTOCHECKBOX | BS_PUSHLIKE | BS_ICON, {4, 30, 20, 20}, "&Raise"),
             dialogItem(FAR, "Edit", WS_DISABLED, {120, 8, 40, 12}),
-        })));
+        });
     }
     CRect windowRect(int id) {
         CRect rect(0, 0, 0, 0);

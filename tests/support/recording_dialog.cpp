@@ -1,6 +1,7 @@
-#include "platform/recording_dialog.h"
+#include "support/recording_dialog.h"
 
 #include <map>
+#include <stdexcept>
 #include <utility>
 
 BEGIN_MESSAGE_MAP(CRecordingDialog, CDialog)
@@ -27,6 +28,14 @@ DialogTemplate dialogLayout(std::vector<DialogItem> items, DWORD style) {
     layout.fontPointSize = 8;
     layout.items = std::move(items);
     return layout;
+}
+
+void CRecordingDialog::open(std::vector<DialogItem> items) {
+    if (CreateIndirect(dialogLayout(std::move(items))) == FALSE ||
+        !ui::waitUntilActive(ui::dialog(TEMPLATE_ID))) {
+        throw std::runtime_error("the dialog does not open");
+    }
+    takeHeard();
 }
 
 std::vector<std::string> CRecordingDialog::takeHeard() {

@@ -24,6 +24,8 @@ public:
     std::function<void(const std::string&)> onNote;
     LRESULT veto = 0; ///< the answer to UDN_DELTAPOS
 
+    /// Made of these controls, on the screen, and with nothing heard yet.
+    void open(std::vector<DialogItem> items);
     /// What was heard since the last call.
     std::vector<std::string> takeHeard();
     template <class Kind = QWidget> Kind& at(int id) const {
