@@ -1,4 +1,5 @@
 #include "sandbox/app/main_window.h"
+#include "sandbox/app/session_memory.h"
 #include "sandbox/view/surface_format.h"
 
 #include <QApplication>
@@ -53,7 +54,9 @@ int main(int argc, char** argv) {
         return 2;
     }
     CMainWindow window;
-    window.resize(size);
+    if (parser.isSet(sizeOption) || !sessionmemory::restoreWindow(window)) {
+        window.resize(size);
+    }
     if (!parser.positionalArguments().isEmpty()) {
         const QString failure = window.openMap(parser.positionalArguments().first());
         if (!failure.isEmpty()) {

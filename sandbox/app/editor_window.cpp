@@ -2,14 +2,31 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QScreen>
+#include <QSettings>
 #include <algorithm>
 #include <utility>
+
+namespace {
+
+constexpr int GRIP = 40;        // pixels of a panel's title bar that stay on the screen
+constexpr qint64 SETTLED = 500; // milliseconds that a window system may take to move a window
+
+QString settingOf(const EditorKind& kind) {
+    return QStringLiteral("panels/") + kind.panelName;
+}
+
+} // namespace
 
 CEditorWindow::CEditorWindow(QMainWindow& host, EditorKind kind)
     : QObject(&host)
     , m_host(host)
     , m_kind(std::move(kind))
     , m_pAction(new QAction(host.style()->standardIcon(m_kind.icon), m_kind.text, this)) {
+    const QVariant place = QSettings().value(settingOf(m_kind));
+    if (place.canConvert<QPoint>()) {
+        m_place = place.toPoint();
+    }
     m_pAction->setObjectName(m_kind.actionName);
     m_pAction->setCheckable(true);
     m_pAction->setShortcut(m_kind.key);
@@ -19,10 +36,22 @@ CEditorWindow::CEditorWindow(QMainWindow& host, EditorKind kind)
 void CEditorWindow::open() {
     m_kind.create();
     if (QWidget* const window = panel()) {
-        window->move(m_place ? m_host.pos() + *m_place : m_kind.firstPlace(*window));
-        m_firstPlace = m_place ? std::nullopt : std::optional(window->pos());
+        m_bFramed = false;
+        m_wanted = placeFor(*window);
+        window->move(m_wanted);
     }
     noteState();
+}
+
+/// Where the panel goes: where the person put it, as far as its title bar can be reached there.
+QPoint CEditorWindow::placeFor(const QWidget& window) const {
+    if (!m_place || m_bDocked) {
+        return m_kind.firstPlace(window);
+    }
+    const QRect screen = m_host.screen()->availableGeometry();
+    const QPoint place = m_host.pos() + *m_place;
+    return {std::clamp(place.x(), screen.left() + GRIP - window.width(), screen.right() - GRIP),
+            std::clamp(place.y(), screen.top(), screen.bottom() - GRIP)};
 }
 
 void CEditorWindow::close() {
@@ -38,14 +67,29 @@ void CEditorWindow::follow() {
 }
 
 void CEditorWindow::notePlace(QWidget& window) {
-    if (m_firstPlace == window.pos() && window.frameGeometry() != window.geometry()) {
-        // A window manager has put its frame around the window, which takes room of its own.
-        window.move(m_kind.firstPlace(window));
-        m_firstPlace = window.pos();
+    const bool framed = window.frameGeometry() != window.geometry();
+    if (framed && !m_bFramed) {
+        // A window manager has put its frame around the window, which shifts it, and is told the place again.
+        m_bFramed = true;
+        m_sinceFramed.start();
+        m_wanted = placeFor(window);
+        window.move(m_wanted);
+    } else if (m_bDocked) {
+        m_wanted = m_kind.firstPlace(window);
+        if (window.pos() != m_wanted) {
+            window.move(m_wanted);
+        }
+    } else if (window.pos() != m_wanted && !(framed && m_sinceFramed.elapsed() < SETTLED)) {
+        m_wanted = window.pos();
+        m_place = m_wanted - m_host.pos();
     }
-    if (m_firstPlace != window.pos()) {
-        m_firstPlace.reset();
-        m_place = window.pos() - m_host.pos();
+}
+
+void CEditorWindow::setDocked(bool docked) {
+    m_bDocked = docked;
+    if (QWidget* const window = panel()) {
+        m_wanted = placeFor(*window);
+        window->move(m_wanted);
     }
 }
 
@@ -53,6 +97,9 @@ void CEditorWindow::noteState() {
     const bool open = isOpen();
     m_pAction->setChecked(open);
     if (std::exchange(m_bWasOpen, open) != open) {
+        if (!open && m_place) {
+            QSettings().setValue(settingOf(m_kind), *m_place);
+        }
         m_kind.changed(open);
     }
 }

@@ -4,6 +4,9 @@
 #include "engine/qx_texture.h"
 #include "host/veskutil.h"
 #include "sandbox/app/film_keys.h"
+#include "sandbox/app/session_memory.h"
+#include "sandbox/app/stroke_hints.h"
+#include "sandbox/keys/map_panel.h"
 
 #include <QAbstractEventDispatcher>
 #include <QApplication>
@@ -68,11 +71,17 @@ void CMainWindow::connectView() {
     connect(&m_filmPlayer, &CFilmPlayer::advanced, m_pView, &CMapView::noticeChanges);
     connect(&m_filmPlayer, &CFilmPlayer::animationTriggered, this,
             [this](const QString& name) { statusBar()->showMessage(tr("Animation: %1").arg(name), 3000); });
+    new CStrokeHints(
+        *m_pView, [this]() -> const CMemoryMap& { return m_document.map(); },
+        [this](const QString& hint) { statusBar()->showMessage(hint); });
     new CFilmKeys(*m_pView, [this] { return m_pMovieEditor->isOpen() ? m_pMovieEditor->panel() : nullptr; });
 }
 
 void CMainWindow::adoptMap() {
     m_pView->setMap(&m_document.map());
+    if (const auto sight = sessionmemory::sightOf(m_document.path())) {
+        m_pView->lookFrom(sight->eye, sight->target);
+    }
     const QSignalBlocker quiet(m_pWaterLevel);
     m_pWaterLevel->setValue(m_document.waterLevel());
     const double wanted = MIN_HEIGHT_PER_PIXEL / m_document.map().heightScale;
@@ -90,8 +99,17 @@ void CMainWindow::closeEvent(QCloseEvent* event) {
         return;
     }
     closeEditors();
+    keepSight();
+    sessionmemory::keepWindow(*this);
     m_document.dropAutosave(); // its changes are saved or given up
     event->accept();
+}
+
+void CMainWindow::keepSight() {
+    if (!m_document.path().isEmpty()) {
+        const CViewCamera& camera = m_pView->camera();
+        sessionmemory::keepSight(m_document.path(), {camera.eye(), camera.pivot()});
+    }
 }
 
 void CMainWindow::startWork() {
@@ -110,12 +128,24 @@ void CMainWindow::followState() {
     m_pMapEditor->follow();
     m_pMovieEditor->follow();
     m_pToolMenu->follow();
+    followMapPanel();
     makeRoom();
     if (isWindowModified() != m_document.isModified()) {
         showTitle();
     }
     watchTextures();
     m_pView->noticeChanges();
+}
+
+void CMainWindow::followMapPanel() {
+    if (!m_pMapEditor->isOpen()) {
+        return;
+    }
+    m_hand = CMapPanel::showsDetails() ? m_hand : sessionmemory::handOnPanel();
+    const bool details = CMapPanel::showsDetails();
+    if (std::exchange(m_bDetailsShown, details) && !details) {
+        m_document.map().clearDetailHighlights(); // no tool of the tab would take the one that is marked
+    }
 }
 
 void CMainWindow::showTitle() {

@@ -5,6 +5,7 @@
 #include "sandbox/app/film_player.h"
 #include "sandbox/app/map_document.h"
 #include "sandbox/app/recent_files.h"
+#include "sandbox/app/session_memory.h"
 #include "sandbox/keys/held_keys.h"
 #include "sandbox/keys/panel_focus.h"
 #include "sandbox/keys/shortcut_table.h"
@@ -79,7 +80,14 @@ private:
     EditorKind mapEditorKind();
     EditorKind movieEditorKind();
     void closeEditors();
+    /// Keep from where the map at hand is seen, for the next time.
+    void keepSight();
+    void followMapPanel();
     void openMapEditor();
+    QPoint placeForMapPanel(const QWidget& panel) const;
+    /// Give the map editor's panel the right side of the window, or let it float.
+    void dockMapEditor(bool docked);
+    static bool wasMapEditorDocked();
     /// Where the movie editor's panel is in nobody's way: below the window, or at the bottom of the view.
     QPoint placeForMoviePanel(const QWidget& panel) const;
     void followMovieEditor(bool open);
@@ -115,6 +123,8 @@ private:
     CPanelFocus* m_pPanelFocus = nullptr;
     std::optional<CShortcutTable> m_shortcuts;
     std::optional<TerrainHit> m_pointed;
+    sessionmemory::Hand m_hand = sessionmemory::lastHand(); // as last seen on the panel
+    bool m_bDetailsShown = false;
     QAction* m_pFlyAction = nullptr;
     QSpinBox* m_pWaterLevel = nullptr;
     QComboBox* m_pUnitsPerPixel = nullptr;

@@ -5,6 +5,7 @@
 #include <QGuiApplication>
 #include <QLayout>
 #include <QScreen>
+#include <QSettings>
 #include <algorithm>
 
 namespace {
@@ -12,6 +13,8 @@ namespace {
 /// The map editor's panel opens over the middle of its host, where the ground is. At the view's left edge it
 /// is out of the way, and beside it there is room for the panel of the movie editor.
 constexpr QPoint FIRST_PANEL_POSITION(2, 2);
+
+constexpr const char* DOCKED = "panels/mapEditorDocked";
 
 HWND handleOf(const QWidget& widget) {
     return reinterpret_cast<HWND>(widget.winId());
@@ -28,10 +31,11 @@ EditorKind CMainWindow::mapEditorKind() {
             vuIsEditorActive,
             [this] { openMapEditor(); },
             vuDestroyEditor,
-            [this](const QWidget&) { return m_pView->mapToGlobal(FIRST_PANEL_POSITION); },
+            [this](const QWidget& panel) { return placeForMapPanel(panel); },
             [this](bool open) {
                 if (!open) {
                     clearPointing();
+                    sessionmemory::keepHand(m_hand);
                 }
                 m_pPanelFocus->giveBack(); // the panel took the keyboard, and nobody is about to type into it
             }};
@@ -53,6 +57,7 @@ EditorKind CMainWindow::movieEditorKind() {
 void CMainWindow::openMapEditor() {
     const QByteArray folder = m_document.textureFolder().toUtf8();
     vuCreateEditor(handleOf(*this), &m_document.map(), CString(folder.constData()), nullptr, true, nullptr);
+    sessionmemory::putOnPanel(m_hand); // of the session before, or of the map before
 }
 
 void CMainWindow::clearPointing() {
@@ -85,7 +90,24 @@ QPoint CMainWindow::placeForMoviePanel(const QWidget& panel) const {
     }
     const QRect middle(centralWidget()->mapToGlobal(QPoint()), centralWidget()->size());
     const int lowest = std::min(middle.bottom(), available.bottom());
-    return {middle.right() - size.width() + 1, lowest - size.height() + 1};
+    const int left = m_pMapEditor->isDocked() ? middle.left() : middle.right() - size.width() + 1;
+    return {left, lowest - size.height() + 1};
+}
+
+QPoint CMainWindow::placeForMapPanel(const QWidget& panel) const {
+    const QRect middle(centralWidget()->mapToGlobal(QPoint()), centralWidget()->size());
+    return m_pMapEditor->isDocked() ? QPoint(middle.right() - panel.frameGeometry().width() + 1, middle.top())
+                                    : middle.topLeft() + FIRST_PANEL_POSITION;
+}
+
+bool CMainWindow::wasMapEditorDocked() {
+    return QSettings().value(DOCKED).toBool();
+}
+
+void CMainWindow::dockMapEditor(bool docked) {
+    m_pMapEditor->setDocked(docked);
+    QSettings().setValue(DOCKED, docked);
+    makeRoom();
 }
 
 void CMainWindow::makeRoom() {
@@ -100,8 +122,11 @@ void CMainWindow::makeRoom() {
             room = middle.bottom() - covered.top() + 1;
         }
     }
+    const QWidget* const mapPanel =
+        m_pMapEditor->isOpen() && m_pMapEditor->isDocked() ? m_pMapEditor->panel() : nullptr;
+    const QMargins wanted(0, 0, mapPanel != nullptr ? mapPanel->frameGeometry().width() : 0, room);
     QLayout& layout = *centralWidget()->layout();
-    if (layout.contentsMargins().bottom() != room) {
-        layout.setContentsMargins(0, 0, 0, room);
+    if (layout.contentsMargins() != wanted) {
+        layout.setContentsMargins(wanted);
     }
 }

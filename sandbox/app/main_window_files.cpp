@@ -1,6 +1,7 @@
 #include "sandbox/app/main_window.h"
 
 #include "host/veskutil.h"
+#include "sandbox/app/session_memory.h"
 #include "sandbox/project/project_folder.h"
 
 #include <QAction>
@@ -33,7 +34,7 @@ QString pathFor(const CMapDocument& document) {
     if (!document.path().isEmpty()) {
         return document.path();
     }
-    return QDir::home().filePath(document.name().remove(" (sample)"));
+    return QDir(sessionmemory::folder()).filePath(document.name().remove(" (sample)"));
 }
 
 /// The pointer tells that the window is busy, for as long as this lives: a large map takes seconds.
@@ -60,6 +61,7 @@ QString CMainWindow::openMap(const QString& path) {
     if (outcome.error.isEmpty()) {
         m_bHeightsAreEnough = false;
         m_recentFiles.add(QFileInfo(path).absoluteFilePath());
+        sessionmemory::keepFolder(path);
         statusBar()->showMessage(
             outcome.note.isEmpty() ? tr("%1 x %1 cells").arg(m_document.map().getGridDim()) : outcome.note);
     }
@@ -71,6 +73,7 @@ CMapDocument::Outcome CMainWindow::replaceMap(
     const bool mapEditorWasOpen = m_pMapEditor->isOpen();
     const bool movieEditorWasOpen = m_pMovieEditor->isOpen();
     CMapDocument::Outcome outcome = open([this] {
+        keepSight();
         closeEditors();
         m_pView->setMap(nullptr);
         vuDestroySettings(); // what it remembers is matched to the old map's address, which is about to be
@@ -134,6 +137,7 @@ QString CMainWindow::saveProject(const QString& folder) {
 QString CMainWindow::settleSave(const QString& path, const CMapDocument::Outcome& outcome) {
     if (outcome.error.isEmpty()) {
         m_recentFiles.add(QFileInfo(path).absoluteFilePath());
+        sessionmemory::keepFolder(path);
         statusBar()->showMessage(tr("Saved %1").arg(path));
         showTitle();
     }

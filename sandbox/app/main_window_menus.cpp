@@ -12,12 +12,15 @@
 #include <QSpinBox>
 #include <QStatusBar>
 #include <QStyle>
+#include <QTimer>
 #include <QToolBar>
 #include <algorithm>
+#include <chrono>
 #include <cmath>
 
 namespace {
 
+constexpr std::chrono::seconds MESSAGE_STAYS(10);
 constexpr double NEAREST_FRAME = 8.0; // cells around a place that is looked at from near
 
 constexpr const char* CONTROLS = R"(
@@ -112,6 +115,12 @@ void CMainWindow::makeViewMenu() {
     near->setToolTip(tr("Look at the selection, else at what the pointer is on, from near"));
     QAction* reset = menu->addAction(tr("&Reset Camera"), Qt::Key_Home, m_pView, &CMapView::resetCamera);
     reset->setObjectName("reset-camera");
+    QAction* dock = menu->addAction(tr("&Dock Map Editor"));
+    dock->setObjectName("dock-map-editor");
+    dock->setToolTip(tr("Keep the map editor's panel at the right side of the window"));
+    dock->setCheckable(true);
+    connect(dock, &QAction::toggled, this, &CMainWindow::dockMapEditor);
+    dock->setChecked(wasMapEditorDocked());
     menu->addSeparator();
     const auto addOption = [&](const QString& text, const char* name, bool ViewOptions::*option) {
         QAction* action = menu->addAction(text);
@@ -208,5 +217,11 @@ void CMainWindow::makeStatusBar() {
     m_pFrameRate->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     statusBar()->addPermanentWidget(m_pPosition);
     statusBar()->addPermanentWidget(m_pFrameRate);
+    auto* patience = new QTimer(this);
+    patience->setSingleShot(true);
+    connect(patience, &QTimer::timeout, statusBar(), &QStatusBar::clearMessage);
+    connect(statusBar(), &QStatusBar::messageChanged, patience, [patience](const QString& text) {
+        text.isEmpty() ? patience->stop() : patience->start(MESSAGE_STAYS);
+    });
     statusBar()->showMessage(tr("F1 shows the controls"));
 }

@@ -3,6 +3,7 @@
 #include "sandbox/hands/dialogs.h"
 
 #include <QAbstractSlider>
+#include <QLabel>
 #include <QTabBar>
 
 #include <algorithm>
@@ -11,6 +12,7 @@ namespace {
 
 constexpr int TEMPLATE = 212;
 constexpr int FOLD = 2012;
+constexpr int STRENGTH_TEXT = 1409;
 
 template <class Kind> Kind* controlOf(int id) {
     const QWidget* const panel = CMapPanel::window();
@@ -69,6 +71,22 @@ bool CMapPanel::pressUnfolded(int control) {
 const MapTool* CMapPanel::chosenTool() {
     const auto found = std::ranges::find_if(mapTools(), &isChosen, &MapTool::control);
     return found != mapTools().end() ? &*found : nullptr;
+}
+
+int CMapPanel::chosenBrush() {
+    const auto chosen = std::ranges::find_if(BRUSHES, &isChosen, &BrushText::control);
+    return chosen != BRUSHES.end() ? chosen->control : 0;
+}
+
+int CMapPanel::strength() {
+    const auto* const number = controlOf<QLabel>(STRENGTH_TEXT);
+    return number != nullptr ? number->text().toInt() : 0;
+}
+
+void CMapPanel::setStrength(int strength) {
+    if (auto* const slider = controlOf<QAbstractSlider>(STRENGTH)) {
+        slider->setValue(strength);
+    }
 }
 
 void CMapPanel::stepBrush(int steps) {

@@ -28,6 +28,11 @@ public:
     static const ToolText& textOf(const MapTool& tool) {
         return showsDetails() ? tool.details : tool.terrain;
     }
+    /// The button of the brush that is chosen; 0 for none.
+    static int chosenBrush();
+    /// 0 to 10; 0 also while the panel is closed.
+    static int strength();
+    static void setStrength(int strength);
     /// Choose a brush so many sizes larger.
     static void stepBrush(int steps);
     /// Move the strength slider so many steps to the right.

@@ -1,5 +1,7 @@
 #include "sandbox/keys/map_tools.h"
 
+#include <algorithm>
+
 namespace {
 
 constexpr std::array TOOLS{
@@ -13,19 +15,19 @@ constexpr std::array TOOLS{
             {"Raise",
              "Drag up to raise the brush's points, down to lower them; with Ctrl held the other way round."},
             {"Delete Detail", "Removes the detail under the pointer."}},
-    MapTool{1403,
+    MapTool{FLATTEN_TOOL,
             Qt::Key_3,
             {"Flatten", "Brings the four corners of a cell to their average height."},
             {"Move Detail", "Drags the detail under the pointer over the ground."}},
-    MapTool{1405,
+    MapTool{SET_HEIGHT_TOOL,
             Qt::Key_4,
             {"Set Hgt", "Sets points to \"Height\": the selection, one cell or four by four points."},
             {"Rotate Detail", "Turns the detail under the pointer by the distance dragged up or down."}},
-    MapTool{1410,
+    MapTool{GET_HEIGHT_TOOL,
             Qt::Key_5,
             {"Get Hgt", "Reads the height of the nearest corner into \"Height\"."},
             {"Scale Detail", "Drag up to enlarge the detail under the pointer, down to make it smaller."}},
-    MapTool{1428,
+    MapTool{TINT_TOOL,
             Qt::Key_6,
             {"Tint", "Mixes the colour of the \"Tint\" swatch into the points, more with each move."},
             {"Add Point Detail", "Stands an upright picture on the ground, which always faces you."}},
@@ -45,8 +47,11 @@ constexpr std::array TOOLS{
             Qt::Key_9,
             {"Drain", "Removes the water that is joined to the cell; with Ctrl held it floods."},
             {}},
-    MapTool{1430, Qt::Key_0, {"Paint", "Paints the current texture definition."}, {}},
-    MapTool{2007, Qt::Key_G, {"Get Grad", "Shows the slope at the point in \"Grad\", in degrees."}, {}},
+    MapTool{PAINT_TOOL, Qt::Key_0, {"Paint", "Paints the current texture definition."}, {}},
+    MapTool{GET_GRADIENT_TOOL,
+            Qt::Key_G,
+            {"Get Grad", "Shows the slope at the point in \"Grad\", in degrees."},
+            {}},
     MapTool{MAGNET_TOOL,
             Qt::Key_N,
             {"Magnet", "Drag up or down to lift or lower a rounded bump; its radius is the strength."},
@@ -58,4 +63,9 @@ constexpr std::array TOOLS{
 
 std::span<const MapTool> mapTools() {
     return TOOLS;
+}
+
+const MapTool* toolOf(int control) {
+    const auto found = std::ranges::find(TOOLS, control, &MapTool::control);
+    return found != TOOLS.end() ? &*found : nullptr;
 }

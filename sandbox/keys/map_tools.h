@@ -21,15 +21,24 @@ struct MapTool {
 
 /// The tools, in the order of the panel.
 std::span<const MapTool> mapTools();
+/// The tool of this button, or null.
+const MapTool* toolOf(int control);
 
 /// Numbers of other widgets of that panel.
 enum MapPanelControl {
     TABS = 2030,
     STRENGTH = 1406,
+    SELECT_TOOL = 1399,
     RAISE_TOOL = 1401,
+    FLATTEN_TOOL = 1403,
+    SET_HEIGHT_TOOL = 1405,
+    GET_HEIGHT_TOOL = 1410,
+    TINT_TOOL = 1428,
     SMOOTH_TOOL = 1144,
     FLOOD_TOOL = 1402,
     DRAIN_TOOL = 1422,
+    PAINT_TOOL = 1430,
+    GET_GRADIENT_TOOL = 2007,
     MAGNET_TOOL = 2018
 };
 /// The brush sizes from the smallest, and what each takes.

@@ -53,11 +53,6 @@ const BrushText* brushOf(int control) {
     return found != BRUSHES.end() ? &*found : nullptr;
 }
 
-const MapTool* toolOf(int control) {
-    const auto found = std::ranges::find(mapTools(), control, &MapTool::control);
-    return found != mapTools().end() ? &*found : nullptr;
-}
-
 QString tipOf(int control) {
     if (const BrushText* const brush = brushOf(control)) {
         return CPanelFocus::tr(brush->tip) + CPanelFocus::tr("\n[ and ] choose a smaller and a larger one.");

@@ -68,7 +68,7 @@ void fillLake(CMapDocument& document) {
             }
         }
     }
-    map.setCurrentMultiTexture(static_cast<int>(GroundKind::MEADOW));
+    map.setCurrentMultiTexture(static_cast<int>(GroundKind::HEATH));
 }
 
 void layFields(CMemoryMap& map, qxCTexture* furrows) {
