@@ -68,7 +68,7 @@ void CMapView::releaseGl() {
 }
 
 void CMapView::setMap(CMemoryMap* map) {
-    m_strokes.release();
+    m_strokes.end();
     m_pMap = map;
     if (context() != nullptr) {
         makeCurrent();
@@ -335,7 +335,7 @@ void CMapView::mouseReleaseEvent(QMouseEvent* event) {
         return;
     }
     if (endsStroke) {
-        m_strokes.release();
+        m_strokes.release(pick(event->position()), static_cast<int>(event->position().y()));
     }
     m_drag = DragKind::NONE;
     settleFilm();

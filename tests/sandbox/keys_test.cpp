@@ -162,6 +162,36 @@ TEST_F(Keys, HeldKeysChangeOneStroke) {
     EXPECT_TRUE(waitUntil([this] { return chosen() == RAISE_TOOL && viewHasKeyboard(); }));
 }
 
+/// A hand is faster than the events of a mouse: all the way is painted, also when only its ends are told.
+TEST_F(Keys, AQuickStrokeLeavesNoHole) {
+    strike(m_window.view(), Qt::Key_0);
+    CMapPanel::press(2010);
+    CMapPanel::setStrength(10);
+    QWidget& view = m_window.view();
+    m_window.view().lookFrom({160, 90, 260}, {160, 20, 180});
+    const QPointF from(120.0, view.height() * 0.7);
+    const QPointF to = from + QPointF(840.0, 0.0);
+    const TerrainHit first = m_window.view().pick(from).value();
+    const TerrainHit last = m_window.view().pick(to).value();
+    const CMemoryMap& map = m_window.document().map();
+    const std::vector<qxCColour> before(map.getColours().begin(), map.getColours().end());
+    m_hands.moveTo(view, from);
+    m_hands.press(Qt::LeftButton);
+    m_hands.moveTo(view, to);
+    m_hands.release(Qt::LeftButton);
+    const int edge = map.getGridDim() + 1;
+    for (int x = std::min(first.x, last.x); x <= std::max(first.x, last.x); ++x) {
+        const double part = first.x == last.x ? 0.0 : double(x - first.x) / (last.x - first.x);
+        const int z = first.z + static_cast<int>(std::lround(part * (last.z - first.z)));
+        bool painted = false;
+        for (int dz = -1; dz <= 1; ++dz) {
+            const auto point = static_cast<std::size_t>((z + dz) * edge + x);
+            painted = painted || map.getColours()[point] != before[point];
+        }
+        EXPECT_TRUE(painted) << x;
+    }
+}
+
 TEST_F(Keys, FramesThePointerOrTheSelection) {
     QPointF place = QRectF(m_window.view().rect()).center();
     EXPECT_TRUE(waitUntil([&] { // a real pointer that rests elsewhere may have its say in between
