@@ -37,6 +37,8 @@ CMainWindow::CMainWindow() : m_pView(new CMapView(this)) {
     layout->addWidget(m_pView);
     setCentralWidget(middle);
     makeFileMenu();
+    m_pEditMenu = new CEditMenu(*this, *m_pView);
+    connect(m_pEditMenu, &CEditMenu::mapChanged, this, &CMainWindow::followJournal);
     makeEditorMenu();
     m_pToolMenu = new CToolMenu(*this, [this] { m_pPanelFocus->giveBack(); });
     makeFilmMenu();
@@ -59,6 +61,7 @@ CMainWindow::CMainWindow() : m_pView(new CMapView(this)) {
 
 CMainWindow::~CMainWindow() {
     closeEditors();
+    m_pEditMenu->setMap(nullptr);
     m_pView->setMap(nullptr);
     vuDestroySettings();
 }
@@ -90,7 +93,24 @@ void CMainWindow::adoptMap() {
     m_pFilmMenu->setPointed(std::nullopt);
     m_pointed.reset();
     m_nWatchedTextures = 0;
+    m_pEditMenu->setMap(&m_document.map());
+    if (m_document.isModified()) {
+        m_pEditMenu->markUnsaved();
+    }
     showTitle();
+}
+
+void CMainWindow::followJournal(CMapJournal::Reach reach) {
+    if (m_pEditMenu->isAsSaved()) {
+        m_document.noteMapAsSaved();
+    }
+    m_document.map().clearDetailHighlights();
+    m_pWaterLevel->setValue(m_document.waterLevel());
+    if (reach == CMapJournal::Reach::RECORDS && m_pMapEditor->isOpen()) {
+        m_pMapEditor->close(); // the panel reads definitions, textures and light when it opens
+        m_pMapEditor->open();
+    }
+    m_pView->noticeChanges();
 }
 
 void CMainWindow::closeEvent(QCloseEvent* event) {
@@ -129,6 +149,7 @@ void CMainWindow::followState() {
     m_pMovieEditor->follow();
     m_pToolMenu->follow();
     followMapPanel();
+    m_pEditMenu->follow();
     makeRoom();
     if (isWindowModified() != m_document.isModified()) {
         showTitle();

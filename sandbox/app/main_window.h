@@ -1,5 +1,6 @@
 #pragma once
 
+#include "sandbox/app/edit_menu.h"
 #include "sandbox/app/editor_window.h"
 #include "sandbox/app/film_menu.h"
 #include "sandbox/app/film_player.h"
@@ -83,6 +84,8 @@ private:
     /// Keep from where the map at hand is seen, for the next time.
     void keepSight();
     void followMapPanel();
+    /// The map was changed behind the panel's back.
+    void followJournal(CMapJournal::Reach reach);
     void openMapEditor();
     QPoint placeForMapPanel(const QWidget& panel) const;
     /// Give the map editor's panel the right side of the window, or let it float.
@@ -119,6 +122,7 @@ private:
     CEditorWindow* m_pMovieEditor = nullptr;
     CFilmMenu* m_pFilmMenu = nullptr;
     CFilmPlayer m_filmPlayer{nullptr};
+    CEditMenu* m_pEditMenu = nullptr;
     CToolMenu* m_pToolMenu = nullptr;
     CPanelFocus* m_pPanelFocus = nullptr;
     std::optional<CShortcutTable> m_shortcuts;

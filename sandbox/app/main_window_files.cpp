@@ -75,6 +75,7 @@ CMapDocument::Outcome CMainWindow::replaceMap(
     CMapDocument::Outcome outcome = open([this] {
         keepSight();
         closeEditors();
+        m_pEditMenu->setMap(nullptr);
         m_pView->setMap(nullptr);
         vuDestroySettings(); // what it remembers is matched to the old map's address, which is about to be
                              // freed
@@ -139,6 +140,7 @@ QString CMainWindow::settleSave(const QString& path, const CMapDocument::Outcome
         m_recentFiles.add(QFileInfo(path).absoluteFilePath());
         sessionmemory::keepFolder(path);
         statusBar()->showMessage(tr("Saved %1").arg(path));
+        m_document.isModified() ? m_pEditMenu->markUnsaved() : m_pEditMenu->markSaved();
         showTitle();
     }
     return outcome.error;

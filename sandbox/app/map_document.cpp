@@ -370,17 +370,25 @@ bool CMapDocument::hasHeightChanges() const {
 }
 
 bool CMapDocument::hasOtherChanges() const {
-    return otherState() != m_nSavedOther;
+    return recordState() != m_nSavedOther || m_pFilm->state() != m_nSavedFilm;
+}
+
+std::uint64_t CMapDocument::recordState() const {
+    return qHashMulti(m_pMap->getChangeCount(MapChange::SURFACE), recordsHash(*m_pMap, *m_pScene));
 }
 
 std::uint64_t CMapDocument::otherState() const {
-    return qHashMulti(m_pMap->getChangeCount(MapChange::SURFACE), recordsHash(*m_pMap, *m_pScene),
-                      m_pFilm->state());
+    return qHashMulti(recordState(), m_pFilm->state());
 }
 
 void CMapDocument::rememberState() {
+    noteMapAsSaved();
+    m_nSavedFilm = m_pFilm->state();
+}
+
+void CMapDocument::noteMapAsSaved() {
     m_nSavedHeights = m_pMap->getChangeCount(MapChange::HEIGHTS);
-    m_nSavedOther = otherState();
+    m_nSavedOther = recordState();
 }
 
 int CMapDocument::waterLevel() const {

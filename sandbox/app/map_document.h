@@ -67,6 +67,8 @@ public:
     /// For a window title.
     QString name() const { return m_strName; }
     /// Something was changed that a project keeps. Cheap enough to be asked whenever the program is idle.
+    /// The map is again as it was saved, by steps taken back. The film has its own changes.
+    void noteMapAsSaved();
     bool isModified() const { return hasHeightChanges() || hasOtherChanges(); }
     bool hasHeightChanges() const;
     /// Something was changed that a heightmap does not keep: colours, blends, water, details, definitions,
@@ -99,6 +101,7 @@ private:
     void endAutosave();
     void belongTo(Kind kind, const QString& path);
     void lookForFilesIn(const QString& mapFolder);
+    std::uint64_t recordState() const;
     std::uint64_t otherState() const;
     void rememberState();
 
@@ -113,6 +116,7 @@ private:
     QJsonObject m_projectFile; // as read or written last, for the keys that this program does not know
     std::uint64_t m_nSavedHeights = 0;
     std::uint64_t m_nSavedOther = 0;
+    std::uint64_t m_nSavedFilm = 0;
     CAutomaticCopy m_copy;
     std::uint64_t m_nAutosaved = 0;         // state that the copy holds
     std::future<ProjectFault> m_autosaving; // the copy that is being written, or was and is not yet judged

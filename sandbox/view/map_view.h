@@ -38,6 +38,11 @@ public:
     void turnDrag(bool turned) { m_strokes.turnDrag(turned); }
     /// The person's own camera, whether or not the picture is a film's.
     const CViewCamera& camera() const { return m_camera; }
+    /// End the stroke that is being made where it is; the button that is held does nothing any more.
+    void stopStroke() {
+        m_strokes.end();
+        m_drag = DragKind::NONE;
+    }
     /// A stroke of the map editor is being made with the mouse.
     bool isStroking() { return m_strokes.isStroking(); }
     /// Stand there and look so. World units.

@@ -6,7 +6,7 @@ target_compile_definitions(sandbox_project_test PRIVATE VESK_SAMPLES="${CMAKE_SO
 
 # The menus, the questions and the dialogs, on the real window: it draws with OpenGL, which needs a display.
 add_executable(sandbox_window_test ${CMAKE_SOURCE_DIR}/sandbox/hands/hands.cpp film_window_test.cpp keys_test.cpp
-    main_window_test.cpp window_memory_test.cpp ${CMAKE_SOURCE_DIR}/sandbox/shaders.qrc)
+    edit_menu_test.cpp main_window_test.cpp window_memory_test.cpp ${CMAKE_SOURCE_DIR}/sandbox/shaders.qrc)
 set_target_properties(sandbox_window_test PROPERTIES AUTORCC ON)
 target_include_directories(sandbox_window_test PRIVATE ${CMAKE_SOURCE_DIR}/src ${CMAKE_SOURCE_DIR}/tests)
 target_compile_definitions(sandbox_window_test PRIVATE VESK_SAMPLES="${CMAKE_SOURCE_DIR}/samples")

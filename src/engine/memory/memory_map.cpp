@@ -32,6 +32,7 @@ template <class T> void setPoint(CPointLayer<T>& layer, CGridRegion& changes, in
     if (!layer.contains(x, z) || layer.at(x, z) == value) {
         return;
     }
+    layer.keep(x, z);
     layer.at(x, z) = value;
     changes.add(x, z);
 }
@@ -284,6 +285,29 @@ qxCMapDetailRecord* CMemoryMap::counted(qxCMapDetailRecord* added) {
         countChange(MapChange::DETAILS);
     }
     return added;
+}
+
+void CMemoryMap::keepPoints() {
+    m_heights.startKeeping();
+    m_colours.startKeeping();
+    m_blends.startKeeping();
+    m_water.startKeeping();
+}
+
+KeptPoints CMemoryMap::takeKeptPoints() {
+    return {m_heights.takeKept(), m_colours.takeKept(), m_blends.takeKept(), m_water.takeKept()};
+}
+
+void CMemoryMap::exchangePoints(KeptPoints& points) {
+    m_heights.exchange(points.heights, m_heightChanges);
+    m_colours.exchange(points.colours, m_surfaceChanges);
+    m_blends.exchange(points.blends, m_surfaceChanges);
+    m_water.exchange(points.water, m_surfaceChanges);
+}
+
+void CMemoryMap::replaceDetails(int first, int count, std::span<const qxCMapDetailRecord> records) {
+    m_details.replace(first, count, records);
+    countChange(MapChange::DETAILS);
 }
 
 void CMemoryMap::removeDetail(qxCMapDetailRecord* detail) {

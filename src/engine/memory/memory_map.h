@@ -116,6 +116,17 @@ public:
     /// Only the stroke marks have a layer; other kinds are ignored.
     void setMarkerPixel(qxMapMarkerType type, int x, int z, const qxCColour& colour) override;
 
+    /// For a host that takes edits back: from now on what points were is kept before they change, in tiles.
+    void keepPoints();
+    /// What has changed since the last call, as it was then; empty when nothing has.
+    KeptPoints takeKeptPoints();
+    /// Put back what was kept, and keep in its place what was there: to undo, and with the same points to
+    /// redo.
+    void exchangePoints(KeptPoints& points);
+    /// Put `records` in the place of `count` details from `first` on. A record that goes is kept in memory as
+    /// long as the map, as an editor may still point at it.
+    void replaceDetails(int first, int count, std::span<const qxCMapDetailRecord> records);
+
     // For a renderer: whole arrays, element z * (getGridDim() + 1) + x, valid as long as the map.
     std::span<const std::uint16_t> getHeights() const { return m_heights.values(); }
     std::span<const qxCColour> getColours() const { return m_colours.values(); }

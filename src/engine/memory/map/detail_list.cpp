@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <initializer_list>
+#include <iterator>
 #include <limits>
 
 namespace {
@@ -64,6 +65,24 @@ qxCMapDetailRecord* CDetailList::add(qxDetailType type, qxCTexture* texture, con
 
 bool CDetailList::remove(const qxCMapDetailRecord* detail) {
     return std::erase_if(m_records, [detail](const auto& record) { return record.get() == detail; }) > 0;
+}
+
+void CDetailList::replace(int first, int count, std::span<const qxCMapDetailRecord> records) {
+    const auto begin = m_records.begin() + first;
+    const std::ptrdiff_t both = std::min(static_cast<std::ptrdiff_t>(records.size()), std::ptrdiff_t{count});
+    for (std::ptrdiff_t i = 0; i < both; ++i) {
+        *begin[i] = records[static_cast<std::size_t>(i)];
+    }
+    if (both < count) {
+        std::move(begin + both, begin + count, std::back_inserter(m_retired));
+        m_records.erase(begin + both, begin + count);
+    }
+    std::vector<std::unique_ptr<qxCMapDetailRecord>> more;
+    for (const qxCMapDetailRecord& record : records.subspan(static_cast<std::size_t>(both))) {
+        more.push_back(std::make_unique<qxCMapDetailRecord>(record));
+    }
+    m_records.insert(m_records.begin() + first + both, std::make_move_iterator(more.begin()),
+                     std::make_move_iterator(more.end()));
 }
 
 qxCMapDetailRecord* CDetailList::find(float x, float z) const {

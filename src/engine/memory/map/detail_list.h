@@ -4,6 +4,7 @@
 #include "engine/qx_map_records.h"
 
 #include <memory>
+#include <span>
 #include <vector>
 
 /// The details of one map, in the order they were added. Owns the records; a record stays where it is until
@@ -31,6 +32,10 @@ public:
     /// False, with nothing done, when the list has no such record.
     bool remove(const qxCMapDetailRecord* detail);
 
+    /// Put `records` in the place of `count` details from `first` on, all within the list. Records that go
+    /// are kept in memory as long as the list.
+    void replace(int first, int count, std::span<const qxCMapDetailRecord> records);
+
     /// The detail whose footprint covers the middle of the cell that (x, z) lies in, or whose own middle lies
     /// in that cell, however small it is. Of several, the one whose middle is nearest to the cell's middle,
     /// and of equally near ones the newest. Null when there is none.
@@ -45,4 +50,5 @@ public:
 
 private:
     std::vector<std::unique_ptr<qxCMapDetailRecord>> m_records;
+    std::vector<std::unique_ptr<qxCMapDetailRecord>> m_retired;
 };

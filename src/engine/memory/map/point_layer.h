@@ -1,8 +1,13 @@
 #pragma once
 
+#include "engine/memory/map/grid_region.h"
+#include "engine/memory/map/kept_points.h"
+
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <span>
+#include <utility>
 #include <vector>
 
 /// One attribute of every point of a square grid in one array, rows along x. Owned by the map.
@@ -28,15 +33,90 @@ public:
         return at(std::clamp(x, 0, last), std::clamp(z, 0, last));
     }
 
+    /// Before a point changes: if the layer keeps what was, the tile around it is copied the first time.
+    void keep(int x, int z) {
+        if (!m_isKept.empty()) {
+            const std::size_t tile = tileOf(x, z);
+            if (m_isKept[tile] == 0) {
+                [[unlikely]] copyTile(tile);
+            }
+        }
+    }
+
+    /// From now on keep what was.
+    void startKeeping() {
+        m_isKept.assign(std::size_t{tilesAside()} * tilesAside(), 0);
+        m_kept.clear();
+    }
+
+    /// The tiles that differ from what they were at the last call, as they were then.
+    std::vector<PointTile<T>> takeKept() {
+        std::vector<PointTile<T>> taken = std::exchange(m_kept, {});
+        for (const PointTile<T>& tile : taken) {
+            m_isKept[tileOf(tile.x, tile.z)] = 0;
+        }
+        std::erase_if(taken, [this](const PointTile<T>& tile) { return isAsKept(tile); });
+        return taken;
+    }
+
+    /// Exchange the values with those of the tiles; that is no change to keep.
+    void exchange(std::vector<PointTile<T>>& tiles, CGridRegion& changes) {
+        for (PointTile<T>& tile : tiles) {
+            const int rows = rowsOf(tile);
+            for (int row = 0; row < rows; ++row) {
+                std::swap_ranges(tileRow(tile, row), tileRow(tile, row) + tile.width,
+                                 &at(tile.x, tile.z + row));
+            }
+            changes.add(tile.x, tile.z);
+            changes.add(tile.x + tile.width - 1, tile.z + rows - 1);
+        }
+    }
+
     /// All values, element z * side + x.
     std::span<T> values() { return m_values; }
     std::span<const T> values() const { return m_values; }
 
 private:
+    static constexpr unsigned TILE = 32; // points aside
+
+    unsigned tilesAside() const { return (m_nSide + TILE - 1) / TILE; }
+    std::size_t tileOf(int x, int z) const {
+        return std::size_t{static_cast<unsigned>(z) / TILE} * tilesAside() + static_cast<unsigned>(x) / TILE;
+    }
+    static int rowsOf(const PointTile<T>& tile) { return static_cast<int>(tile.values.size()) / tile.width; }
+    static auto tileRow(auto& tile, int row) {
+        return tile.values.begin() + static_cast<std::ptrdiff_t>(row) * tile.width;
+    }
+
+    void copyTile(std::size_t number) {
+        m_isKept[number] = 1;
+        const auto x = static_cast<int>(number % tilesAside() * TILE);
+        const auto z = static_cast<int>(number / tilesAside() * TILE);
+        const int width = std::min(static_cast<int>(TILE), static_cast<int>(m_nSide) - x);
+        const int rows = std::min(static_cast<int>(TILE), static_cast<int>(m_nSide) - z);
+        PointTile<T>& tile = m_kept.emplace_back(PointTile<T>{x, z, width, {}});
+        tile.values.reserve(static_cast<std::size_t>(width) * static_cast<std::size_t>(rows));
+        for (int row = 0; row < rows; ++row) {
+            const T* const first = &at(x, z + row);
+            tile.values.insert(tile.values.end(), first, first + width);
+        }
+    }
+
+    bool isAsKept(const PointTile<T>& tile) const {
+        for (int row = 0; row < rowsOf(tile); ++row) {
+            if (!std::equal(tileRow(tile, row), tileRow(tile, row) + tile.width, &at(tile.x, tile.z + row))) {
+                return false;
+            }
+        }
+        return true;
+    }
+
     std::size_t index(int x, int z) const {
         return std::size_t{static_cast<unsigned>(z)} * m_nSide + static_cast<unsigned>(x);
     }
 
     unsigned m_nSide;
     std::vector<T> m_values;
+    std::vector<std::uint8_t> m_isKept; // for each tile; empty while nothing is kept
+    std::vector<PointTile<T>> m_kept;
 };

@@ -56,7 +56,10 @@ void floodWater(const CPointLayer<std::uint16_t>& heights, CPointLayer<std::uint
     const auto isOpen = [&](int px, int pz) {
         return heights.contains(px, pz) && heights.at(px, pz) <= level && (water.at(px, pz) & VISITED) == 0;
     };
-    const auto visit = [&](int px, int pz) { water.at(px, pz) |= VISITED; };
+    const auto visit = [&](int px, int pz) {
+        water.keep(px, pz);
+        water.at(px, pz) |= VISITED;
+    };
     for (const Run& run : takeJoined(x, z, isOpen, visit)) {
         for (int px = run.x0; px <= run.x1; ++px) {
             if ((water.at(px, run.z) & WATER) == 0) {
@@ -70,6 +73,7 @@ void floodWater(const CPointLayer<std::uint16_t>& heights, CPointLayer<std::uint
 void drainWater(CPointLayer<std::uint8_t>& water, int x, int z, CGridRegion& changes) {
     const auto isOpen = [&](int px, int pz) { return water.contains(px, pz) && water.at(px, pz) != 0; };
     takeJoined(x, z, isOpen, [&](int px, int pz) {
+        water.keep(px, pz);
         water.at(px, pz) = 0;
         changes.add(px, pz);
     });

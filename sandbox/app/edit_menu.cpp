@@ -1,0 +1,138 @@
+#include "sandbox/app/edit_menu.h"
+
+#include "sandbox/keys/map_panel.h"
+#include "sandbox/view/map_view.h"
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QApplication>
+#include <QMenuBar>
+#include <QMouseEvent>
+#include <QSettings>
+#include <QShortcut>
+#include <QStatusBar>
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+constexpr const char* BUDGET = "journal/megabytes";
+constexpr std::size_t LEAST_BUDGET = 16; // megabytes
+constexpr int PANEL_UNDO = 2015;
+
+std::size_t budget() {
+    const QVariant kept = QSettings().value(BUDGET);
+    return kept.isValid() ? std::max<std::size_t>(kept.toULongLong(), LEAST_BUDGET) << 20U
+                          : CMapJournal::STANDARD_BUDGET;
+}
+
+/// What a press of this widget is called; nothing for one that does nothing to the map.
+QString nameOf(const QWidget& pressed) {
+    if (qobject_cast<const CMapView*>(&pressed) != nullptr) {
+        const MapTool* const tool = CMapPanel::chosenTool();
+        return tool != nullptr ? CEditMenu::tr(CMapPanel::textOf(*tool).name) : QString();
+    }
+    if (pressed.window() == CMapPanel::window() && pressed.objectName().toInt() == PANEL_UNDO) {
+        return CEditMenu::tr("Undo on the Panel");
+    }
+    const auto* const button = qobject_cast<const QAbstractButton*>(&pressed);
+    QString text = button != nullptr && !button->text().isEmpty() ? button->text() : pressed.accessibleName();
+    return text.remove('&');
+}
+
+} // namespace
+
+CEditMenu::CEditMenu(QMainWindow& window, CMapView& view) : QObject(&window), m_window(window), m_view(view) {
+    QMenu* const menu = window.menuBar()->addMenu(tr("&Edit"));
+    m_pUndo = menu->addAction(tr("&Undo"), QKeySequence("Ctrl+Z"), this, [this] { go(false); });
+    m_pUndo->setObjectName("undo");
+    m_pRedo = menu->addAction(tr("&Redo"), QKeySequence("Ctrl+Shift+Z"), this, [this] { go(true); });
+    m_pRedo->setObjectName("redo");
+    auto* const other = new QShortcut(QKeySequence("Ctrl+Y"), &window); // what other programs have
+    other->setContext(Qt::ApplicationShortcut);
+    connect(other, &QShortcut::activated, this, [this] { go(true); });
+    qApp->installEventFilter(this);
+    showSteps();
+}
+
+void CEditMenu::setMap(CMemoryMap* map) {
+    m_pJournal = map != nullptr ? std::make_unique<CMapJournal>(*map, budget()) : nullptr;
+    m_strName.clear();
+    showSteps();
+}
+
+bool CEditMenu::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::MouseButtonPress && watched->isWidgetType()) {
+        const auto& pressed = *static_cast<const QWidget*>(watched);
+        if (const QString name = nameOf(pressed); !name.isEmpty()) {
+            m_strName = name;
+        }
+    } else if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape &&
+               m_view.isStroking()) {
+        cancelStroke();
+        return true;
+    }
+    return false;
+}
+
+void CEditMenu::follow() {
+    if (m_pJournal == nullptr || QApplication::mouseButtons() != Qt::NoButton) {
+        return;
+    }
+    const auto details = CMapPanel::showsDetails() ? CMapJournal::Details::LOOK : CMapJournal::Details::SKIP;
+    if (m_pJournal->closeStep(m_strName.isEmpty() ? tr("Change") : m_strName, details)) {
+        showSteps();
+    }
+}
+
+void CEditMenu::markSaved() {
+    if (m_pJournal != nullptr) {
+        follow();
+        m_pJournal->markSaved();
+    }
+}
+
+void CEditMenu::markUnsaved() {
+    if (m_pJournal != nullptr) {
+        m_pJournal->markUnsaved();
+    }
+}
+
+void CEditMenu::go(bool forward) {
+    if (m_pJournal == nullptr || QApplication::mouseButtons() != Qt::NoButton) {
+        return; // in the middle of a stroke
+    }
+    m_pJournal->closeStep(m_strName.isEmpty() ? tr("Change") : m_strName);
+    const QString name = forward ? m_pJournal->redoName() : m_pJournal->undoName();
+    const CMapJournal::Reach reach = forward ? m_pJournal->redo() : m_pJournal->undo();
+    if (reach == CMapJournal::Reach::NOTHING) {
+        m_window.statusBar()->showMessage(forward ? tr("There is nothing to make again")
+                                                  : tr("There is nothing to take back"));
+        return;
+    }
+    m_window.statusBar()->showMessage((forward ? tr("Made again: %1") : tr("Taken back: %1")).arg(name));
+    showSteps();
+    emit mapChanged(reach);
+}
+
+void CEditMenu::cancelStroke() {
+    if (m_pJournal == nullptr) {
+        return;
+    }
+    m_view.stopStroke();
+    if (m_pJournal->closeStep(m_strName)) {
+        const CMapJournal::Reach reach = m_pJournal->undo();
+        m_pJournal->forgetUndone();
+        m_window.statusBar()->showMessage(tr("The stroke was taken back"));
+        emit mapChanged(reach);
+    }
+    showSteps();
+}
+
+void CEditMenu::showSteps() {
+    const bool undo = m_pJournal != nullptr && m_pJournal->canUndo();
+    const bool redo = m_pJournal != nullptr && m_pJournal->canRedo();
+    m_pUndo->setText(undo ? tr("&Undo %1").arg(m_pJournal->undoName()) : tr("&Undo"));
+    m_pRedo->setText(redo ? tr("&Redo %1").arg(m_pJournal->redoName()) : tr("&Redo"));
+}
