@@ -36,6 +36,11 @@ TEST(ImagePreview, PaintsTheComposedPicture) {
             ASSERT_EQ(picture.pixel(x, y), expected[at]) << x << ", " << y;
         }
     }
+    preview.setImage(nullptr, 1, 1);
+    QImage white(picture.size(), QImage::Format_RGB32);
+    white.fill(Qt::white);
+    dialog.button(0)->render(&white);
+    EXPECT_EQ(white.pixelColor(9, 9), QColor(Qt::black));
 }
 
 } // namespace

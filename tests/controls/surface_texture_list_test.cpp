@@ -93,23 +93,6 @@ TEST_F(TextureListTest, ATypedSizeIsNotReadAndEnterMovesOn) {
     EXPECT_EQ(m_pGrass->getSize(), qxTextureSize256);
 }
 
-TEST_F(TextureListTest, ADoubleClickChooses) {
-    const auto [result, selected] =
-        run(nullptr, {[](const QWidget* list) {
-                const auto& textures = ui::control<QListWidget>(*list, IDC_TEXTURES);
-                const QPoint position = positionOf(textures, "rock");
-                QTest::mouseClick(textures.viewport(), Qt::LeftButton, Qt::NoModifier, position);
-                QTest::mouseDClick(textures.viewport(), Qt::LeftButton, Qt::NoModifier, position);
-            }});
-    EXPECT_EQ(result, IDOK);
-    EXPECT_EQ(selected, m_pRock);
-}
-
-TEST_F(TextureListTest, WithoutASceneItEndsAtOnceWithCancel) {
-    CTextureListDlg list(nullptr, m_pGrass, nullptr);
-    EXPECT_EQ(list.DoModal(), IDCANCEL);
-}
-
 TEST_F(TextureListTest, WhenItsPanelIsClosedItEndsAndLeavesTheSceneAlone) {
     CTextureListDlg list(&m_scene, m_pGrass, nullptr);
     const CModalSteps user({[&](const QWidget* window) {

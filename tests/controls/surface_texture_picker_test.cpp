@@ -45,16 +45,6 @@ TEST_F(TexturePickerTest, OkTakesTheChosenTexture) {
     EXPECT_THAT(m_dialog.m_sent, ElementsAre(m_changed));
 }
 
-TEST_F(TexturePickerTest, CancelChangesNothing) {
-    pick([](QWidget* list) {
-        choose(list, "rock");
-        click(list, IDCANCEL);
-    });
-    EXPECT_EQ(m_picker.getChosenTexture(), m_pGrass);
-    EXPECT_EQ(caption(), "grass");
-    EXPECT_THAT(m_dialog.m_sent, IsEmpty());
-}
-
 TEST_F(TexturePickerTest, WhenItsPanelIsClosedTheOpenListEndsWithoutAChoice) {
     pick([&](QWidget* list) {
         choose(list, "rock");

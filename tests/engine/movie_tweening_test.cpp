@@ -54,25 +54,6 @@ std::string digest(CMemoryMovie& movie) {
     return text;
 }
 
-TEST(Tweening, RunsStraightInCurvesOrNotAtAll) {
-    CMemoryMovie movie(nullptr, 41);
-    setKey(movie, 0, 0.0F);
-    setKey(movie, 10, 10.0F, qxMovieFrameSwitch);
-    setKey(movie, 20, 30.0F, qxMovieFrameSpline);
-    setKey(movie, 30, 30.0F, qxMovieFrameSpline);
-    setKey(movie, 40, 50.0F);
-    movie.getFrame(35)->setAnimTrigger("own");
-    movie.updateTweening();
-    const auto x = [&movie](int index) { return movie.getFrame(index)->translation.x; };
-    EXPECT_NEAR(x(3), 3.0F, 1e-5F);
-    EXPECT_EQ(x(19), 10.0F) << "a switch stays until the next keyframe";
-    EXPECT_EQ(x(25), 30.0F) << "equal neighbours are not overshot";
-    EXPECT_LT(x(31), 30.0F + 1.0F) << "level at first";
-    EXPECT_GT(x(39), x(38) + 2.0F) << "and no brake at the end";
-    EXPECT_STREQ(movie.getFrame(35)->animTrigger, "own");
-    EXPECT_FALSE(movie.getFrame(35)->keyframe);
-}
-
 TEST(Tweening, AnglesGoTheShortWayRound) {
     CMemoryMovie movie(nullptr, 11);
     for (const auto& [from, to, middle] :

@@ -114,23 +114,6 @@ TEST_F(ExportsTest, CallsWithoutAnEditorChangeNothing) {
     }
 }
 
-TEST_F(ExportsTest, ThePanelStartsBeforeTheEditorCountsAsOpen) {
-    int looks = 0;
-    m_map.onReadTiling = [&] {
-        ++looks;
-        EXPECT_FALSE(vuIsEditorActive());
-        EXPECT_NE(g_pMapEditorDlg, nullptr);
-        EXPECT_EQ(g_strTextureDir, "textures");
-        EXPECT_EQ(g_pfnMessageCallback, nullptr);
-        EXPECT_EQ(g_pfnIntCallback, nullptr);
-    };
-    open();
-    EXPECT_EQ(looks, 1);
-    EXPECT_TRUE(vuIsEditorActive());
-    EXPECT_EQ(g_pfnMessageCallback, &onMessage);
-    EXPECT_EQ(g_pfnIntCallback, &onInts);
-}
-
 TEST_F(ExportsTest, ASecondOpeningLeavesTheFirstInPlace) {
     open();
     const ModuleState first;
@@ -156,15 +139,6 @@ TEST_F(ExportsTest, ClosingForgetsThePanelAndTheCallbacksOnly) {
     EXPECT_EQ(g_strTextureDir, "textures");
     vuStopEditing();
     EXPECT_TRUE(vuIsEditingInProgress()) << "no editor took the stop";
-}
-
-TEST_F(ExportsTest, UpdatesIgnoreThreeOfTheirArguments) {
-    open();
-    g_pMapEditorDlg->m_nTool = TOOL_RAISE;
-    vuStartEditing(4, 4, 0, 0);
-    vuUpdateEditing(4, 4, 999, -999, 12345, -6);
-    vuStopEditing();
-    EXPECT_EQ(m_map.memory().getPointHeight(4, 4), 6);
 }
 
 TEST_F(ExportsTest, SettingsAreForgottenWithAndWithoutAnEditor) {

@@ -28,24 +28,4 @@ TEST(MessageBox, AnswersWithTheButtonPressed) {
     }
 }
 
-TEST(ColorDialog, StartsWithTheColourAndKeepsItOnCancel) {
-    CColorDialog dialog(RGB(10, 20, 30), CC_FULLOPEN | CC_ANYCOLOR);
-    {
-        CModalSteps user({[](QWidget* window) {
-            auto& shown = dynamic_cast<QColorDialog&>(*window);
-            EXPECT_EQ(shown.currentColor(), QColor(10, 20, 30));
-            shown.setCurrentColor(Qt::red);
-            shown.reject();
-        }});
-        EXPECT_EQ(dialog.DoModal(), IDCANCEL);
-    }
-    EXPECT_EQ(dialog.GetColor(), RGB(10, 20, 30));
-    CModalSteps user({[](QWidget* window) {
-        dynamic_cast<QColorDialog&>(*window).setCurrentColor(QColor(1, 2, 3));
-        dynamic_cast<QColorDialog&>(*window).accept();
-    }});
-    EXPECT_EQ(dialog.DoModal(), IDOK);
-    EXPECT_EQ(dialog.GetColor(), RGB(1, 2, 3));
-}
-
 } // namespace

@@ -154,18 +154,6 @@ TEST_F(ControlNotifications, WhatThePersonDoesIs) {
     EXPECT_EQ(control<CListBox>(LIST).GetCurSel(), 1);
 }
 
-TEST_F(ControlNotifications, OneRadioButtonOfAGroupIsChecked) {
-    auto& c = m_dialog.at<QAbstractButton>(RADIO_C);
-    ui::click(m_dialog.at(OTHER));
-    ui::click(m_dialog.at(RADIO_A));
-    ui::click(c);
-    ui::click(c);
-    EXPECT_FALSE(m_dialog.at<QAbstractButton>(RADIO_A).isChecked());
-    EXPECT_TRUE(c.isChecked()) << "a second click takes nothing away";
-    EXPECT_TRUE(m_dialog.at<QAbstractButton>(OTHER).isChecked()) << "it is another group's";
-    EXPECT_THAT(m_dialog.takeHeard(), ElementsAre("16 clicked", "13 clicked", "15 clicked", "15 clicked"));
-}
-
 TEST_F(ControlNotifications, SlidersAnswerAClickAtAnyHeight) {
     auto& slider = control<CSliderCtrl>(SLIDE);
     QWidget& widget = m_dialog.at(SLIDE);

@@ -132,43 +132,6 @@ TEST_F(DataExchange, ABadValueLeftByAClickShowsOneBoxAndNoClick) {
     EXPECT_EQ(m_values.height, 50);
 }
 
-TEST_F(DataExchange, ABadValueLeftByAKeyOrForAnotherWindowBringsThePersonBack) {
-    m_dialog.takesOver = true;
-    QWidget other;
-    other.show();
-    const std::function<void()> leavings[] = {
-        [] { ui::press(Qt::Key_Tab); },
-        [&other] {
-            other.activateWindow();
-            ui::waitUntil([] { return QApplication::activeModalWidget() == nullptr; });
-        },
-    };
-    for (const auto& leave : leavings) {
-        QWidget& window = *ui::dialog(CRecordingDialog::TEMPLATE_ID);
-        window.activateWindow();
-        ASSERT_TRUE(ui::waitUntilActive(&window));
-        ui::type(m_dialog.at(HEIGHT), "5000");
-        std::vector<QString> texts;
-        CModalSteps user({dismiss(texts)});
-        leave();
-        EXPECT_TRUE(ui::waitUntil([&] { return user.areDone() && m_dialog.at(HEIGHT).hasFocus(); }));
-        EXPECT_EQ(texts.size(), 1U);
-        EXPECT_EQ(m_dialog.at<QLineEdit>(BLEND).selectedText(), "");
-    }
-    m_dialog.takesOver = false;
-}
-
-TEST_F(DataExchange, NotificationsAreLockedOutWhileItRuns) {
-    ui::type(m_dialog.at(HEIGHT), "bad");
-    m_dialog.takesOver = true;
-    std::vector<QString> texts;
-    CModalSteps user({dismiss(texts)});
-    // The edit loses the focus to the box that tells of its own text.
-    EXPECT_FALSE(m_dialog.UpdateData(TRUE));
-    EXPECT_EQ(texts.size(), 1U);
-    EXPECT_EQ(m_dialog.runs, 0);
-}
-
 TEST(NumberText, ReadsAsTheFrameworkDoesWhateverTheLocale) {
     const struct {
         const char* text;

@@ -77,32 +77,4 @@ TEST_F(DialogKeys, EscapeAndTheCloseBoxAskForCancel) {
     EXPECT_NE(ui::dialog(CRecordingDialog::TEMPLATE_ID), nullptr);
 }
 
-/// Turns Enter in an edit into Tab before the dialog sees it.
-class CEnterMovesOn : public CRecordingDialog {
-public:
-    BOOL PreTranslateMessage(MSG* pMsg) override {
-        char name[16];
-        ::GetClassName(pMsg->hwnd, &name[0], 16);
-        if (pMsg->message == WM_KEYDOWN && pMsg->wParam == VK_RETURN && CString(&name[0]) == "Edit") {
-            pMsg->wParam = VK_TAB;
-        }
-        return CRecordingDialog::PreTranslateMessage(pMsg);
-    }
-};
-
-TEST(DialogKeysRewritten, TheNewKeyIsTheOneProcessed) {
-    CEnterMovesOn dialog;
-    dialog.open({
-        dialogItem(FIRST, "Edit", WS_TABSTOP, {0, 0, 40, 12}),
-        dialogItem(SECOND, "Edit", WS_TABSTOP, {50, 0, 40, 12}),
-        dialogItem(PUSH, "Button", WS_TABSTOP | BS_DEFPUSHBUTTON, {100, 0, 40, 14}),
-    });
-    ui::press(Qt::Key_Return);
-    EXPECT_TRUE(dialog.at(SECOND).hasFocus());
-    EXPECT_THAT(dialog.takeHeard(), ElementsAre("11 left"));
-    ui::press(Qt::Key_Return);
-    ui::press(Qt::Key_Return);
-    EXPECT_THAT(dialog.takeHeard(), ElementsAre("18 left", "19 clicked"));
-}
-
 } // namespace

@@ -80,38 +80,6 @@ INSTANTIATE_TEST_SUITE_P(Embedded, DialogLayout,
                                          IDD_MAP_LAYER_STATISTICS, IDD_MOVIE_EDITOR, IDD_SOUNDTRACK),
                          testing::PrintToStringParamName());
 
-// The panel reads the tool and the brush as places in their groups.
-TEST(MapEditorTemplate, OrdersItsRadioGroupsByIndex) {
-    std::vector<std::vector<int>> groups;
-    bool begins = true;
-    for (const DialogItem& item : embeddedDialog(IDD_MAP_EDITOR).items) {
-        begins = begins || (item.style & WS_GROUP) != 0;
-        if (isButton(item, BS_AUTORADIOBUTTON)) {
-            if (std::exchange(begins, false)) {
-                groups.emplace_back();
-            }
-            groups.back().push_back(item.id);
-        }
-    }
-    EXPECT_THAT(groups, ElementsAre(ElementsAre(2006, 2009, 2010, 2011, 2014, 2017),
-                                    ElementsAre(1399, 1401, 1403, 1405, 1410, 1428, 1144, 1402, 1422, 1430,
-                                                2007, 2018, 1218, 1219, 1220)));
-}
-
-// An up-down control of automatic buddy style takes the control before it; the panels step the values.
-TEST(EditorTemplates, PutEachSpinBehindAnEdit) {
-    for (const int id : {IDD_MAP_EDITOR, IDD_MOVIE_EDITOR}) {
-        const auto dialog = embeddedDialog(id);
-        for (std::size_t i = 1; i < dialog.items.size(); ++i) {
-            const DialogItem& item = dialog.items[i];
-            if (item.windowClass == "msctls_updown32") {
-                EXPECT_EQ(dialog.items[i - 1].windowClass, "Edit") << describe(item);
-                EXPECT_EQ(item.style & (UDS_AUTOBUDDY | UDS_SETBUDDYINT), UDS_AUTOBUDDY) << describe(item);
-            }
-        }
-    }
-}
-
 TEST(EmbeddedIcons, AreDifferentPicturesWithAClearBackground) {
     std::set<std::string> pictures;
     for (int id = IDI_BRUSH_VERTEX; id <= IDI_ZOOM_FIT; ++id) {

@@ -76,13 +76,6 @@ TEST_F(MouseRouting, ThePlaceBetweenHearsNothing) {
     EXPECT_THAT(m_log, ElementsAre("11 down", "12 up")) << "a dialog's background does not";
 }
 
-TEST_F(MouseRouting, CaptureKeepsTheReleaseWithItsWindow) {
-    m_a.captures = true;
-    ui::drag(m_dialog.at(A), m_dialog.at(B));
-    EXPECT_THAT(m_log, ElementsAre("11 down", "11 up outside"));
-    EXPECT_EQ(::GetCapture(), nullptr);
-}
-
 TEST_F(MouseRouting, AWheelTurnedOnTheWayPastChangesNothing) {
     CRecordingDialog other;
     DialogTemplate layout = dialogLayout({

@@ -1,12 +1,8 @@
-#include "support/modal_steps.h"
 #include "support/recording_dialog.h"
 
 #include <gmock/gmock.h>
 
-#include <QApplication>
-#include <QLineEdit>
-#include <QMessageBox>
-#include <QTimer>
+#include <QPointer>
 
 #include <memory>
 
@@ -97,47 +93,6 @@ TEST_F(WindowLifetime, TheHostsWindowEndsItAndTheHostsViewDoesNot) {
     EXPECT_EQ(panel->GetParent(), nullptr);
     host.reset();
     EXPECT_THAT(m_log, ElementsAre("gone", "deleted"));
-}
-
-class CEndsAtOnce : public CDialog {
-protected:
-    BOOL OnInitDialog() override {
-        EndDialog(42);
-        return TRUE;
-    }
-};
-
-TEST_F(WindowLifetime, AModalDialogMayEndBeforeItIsShown) {
-    CEndsAtOnce dialog;
-    dialog.InitModalIndirect(layout());
-    EXPECT_EQ(dialog.DoModal(), 42);
-    CDialog unknown(31999);
-    EXPECT_EQ(unknown.DoModal(), -1);
-}
-
-TEST_F(WindowLifetime, AHostMayEndThePanelUnderWhatStandsOverIt) {
-    const std::function<INT_PTR(CWnd*)> overs[] = {
-        [](CWnd* panel) {
-            CDialog child;
-            child.InitModalIndirect(layout(), panel);
-            return child.DoModal();
-        },
-        [](CWnd*) { return INT_PTR{AfxMessageBox("Go on?", MB_YESNOCANCEL | MB_ICONQUESTION)}; },
-    };
-    for (const auto& over : overs) {
-        CSelfOwned* const panel = open();
-        INT_PTR answer = 0;
-        panel->onNote = [&](const std::string& heard) {
-            if (heard == "11 clicked") {
-                QTimer::singleShot(0, [panel] { delete panel; });
-                answer = over(panel);
-            }
-        };
-        ui::click(panel->at(PUSH));
-        EXPECT_EQ(answer, IDCANCEL);
-        EXPECT_TRUE(noDialog());
-    }
-    EXPECT_THAT(m_log, ElementsAre("deleted", "deleted"));
 }
 
 } // namespace

@@ -268,17 +268,6 @@ TEST_F(MainWindow, AHeightmapSaysWhatItCannotKeep) {
     EXPECT_TRUE(std::ranges::equal(savedIn(copy).water, map().getWaterFlags()));
 }
 
-TEST_F(MainWindow, OfAProjectTheHeightsAreSavedAsACopy) {
-    saveProjectAs(folder());
-    map().setPointHeight(4, 4, 444, true);
-    map().addWater(EDGE / 2, 3);
-    const QString copy = m_scratch.filePath("copy.png");
-    converse({chooseFile(copy)}, [&] { choose("save-heightmap-as"); });
-    EXPECT_EQ(heightIn(copy), 444);
-    EXPECT_EQ(document().path().toStdString(), folder().toStdString());
-    EXPECT_TRUE(document().hasHeightChanges()) << "the project itself is not saved";
-}
-
 TEST_F(MainWindow, FailuresAreToldAndLeaveTheMapAtHand) {
     saveProjectAs(folder());
     map().setPointHeight(1, 1, 1234, true);
@@ -301,13 +290,6 @@ TEST_F(MainWindow, FailuresAreToldAndLeaveTheMapAtHand) {
     EXPECT_EQ(&map(), before);
     EXPECT_EQ(m_pWindow->windowTitle().toStdString(), "hills.png[*] - Terrain sandbox");
     EXPECT_TRUE(vuIsEditorActive());
-}
-
-TEST_F(MainWindow, ASessionBeginsWithTheMapEditor) {
-    EXPECT_EQ(ui::dialog(IDD_MAP_EDITOR), nullptr);
-    m_pWindow->startWork();
-    EXPECT_NE(ui::dialog(IDD_MAP_EDITOR), nullptr);
-    EXPECT_TRUE(m_pWindow->findChild<QAction*>("map-editor")->isChecked());
 }
 
 /// Work whose program ends unasked after a minute: a copy is left.
@@ -424,19 +406,6 @@ TEST_F(MainWindow, RecentHoldsProjectsAndHeightmaps) {
     EXPECT_EQ(texts(), QString("hills.png - in %1 (off)\nmy map - in %1").arg(place).toStdString());
     recent->actions()[1]->trigger();
     EXPECT_EQ(document().kind(), CMapDocument::Kind::PROJECT);
-}
-
-TEST_F(MainWindow, TheSampleIsNotSavedOver) {
-    ASSERT_EQ(m_pWindow->openMap(QString(VESK_SAMPLES) + "/jacksboro"), "");
-    EXPECT_EQ(document().name().toStdString(), "jacksboro (sample)");
-    for (const qxMapLayerType layer : {qxMapLayerSmooth, qxMapLayerRough, qxMapLayerWater}) {
-        ASSERT_NE(map().getTexture(layer), nullptr);
-        EXPECT_TRUE(CEngineDirectories::resolve(map().getTexture(layer)->getFilename()).has_value());
-    }
-    map().setPointHeight(1, 1, 600, true);
-    converse({chooseFile(folder())}, [&] { choose("save"); });
-    EXPECT_EQ(document().path().toStdString(), folder().toStdString());
-    EXPECT_FALSE(document().isModified());
 }
 
 } // namespace

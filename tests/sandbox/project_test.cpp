@@ -105,6 +105,9 @@ TEST_F(ProjectFolder, UnknownKeysAreKeptAndNumbersWrittenAsPeopleWriteThem) {
         QJsonObject layers = json["layers"].toObject();
         layers["snow"] = "snow.png";
         json["layers"] = layers;
+        QJsonObject film = json["film"].toObject();
+        film["director"] = "Grace";
+        json["film"] = film;
     });
     Project project;
     ASSERT_EQ(open(project), "");
@@ -112,6 +115,7 @@ TEST_F(ProjectFolder, UnknownKeysAreKeptAndNumbersWrittenAsPeopleWriteThem) {
     ASSERT_EQ(save(project), "");
     const QByteArray saved = readFile(file());
     EXPECT_TRUE(saved.contains("\"author\": \"Ada\"") && saved.contains("\"snow\": \"snow.png\""));
+    EXPECT_TRUE(saved.contains("\"director\": \"Grace\""));
     EXPECT_TRUE(saved.contains("\"blend\": 0.3,")) << saved.toStdString();
     EXPECT_EQ(open(project), "") << "its sums hold";
 }

@@ -88,22 +88,4 @@ TEST_F(Heard, PlayStartsAgainAndStopRewinds) {
     EXPECT_EQ(hear(100), Samples(200, 0));
 }
 
-/// The interface below the sounds, where they do not reach.
-TEST_F(Heard, BufferRefusesWhatItCannotDo) {
-    listenAt(RATE);
-    wave::Bytes format = wave::format(2, RATE, 16) + wave::word16(0);
-    DSBUFFERDESC desc{sizeof desc, 0, 800, 0, reinterpret_cast<WAVEFORMATEX*>(format.data()), {}};
-    IDirectSoundBuffer* buffer = nullptr;
-    ASSERT_EQ(g_soundManager.device()->CreateSoundBuffer(&desc, &buffer, nullptr), S_OK);
-    void* part = nullptr;
-    DWORD size = 0;
-    EXPECT_EQ(buffer->Lock(0, 400, &part, &size, nullptr, nullptr, 0), DSERR_INVALIDPARAM);
-    EXPECT_EQ(buffer->Lock(0, 800, &part, &size, nullptr, nullptr, 0), S_OK);
-    EXPECT_EQ(buffer->Unlock(&desc, size, nullptr, 0), DSERR_INVALIDPARAM);
-    EXPECT_EQ(buffer->Unlock(part, size, nullptr, 0), S_OK);
-    EXPECT_EQ(buffer->SetVolume(-100), DSERR_CONTROLUNAVAIL);
-    EXPECT_EQ(buffer->SetCurrentPosition(800), DSERR_INVALIDPARAM);
-    EXPECT_EQ(buffer->Release(), 0U);
-}
-
 } // namespace

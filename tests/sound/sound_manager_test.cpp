@@ -62,19 +62,6 @@ TEST_F(SoundManager, OpeningAgainReleasesWhatWasLoaded) {
     }
 }
 
-TEST_F(SoundManager, SoundTellsWhatItWasMadeFrom) {
-    listenAt(RATE);
-    const CSound* sound = load("Tone.wav", tone(44100, 400));
-    EXPECT_STREQ(sound->name(), "Tone.wav");
-    EXPECT_EQ(sound->description().dwBufferBytes, 200U);
-    EXPECT_EQ(sound->description().dwFlags, 0x00060090U);
-    EXPECT_EQ(sound->description().lpwfxFormat, nullptr);
-    const CSound* plain = g_soundManager.loadSound(qxCName("tone.wav"), DSBCAPS_CTRLVOLUME);
-    EXPECT_EQ(plain->description().dwFlags, DSBCAPS_CTRLVOLUME);
-    EXPECT_EQ(g_soundManager.loadSound(qxCName("missing.wav"), 0), nullptr);
-    EXPECT_EQ(g_soundManager.loadedSounds().getCount(), 2);
-}
-
 TEST_F(SoundManager, WhatIsNotPlayedStaysSilentInTheList) {
     listenAt(RATE);
     const wave::Bytes data(600, 1);

@@ -42,21 +42,6 @@ TEST_F(HostileMap, MayCloseTheEditorInsideAStroke) {
     EXPECT_FALSE(vuIsEditingInProgress());
 }
 
-TEST_F(HostileMap, MayReplaceTheEditorInsideAStroke) {
-    open(m_hostile);
-    click(IDC_TOOL_RAISE);
-    m_hostile.onSetHeight = [&] {
-        vuDestroyEditor();
-        vuCreateEditor(nullptr, &m_map, "textures", nullptr, true, nullptr);
-    };
-    stroke(5, 5, -9);
-    ASSERT_TRUE(vuIsEditorActive());
-    ASSERT_NE(panel(), nullptr);
-    click(IDC_CLOSE);
-    EXPECT_FALSE(vuIsEditorActive());
-    EXPECT_EQ(panel(), nullptr) << "and no second one stands behind it";
-}
-
 TEST_F(HostileMap, OpensOnePanelHoweverOftenItAsksWhileItIsOpened) {
     m_hostile.onReadTiling = [&] {
         vuCreateEditor(nullptr, &m_map, "elsewhere", nullptr, true, nullptr);
@@ -175,21 +160,6 @@ TEST_F(HostileMap, WhatItDoesNotHaveIsShownAsNothing) {
     click(IDC_TERRAIN_TYPES);
     EXPECT_TRUE(person.areDone());
     vuDestroyEditor();
-}
-
-TEST_F(HostileMap, AHostMayCloseTheEditorUnderABadTextInADialog) {
-    open();
-    expand();
-    click(IDC_INSERT_DEFINITION);
-    CModalSteps person({[](QWidget* dialog) {
-        ui::type(ui::control(*dialog, IDC_NOISE), "not a number");
-        vuDestroyEditor(); // asks nothing: a message box would be a second window, which nobody expects
-        EXPECT_FALSE(dialog->isVisible());
-    }});
-    click(IDC_TERRAIN_TYPES);
-    EXPECT_TRUE(person.areDone());
-    EXPECT_FALSE(vuIsEditorActive());
-    stroke(3, 3);
 }
 
 TEST_F(HostileMap, TabPassesOverWhatAFoldedPanelHides) {

@@ -66,69 +66,6 @@ TEST_F(PanelTest, StaysOpenUnderEscapeAndEnter) {
     EXPECT_EQ(panel(), nullptr);
 }
 
-TEST_F(PanelTest, MayBeClosedByAnyoneInTheMiddleOfAStroke) {
-    const struct {
-        std::function<void()> close;
-        bool remembers;
-    } ways[] = {{[] { vuDestroyEditor(); }, false},
-                {[] { click(IDC_CLOSE); }, true},
-                {[] { panel()->close(); }, true}};
-    for (const auto& way : ways) {
-        open();
-        click(IDC_TOOL_MAGNET);
-        vuStartEditing(10, 10, 0, 0);
-        vuUpdateEditing(10, 10, 0, 0, 0, -20);
-        way.close();
-        vuUpdateEditing(11, 11, 0, 0, 0, -30);
-        vuStopEditing();
-        EXPECT_FALSE(vuIsEditorActive());
-        EXPECT_EQ(panel(), nullptr);
-        EXPECT_TRUE(vuIsEditingInProgress()) << "until a stroke of a later editor stops";
-        open();
-        EXPECT_EQ(isChecked(IDC_TOOL_MAGNET), way.remembers);
-        vuStopEditing();
-        EXPECT_FALSE(vuIsEditingInProgress());
-        vuDestroyEditor();
-        vuDestroySettings();
-    }
-}
-
-TEST_F(PanelTest, AHostMayCloseTheEditorAndFreeTheMapUnderAMessageBox) {
-    auto doomed = std::make_unique<CMemoryMap>(8, &m_scene);
-    open(*doomed);
-    type(IDC_HEIGHT, "9999");
-    const auto leaveField = [] { QTest::keyClick(control(IDC_HEIGHT), Qt::Key_Tab); };
-    const QString message = messageDuring(leaveField, [&] {
-        vuDestroyEditor();
-        EXPECT_EQ(panel(), nullptr);
-        vuDestroySettings();
-        doomed.reset();
-        open();
-    });
-    EXPECT_FALSE(message.isEmpty());
-    ASSERT_TRUE(vuIsEditorActive()) << "the new one";
-    ASSERT_NE(panel(), nullptr);
-    EXPECT_EQ(text(IDC_HEIGHT), "0");
-}
-
-TEST_F(PanelTest, TakesTheDialogsOverItDown) {
-    const std::function<void()> ways[] = {
-        [] { ui::doubleClick(*control(IDC_TINT_COLOUR)); }, // a colour dialog
-        [] {
-            type(IDC_HEIGHT, "9999");
-            ui::press(Qt::Key_Tab); // a message box
-        }};
-    for (const auto& openDialog : ways) {
-        open();
-        CModalSteps host({[](const QWidget* dialog) {
-            vuDestroyEditor();
-            EXPECT_FALSE(dialog->isVisible()) << "it would go on blocking the host";
-        }});
-        openDialog();
-        EXPECT_TRUE(host.areDone());
-    }
-}
-
 TEST_F(PanelTest, GoesDownWithTheHostsWindow) {
     open();
     vuDestroyEditor();
@@ -144,4 +81,30 @@ TEST_F(PanelTest, GoesDownWithTheHostsWindow) {
     vuDestroyEditor();
     open();
     EXPECT_TRUE(vuIsEditorActive());
+}
+
+// A host's timer may close the editor, and free the map, while a dialog of the panel's stands open.
+TEST_F(PanelTest, TakesTheDialogsOverItDown) {
+    const std::function<void()> openers[] = {[] { click(IDC_TERRAIN_TYPES); },
+                                             [] { click(IDC_SMOOTH_TEXTURE); },
+                                             [] { ui::doubleClick(*control(IDC_TINT_COLOUR)); },
+                                             [] {
+                                                 type(IDC_HEIGHT, "9999");
+                                                 ui::press(Qt::Key_Tab); // a message box
+                                             }};
+    for (const auto& openDialog : openers) {
+        auto doomed = std::make_unique<CMemoryMap>(16, &m_scene);
+        open(*doomed);
+        expand();
+        const CModalSteps host({[&](const QWidget* dialog) {
+            vuDestroyEditor();
+            vuDestroySettings();
+            doomed.reset();
+            EXPECT_FALSE(dialog->isVisible()) << "it would go on blocking the host";
+        }});
+        openDialog();
+        EXPECT_TRUE(host.areDone());
+        EXPECT_FALSE(vuIsEditorActive());
+        EXPECT_EQ(panel(), nullptr);
+    }
 }

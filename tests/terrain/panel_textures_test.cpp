@@ -172,30 +172,6 @@ TEST_F(PanelTextures, ColoursReachTheDefinitionTheMaterialAndTheTintTool) {
     EXPECT_EQ(shownInPreview(), QColor(200, 0, 0));
 }
 
-// What the map then holds at a point, put together as the ground is drawn: the mix of the base images by the
-// point's blend, times the point's colour.
-TEST_F(PanelTextures, TheGroundIsPaintedAsThePreviewShows) {
-    addDefinition({WHITE, WHITE, 0.0F, 0.0F});
-    m_map.setAmbient({200, 120, 40, 255});
-    open();
-    expand();
-    press(IDC_STRENGTH, Qt::Key_End);
-    dragColour(IDC_AMBIENT_COLOUR, IDC_TINT_1);
-    dragColour(IDC_AMBIENT_COLOUR, IDC_TINT_2);
-    type(IDC_BLEND, "0.3");
-    leave(IDC_BLEND);
-    click(IDC_TOOL_PAINT);
-    stroke(10, 10);
-    const double blend = static_cast<double>(m_map.getPointBlendQ(1, 10, 10)) / CMemoryMap::MAX_BLEND;
-    const qxCColour colour = m_map.getPointColour(0, 10, 10);
-    const double mixed = 200.0 + (100.0 - 200.0) * blend;
-    const QColor seen = shownInPreview();
-    EXPECT_NEAR(seen.red(), mixed * colour.r / 255.0, 1.5);
-    EXPECT_NEAR(seen.green(), mixed * colour.g / 255.0, 1.5);
-    EXPECT_NEAR(seen.blue(), mixed * colour.b / 255.0, 1.5);
-    EXPECT_LT(seen.blue(), seen.red() / 2) << "tinted at all";
-}
-
 TEST_F(PanelTextures, TilingIsTypedAndSteppedWithinItsRange) {
     open();
     expand();
@@ -267,24 +243,4 @@ TEST_F(PanelTextures, WithoutDefinitionsNothingIsWritten) {
         EXPECT_TRUE(isEnabled(id)) << id;
     }
     EXPECT_EQ(m_map.getMultiTexture(0)->tint1, WHITE);
-}
-
-// A host's timer may close the editor, and free the map, while one of the panel's dialogs stands open.
-TEST_F(PanelTextures, TheEditorMayBeClosedUnderAnOpenDialog) {
-    for (const int opener : {IDC_TERRAIN_TYPES, IDC_SMOOTH_TEXTURE}) {
-        auto map = std::make_unique<CMemoryMap>(16, &m_scene);
-        map->addMultiTexture();
-        open(*map);
-        expand();
-        const CModalSteps user({[&](QWidget* dialog) {
-            vuDestroyEditor();
-            vuDestroySettings();
-            map.reset();
-            EXPECT_FALSE(dialog->isVisible());
-        }});
-        click(opener);
-        EXPECT_TRUE(user.areDone());
-        EXPECT_FALSE(vuIsEditorActive());
-        EXPECT_EQ(panel(), nullptr);
-    }
 }

@@ -125,32 +125,6 @@ TEST_F(TerrainTypeDlgTest, NormalizeSumsTheFilterWithTheCellJustLeft) {
     EXPECT_EQ(type(0).weighting, 300.0F);
 }
 
-TEST_F(TerrainTypeDlgTest, WhatIsNoNumberIsRefusedAndTheValueShownAgain) {
-    const auto answerRefusal = [](QWidget* shown) {
-        auto* const box = qobject_cast<QMessageBox*>(shown);
-        ASSERT_NE(box, nullptr);
-        QTest::keyClick(box, Qt::Key_Return);
-    };
-    run(m_map, {[&](const QWidget* editor) {
-                    ui::type(ui::control(*editor, IDC_NOISE), "soft");
-                    ui::press(Qt::Key_Tab);
-                    EXPECT_EQ(text(editor, IDC_NOISE), "1100");
-                    EXPECT_TRUE(ui::waitUntil([&] { return ui::control(*editor, IDC_NOISE).hasFocus(); }));
-                    enter(editor, IDC_NOISE, "3");
-                    click(editor, IDCANCEL);
-                },
-                answerRefusal});
-    EXPECT_EQ(type(1).noise, 3.0F);
-}
-
-TEST_F(TerrainTypeDlgTest, AHalfTypedValueIsDroppedWithEscape) {
-    run(m_map, {[](const QWidget* editor) {
-            ui::type(ui::control(*editor, IDC_WEIGHTING), "1,2,");
-            ui::press(Qt::Key_Escape);
-        }});
-    EXPECT_EQ(type(1).weighting, 1300.0F);
-}
-
 // The fields show six digits; a record has more.
 TEST_F(TerrainTypeDlgTest, PassingThroughAFieldChangesNothing) {
     const float third = 1.0F / 3.0F;

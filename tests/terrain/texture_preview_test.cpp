@@ -147,30 +147,4 @@ TEST_F(TexturePreview, OnlyInvalidatedItemsAreMadeAnew) {
     }
 }
 
-TEST_F(TexturePreview, ADetailTakesTheComposite) {
-    writeImage("base.tga", 16, 16, 1);
-    writeImage("tree.tga", 4, 8, 3);
-    setBase(qxMapLayerSmooth, "base.tga");
-    setBase(qxMapLayerRough, "base.tga");
-    m_pPreview->showDefinition(m_definition, m_map);
-    EXPECT_EQ(m_pPreview->showDetail(nullptr), nullptr);
-    qxCTexture tree;
-    tree.setFilename("tree.tga");
-    const qxCImageFile* detail = m_pPreview->showDetail(&tree);
-    ASSERT_NE(detail, nullptr);
-    EXPECT_EQ(std::pair(detail->width, detail->height), std::pair(4, 8));
-    const qxCImageFile* back = m_pPreview->showDefinition(m_definition, m_map);
-    ASSERT_NE(back, nullptr);
-    EXPECT_EQ(std::pair(back->width, back->height), std::pair(16, 16));
-}
-
-TEST_F(TexturePreview, HarmlessWithValuesThatAreNoNumbers) {
-    writeImage("base.tga", 8, 8, 1);
-    setBase(qxMapLayerSmooth, "base.tga");
-    setBase(qxMapLayerRough, "base.tga");
-    m_definition.blend = std::numeric_limits<float>::quiet_NaN();
-    m_definition.variation = std::numeric_limits<float>::infinity();
-    EXPECT_NE(m_pPreview->showDefinition(m_definition, m_map), nullptr);
-}
-
 } // namespace
