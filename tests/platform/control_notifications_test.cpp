@@ -70,29 +70,6 @@ protected:
     CRecordingDialog m_dialog;
 };
 
-TEST_F(ControlNotifications, WhatTheProgramDoesIsNotReported) {
-    auto& combo = control<CComboBox>(COMBO);
-    EXPECT_EQ(combo.SetItemData(combo.AddString("Rock"), 7), 0);
-    EXPECT_EQ(combo.AddString("Grass"), 0);
-    EXPECT_EQ(combo.GetCurSel(), CB_ERR) << "adding selects nothing";
-    combo.SetCurSel(0);
-    EXPECT_EQ(combo.GetItemData(1), 7U);
-    control<CSliderCtrl>(SLIDE).SetRange(1, 10);
-    control<CSliderCtrl>(SLIDE).SetPos(0);
-    EXPECT_EQ(control<CSliderCtrl>(SLIDE).GetPos(), 1) << "held to the range";
-    auto& list = control<CListBox>(LIST);
-    list.SetItemData(list.AddString("rock"), 5);
-    list.SetCurSel(0);
-    EXPECT_EQ(list.GetItemData(0), 5U);
-    EXPECT_EQ(list.GetItemData(1), static_cast<DWORD_PTR>(LB_ERR));
-    control<CTabCtrl>(TABS).InsertItem(0, "Terrain");
-    control<CTabCtrl>(TABS).SetCurSel(0);
-    control<CScrollBar>(BAR).SetScrollRange(0, 99, FALSE);
-    control<CScrollBar>(BAR).SetScrollPos(120);
-    EXPECT_EQ(control<CScrollBar>(BAR).GetScrollPos(), 99);
-    EXPECT_THAT(m_dialog.takeHeard(), IsEmpty());
-}
-
 TEST_F(ControlNotifications, WhatThePersonDoesIs) {
     for (const char* text : {"Rock", "Grass"}) {
         control<CComboBox>(COMBO).AddString(text);

@@ -35,28 +35,16 @@ TEST_F(PanelTest, AToolButtonPicksItsToolAndDecidesWhetherTheBrushSizeMatters) {
     }
 }
 
-TEST_F(PanelTest, AHeightOutOfRangeOrNoNumberIsRefusedAndTheLastGoodOneStays) {
+TEST_F(PanelTest, AHeightOutOfRangeIsRefusedAndTheLastGoodOneStays) {
     open();
     type(IDC_HEIGHT, "77");
     click(IDC_HIDE_CURSOR);
-    const struct {
-        const char* typed;
-        const char* message;
-    } refusals[] = {{"1024", "Enter an integer between 0 and 1023."},
-                    {"-1", "Enter an integer between 0 and 1023."},
-                    {"high", "Enter an integer."},
-                    {"", "Enter an integer."}};
-    for (const auto& refusal : refusals) {
-        SCOPED_TRACE(refusal.typed);
-        type(IDC_HEIGHT, refusal.typed);
-        if (*refusal.typed == '\0') {
-            QTest::keyClick(control(IDC_HEIGHT), Qt::Key_Delete);
-        }
-        EXPECT_EQ(messageDuring([] { QTest::keyClick(control(IDC_HEIGHT), Qt::Key_Tab); }), refusal.message);
-        EXPECT_EQ(model().m_nHeight, 77);
-        EXPECT_EQ(text(IDC_HEIGHT), "77");
-        EXPECT_TRUE(control(IDC_HEIGHT)->hasFocus());
-    }
+    type(IDC_HEIGHT, "1024");
+    EXPECT_EQ(messageDuring([] { QTest::keyClick(control(IDC_HEIGHT), Qt::Key_Tab); }),
+              "Enter an integer between 0 and 1023.");
+    EXPECT_EQ(model().m_nHeight, 77);
+    EXPECT_EQ(text(IDC_HEIGHT), "77");
+    EXPECT_TRUE(control(IDC_HEIGHT)->hasFocus());
     type(IDC_HEIGHT, "1023");
     EXPECT_EQ(model().m_nHeight, 77) << "not before the field is left";
     QTest::keyClick(control(IDC_HEIGHT), Qt::Key_Return);

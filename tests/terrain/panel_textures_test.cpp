@@ -215,32 +215,3 @@ TEST_F(PanelTextures, TexturesArePickedForTheGroundAndForDetails) {
     EXPECT_EQ(shownInPreview(), QColor(0, 0, 0));
     EXPECT_TRUE(isEnabled(IDC_NEXT_TEXTURE));
 }
-
-TEST_F(PanelTextures, WithoutDefinitionsNothingIsWritten) {
-    const std::vector<int> needsOne = {IDC_TINT_1,    IDC_TINT_2,        IDC_BLEND,
-                                       IDC_VARIATION, IDC_GLOBAL_SMOOTH, IDC_TERRAIN_TYPES};
-    open();
-    for (const int id : needsOne) {
-        EXPECT_FALSE(isEnabled(id)) << id;
-    }
-    expand();
-    for (const int id : needsOne) {
-        EXPECT_TRUE(isEnabled(id)) << id << ": expanding enables the whole right column";
-    }
-    type(IDC_BLEND, "0.5");
-    leave(IDC_BLEND);
-    spin(IDC_BLEND_SPIN, true);
-    spin(IDC_VARIATION_SPIN, true);
-    dragColour(IDC_AMBIENT_COLOUR, IDC_TINT_1);
-    click(IDC_DUPLICATE_DEFINITION);
-    click(IDC_DELETE_DEFINITION);
-    EXPECT_EQ(m_map.getNumMultiTextures(), 0);
-    for (const int id : needsOne) {
-        EXPECT_FALSE(isEnabled(id)) << id << ": until the next refresh";
-    }
-    click(IDC_INSERT_DEFINITION);
-    for (const int id : needsOne) {
-        EXPECT_TRUE(isEnabled(id)) << id;
-    }
-    EXPECT_EQ(m_map.getMultiTexture(0)->tint1, WHITE);
-}

@@ -1,7 +1,6 @@
 #include "terrain/panel/terrain_type_dlg.h"
 
 #include "engine/memory/memory_map.h"
-#include "host/forwarding_map.h"
 #include "resources/resource_ids.h"
 #include "support/modal_steps.h"
 #include "support/ui_driver.h"
@@ -11,7 +10,6 @@
 #include <QAbstractButton>
 #include <QComboBox>
 #include <QLineEdit>
-#include <QMessageBox>
 #include <QTest>
 
 #include <algorithm>
@@ -22,13 +20,6 @@
 namespace {
 
 using testing::Each;
-
-/// A map without terrain types.
-class CBareMap final : public CForwardingMap {
-public:
-    int getNumTerrainDefs() const override { return 0; }
-    _qxMapTerrainDef* getTerrainDef(int) override { return nullptr; }
-};
 
 /// The editor of a map with the types "Rock" (0), "Grass" (1) and three more that sort behind them, each
 /// with values of its own.
@@ -138,18 +129,6 @@ TEST_F(TerrainTypeDlgTest, PassingThroughAFieldChangesNothing) {
     EXPECT_EQ(type(1).noise, third);
     EXPECT_EQ(type(1).filter[0], 0.5F);
     EXPECT_THAT(std::span(type(1).filter).subspan(1), Each(third));
-}
-
-TEST_F(TerrainTypeDlgTest, WithoutTypesThereIsNothingToWrite) {
-    CBareMap bare;
-    run(bare, {[](const QWidget* editor) {
-            EXPECT_EQ(ui::control<QComboBox>(*editor, IDC_TERRAIN_TYPE).count(), 0);
-            enter(editor, IDC_NOISE, "5");
-            enter(editor, IDC_FILTER_FIRST, "5");
-            click(editor, IDC_PRESERVE_FLAT_AREAS);
-            click(editor, IDC_NORMALIZE);
-            click(editor, IDOK);
-        }});
 }
 
 TEST_F(TerrainTypeDlgTest, WhenItsPanelIsClosedItEndsAndLeavesTheMapAlone) {
