@@ -45,6 +45,13 @@ TEST_F(MapContent, TheCurrentDefinitionAlwaysExists) {
     }
 }
 
+TEST_F(MapContent, EditCursorsOfSixteenKindsAreKept) {
+    for (const int kind : {0, 15, 16, -1}) {
+        m_map.addEditCursor(2, 3, kind);
+    }
+    EXPECT_EQ(m_map.getEditCursors().size(), 2U);
+}
+
 TEST_F(MapContent, ADetailIsFoundInTheCellsItsFootprintCovers) {
     qxCMapDetailRecord* quad = addQuad(3, 4);
     qxCMapDetailRecord* point =

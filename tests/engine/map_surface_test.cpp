@@ -59,6 +59,18 @@ TEST(Painting, FullWeightPutsThePatternOnTheGround) {
     expectPainted(map, definition, 40, 50, 40, 50);
 }
 
+TEST(Painting, SmallWeightsArriveAtEitherEnd) {
+    CMemoryMap map(16, nullptr);
+    qxCMapMultiTexture& definition = *map.addMultiTexture();
+    for (const float blend : {1.0F, 0.0F}) {
+        definition.blend = blend;
+        for (int i = 0; i < 400; ++i) {
+            map.paintMultiTexture(5, 5, 0.05F);
+        }
+        EXPECT_EQ(map.getPointBlendQ(1, 5, 5), blend == 0.0F ? 0 : 65535);
+    }
+}
+
 // A map of 7 x 7 points written as one text per row: digits are heights, and in the water texts '~' is water.
 using Art = std::vector<std::string>;
 

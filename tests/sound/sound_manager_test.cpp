@@ -94,4 +94,15 @@ TEST_F(SoundManager, WhatIsNotPlayedStaysSilentInTheList) {
     EXPECT_TRUE(load("b.wav", wave::file(wave::extensibleFormat(2, RATE, 16), data))->hasBuffer());
 }
 
+TEST(GrowArray, ClosesGapsAndIgnoresWhatIsOutside) {
+    CGrowArray<int> array;
+    for (const int value : {1, 2, 3}) {
+        array.append(value);
+    }
+    for (const int index : {3, -1, 1}) {
+        array.removeAt(index);
+    }
+    EXPECT_EQ(std::vector<int>(array.begin(), array.end()), (std::vector<int>{1, 3}));
+}
+
 } // namespace
