@@ -45,9 +45,6 @@ QWidget* CSurfaceDialog::button(int place) {
 
 LRESULT CSurfaceDialog::note(UINT message, WPARAM wParam, LPARAM lParam) {
     m_sent.push_back({message, wParam, lParam});
-    if (m_onMessage) {
-        m_onMessage();
-    }
     return 1;
 }
 

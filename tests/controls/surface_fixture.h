@@ -35,8 +35,6 @@ public:
     QWidget* button(int place);
 
     std::vector<SentMessage> m_sent;
-    /// Run for each message, once it is written down.
-    std::function<void()> m_onMessage;
 
 protected:
     void DoDataExchange(CDataExchange* pDX) override;

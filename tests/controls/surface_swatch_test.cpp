@@ -115,19 +115,6 @@ TEST_F(SwatchTest, ASwatchThatIsGoneIsNoSource) {
     EXPECT_THAT(m_first.m_sent, IsEmpty());
 }
 
-// The colour is in place when the parent hears of it, and another drag may begin from there.
-TEST_F(SwatchTest, TheParentMayLookAndDragFromItsHandler) {
-    qxCColour seen;
-    m_first.m_onMessage = [&] {
-        seen = m_pSwatches[1]->getColour();
-        press(widget(1));
-    };
-    drop(widget(0), widget(1));
-    EXPECT_EQ(seen, RED);
-    release(widget(2), widget(2));
-    EXPECT_EQ(m_pSwatches[2]->getColour(), RED);
-}
-
 TEST_F(SwatchTest, ADoubleClickAsksForAColour) {
     const auto answer = [&](bool isAccepted) {
         CModalSteps steps({[&](QWidget* shown) {

@@ -66,15 +66,4 @@ TEST_F(DialogKeys, EnterInAnEditPressesTheDefaultButtonUnlessItIsDisabled) {
     EXPECT_THAT(m_dialog.takeHeard(), IsEmpty());
 }
 
-TEST_F(DialogKeys, EscapeAndTheCloseBoxAskForCancel) {
-    open();
-    ui::press(Qt::Key_Escape);
-    EXPECT_THAT(m_dialog.takeHeard(), ElementsAre("Cancel"));
-    ui::dialog(CRecordingDialog::TEMPLATE_ID)->close();
-    EXPECT_THAT(m_dialog.takeHeard(), IsEmpty()) << "the close box posts";
-    ui::settle();
-    EXPECT_THAT(m_dialog.takeHeard(), ElementsAre("Cancel"));
-    EXPECT_NE(ui::dialog(CRecordingDialog::TEMPLATE_ID), nullptr);
-}
-
 } // namespace

@@ -42,19 +42,6 @@ TEST_F(HostileMap, MayCloseTheEditorInsideAStroke) {
     EXPECT_FALSE(vuIsEditingInProgress());
 }
 
-TEST_F(HostileMap, OpensOnePanelHoweverOftenItAsksWhileItIsOpened) {
-    m_hostile.onReadTiling = [&] {
-        vuCreateEditor(nullptr, &m_map, "elsewhere", nullptr, true, nullptr);
-        vuDestroyEditor();
-    };
-    open(m_hostile);
-    m_hostile.onReadTiling = [] {};
-    ASSERT_TRUE(vuIsEditorActive());
-    click(IDC_CLOSE);
-    EXPECT_EQ(panel(), nullptr);
-    EXPECT_FALSE(vuIsEditorActive());
-}
-
 // Every call that a click makes is one inside of which the host may lose its patience.
 TEST_F(HostileMap, MayCloseTheEditorInsideAnyCallOfAnyClick) {
     struct Act {

@@ -90,23 +90,6 @@ TEST_F(TexturePreview, EveryPixelIsWhatTheFormulasGive) {
     }
 }
 
-TEST_F(TexturePreview, NothingIsShownWithoutTwoImagesOfOneSize) {
-    writeImage("a.tga", 8, 8, 1);
-    writeImage("b.tga", 8, 4, 2);
-    const struct {
-        const char* smooth;
-        const char* rough;
-        bool shown;
-    } cases[] = {{nullptr, nullptr, false},       {"a.tga", nullptr, false},       {"a.tga", "b.tga", false},
-                 {"a.tga", "missing.tga", false}, {"missing.tga", "a.tga", false}, {"a.tga", "a.tga", true}};
-    for (const auto& c : cases) {
-        setBase(qxMapLayerSmooth, c.smooth);
-        setBase(qxMapLayerRough, c.rough);
-        m_pPreview->invalidateAll();
-        EXPECT_EQ(m_pPreview->showDefinition(m_definition, m_map) != nullptr, c.shown);
-    }
-}
-
 // Each flag governs its own item: the picture changes exactly with the items that were invalidated, whatever
 // else was given anew.
 TEST_F(TexturePreview, OnlyInvalidatedItemsAreMadeAnew) {
