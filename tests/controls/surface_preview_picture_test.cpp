@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <random>
 #include <vector>
 
@@ -26,7 +27,7 @@ std::uint32_t pixelByRule(const qxCImageFile& image, int width, int height, int 
                           int y) {
     const auto sx = std::int64_t{tilesX} * x * image.width / width % image.width;
     const auto sy = std::int64_t{y} * image.height * tilesY / height % image.height;
-    const qxCColour c = image.getPixel(static_cast<int>(sx), static_cast<int>(sy));
+    const qxCColour c = image.getPixel(static_cast<int>(std::abs(sx)), static_cast<int>(std::abs(sy)));
     const int k = (x / 16 + y / 16) % 2 == 1 ? 255 : 0;
     const auto blend = [&](int channel) {
         return static_cast<std::uint32_t>((channel * c.a + (255 - c.a) * k) / 255);
@@ -57,6 +58,7 @@ TEST(PreviewPicture, EveryPixelFollowsTheRule) {
         {13, 7, 146, 90, 3, 5},
         {1, 1, 17, 33, 1, 1},
         {50, 40, 31, 47, 0, 0},
+        {13, 7, 40, 30, -3, -1},
         {4096, 2, 146, 146, 2147483647, 1},
         {3, 4096, 50, 146, 1, 2147483647},
     };

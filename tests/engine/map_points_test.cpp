@@ -74,6 +74,9 @@ TEST_F(MapPoints, GradientLooksAtBothSidesOfAPoint) {
     EXPECT_FLOAT_EQ(m_map.getGradient(4, 4), 0.0F);
     EXPECT_NEAR(m_map.getGradient(3, 4), std::atan(0.5F) * 180.0F / std::acos(-1.0F), 1e-3F);
     EXPECT_FLOAT_EQ(m_map.getGradient(3, 3), 0.0F);
+    m_map.setPointHeight(6, 4, 2, true);
+    m_map.setPointHeight(4, 6, 2, true);
+    EXPECT_FLOAT_EQ(m_map.getGradient(5, 4) + m_map.getGradient(4, 5), 0.0F) << "level across";
     m_map.setPointHeight(0, 0, 2, true);
     EXPECT_NEAR(m_map.getGradient(1, 0), std::atan(0.5F) * 180.0F / std::acos(-1.0F), 1e-3F);
     EXPECT_NEAR(m_map.getGradient(0, 0), std::atan(std::sqrt(2.0F)) * 180.0F / std::acos(-1.0F), 1e-3F);
