@@ -73,6 +73,7 @@ TEST_F(MapPoints, GradientLooksAtBothSidesOfAPoint) {
     m_map.setPointHeight(4, 4, 2, true);
     EXPECT_FLOAT_EQ(m_map.getGradient(4, 4), 0.0F);
     EXPECT_NEAR(m_map.getGradient(3, 4), std::atan(0.5F) * 180.0F / std::acos(-1.0F), 1e-3F);
+    EXPECT_FLOAT_EQ(m_map.getGradient(4, 3), m_map.getGradient(3, 4));
     EXPECT_FLOAT_EQ(m_map.getGradient(3, 3), 0.0F);
     m_map.setPointHeight(6, 4, 2, true);
     m_map.setPointHeight(4, 6, 2, true);
