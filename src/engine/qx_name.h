@@ -18,6 +18,8 @@ public:
     const char* getString() const;
     /// Replace the text; null counts as empty.
     void setString(const char* text);
+    /// Whether the texts are the same, letter case included.
+    bool operator==(const qxCName& other) const { return m_strText == other.m_strText; }
 
 private:
     std::string m_strText;

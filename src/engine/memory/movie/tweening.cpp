@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstring>
 
 namespace {
 
@@ -86,7 +85,6 @@ float fadeAt(qxMovieFadeMode mode, float u) {
 
 void writeSpan(const MovieFrames& frames, const CTweenSpan& span, int first, int last) {
     const qxCMovieFrame& from = span.from();
-    const char* const target = from.targetName.getString();
     for (int index = first; index <= last; ++index) {
         qxCMovieFrame& frame = *frames[static_cast<std::size_t>(index)];
         const TweenSample sample = span.sample(index);
@@ -103,7 +101,7 @@ void writeSpan(const MovieFrames& frames, const CTweenSpan& span, int first, int
         frame.cameraMode = from.cameraMode;
         frame.fadeMode = from.fadeMode;
         frame.fadeColour = from.fadeColour;
-        if (std::strcmp(frame.targetName.getString(), target) != 0) { // an assignment costs more
+        if (!(frame.targetName == from.targetName)) { // an assignment costs more
             frame.targetName = from.targetName;
         }
     }
@@ -156,13 +154,15 @@ CTweenSpan::CTweenSpan(const TweenKey& before, const TweenKey& from, const Tween
     }
 }
 
-TweenSample CTweenSpan::sample(double position) const {
+/// Not inlined: the compiler then keeps the values in memory and computes four at a time.
+[[gnu::noinline]] TweenSample CTweenSpan::sample(double position) const {
     const float even = static_cast<float>((position - m_nFrom) * m_dPerFrame);
     const float u = m_bEased ? eased(m_fEaseOut, m_fEaseIn, even) : even;
     TweenSample sample;
     for (std::size_t i = 0; i < m_start.size(); ++i) {
         const float value = ((m_cubic[i] * u + m_square[i]) * u + m_slope[i]) * u + m_start[i];
-        sample.values[i] = std::min(std::max(value, m_low[i]), m_high[i]); // rounding may lead a hair beyond
+        const float above = value < m_low[i] ? m_low[i] : value; // rounding may lead a hair beyond
+        sample.values[i] = above > m_high[i] ? m_high[i] : above;
     }
     sample.fadeLevel = fadeAt(m_pFrom->fadeMode, even);
     return sample;
