@@ -101,8 +101,10 @@ void extendToSoundtrack(qxCMovie& movie) {
         }
         frames = movie.getNumFrames();
     }
-    if (qxCMovieFrame* const last = movie.getFrame(movie.getNumFrames() - 1)) {
+    qxCMovieFrame* const last = movie.getFrame(movie.getNumFrames() - 1);
+    if (last != nullptr && !last->keyframe) {
         last->setKeyframe(true);
+        last->hasChanged(); // not recorded here, and not to be taken for the next edit's doing
     }
     movie.updateTweening();
 }

@@ -324,14 +324,60 @@ void CReferenceMovieEditor::cameraAltered(int camera, bool finished) {
     m_bOutdated = true;
 }
 
-void CReferenceMovieEditor::play(int frames) {
-    const int last = m_pMovie->getNumFrames() - 1;
-    const int start = m_pMovie->getRangeStart() == last ? 0 : m_pMovie->getRangeStart();
-    m_pMovie->setRangeSingleFrame(std::min(start + frames, last));
-    show(m_pMovie->getRangeStart());
+void CReferenceMovieEditor::play(int frames, bool loops) {
+    const int count = m_pMovie->getNumFrames();
+    int reached = (m_pMovie->getRangeStart() == count - 1 ? 0 : m_pMovie->getRangeStart()) + frames;
+    if (reached >= count) {
+        show(count - 1);
+        reached = loops ? reached % count : count - 1;
+    }
+    m_pMovie->setRangeSingleFrame(reached);
+    show(reached);
+}
+
+bool CReferenceMovieEditor::setUpSounds(bool removes, int added, bool extends) {
+    constexpr float SECONDS[] = {0.0F, 1.5F, 0.25F};
+    std::vector<std::string> names;
+    for (int i = 0; !removes && i < m_pMovie->getSoundtrackSize(); ++i) {
+        names.emplace_back(m_pMovie->getSound(i)->name);
+    }
+    if (added != 0) {
+        names.insert(names.begin(), added == 1 ? "long.wav" : "short.wav");
+    }
+    m_pMovie->clearSoundtrack();
+    int begin = 0; // in frames of 1/25 s, each after the end of the one before
+    float end = 0.0F;
+    for (const std::string& name : names) {
+        m_pMovie->addSound(name.c_str());
+        const float length = SECONDS[name == "long.wav" ? 1 : 2];
+        qxCMovieSound& sound = *m_pMovie->getSound(m_pMovie->getSoundtrackSize() - 1);
+        sound.start = static_cast<float>(begin) / 25.0F;
+        sound.length = length;
+        end = sound.start + length;
+        begin += static_cast<int>(length * 25.0F) + 1;
+    }
+    const int needed = static_cast<int>(std::ceil(static_cast<double>(end) * 25.0 - 1e-3));
+    const bool asks = needed > m_pMovie->getNumFrames();
+    if (asks && extends) {
+        while (m_pMovie->getNumFrames() < needed) {
+            m_pMovie->insertFrame(m_pMovie->getNumFrames(), nullptr);
+        }
+        m_pMovie->getFrame(needed - 1)->setKeyframe(true);
+        m_pMovie->updateTweening();
+    }
+    m_bOutdated = false;
+    return asks;
 }
 
 std::string CReferenceMovieEditor::compare(CMemoryMovie& other, int historyCount) {
+    for (int i = 0; i < std::max(other.getSoundtrackSize(), m_pMovie->getSoundtrackSize()); ++i) {
+        const qxCMovieSound* const one = m_pMovie->getSound(i);
+        const qxCMovieSound* const theirs = other.getSound(i);
+        if (one == nullptr || theirs == nullptr || std::string(one->name) != theirs->name ||
+            one->start != theirs->start || one->length != theirs->length) {
+            return "sound " + std::to_string(i);
+        }
+    }
     if (historyCount != static_cast<int>(m_history.size())) {
         return "the history holds " + std::to_string(historyCount) + ", not " +
                std::to_string(m_history.size());

@@ -36,7 +36,10 @@ public:
     void choose(int list, int item);
     void cameraAltered(int camera, bool finished);
     /// Play so many and a half frames, then stop.
-    void play(int frames);
+    void play(int frames, bool loops);
+    /// Take all sounds out, add the long one (1) or the short one (2) in front, extend the film if asked.
+    /// Whether the person is asked.
+    bool setUpSounds(bool removes, int added, bool extends);
     /// What differs in the other movie and its history, or nothing.
     std::string compare(CMemoryMovie& other, int historyCount);
     Shown shown();

@@ -3,13 +3,20 @@
 #include "movie/movie_panel_fixture.h"
 #include "movie/movie_reference.h"
 
+#include "engine/memory/engine_directories.h"
 #include "host/veskutil.h"
 #include "module/module_state.h"
 #include "movie/movie_undo_store.h"
 #include "movie/panel/movie_editor_dlg.h"
 #include "resources/resource_ids.h"
+#include "sound/wave_bytes.h"
+#include "support/modal_steps.h"
+#include "support/temp_directory.h"
 #include "support/ui_driver.h"
 
+#include <QListWidget>
+#include <QMessageBox>
+#include <QPushButton>
 #include <QTest>
 
 #include <array>
@@ -38,6 +45,16 @@ std::int64_t setting(const char* name, std::int64_t standard) {
 /// Two movies, each with the one that the reference works on.
 class MovieSession : public MoviePanelTest {
 protected:
+    MovieSession() {
+        constexpr unsigned RATE = 1000;
+        for (const auto& [name, length] : {std::pair{"long.wav", 1500U}, {"short.wav", 250U}}) {
+            const wave::Bytes sound = wave::file(wave::format(1, RATE, 8), wave::Bytes(length, 200));
+            m_sounds.write(name, wave::textOf(sound));
+        }
+        CEngineDirectories::setDirectories({m_sounds.path()});
+    }
+    ~MovieSession() override { CEngineDirectories::setDirectories({}); }
+
     struct Pair {
         Pair() {
             for (CMemoryMovie* const movie : {&actual, &expected}) {
@@ -67,12 +84,14 @@ protected:
     void useProperties();
     void moveCamera();
     void play();
+    void setUpSounds();
     ::testing::AssertionResult alike();
 
     std::mt19937_64 m_random;
     std::array<Pair, 2> m_pairs;
     std::size_t m_nMovie = 0;
     CReferenceMovieEditor m_reference;
+    CTempDirectory m_sounds;
     std::string m_strLast; ///< operation
 };
 
@@ -190,14 +209,53 @@ void MovieSession::moveCamera() {
 }
 
 void MovieSession::play() {
-    m_strLast = "play";
-    const int frames = pick(0, 30);
+    const bool loops = pick(0, 2) == 0;
+    m_strLast = loops ? "loop" : "play";
+    const int frames = pick(0, loops ? 500 : 30);
+    const auto turnLoop = [loops] {
+        if (loops) {
+            click(IDC_LOOP);
+        }
+    };
+    turnLoop();
     click(IDC_PLAY);
     actual().advance((frames + 0.5) / 25.0);
     if (actual().isPlaying()) {
         click(IDC_PLAY);
     }
-    m_reference.play(frames);
+    turnLoop();
+    m_reference.play(frames, loops);
+}
+
+void MovieSession::setUpSounds() {
+    m_strLast = "setUpSounds";
+    const bool removes = pick(0, 1) == 0; // before it adds, so that films stay short
+    const int added = pick(0, 2);         // none, long, short
+    const bool confirms = pick(0, 3) != 0;
+    const bool extends = pick(0, 1) == 0;
+    std::vector<CModalSteps::Step> steps{[&](QWidget* dialog) {
+        if (removes) {
+            ui::control<QListWidget>(*dialog, IDC_SOUNDTRACK).selectAll();
+            ui::click(ui::control(*dialog, IDC_REMOVE_SOUNDS));
+        }
+        if (added != 0) {
+            ui::control<QListWidget>(*dialog, IDC_AVAILABLE_SOUNDS).item(added - 1)->setSelected(true);
+            ui::click(ui::control(*dialog, IDC_ADD_SOUNDS));
+        }
+        ui::click(ui::control(*dialog, confirms ? IDOK : IDCANCEL));
+    }};
+    if (confirms && m_reference.setUpSounds(removes, added, extends)) {
+        steps.emplace_back([extends](QWidget* box) {
+            const auto answer = extends ? QMessageBox::Yes : QMessageBox::No;
+            dynamic_cast<QMessageBox&>(*box).button(answer)->click();
+        });
+    }
+    const CModalSteps person(std::move(steps));
+    click(IDC_SETUP_SOUND_LIST);
+    EXPECT_TRUE(person.areDone());
+    ui::settle();
+    panel()->activateWindow(); // as the window system does it
+    ASSERT_TRUE(ui::waitUntilActive(panel()));
 }
 
 void MovieSession::operate() {
@@ -232,6 +290,8 @@ void MovieSession::operate() {
         m_reference.zoom(id);
     } else if (dice < 93) {
         reopen();
+    } else if (dice < 94) {
+        setUpSounds();
     } else if (isEnabled(IDC_MOVIE_UNDO)) {
         press(IDC_MOVIE_UNDO);
         m_reference.undo();
