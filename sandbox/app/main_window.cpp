@@ -30,11 +30,13 @@ constexpr std::chrono::minutes AUTOSAVE_PERIOD(1);
 
 } // namespace
 
-CMainWindow::CMainWindow() : m_pView(new CMapView(this)) {
+CMainWindow::CMainWindow() : m_pView(new CMapView(this)), m_pStrip(new CFilmStrip(this)) {
     auto* middle = new QWidget(this);
     auto* layout = new QVBoxLayout(middle);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(m_pView);
+    layout->setSpacing(0);
+    layout->addWidget(m_pView, 1);
+    layout->addWidget(m_pStrip);
     setCentralWidget(middle);
     makeFileMenu();
     m_pEditMenu = new CEditMenu(*this, *m_pView);
@@ -71,6 +73,8 @@ void CMainWindow::connectView() {
     connect(m_pView, &CMapView::frameRateMeasured, this, [this](double framesPerSecond) {
         m_pFrameRate->setText(tr("%1 fps").arg(framesPerSecond, 0, 'f', 0));
     });
+    connect(m_pStrip, &CFilmStrip::scrubbed, this, &CMainWindow::refreshMoviePanel);
+    connect(&m_filmPlayer, &CFilmPlayer::advanced, m_pStrip, &CFilmStrip::follow);
     connect(&m_filmPlayer, &CFilmPlayer::advanced, m_pView, &CMapView::noticeChanges);
     connect(&m_filmPlayer, &CFilmPlayer::animationTriggered, this,
             [this](const QString& name) { statusBar()->showMessage(tr("Animation: %1").arg(name), 3000); });
@@ -155,6 +159,7 @@ void CMainWindow::followState() {
         showTitle();
     }
     watchTextures();
+    m_pStrip->follow();
     m_pView->noticeChanges();
 }
 

@@ -11,6 +11,7 @@
 #include "sandbox/keys/panel_focus.h"
 #include "sandbox/keys/shortcut_table.h"
 #include "sandbox/keys/tool_menu.h"
+#include "sandbox/strip/film_strip.h"
 #include "sandbox/view/map_view.h"
 
 #include <QMainWindow>
@@ -115,6 +116,7 @@ private:
     CMapDocument m_document;
     CRecentFiles m_recentFiles;
     CMapView* m_pView;
+    CFilmStrip* m_pStrip;
     int m_nWatchedTextures = 0;
     bool m_bHeightsAreEnough = false; // the person said so of this map
     QAction* m_pSaveAction = nullptr;

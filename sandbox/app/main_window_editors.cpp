@@ -70,6 +70,7 @@ void CMainWindow::followMovieEditor(bool open) {
     film.selectViewCamera(); // a film that is not edited is not looked through
     m_filmPlayer.setFilm(open ? &film : nullptr);
     m_pView->setFilm(open ? &film : nullptr);
+    m_pStrip->setFilm(open ? &film : nullptr);
     m_pPanelFocus->giveBack();
 }
 
