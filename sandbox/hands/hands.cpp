@@ -81,7 +81,7 @@ void CHands::turnWheel(QWidget& widget, QPointF position, int steps) {
     constexpr int ONE_STEP = 120;
     for (int step = 0; step < std::abs(steps); ++step) {
         QWheelEvent event(m_position, m_pWindow->mapToGlobal(m_position), QPoint(),
-                          QPoint(0, steps > 0 ? ONE_STEP : -ONE_STEP), Qt::NoButton, Qt::NoModifier,
+                          QPoint(0, steps > 0 ? ONE_STEP : -ONE_STEP), Qt::NoButton, m_held,
                           Qt::NoScrollPhase, false);
         QCoreApplication::sendEvent(m_pWindow, &event);
     }

@@ -77,6 +77,7 @@ void flyFilmCamera(CTourStage& stage);
 void setPlace(CTourStage& stage);
 void aimAtPlace(CTourStage& stage);
 void listPlaces(CTourStage& stage);
+void scrubFilm(CTourStage& stage);
 void playFilm(CTourStage& stage);
 void loopFilm(CTourStage& stage);
 void closeMovieEditor(CTourStage& stage);

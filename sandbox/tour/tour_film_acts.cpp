@@ -1,6 +1,8 @@
 #include "sandbox/tour/tour_acts.h"
 
 #include "host/veskutil.h"
+#include "sandbox/strip/film_strip.h"
+#include "sandbox/strip/strip_rows.h"
 
 #include <QAbstractButton>
 #include <QAction>
@@ -266,6 +268,23 @@ void playFilm(CTourStage& stage) {
     const int stopped = movie.getRangeStart();
     stage.clickFilm(IDC_VESK_CAMERA);
     requireFrame(stage, stopped, "the choice of a camera");
+}
+
+void scrubFilm(CTourStage& stage) {
+    auto& strip = *stage.window().findChild<CFilmStrip*>();
+    CMemoryMovie& movie = stage.movie();
+    const auto ruler = [&](double x) { return QPointF(x, striprows::RULER / 4.0); };
+    const auto sounds = [&](int frame) {
+        return QPointF(strip.scale().pixelOf(frame + 0.5), striprows::SOUNDS_TOP + striprows::SOUNDS / 2.0);
+    };
+    stage.hands().drag(strip, ruler(2.0), ruler(strip.scale().pixelOf(SECOND_KEY)), Qt::LeftButton);
+    require(movie.getSection().has_value() && movie.getSection()->first == SECOND_KEY,
+            "the marker does not bound what is played");
+    stage.hands().drag(strip, sounds(0), sounds(THIRD_KEY), Qt::LeftButton);
+    requireFrame(stage, THIRD_KEY, "a drag in the strip");
+    stage.setStepPicture(stage.takePicture());
+    stage.hands().drag(strip, ruler(strip.scale().pixelOf(SECOND_KEY)), ruler(0.0), Qt::LeftButton);
+    require(!movie.getSection().has_value(), "the whole film does not play again");
 }
 
 void loopFilm(CTourStage& stage) {

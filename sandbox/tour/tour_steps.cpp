@@ -71,6 +71,7 @@ const std::vector<TourStep>& tourSteps() {
         {"inserted-frames", insertFrames},
         {"pasted-frames", copyFrames},
         {"soundtrack", setUpSounds},
+        {"film-strip", scrubFilm},
         {"playing", playFilm},
         {"looping", loopFilm},
         {"film-closed", closeMovieEditor},

@@ -2,11 +2,14 @@
 
 #include "host/veskutil.h"
 #include "resources/resource_ids.h"
+#include "sandbox/hands/hands.h"
+#include "sandbox/strip/strip_rows.h"
 #include "support/ui_driver.h"
 
 #include <QAbstractButton>
 #include <QAction>
 #include <QCoreApplication>
+#include <QLineEdit>
 #include <QTimer>
 #include <QToolBar>
 #include <gtest/gtest.h>
@@ -76,7 +79,34 @@ TEST_F(FilmWindow, BothEditorsHaveRoom) {
 TEST_F(FilmWindow, ThePanelStandsBelowAWindowThatLeavesRoom) {
     openEditors({1280, 500});
     EXPECT_GE(onScreen(*ui::dialog(IDD_MOVIE_EDITOR)).top(), onScreen(*m_pWindow).bottom());
-    EXPECT_EQ(m_pWindow->centralWidget()->height(), m_pWindow->view().height());
+    EXPECT_EQ(m_pWindow->centralWidget()->height(), m_pWindow->view().height() + striprows::HEIGHT);
+}
+
+TEST_F(FilmWindow, TheStripMovesThroughTheFilmAndBoundsIt) {
+    openEditors({1280, 720});
+    auto& strip = *m_pWindow->findChild<CFilmStrip*>();
+    CMemoryMovie& movie = m_pWindow->document().film().movie();
+    EXPECT_FALSE(onScreen(strip).intersects(onScreen(*ui::dialog(IDD_MOVIE_EDITOR))));
+    const auto at = [&](int frame, int y) { return QPointF(strip.scale().pixelOf(frame + 0.5), y); };
+    constexpr int SOUNDS = striprows::SOUNDS_TOP + 10;
+    CHands hands;
+    hands.drag(strip, at(400, SOUNDS), at(200, SOUNDS), Qt::LeftButton);
+    EXPECT_EQ(movie.getRangeStart(), 200);
+    EXPECT_EQ(movie.getPose().position,
+              movie.poseAt(static_cast<double>(movie.convertFrameToTime(200))).position);
+    EXPECT_EQ(ui::dialog(IDD_MOVIE_EDITOR)->findChild<QLineEdit*>("2078")->text(), "00:08.00");
+    hands.drag(strip, QPointF(2, 4), {strip.scale().pixelOf(50), 4}, Qt::LeftButton);
+    hands.drag(strip, QPointF(strip.width() - 2, 4), {strip.scale().pixelOf(80), 4}, Qt::LeftButton);
+    EXPECT_EQ(movie.getSection(), (MovieSection{50, 79}));
+    ui::dialog(IDD_MOVIE_EDITOR)->findChild<QAbstractButton*>("2047")->click();
+    EXPECT_TRUE(becomesTrue([&] { return movie.getPlayTime() > 2.1; }));
+    EXPECT_LT(movie.getPlayTime(), 3.3) << "it began outside the section";
+    hands.click(strip, at(60, SOUNDS));
+    EXPECT_TRUE(movie.isPlaying()) << "a click goes to a place in the playing film";
+    hands.hold(Qt::ControlModifier);
+    hands.turnWheel(strip, at(100, SOUNDS), 3);
+    hands.hold(Qt::NoModifier);
+    EXPECT_GT(strip.scale().pixelOf(101) - strip.scale().pixelOf(100), 3.0);
 }
 
 /// The film that plays, is flown through and edited is freed with its map.

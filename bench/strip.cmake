@@ -1,0 +1,4 @@
+pkg_check_modules(BENCH_STRIP_SNDFILE REQUIRED IMPORTED_TARGET sndfile)
+add_executable(bench_strip ${CMAKE_CURRENT_LIST_DIR}/strip_bench.cpp)
+vesk_warnings(bench_strip)
+target_link_libraries(bench_strip PRIVATE vesksandbox_app PkgConfig::BENCH_STRIP_SNDFILE)
