@@ -40,7 +40,7 @@ bool becomesTrue(const std::function<bool()>& condition) {
 class Keys : public testing::Test {
 protected:
     void SetUp() override {
-        QSettings().remove("shortcuts");
+        QSettings().clear();
         m_window.resize(1280, 720);
         m_window.move(0, 0);
         m_window.show();
@@ -51,7 +51,7 @@ protected:
         ASSERT_TRUE(waitUntil([this] { return viewHasKeyboard(); }))
             << "the view has the keyboard at the start";
     }
-    void TearDown() override { QSettings().remove("shortcuts"); }
+    void TearDown() override { QSettings().clear(); }
 
     bool viewHasKeyboard() { return m_window.view().hasFocus() && m_window.isActiveWindow(); }
     QWidget& control(int id) { return *findControl(*CMapPanel::window(), id); }
