@@ -93,6 +93,8 @@ TEST_F(PanelTest, UndoTakesBackStrokesAndShowsHowFullTheHistoryIs) {
         stroke(0, 0);
         EXPECT_EQ(value(IDC_UNDO_FILL), strokes * 4225 * 100 / CMapUndoList::CAPACITY);
     }
+    click(IDC_SELECT_ALL);
+    EXPECT_TRUE(model().m_selection.exists);
     click(IDC_DESELECT);
     EXPECT_FALSE(model().m_selection.exists);
     click(IDC_UNDO);
