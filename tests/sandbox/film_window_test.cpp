@@ -9,9 +9,11 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QCoreApplication>
+#include <QHelpEvent>
 #include <QLineEdit>
 #include <QTimer>
 #include <QToolBar>
+#include <QToolTip>
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -107,6 +109,26 @@ TEST_F(FilmWindow, TheStripMovesThroughTheFilmAndBoundsIt) {
     hands.turnWheel(strip, at(100, SOUNDS), 3);
     hands.hold(Qt::NoModifier);
     EXPECT_GT(strip.scale().pixelOf(101) - strip.scale().pixelOf(100), 3.0);
+}
+
+TEST_F(FilmWindow, TheStripSaysWhyASoundIsSilent) {
+    openEditors({1280, 720});
+    auto& strip = *m_pWindow->findChild<CFilmStrip*>();
+    CMemoryMovie& movie = m_pWindow->document().film().movie();
+    movie.clearSoundtrack();
+    movie.addSound("gone.wav");
+    movie.addSound("grass.tga");
+    ui::settle();
+    strip.grab().save(qEnvironmentVariable("VESK_STRIP_PICTURE"));
+    const auto toolTipAt = [&](int x) {
+        const QPoint point(x, striprows::SOUNDS_TOP + 10);
+        QHelpEvent help(QEvent::ToolTip, point, strip.mapToGlobal(point));
+        QCoreApplication::sendEvent(&strip, &help);
+        return QToolTip::text();
+    };
+    EXPECT_EQ(toolTipAt(5), "gone.wav: The file is not there.");
+    EXPECT_TRUE(toolTipAt(24).startsWith("grass.tga: ")) << "it stands beside the first";
+    EXPECT_TRUE(toolTipAt(600).startsWith("Frame "));
 }
 
 /// The film that plays, is flown through and edited is freed with its map.
