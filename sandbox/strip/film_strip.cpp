@@ -15,7 +15,7 @@ namespace {
 constexpr double ZOOM_A_NOTCH = 1.25;
 constexpr double SCROLL_A_NOTCH = 60.0; // pixels
 constexpr double NOTCH = 120.0;         // as the framework counts a wheel's turn
-constexpr double BARE_WIDTH = 16.0;     // pixels of a sound without length
+constexpr double BARE_WIDTH = 96.0;     // pixels of a sound without length: its name
 
 CSoundPeaks peaksOfFile(const QString& name) {
     const auto path = CEngineDirectories::resolve(name.toStdString());

@@ -124,7 +124,7 @@ void CFilmStrip::drawSound(QPainter& painter, const Block& block) const {
     painter.fillRect(QRectF(place.left(), place.top(), 1, place.height()),
                      isBroken ? BROKEN_EDGE : SOUND_EDGE);
     const double left = std::max(place.left(), 0.0) + 4.0;
-    const QRectF text(left, place.top(), (isBroken ? width() : place.right()) - left, NAME_HEIGHT);
+    const QRectF text(left, place.top(), place.right() - left, NAME_HEIGHT);
     painter.setPen(RULER_TEXT);
     painter.drawText(
         text, Qt::AlignLeft | Qt::AlignVCenter,

@@ -127,7 +127,7 @@ TEST_F(FilmWindow, TheStripSaysWhyASoundIsSilent) {
         return QToolTip::text();
     };
     EXPECT_EQ(toolTipAt(5), "gone.wav: The file is not there.");
-    EXPECT_TRUE(toolTipAt(24).startsWith("grass.tga: ")) << "it stands beside the first";
+    EXPECT_TRUE(toolTipAt(110).startsWith("grass.tga: ")) << "it stands beside the first";
     EXPECT_TRUE(toolTipAt(600).startsWith("Frame "));
 }
 
