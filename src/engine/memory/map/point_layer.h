@@ -14,7 +14,10 @@
 template <class T> class CPointLayer {
 public:
     CPointLayer(int side, const T& value)
-        : m_nSide(static_cast<unsigned>(side)), m_values(std::size_t{m_nSide} * m_nSide, value) {}
+        : m_nSide(static_cast<unsigned>(side))
+        , m_nTilesAside((m_nSide + TILE - 1) / TILE)
+        , m_values(std::size_t{m_nSide} * m_nSide, value)
+        , m_toKeep(std::size_t{m_nTilesAside} * m_nTilesAside, 0) {}
 
     bool contains(int x, int z) const {
         return static_cast<unsigned>(x) < m_nSide && static_cast<unsigned>(z) < m_nSide;
@@ -35,25 +38,24 @@ public:
 
     /// Before a point changes: if the layer keeps what was, the tile around it is copied the first time.
     void keep(int x, int z) {
-        if (!m_isKept.empty()) {
-            const std::size_t tile = tileOf(x, z);
-            if (m_isKept[tile] == 0) {
-                [[unlikely]] copyTile(tile);
-            }
+        const std::size_t tile = tileOf(x, z);
+        if (m_toKeep[tile] != 0) {
+            [[unlikely]] copyTile(tile);
         }
     }
 
     /// From now on keep what was.
     void startKeeping() {
-        m_isKept.assign(std::size_t{tilesAside()} * tilesAside(), 0);
+        std::ranges::fill(m_toKeep, std::uint8_t{1});
         m_kept.clear();
     }
 
     /// The tiles that differ from what they were at the last call, as they were then.
     std::vector<PointTile<T>> takeKept() {
         std::vector<PointTile<T>> taken = std::exchange(m_kept, {});
+        m_kept.reserve(std::min(taken.size(), MANY_TILES)); // the next step may well be like this one
         for (const PointTile<T>& tile : taken) {
-            m_isKept[tileOf(tile.x, tile.z)] = 0;
+            m_toKeep[tileOf(tile.x, tile.z)] = 1;
         }
         std::erase_if(taken, [this](const PointTile<T>& tile) { return isAsKept(tile); });
         return taken;
@@ -77,28 +79,28 @@ public:
     std::span<const T> values() const { return m_values; }
 
 private:
-    static constexpr unsigned TILE = 32; // points aside
+    static constexpr unsigned TILE = 16; // points aside
+    static constexpr std::size_t MANY_TILES = 256;
 
-    unsigned tilesAside() const { return (m_nSide + TILE - 1) / TILE; }
     std::size_t tileOf(int x, int z) const {
-        return std::size_t{static_cast<unsigned>(z) / TILE} * tilesAside() + static_cast<unsigned>(x) / TILE;
+        return std::size_t{static_cast<unsigned>(z) / TILE} * m_nTilesAside + static_cast<unsigned>(x) / TILE;
     }
     static int rowsOf(const PointTile<T>& tile) { return static_cast<int>(tile.values.size()) / tile.width; }
     static auto tileRow(auto& tile, int row) {
         return tile.values.begin() + static_cast<std::ptrdiff_t>(row) * tile.width;
     }
 
-    void copyTile(std::size_t number) {
-        m_isKept[number] = 1;
-        const auto x = static_cast<int>(number % tilesAside() * TILE);
-        const auto z = static_cast<int>(number / tilesAside() * TILE);
+    // Apart, so that what is called before every write stays small.
+    [[gnu::noinline]] void copyTile(std::size_t number) {
+        m_toKeep[number] = 0;
+        const auto x = static_cast<int>(number % m_nTilesAside * TILE);
+        const auto z = static_cast<int>(number / m_nTilesAside * TILE);
         const int width = std::min(static_cast<int>(TILE), static_cast<int>(m_nSide) - x);
         const int rows = std::min(static_cast<int>(TILE), static_cast<int>(m_nSide) - z);
         PointTile<T>& tile = m_kept.emplace_back(PointTile<T>{x, z, width, {}});
-        tile.values.reserve(static_cast<std::size_t>(width) * static_cast<std::size_t>(rows));
+        tile.values.resize(static_cast<std::size_t>(width) * static_cast<std::size_t>(rows));
         for (int row = 0; row < rows; ++row) {
-            const T* const first = &at(x, z + row);
-            tile.values.insert(tile.values.end(), first, first + width);
+            std::copy_n(&at(x, z + row), width, tileRow(tile, row));
         }
     }
 
@@ -116,7 +118,8 @@ private:
     }
 
     unsigned m_nSide;
+    unsigned m_nTilesAside;
     std::vector<T> m_values;
-    std::vector<std::uint8_t> m_isKept; // for each tile; empty while nothing is kept
+    std::vector<std::uint8_t> m_toKeep; // for each tile: it is to be copied before it changes
     std::vector<PointTile<T>> m_kept;
 };
