@@ -4,10 +4,10 @@
 #include "sandbox/hands/dialogs.h"
 #include "sandbox/hands/hands.h"
 #include "sandbox/keys/map_panel.h"
+#include "sandbox/window_session.h"
 #include "support/ui_driver.h"
 
 #include <QAction>
-#include <QSettings>
 #include <QSpinBox>
 #include <QTimer>
 #include <gtest/gtest.h>
@@ -22,7 +22,6 @@ using Heights = std::vector<std::uint16_t>;
 class EditMenu : public testing::Test {
 protected:
     void SetUp() override {
-        QSettings().clear();
         m_window.resize(1280, 720);
         m_window.move(0, 0);
         m_window.show();
@@ -33,7 +32,6 @@ protected:
         m_window.view().lookFrom({160, 90, 260}, {160, 20, 180});
         rest();
     }
-    void TearDown() override { QSettings().clear(); }
 
     /// Let the application fall idle.
     static void rest() {
@@ -60,6 +58,7 @@ protected:
     }
     QPointF middle() { return QRectF(m_window.view().rect()).center(); }
 
+    CFreshSettings m_settings;
     CMainWindow m_window;
     CHands m_hands;
 };

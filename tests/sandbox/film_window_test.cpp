@@ -4,6 +4,7 @@
 #include "resources/resource_ids.h"
 #include "sandbox/hands/hands.h"
 #include "sandbox/strip/strip_rows.h"
+#include "sandbox/window_session.h"
 #include "support/ui_driver.h"
 
 #include <QAbstractButton>
@@ -22,16 +23,6 @@ namespace {
 
 QRect onScreen(const QWidget& widget) {
     return {widget.mapToGlobal(QPoint()), widget.size()};
-}
-
-/// Wait for something that the window does when the application falls idle.
-bool becomesTrue(const std::function<bool()>& condition) {
-    QTimer pulse; // waiting for events ends also when none comes
-    pulse.start(10);
-    return ui::waitUntil([&] {
-        QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
-        return condition();
-    });
 }
 
 /// The sandbox on its sample.
@@ -119,6 +110,7 @@ TEST_F(FilmWindow, TheStripSaysWhyASoundIsSilent) {
     movie.addSound("gone.wav");
     movie.addSound("grass.tga");
     ui::settle();
+    strip.grab(); // what is drawn is what can be pointed at
     const auto toolTipAt = [&](int x) {
         const QPoint point(x, striprows::SOUNDS_TOP + 10);
         QHelpEvent help(QEvent::ToolTip, point, strip.mapToGlobal(point));

@@ -5,6 +5,7 @@
 #include "resources/resource_ids.h"
 #include "sandbox/keys/map_panel.h"
 #include "sandbox/keys/shortcuts_dialog.h"
+#include "sandbox/window_session.h"
 #include "support/ui_driver.h"
 
 #include <QAction>
@@ -25,22 +26,11 @@
 
 namespace {
 
-/// Wait for something that the window does when the application falls idle.
-bool becomesTrue(const std::function<bool()>& condition) {
-    QTimer pulse; // waiting for events ends also when none comes
-    pulse.start(10);
-    return ui::waitUntil([&] {
-        QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
-        return condition();
-    });
-}
-
 /// The sandbox on its sample, the map editor open, under a hand that strikes keys where the window system
 /// does.
 class Keys : public testing::Test {
 protected:
     void SetUp() override {
-        QSettings().clear();
         m_window.resize(1280, 720);
         m_window.move(0, 0);
         m_window.show();
@@ -51,7 +41,6 @@ protected:
         ASSERT_TRUE(waitUntil([this] { return viewHasKeyboard(); }))
             << "the view has the keyboard at the start";
     }
-    void TearDown() override { QSettings().clear(); }
 
     bool viewHasKeyboard() { return m_window.view().hasFocus() && m_window.isActiveWindow(); }
     QWidget& control(int id) { return *findControl(*CMapPanel::window(), id); }
@@ -75,6 +64,7 @@ protected:
         return heightAt(cell) - before;
     }
 
+    CFreshSettings m_settings;
     CMainWindow m_window;
     CHands m_hands;
 };

@@ -5,6 +5,7 @@
 #include "sandbox/hands/dialogs.h"
 #include "sandbox/hands/hands.h"
 #include "sandbox/keys/map_panel.h"
+#include "sandbox/window_session.h"
 #include "support/ui_driver.h"
 
 #include <QAction>
@@ -17,16 +18,6 @@
 
 namespace {
 
-/// Wait for something that the window does when the application falls idle.
-bool becomesTrue(const std::function<bool()>& condition) {
-    QTimer pulse; // waiting for events ends also when none comes
-    pulse.start(10);
-    return ui::waitUntil([&] {
-        QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
-        return condition();
-    });
-}
-
 void rest(int milliseconds) {
     bool over = false;
     QTimer::singleShot(milliseconds, [&over] { over = true; });
@@ -36,12 +27,6 @@ void rest(int milliseconds) {
 /// Sandboxes on the sample, one after the other, of a person without settings.
 class WindowMemory : public testing::Test {
 protected:
-    WindowMemory() { QSettings().clear(); }
-    ~WindowMemory() override {
-        m_pWindow.reset();
-        QSettings().clear();
-    }
-
     /// Begin a session, after the end of the one before.
     void begin() {
         if (m_pWindow != nullptr) {
@@ -67,6 +52,7 @@ protected:
         return m_pWindow->statusBar()->currentMessage();
     }
 
+    CFreshSettings m_settings;
     std::unique_ptr<CMainWindow> m_pWindow;
     CHands m_hands;
 };

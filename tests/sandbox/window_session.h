@@ -1,0 +1,28 @@
+#pragma once
+
+#include "support/ui_driver.h"
+
+#include <QCoreApplication>
+#include <QSettings>
+#include <QTimer>
+
+#include <functional>
+
+/// A person without settings, before and after: to be made before the window that reads them.
+class CFreshSettings {
+public:
+    CFreshSettings() { QSettings().clear(); }
+    ~CFreshSettings() { QSettings().clear(); }
+    CFreshSettings(const CFreshSettings&) = delete;
+    CFreshSettings& operator=(const CFreshSettings&) = delete;
+};
+
+/// Wait for something that the window does when the application falls idle.
+inline bool becomesTrue(const std::function<bool()>& condition) {
+    QTimer pulse; // waiting for events ends also when none comes
+    pulse.start(10);
+    return ui::waitUntil([&] {
+        QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
+        return condition();
+    });
+}
