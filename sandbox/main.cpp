@@ -1,3 +1,4 @@
+#include "sandbox/app/film_command.h"
 #include "sandbox/app/main_window.h"
 #include "sandbox/app/session_memory.h"
 #include "sandbox/view/surface_format.h"
@@ -11,6 +12,7 @@
 namespace {
 
 constexpr QSize FIRST_SIZE(1280, 840);
+constexpr QSize FILM_SIZE(1280, 720);
 
 /// "1280x840" as a size; invalid when it is not one.
 QSize parseSize(const QString& text) {
@@ -43,15 +45,29 @@ int main(int argc, char** argv) {
         "map",
         "What to open: a project folder, its project.json, or a heightmap (a grey PNG of 8 or 16 bits).",
         "[map]");
-    const QCommandLineOption sizeOption("size", "Size of the window in pixels.", "WxH");
+    const QCommandLineOption sizeOption("size", "Size of the window, or of a film's pictures, in pixels.",
+                                        "WxH");
     parser.addOption(sizeOption);
+    const QCommandLineOption filmOption(
+        "film", "Write the map's film into this folder, as numbered pictures and a sound, and end.",
+        "folder");
+    parser.addOption(filmOption);
     parser.process(application);
 
-    const QSize size = parser.isSet(sizeOption) ? parseSize(parser.value(sizeOption)) : FIRST_SIZE;
+    const QSize size = parser.isSet(sizeOption)   ? parseSize(parser.value(sizeOption))
+                       : parser.isSet(filmOption) ? FILM_SIZE
+                                                  : FIRST_SIZE;
     if (!size.isValid()) {
         std::fprintf(stderr, "--size: '%s' is not a size such as 1280x840\n",
                      qPrintable(parser.value(sizeOption)));
         return 2;
+    }
+    if (parser.isSet(filmOption)) {
+        if (parser.positionalArguments().size() != 1) {
+            std::fprintf(stderr, "--film: name the one project whose film is to be written\n");
+            return 2;
+        }
+        return writeFilm(parser.positionalArguments().first(), parser.value(filmOption), size);
     }
     CMainWindow window;
     if (parser.isSet(sizeOption) || !sessionmemory::restoreWindow(window)) {

@@ -20,3 +20,15 @@ add_test(NAME sandbox_panel_place
             "openbox & exec $<TARGET_FILE:sandbox_window_test> --gtest_brief=1 --gtest_filter=PanelPlace.*")
 set_tests_properties(sandbox_window_test sandbox_panel_place PROPERTIES TIMEOUT 600 ENVIRONMENT
     "QT_QPA_PLATFORM=xcb;ASAN_OPTIONS=detect_leaks=0;FONTCONFIG_FILE=${CMAKE_SOURCE_DIR}/tests/support/fonts.conf")
+
+# Films as files: drawn with OpenGL, into memory and in the view that they must equal.
+add_executable(sandbox_export_test film_export_test.cpp ${CMAKE_SOURCE_DIR}/sandbox/shaders.qrc)
+set_target_properties(sandbox_export_test PROPERTIES AUTORCC ON)
+target_include_directories(sandbox_export_test PRIVATE ${CMAKE_SOURCE_DIR}/src ${CMAKE_SOURCE_DIR}/tests)
+target_compile_definitions(sandbox_export_test PRIVATE VESK_SAMPLES="${CMAKE_SOURCE_DIR}/samples")
+target_link_libraries(sandbox_export_test PRIVATE vesksandbox_app vesk_ui_test_support Qt6::Test)
+vesk_warnings(sandbox_export_test)
+add_test(NAME sandbox_export_test
+    COMMAND ${VESK_XVFB_RUN} -a -s "-screen 0 1280x800x24" $<TARGET_FILE:sandbox_export_test> --gtest_brief=1)
+set_tests_properties(sandbox_export_test PROPERTIES TIMEOUT 600 ENVIRONMENT
+    "QT_QPA_PLATFORM=xcb;ASAN_OPTIONS=detect_leaks=0;FONTCONFIG_FILE=${CMAKE_SOURCE_DIR}/tests/support/fonts.conf")
