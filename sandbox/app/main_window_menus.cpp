@@ -1,5 +1,6 @@
 #include "sandbox/app/main_window.h"
 
+#include "sandbox/export/export_dialog.h"
 #include "sandbox/keys/shortcuts_dialog.h"
 #include "sandbox/view/marked_points.h"
 
@@ -81,6 +82,13 @@ void CMainWindow::makeFileMenu() {
         ->setObjectName("save-project-as");
     menu->addAction(tr("Save H&eightmap As..."), this, &CMainWindow::saveHeightmapAs)
         ->setObjectName("save-heightmap-as");
+    menu->addSeparator();
+    menu->addAction(tr("E&xport Film..."), this,
+                    [this] {
+                        askToExportFilm(*this, m_document.map(), m_document.film(), m_pView->options(),
+                                        sessionmemory::folder());
+                    })
+        ->setObjectName("export-film");
     menu->addSeparator();
     menu->addAction(tr("&Quit"), QKeySequence("Ctrl+Q"), this, &CMainWindow::close)->setObjectName("quit");
 }

@@ -1,14 +1,24 @@
 #include "sandbox/export/film_export.h"
 
 #include "sandbox/app/map_document.h"
+#include "sandbox/export/export_dialog.h"
 #include "sandbox/export/sound_mix.h"
 #include "sandbox/failing_disk.h"
 #include "sandbox/view/map_view.h"
 
+#include <QApplication>
+#include <QDialogButtonBox>
 #include <QDir>
 #include <QFile>
+#include <QFileDialog>
+#include <QInputDialog>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QProgressDialog>
+#include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -133,6 +143,43 @@ TEST_F(FilmExportTest, WhatFailsOrIsCalledOffLeavesNothing) {
     EXPECT_EQ(exportTo("large", goOn, QSize(8193, 10)),
               "The film cannot be drawn: a picture has 1 to 8192 pixels a side.");
     EXPECT_EQ(QDir(m_folder.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), QStringList("taken"));
+}
+
+TEST(FilmExportDialog, WritesWithProgressAndTellsWhere) {
+    const CQuickDisk disk;
+    const QTemporaryDir folder;
+    CMapDocument document;
+    ASSERT_EQ(document.open(QString(VESK_SAMPLES) + "/jacksboro", [] {}).error, "");
+    QWidget window;
+    window.show();
+    QString told;
+    bool cancels = false;
+    QTimer person; // answers whatever asks
+    QObject::connect(&person, &QTimer::timeout, [&] {
+        QWidget* const asked = QApplication::activeModalWidget();
+        if (auto* file = qobject_cast<QFileDialog*>(asked)) {
+            file->findChild<QLineEdit*>("fileNameEdit")->setText(folder.filePath(cancels ? "off" : "film"));
+            file->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Save)->click();
+        } else if (auto* size = qobject_cast<QInputDialog*>(asked)) {
+            size->setTextValue("32 x 18");
+            size->accept();
+        } else if (auto* progress = qobject_cast<QProgressDialog*>(asked); progress != nullptr && cancels) {
+            progress->findChild<QPushButton*>()->click();
+        } else if (auto* box = qobject_cast<QMessageBox*>(asked)) {
+            told = box->text();
+            box->accept();
+        }
+    });
+    person.start(5);
+    const auto ask = [&] {
+        askToExportFilm(window, document.map(), document.film(), {}, folder.path());
+        return told;
+    };
+    EXPECT_EQ(ask(), "The film is in " + folder.filePath("film") + ".");
+    EXPECT_EQ(QDir(folder.filePath("film")).entryList(QDir::Files).size(), 501);
+    cancels = true;
+    EXPECT_EQ(ask(), "The export was called off. Nothing of it is left.");
+    EXPECT_FALSE(QFile::exists(folder.filePath("off")));
 }
 
 } // namespace
