@@ -11,6 +11,7 @@ namespace {
 
 constexpr int GRIP = 40;        // pixels of a panel's title bar that stay on the screen
 constexpr qint64 SETTLED = 500; // milliseconds that a window system may take to move a window
+constexpr int MOST_TRIES = 10;  // to tell a window its place
 
 QString settingOf(const EditorKind& kind) {
     return QStringLiteral("panels/") + kind.panelName;
@@ -37,6 +38,7 @@ void CEditorWindow::open() {
     m_kind.create();
     if (QWidget* const window = panel()) {
         m_bFramed = false;
+        m_nTries = 0;
         m_wanted = placeFor(*window);
         window->move(m_wanted);
     }
@@ -79,6 +81,9 @@ void CEditorWindow::notePlace(QWidget& window) {
         if (window.pos() != m_wanted) {
             window.move(m_wanted);
         }
+    } else if (framed && window.geometry().topLeft() == m_wanted && m_nTries < MOST_TRIES) {
+        ++m_nTries; // the frame came after the move: the window itself stands where the frame is to be
+        window.move(m_wanted);
     } else if (window.pos() != m_wanted && !(framed && m_sinceFramed.elapsed() < SETTLED)) {
         m_wanted = window.pos();
         m_place = m_wanted - m_host.pos();

@@ -57,6 +57,7 @@ private:
         m_place;     // where the person put the panel, from the window's corner; kept in the settings
     QPoint m_wanted; // on the screen, where the panel was last seen or sent
     QElapsedTimer m_sinceFramed;
+    int m_nTries = 0;
     bool m_bFramed = false; // by a window manager, since it was opened
     bool m_bDocked = false;
     bool m_bWasOpen = false;
