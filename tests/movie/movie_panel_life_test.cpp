@@ -23,8 +23,12 @@ TEST_F(MoviePanelTest, FollowsThePlayingMovieToItsEnd) {
     EXPECT_EQ(m_movie.getRangeStart(), 7);
     EXPECT_EQ(text(IDC_MOVIE_TIME), "00:00.30");
     EXPECT_FALSE(isEnabled(IDC_POSITION_X));
+    m_camera.position.x = -9.0F; // as the engine has it between two frames
+    vuMovieCameraAltered(nullptr, true);
+    EXPECT_EQ(m_camera.position.x, -9.0F) << "only a stopped movie is posed";
     click(IDC_PLAY);
     EXPECT_FALSE(m_movie.isPlaying());
+    EXPECT_NE(m_camera.position.x, -9.0F);
     EXPECT_EQ(qxCMovie::getCallback(), nullptr);
     EXPECT_EQ(qxCAnimator::getCallback(), nullptr);
     EXPECT_EQ(m_movie.getRangeStart(), 7);

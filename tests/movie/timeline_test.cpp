@@ -118,7 +118,7 @@ TEST(TimelinePicture, IsThatOfEveryMarkDrawnPlainly) {
     }
     movie.first = 2;
     movie.last = 4;
-    for (const auto& [width, height] : {std::pair{100, 52}, {1, 1}, {37, 40}, {520, 13}}) {
+    for (const auto& [width, height] : {std::pair{100, 52}, {1, 1}, {37, 29}, {520, 13}}) {
         for (int frameWidth = 1; frameWidth <= 64; frameWidth *= 2) {
             for (const int first : {-1, 0, 7}) {
                 const TimelineView view{width, height, frameWidth, first};

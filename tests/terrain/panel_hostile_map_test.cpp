@@ -149,7 +149,7 @@ TEST_F(HostileMap, WhatItDoesNotHaveIsShownAsNothing) {
     vuDestroyEditor();
 }
 
-TEST_F(HostileMap, TabPassesOverWhatAFoldedPanelHides) {
+TEST_F(HostileMap, TabShowsWhereItIsAndPassesOverWhatAFoldedPanelHides) {
     m_map.addMultiTexture(); // what enables the fields of the hidden half
     open();
     click(IDC_TOOL_RAISE);
@@ -160,6 +160,9 @@ TEST_F(HostileMap, TabPassesOverWhatAFoldedPanelHides) {
         ASSERT_NE(focused, nullptr);
         ASSERT_TRUE(panel()->rect().contains(focused->mapTo(panel(), focused->rect().center())))
             << focused->objectName().toStdString();
+        const QPoint beside = focused->mapTo(panel(), QPoint(-1, focused->height() / 2));
+        ASSERT_EQ(panel()->grab().toImage().pixelColor(beside), panel()->palette().color(QPalette::Highlight))
+            << focused->objectName().toStdString() << " does not show that it has the keyboard";
     }
     expand();
     EXPECT_TRUE(isShown(IDC_BLEND));

@@ -3,6 +3,7 @@
 #include "platform/dialog_template.h"
 #include "platform/framework/dialog.h"
 #include "platform/qt/dispatch_scope.h"
+#include "platform/qt/focus_mark.h"
 #include "platform/qt/window_registry.h"
 
 #include <QCloseEvent>
@@ -39,6 +40,7 @@ int scaled(int value, int numerator, int denominator) {
 
 CDialogWidget::CDialogWidget(QWidget* owner, Qt::WindowFlags flags) : QDialog(owner, flags) {
     setAttribute(Qt::WA_QuitOnClose, false);
+    new CFocusMark(*this);
 }
 
 // Qt deletes a dialog with its owner. Its object hears of that while the controls still stand.
