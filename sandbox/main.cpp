@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QScreen>
 #include <QTimer>
 #include <QWindow>
 #include <cstdio>
@@ -21,10 +22,21 @@ QSize parseSize(const QString& text) {
     return size.width() > 0 && size.height() > 0 ? size : QSize();
 }
 
+/// All of the window, with its frame, is within reach on a screen of any size.
+void fitIntoScreen(QWidget& window) {
+    const QRect available = window.screen()->availableGeometry();
+    const QSize frame = window.frameGeometry().size() - window.size();
+    window.resize(window.size().boundedTo(available.size() - frame));
+    if (!available.contains(window.frameGeometry())) {
+        window.move(available.topLeft());
+    }
+}
+
 /// The panel stands by the window, whose place is known when the window manager has shown it.
 void startWhenShown(CMainWindow& window) {
     constexpr int PAUSE = 10; // milliseconds
     if (window.windowHandle()->isExposed()) {
+        fitIntoScreen(window);
         window.startWork();
     } else {
         QTimer::singleShot(PAUSE, &window, [&window] { startWhenShown(window); });

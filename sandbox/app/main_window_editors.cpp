@@ -6,12 +6,13 @@
 #include <QLayout>
 #include <QScreen>
 #include <QSettings>
+#include <QStyle>
 #include <algorithm>
 
 namespace {
 
-/// The map editor's panel opens over the middle of its host, where the ground is. At the view's left edge it
-/// is out of the way, and beside it there is room for the panel of the movie editor.
+/// The map editor's panel opens over the middle of its host, where the ground is. A floating one goes to the
+/// view's left edge, where it is out of the way.
 constexpr QPoint FIRST_PANEL_POSITION(2, 2);
 
 constexpr const char* DOCKED = "panels/mapEditorDocked";
@@ -97,12 +98,17 @@ QPoint CMainWindow::placeForMoviePanel(const QWidget& panel) const {
 
 QPoint CMainWindow::placeForMapPanel(const QWidget& panel) const {
     const QRect middle(centralWidget()->mapToGlobal(QPoint()), centralWidget()->size());
-    return m_pMapEditor->isDocked() ? QPoint(middle.right() - panel.frameGeometry().width() + 1, middle.top())
-                                    : middle.topLeft() + FIRST_PANEL_POSITION;
+    const QSize size = panel.frameGeometry().size();
+    const QPoint place = m_pMapEditor->isDocked() ? QPoint(middle.right() - size.width() + 1, middle.top())
+                                                  : middle.topLeft() + FIRST_PANEL_POSITION;
+    const QRect available = screen()->availableGeometry();
+    // On a low screen its foot is worth more than the end of the tool bar.
+    const int lowest = std::max(available.top(), available.bottom() - size.height() + 1);
+    return {place.x(), std::min(place.y(), lowest)};
 }
 
 bool CMainWindow::wasMapEditorDocked() {
-    return QSettings().value(DOCKED).toBool();
+    return QSettings().value(DOCKED, true).toBool();
 }
 
 void CMainWindow::dockMapEditor(bool docked) {
@@ -113,14 +119,17 @@ void CMainWindow::dockMapEditor(bool docked) {
 
 void CMainWindow::makeRoom() {
     const QWidget* const panel = m_pMovieEditor->isOpen() ? m_pMovieEditor->panel() : nullptr;
-    const QRect middle(centralWidget()->mapToGlobal(QPoint()), centralWidget()->size());
+    const QRect whole(centralWidget()->mapToGlobal(QPoint()), centralWidget()->size());
+    const QRect middle = whole & screen()->availableGeometry();
     int room = 0;
     if (panel != nullptr && panel->isVisible()) {
         const QRect covered = middle & panel->frameGeometry();
         // A panel that is wide and stands at the bottom takes that from the view; any other floats over it.
         if (covered.width() * 2 > middle.width() && covered.top() > middle.center().y() &&
             middle.bottom() - covered.bottom() < covered.height() / 2) {
-            room = middle.bottom() - covered.top() + 1;
+            const bool framed = panel->frameGeometry() != panel->geometry();
+            const int frame = framed ? 0 : style()->pixelMetric(QStyle::PM_TitleBarHeight); // is on its way
+            room = whole.bottom() - covered.top() + frame + 1;
         }
     }
     const QWidget* const mapPanel =

@@ -38,9 +38,10 @@ protected:
         ASSERT_TRUE(ui::waitUntilActive(&m_window));
         ASSERT_EQ(m_window.openMap(QString(VESK_SAMPLES) + "/jacksboro"), "");
         m_window.startWork();
-        ASSERT_TRUE(waitUntil([this] { return viewHasKeyboard(); }))
-            << "the view has the keyboard at the start";
+        ASSERT_TRUE(waitUntil([this] { return viewHasKeyboard() && viewEnds() <= CMapPanel::window()->x(); }))
+            << "the view has the keyboard at the start, and the panel stands beside it";
     }
+    int viewEnds() { return m_window.view().mapToGlobal(QPoint(m_window.view().width(), 0)).x(); }
 
     bool viewHasKeyboard() { return m_window.view().hasFocus() && m_window.isActiveWindow(); }
     QWidget& control(int id) { return *findControl(*CMapPanel::window(), id); }
