@@ -270,11 +270,9 @@ void MovieSession::operate() {
     } else if (dice < 25) {
         useMouse();
     } else if (dice < 40) {
-        const int id = press(anyOf(STEPS));
-        m_reference.step(id);
+        m_reference.step(press(anyOf(STEPS)));
     } else if (dice < 55) {
-        const int id = press(anyOf(COMMANDS));
-        m_reference.command(id);
+        m_reference.command(press(anyOf(COMMANDS)));
     } else if (dice < 65) {
         typeNumber();
     } else if (dice < 75) {
@@ -284,10 +282,7 @@ void MovieSession::operate() {
     } else if (dice < 88) {
         play();
     } else if (dice < 92) {
-        const int id =
-            std::array{IDC_ZOOM_IN, IDC_ZOOM_OUT, IDC_ZOOM_FIT}[static_cast<std::size_t>(pick(0, 2))];
-        click(id);
-        m_reference.zoom(id);
+        m_reference.zoom(press(anyOf(ZOOMS)));
     } else if (dice < 93) {
         reopen();
     } else if (dice < 94) {
