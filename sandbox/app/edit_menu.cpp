@@ -20,6 +20,7 @@ namespace {
 constexpr const char* BUDGET = "journal/megabytes";
 constexpr std::size_t LEAST_BUDGET = 16; // megabytes
 constexpr int PANEL_UNDO = 2015;
+constexpr const char* MOVIE_PANEL = "dialog-2005";
 
 std::size_t budget() {
     const QVariant kept = QSettings().value(BUDGET);
@@ -27,21 +28,34 @@ std::size_t budget() {
                           : CMapJournal::STANDARD_BUDGET;
 }
 
-/// What a press of this widget is called; nothing for one that does nothing to the map.
-QString nameOf(const QWidget& pressed) {
-    if (qobject_cast<const CMapView*>(&pressed) != nullptr) {
-        const MapTool* const tool = CMapPanel::chosenTool();
-        return tool != nullptr ? CEditMenu::tr(CMapPanel::textOf(*tool).name) : QString();
-    }
-    if (pressed.window() == CMapPanel::window() && pressed.objectName().toInt() == PANEL_UNDO) {
-        return CEditMenu::tr("Undo on the Panel");
-    }
-    const auto* const button = qobject_cast<const QAbstractButton*>(&pressed);
-    QString text = button != nullptr && !button->text().isEmpty() ? button->text() : pressed.accessibleName();
-    return text.remove('&');
+QString plain(QString text) {
+    return text.remove('&').remove("...");
 }
 
 } // namespace
+
+/// What a press of this widget is called; nothing for one that does nothing to map or film.
+QString CEditMenu::nameOf(const QWidget& pressed) const {
+    if (const auto* const menu = qobject_cast<const QMenu*>(&pressed)) {
+        const QAction* const entry = menu->actionAt(menu->mapFromGlobal(QCursor::pos()));
+        return entry != nullptr ? plain(entry->text()) : QString();
+    }
+    if (qobject_cast<const CMapView*>(&pressed) != nullptr) {
+        if (m_pFilm != nullptr && m_pFilm->isLookedThrough()) {
+            return tr("Camera Move");
+        }
+        const MapTool* const tool = CMapPanel::chosenTool();
+        return tool != nullptr ? tr(CMapPanel::textOf(*tool).name) : QString();
+    }
+    if (pressed.window() == CMapPanel::window() && pressed.objectName().toInt() == PANEL_UNDO) {
+        return tr("Undo on the Panel");
+    }
+    const auto* const button = qobject_cast<const QAbstractButton*>(&pressed);
+    const QString text =
+        button != nullptr && !button->text().isEmpty() ? button->text() : pressed.accessibleName();
+    return text.isEmpty() && pressed.window()->objectName() == MOVIE_PANEL ? tr("Change of the Film")
+                                                                           : plain(text);
+}
 
 CEditMenu::CEditMenu(QMainWindow& window, CMapView& view) : QObject(&window), m_window(window), m_view(view) {
     QMenu* const menu = window.menuBar()->addMenu(tr("&Edit"));
@@ -56,8 +70,9 @@ CEditMenu::CEditMenu(QMainWindow& window, CMapView& view) : QObject(&window), m_
     showSteps();
 }
 
-void CEditMenu::setMap(CMemoryMap* map) {
-    m_pJournal = map != nullptr ? std::make_unique<CMapJournal>(*map, budget()) : nullptr;
+void CEditMenu::setMap(CMemoryMap* map, CFilm* film) {
+    m_pFilm = film;
+    m_pJournal = map != nullptr ? std::make_unique<CMapJournal>(*map, film, budget()) : nullptr;
     m_strName.clear();
     showSteps();
 }
@@ -76,8 +91,13 @@ bool CEditMenu::eventFilter(QObject* watched, QEvent* event) {
     return false;
 }
 
+bool CEditMenu::isUnderWay() const {
+    return QApplication::mouseButtons() != Qt::NoButton || m_view.isFlyingFilm() ||
+           (m_pFilm != nullptr && m_pFilm->movie().isPlaying());
+}
+
 void CEditMenu::follow() {
-    if (m_pJournal == nullptr || QApplication::mouseButtons() != Qt::NoButton) {
+    if (m_pJournal == nullptr || isUnderWay()) {
         return;
     }
     const auto details = CMapPanel::showsDetails() ? CMapJournal::Details::LOOK : CMapJournal::Details::SKIP;
@@ -100,7 +120,7 @@ void CEditMenu::markUnsaved() {
 }
 
 void CEditMenu::go(bool forward) {
-    if (m_pJournal == nullptr || QApplication::mouseButtons() != Qt::NoButton) {
+    if (m_pJournal == nullptr || isUnderWay()) {
         return; // in the middle of a stroke
     }
     m_pJournal->closeStep(m_strName.isEmpty() ? tr("Change") : m_strName);

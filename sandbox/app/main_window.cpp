@@ -97,7 +97,7 @@ void CMainWindow::adoptMap() {
     m_pFilmMenu->setPointed(std::nullopt);
     m_pointed.reset();
     m_nWatchedTextures = 0;
-    m_pEditMenu->setMap(&m_document.map());
+    m_pEditMenu->setMap(&m_document.map(), &m_document.film());
     if (m_document.isModified()) {
         m_pEditMenu->markUnsaved();
     }
@@ -106,7 +106,11 @@ void CMainWindow::adoptMap() {
 
 void CMainWindow::followJournal(CMapJournal::Reach reach) {
     if (m_pEditMenu->isAsSaved()) {
-        m_document.noteMapAsSaved();
+        m_document.noteAllUndone();
+    }
+    if (reach == CMapJournal::Reach::FILM) {
+        refreshMoviePanel();
+        m_pStrip->update();
     }
     m_document.map().clearDetailHighlights();
     m_pWaterLevel->setValue(m_document.waterLevel());

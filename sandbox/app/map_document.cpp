@@ -114,7 +114,7 @@ CMapDocument::CMapDocument() {
     adopt(makeContents(level, {}), [] {});
     lookForFilesIn({});
     m_strName = "level ground";
-    rememberState();
+    noteAsSaved();
 }
 
 CMapDocument::Contents CMapDocument::makeContents(const Heightmap& heights, const QString& mapFolder) {
@@ -141,7 +141,7 @@ CMapDocument::Outcome CMapDocument::open(const QString& path, const std::functio
         return isProjectPath(path) ? openProject(path, beforeSwap) : openHeightmap(path, beforeSwap);
     });
     if (outcome.error.isEmpty()) {
-        rememberState();
+        noteAsSaved();
     }
     return outcome;
 }
@@ -268,7 +268,7 @@ CMapDocument::Outcome CMapDocument::saveProject(const QString& folder) {
         dropAutosave();
         belongTo(Kind::PROJECT, folder);
         lookForFilesIn(m_strPath.isEmpty() ? folder : m_strPath);
-        rememberState();
+        noteAsSaved();
     }
     return outcome;
 }
@@ -346,7 +346,7 @@ CMapDocument::Outcome CMapDocument::openAbandonedCopy(const std::function<void()
     m_copy.takeOver(folder); // what it holds stays unsaved: the copy is kept until that is decided
     CAutomaticCopy::unmark(project);
     m_projectFile = project.original;
-    rememberState();
+    noteAsSaved();
     constexpr std::uint64_t NEVER = ~std::uint64_t{0};
     m_nSavedHeights = NEVER;
     m_nSavedOther ^= NEVER;
@@ -370,7 +370,8 @@ bool CMapDocument::hasHeightChanges() const {
 }
 
 bool CMapDocument::hasOtherChanges() const {
-    return recordState() != m_nSavedOther || m_pFilm->state() != m_nSavedFilm;
+    return recordState() != m_nSavedOther || m_pFilm->contentState() != m_nSavedFilm ||
+           m_pFilm->shown() != m_nSavedShown;
 }
 
 std::uint64_t CMapDocument::recordState() const {
@@ -381,12 +382,13 @@ std::uint64_t CMapDocument::otherState() const {
     return qHashMulti(recordState(), m_pFilm->state());
 }
 
-void CMapDocument::rememberState() {
-    noteMapAsSaved();
-    m_nSavedFilm = m_pFilm->state();
+void CMapDocument::noteAsSaved() {
+    m_nSavedShown = m_pFilm->shown();
+    noteAllUndone();
 }
 
-void CMapDocument::noteMapAsSaved() {
+void CMapDocument::noteAllUndone() {
+    m_nSavedFilm = m_pFilm->contentState();
     m_nSavedHeights = m_pMap->getChangeCount(MapChange::HEIGHTS);
     m_nSavedOther = recordState();
 }

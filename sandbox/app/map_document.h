@@ -66,9 +66,9 @@ public:
     const QString& path() const { return m_strPath; }
     /// For a window title.
     QString name() const { return m_strName; }
+    /// Map and film are again as they were saved, by steps taken back; what is shown of the film is no step.
+    void noteAllUndone();
     /// Something was changed that a project keeps. Cheap enough to be asked whenever the program is idle.
-    /// The map is again as it was saved, by steps taken back. The film has its own changes.
-    void noteMapAsSaved();
     bool isModified() const { return hasHeightChanges() || hasOtherChanges(); }
     bool hasHeightChanges() const;
     /// Something was changed that a heightmap does not keep: colours, blends, water, details, definitions,
@@ -103,7 +103,7 @@ private:
     void lookForFilesIn(const QString& mapFolder);
     std::uint64_t recordState() const;
     std::uint64_t otherState() const;
-    void rememberState();
+    void noteAsSaved();
 
     std::unique_ptr<CMemoryScene> m_pScene; // outlives the map and the film
     std::unique_ptr<CMemoryMap> m_pMap;
@@ -117,6 +117,7 @@ private:
     std::uint64_t m_nSavedHeights = 0;
     std::uint64_t m_nSavedOther = 0;
     std::uint64_t m_nSavedFilm = 0;
+    std::uint32_t m_nSavedShown = 0;
     CAutomaticCopy m_copy;
     std::uint64_t m_nAutosaved = 0;         // state that the copy holds
     std::future<ProjectFault> m_autosaving; // the copy that is being written, or was and is not yet judged

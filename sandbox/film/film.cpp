@@ -109,8 +109,14 @@ QString CFilm::freeName(const QString& kind) const {
     }
 }
 
+std::uint32_t CFilm::shown() const {
+    return m_movie.flags & (qxMovieShowPath | qxMovieShowHeights | qxMovieNoFades);
+}
+
+std::uint64_t CFilm::contentState() const {
+    return qHashMulti(0, m_movie.getRevision(), m_nPlaceChanges, m_movie.getNumChildNodes());
+}
+
 std::uint64_t CFilm::state() const {
-    constexpr std::uint32_t SHOWN = qxMovieShowPath | qxMovieShowHeights | qxMovieNoFades;
-    return qHashMulti(0, m_movie.getRevision(), m_nPlaceChanges, m_movie.flags & SHOWN,
-                      m_movie.getNumChildNodes());
+    return qHashMulti(contentState(), shown());
 }

@@ -52,7 +52,11 @@ public:
 
     /// Counts every change of what a project keeps but the movie's flags and frames.
     unsigned placeChanges() const { return m_nPlaceChanges; }
-    /// Changes when anything changed that a project keeps of the film.
+    /// Which of path, heights and fades the movie shows, as bits of qxMovieFlag.
+    std::uint32_t shown() const;
+    /// Changes when anything else changed that a project keeps of the film.
+    std::uint64_t contentState() const;
+    /// Changes with either.
     std::uint64_t state() const;
 
 private:

@@ -74,7 +74,26 @@ std::vector<FilmFrame> captureFrames(CMemoryMovie& movie) {
     return frames;
 }
 
-void buildFrames(const std::vector<FilmFrame>& frames, CMemoryMovie& movie) {
+constexpr std::uint32_t flagIf(bool isSet, qxMovieFlag flag) {
+    return isSet ? std::uint32_t{flag} : 0U;
+}
+
+} // namespace
+
+bool isSameFrame(const qxCMovieFrame& a, const qxCMovieFrame& b) {
+    return a.keyframe == b.keyframe && isTweenedAlike(a, b) && isOwnAlike(a, b) &&
+           std::strcmp(a.animTrigger, b.animTrigger) == 0;
+}
+
+std::vector<FilmPlace> placesOf(const CFilm& film) {
+    std::vector<FilmPlace> places;
+    for (const std::unique_ptr<CPlace>& place : film.places()) {
+        places.push_back({textOf(place->name), place->position});
+    }
+    return places;
+}
+
+void putFrames(const std::vector<FilmFrame>& frames, CMemoryMovie& movie) {
     qxCMovieFrame carried;
     auto next = frames.begin();
     for (int index = 0; index < movie.getNumFrames(); ++index) {
@@ -88,12 +107,6 @@ void buildFrames(const std::vector<FilmFrame>& frames, CMemoryMovie& movie) {
     movie.updateTweening();
 }
 
-constexpr std::uint32_t flagIf(bool isSet, qxMovieFlag flag) {
-    return isSet ? std::uint32_t{flag} : 0U;
-}
-
-} // namespace
-
 ProjectFilm captureFilm(CFilm& film) {
     CMemoryMovie& movie = film.movie();
     ProjectFilm record;
@@ -105,9 +118,7 @@ ProjectFilm captureFilm(CFilm& film) {
     for (int index = 0; index < movie.getNumChildNodes(); ++index) {
         record.cameras.push_back(textOf(movie.getChildNode(index)->name));
     }
-    for (const std::unique_ptr<CPlace>& place : film.places()) {
-        record.places.push_back({textOf(place->name), place->position});
-    }
+    record.places = placesOf(film);
     for (int index = 0; index < movie.getSoundtrackSize(); ++index) {
         record.sounds.push_back(QString::fromUtf8(movie.getSound(index)->name));
     }
@@ -130,7 +141,7 @@ std::unique_ptr<CFilm> buildFilm(const ProjectFilm& record, CMemoryScene& scene)
     movie.flags |= flagIf(record.showsPath, qxMovieShowPath) |
                    flagIf(record.showsHeights, qxMovieShowHeights) |
                    flagIf(record.hidesFades, qxMovieNoFades);
-    buildFrames(record.frames, movie);
+    putFrames(record.frames, movie);
     movie.updateManual(0.0F);
     return film;
 }

@@ -14,3 +14,11 @@ ProjectFilm captureFilm(CFilm& film);
 
 /// The film in `scene`, which outlives it.
 std::unique_ptr<CFilm> buildFilm(const ProjectFilm& record, CMemoryScene& scene);
+
+/// The frames of a record in a movie of as many frames.
+void putFrames(const std::vector<FilmFrame>& frames, CMemoryMovie& movie);
+
+std::vector<FilmPlace> placesOf(const CFilm& film);
+
+/// Every field that a person sets.
+bool isSameFrame(const qxCMovieFrame& a, const qxCMovieFrame& b);

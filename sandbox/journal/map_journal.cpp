@@ -2,15 +2,19 @@
 
 #include <utility>
 
-CMapJournal::CMapJournal(CMemoryMap& map, std::size_t budget)
-    : m_map(map), m_nBudget(budget), m_records(recordsOf(map)) {
+CMapJournal::CMapJournal(CMemoryMap& map, CFilm* film, std::size_t budget)
+    : m_map(map), m_nBudget(budget), m_records(recordsOf(map)), m_pFilm(film) {
+    if (film != nullptr) {
+        m_film = copyOf(*film);
+        m_nFilmState = film->contentState();
+    }
     map.keepPoints();
     takeChange(m_details, map.getDetails());
     m_nDetailChanges = map.getChangeCount(MapChange::DETAILS);
 }
 
 bool CMapJournal::closeStep(const QString& name, Details details) {
-    Step step{name, m_map.takeKeptPoints(), {}, {}, {}, 0};
+    Step step{name, m_map.takeKeptPoints(), {}, {}, {}, {}, 0};
     const std::uint64_t changes = m_map.getChangeCount(MapChange::DETAILS);
     if (std::exchange(m_nDetailChanges, changes) != changes || details == Details::LOOK) {
         step.details = takeChange(m_details, m_map.getDetails());
@@ -20,7 +24,8 @@ bool CMapJournal::closeStep(const QString& name, Details details) {
         step.after = records;
         step.before = std::exchange(m_records, std::move(records));
     }
-    if (step.points.isEmpty() && step.details.isEmpty() && !step.before) {
+    takeFilmChange(step);
+    if (step.points.isEmpty() && step.details.isEmpty() && !step.before && !step.film) {
         return false;
     }
     forgetUndone();
@@ -32,12 +37,24 @@ bool CMapJournal::closeStep(const QString& name, Details details) {
     return true;
 }
 
+void CMapJournal::takeFilmChange(Step& step) {
+    if (m_pFilm == nullptr ||
+        std::exchange(m_nFilmState, m_pFilm->contentState()) == m_pFilm->contentState()) {
+        return;
+    }
+    FilmCopy film = copyOf(*m_pFilm);
+    if (!areAlike(film, m_film)) {
+        step.film = std::exchange(m_film, std::move(film));
+    }
+}
+
 std::size_t CMapJournal::bytesOf(const Step& step) {
     const std::size_t records =
         step.before ? 2 * (sizeof(MapRecords) + step.before->definitions.size() * sizeof(qxCMapMultiTexture) +
                            step.before->terrainTypes.size() * sizeof(_qxMapTerrainDef))
                     : 0;
-    return sizeof step + step.points.bytes() + step.details.bytes() + records;
+    return sizeof step + step.points.bytes() + step.details.bytes() + records +
+           (step.film ? step.film->bytes() : 0);
 }
 
 void CMapJournal::forgetUndone() {
@@ -71,6 +88,11 @@ CMapJournal::Reach CMapJournal::redo() {
 
 CMapJournal::Reach CMapJournal::apply(Step& step, bool forward) {
     m_map.exchangePoints(step.points);
+    if (step.film) {
+        putFilm(*step.film, *m_pFilm);
+        std::swap(*step.film, m_film);
+        m_nFilmState = m_pFilm->contentState();
+    }
     if (!step.details.isEmpty()) {
         const auto& from = forward ? step.details.before : step.details.after;
         const auto& to = forward ? step.details.after : step.details.before;
@@ -85,5 +107,5 @@ CMapJournal::Reach CMapJournal::apply(Step& step, bool forward) {
         putRecords(m_records, m_map);
         return Reach::RECORDS;
     }
-    return Reach::POINTS;
+    return step.film ? Reach::FILM : Reach::POINTS;
 }

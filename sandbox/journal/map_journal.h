@@ -1,5 +1,6 @@
 #pragma once
 
+#include "sandbox/journal/film_copy.h"
 #include "sandbox/journal/map_records.h"
 
 #include <QString>
@@ -7,15 +8,16 @@
 #include <deque>
 #include <optional>
 
-/// Every change of a map since it was opened, step by step, to be taken back and made again: heights,
-/// colours, paint, water, details, definitions, textures of the ground, light. The map keeps what its points
-/// were before they change, so a step costs what it touched. Bounded in memory; the oldest step goes whole.
+/// Every change of a map and its film since they were opened, step by step, to be taken back and made again:
+/// heights, colours, paint, water, details, definitions, textures of the ground, light, and all of the film.
+/// The map keeps what its points were before they change, so a step costs what it touched. Bounded in memory;
+/// the oldest step goes whole.
 class CMapJournal {
 public:
     static constexpr std::size_t STANDARD_BUDGET = std::size_t{512} << 20U;
 
-    /// The map must outlive the journal.
-    explicit CMapJournal(CMemoryMap& map, std::size_t budget = STANDARD_BUDGET);
+    /// The map and the film, if there is one, must outlive the journal.
+    explicit CMapJournal(CMemoryMap& map, CFilm* film = nullptr, std::size_t budget = STANDARD_BUDGET);
 
     enum class Details { LOOK, SKIP };
     /// Make what has changed since the last step one of this name; no step when nothing has. What was undone
@@ -30,7 +32,7 @@ public:
     QString redoName() const { return canRedo() ? m_steps[m_nDone].name : QString(); }
 
     /// What an editor must be told of.
-    enum class Reach { NOTHING, POINTS, RECORDS };
+    enum class Reach { NOTHING, POINTS, RECORDS, FILM };
     Reach undo();
     Reach redo();
     /// What was taken back cannot be made again.
@@ -49,11 +51,13 @@ private:
         DetailChange details;
         std::optional<MapRecords> before;
         std::optional<MapRecords> after;
+        std::optional<FilmCopy> film; ///< as it was before the step; while it is undone, as it was after
         std::size_t bytes = 0;
     };
 
     static std::size_t bytesOf(const Step& step);
     Reach apply(Step& step, bool forward);
+    void takeFilmChange(Step& step);
     void keepWithinBudget();
 
     CMemoryMap& m_map;
@@ -66,4 +70,7 @@ private:
     MapRecords m_records; // as of the last step
     std::vector<qxCMapDetailRecord> m_details;
     std::uint64_t m_nDetailChanges = 0;
+    CFilm* m_pFilm;
+    FilmCopy m_film; // as of the last step
+    std::uint64_t m_nFilmState = 0;
 };

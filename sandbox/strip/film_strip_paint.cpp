@@ -54,6 +54,7 @@ void CFilmStrip::paintEvent(QPaintEvent*) {
         painter.fillRect(rect(), GROUND);
         return;
     }
+    m_scale.fit(movie().getNumFrames(), width()); // which may have changed since the last idle moment
     if (m_ground.isNull() || groundState() != m_nGroundState) {
         drawGround();
     }

@@ -37,6 +37,8 @@ public:
 
     /// camera() was moved.
     void moved();
+    /// It was moved, and the hand has not let go.
+    bool isMoving() const { return m_bMoving; }
     /// The hand has let go; without a move before nothing happens.
     void finish();
 

@@ -45,6 +45,7 @@ public:
     }
     /// A stroke of the map editor is being made with the mouse.
     bool isStroking() { return m_strokes.isStroking(); }
+    bool isFlyingFilm() const { return m_pilot.isMoving(); }
     /// Stand there and look so. World units.
     void lookFrom(const CViewCamera::Vector& eye, const CViewCamera::Vector& target);
     /// Look at a place from the side that it is seen from now, so near that a ball of `radius` around it is

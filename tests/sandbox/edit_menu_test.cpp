@@ -1,12 +1,14 @@
 #include "sandbox/app/main_window.h"
 
 #include "engine/memory/memory_scene.h"
+#include "resources/resource_ids.h"
 #include "sandbox/hands/dialogs.h"
 #include "sandbox/hands/hands.h"
 #include "sandbox/keys/map_panel.h"
 #include "sandbox/window_session.h"
 #include "support/ui_driver.h"
 
+#include <QAbstractButton>
 #include <QAction>
 #include <QSpinBox>
 #include <QTimer>
@@ -160,6 +162,34 @@ TEST_F(EditMenu, EscapeTakesTheStrokeBackWhole) {
     EXPECT_EQ(heights(), first);
     EXPECT_EQ(action("undo").text(), "&Undo");
     EXPECT_EQ(action("redo").text(), "&Redo");
+}
+
+TEST_F(EditMenu, TheFilmIsTakenBackToo) {
+    CFilm& film = m_window.document().film();
+    const FilmCopy first = copyOf(film);
+    action("movie-editor").trigger();
+    rest();
+    QWidget& panel = *ui::dialog(IDD_MOVIE_EDITOR);
+    film.movie().setRangeEnd(40);
+    for (const int button : {IDC_DELETE_FRAMES, IDC_ADD_KEYFRAME}) {
+        m_hands.click(ui::control(panel, button));
+        rest();
+    }
+    film.addPlace("Ford", {1.0F, 2.0F, 3.0F});
+    rest();
+    EXPECT_TRUE(m_window.isWindowModified());
+    strike(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(action("undo").text(), "&Undo Add Keyframe");
+    const FilmCopy edited = copyOf(film);
+    for (int i = 0; i < 2; ++i) {
+        strike(Qt::Key_Z, Qt::ControlModifier);
+    }
+    EXPECT_TRUE(areAlike(copyOf(film), first));
+    EXPECT_FALSE(m_window.isWindowModified());
+    for (int i = 0; i < 2; ++i) {
+        strike(Qt::Key_Y, Qt::ControlModifier);
+    }
+    EXPECT_TRUE(areAlike(copyOf(film), edited));
 }
 
 } // namespace

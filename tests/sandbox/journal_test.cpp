@@ -10,6 +10,7 @@
 
 #include <cstdlib>
 #include <cstring>
+#include <functional>
 #include <random>
 
 namespace {
@@ -178,7 +179,7 @@ TEST_F(MapJournal, EveryStateComesBackToTheBit) {
 TEST_F(MapJournal, TheOldestStepsGoWholeWhenTheBudgetIsSpent) {
     constexpr std::size_t BUDGET = 200'000;
     constexpr int STEPS = 150;
-    CMapJournal journal(m_map, BUDGET);
+    CMapJournal journal(m_map, nullptr, BUDGET);
     std::vector<CMapCopy> states{CMapCopy(m_map)};
     while (states.size() <= STEPS) {
         stroke();
@@ -224,6 +225,52 @@ TEST_F(MapJournal, ATreeComesBackAndTheHillStays) {
     EXPECT_FALSE(journal.canRedo());
     journal.undo();
     EXPECT_TRUE(journal.isAsSaved());
+}
+
+TEST_F(MapJournal, AFilmGoesThereAndBack) {
+    CMemoryScene scene;
+    CFilm film(scene, 40, 25.0F);
+    film.movie().addCamera("one");
+    CMapJournal journal(m_map, &film);
+    std::mt19937 random(static_cast<unsigned>(m_nSeed));
+    const auto frame = [&] { return static_cast<int>(random()) % 60 & 63; };
+    const std::function<void(CMemoryMovie&)> edits[] = {
+        [&](auto& movie) { movie.insertFrame(frame() % movie.getNumFrames(), nullptr); },
+        [&](auto& movie) { movie.deleteFrame(frame()); },
+        [&](auto& movie) { movie.setRangeStart(frame()), movie.deleteRange(); },
+        [&](auto& movie) { movie.copy(), movie.paste(0), movie.paste(0), movie.paste(0); },
+        [&](auto& movie) {
+            qxCMovieFrame& edited = *movie.getFrame(frame() % movie.getNumFrames());
+            edited.setKeyframe(random() % 3 != 0);
+            edited.setFov(static_cast<float>(random() % 90));
+            edited.setAnimTrigger(random() % 2 != 0 ? "mill" : "");
+        },
+        [&](auto& movie) { movie.addSound("wind.wav"), movie.getSound(0)->length = 3.5F; },
+        [](auto& movie) { movie.clearSoundtrack(); },
+        [](auto& movie) { movie.addCamera("two"); },
+        [&](auto&) {
+            film.addPlace("Hill", {static_cast<float>(random() % 9), 0.0F, 1.0F});
+        },
+        [&](auto& movie) { movie.setStepRate(static_cast<float>(random() % 3 + 24)); },
+    };
+    std::vector<FilmCopy> states{copyOf(film)};
+    for (int i = 0; i < 300; ++i) {
+        edits[random() % std::size(edits)](film.movie());
+        film.movie().updateTweening();
+        if (journal.closeStep("Edit")) {
+            states.push_back(copyOf(film));
+        }
+    }
+    EXPECT_GT(states.size(), 200U);
+    std::size_t at = states.size() - 1;
+    for (int turn = 0; turn < 900; ++turn) {
+        const bool forward = turn > 400 ? random() % 3 != 0 : random() % 3 == 0;
+        const bool moves = forward ? journal.canRedo() : journal.canUndo();
+        forward ? journal.redo() : journal.undo();
+        at += !moves ? 0U : forward ? 1U : std::size_t(-1);
+        ASSERT_TRUE(areAlike(copyOf(film), states[at])) << "step " << at << ", seed " << m_nSeed;
+        ASSERT_FALSE(journal.closeStep("Nothing"));
+    }
 }
 
 } // namespace

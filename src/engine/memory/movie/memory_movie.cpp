@@ -33,6 +33,12 @@ CMemoryCamera& CMemoryMovie::addCamera(const char* cameraName) {
     return *m_cameras.back();
 }
 
+void CMemoryMovie::removeLastCamera() {
+    if (!m_cameras.empty()) {
+        m_cameras.pop_back();
+    }
+}
+
 void CMemoryMovie::setStepRate(float framesPerSecond) {
     if (isStepRate(framesPerSecond) && framesPerSecond != m_fStepRate) {
         m_fStepRate = framesPerSecond;

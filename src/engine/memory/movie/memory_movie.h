@@ -34,6 +34,8 @@ public:
 
     /// Append a camera, which belongs to the movie as long as that lives.
     CMemoryCamera& addCamera(const char* cameraName);
+    /// Destroys the camera that was appended last, which no scene may have selected. Nothing without one.
+    void removeLastCamera();
     /// Frames a second; what is not positive and finite is ignored.
     void setStepRate(float framesPerSecond);
     /// Counts every change of a frame, the frames' order, the soundtrack or the step rate.
