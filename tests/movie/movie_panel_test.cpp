@@ -9,6 +9,7 @@
 
 #include <QAbstractButton>
 #include <QAbstractSpinBox>
+#include <QColorDialog>
 #include <QComboBox>
 #include <QProgressBar>
 #include <QTest>
@@ -24,15 +25,15 @@ namespace {
 constexpr int FAR_AWAY = std::numeric_limits<int>::max();
 
 TEST_F(MoviePanelTest, OpensStoppedOnItsFirstFrame) {
-    m_movie.flags = qxMovieShowPath | qxMovieNoFades;
+    constexpr std::uint32_t OPTIONS = qxMovieShowPath | qxMovieShowHeights | qxMovieNoFades;
+    constexpr int BOXES[] = {IDC_SHOW_PATH, IDC_SHOW_HEIGHTS, IDC_NO_FADES};
+    m_movie.flags = OPTIONS;
     m_movie.setRangeSingleFrame(7);
     open();
     EXPECT_EQ(panel()->windowTitle(), "Movie Editor");
     EXPECT_EQ(m_movie.getRangeStart(), 0);
-    EXPECT_EQ(m_movie.flags, qxMovieShowPath | qxMovieNoFades | qxMovieStopped);
-    EXPECT_TRUE(isChecked(IDC_SHOW_PATH));
-    EXPECT_FALSE(isChecked(IDC_SHOW_HEIGHTS));
-    EXPECT_TRUE(isChecked(IDC_NO_FADES));
+    EXPECT_EQ(m_movie.flags, OPTIONS | qxMovieStopped);
+    EXPECT_TRUE(std::ranges::all_of(BOXES, isChecked));
     EXPECT_TRUE(isChecked(IDC_VESK_CAMERA));
     EXPECT_FALSE(isEnabled(IDC_PAUSE));
     EXPECT_FALSE(isEnabled(IDC_MOVIE_UNDO));
@@ -44,6 +45,7 @@ TEST_F(MoviePanelTest, OpensStoppedOnItsFirstFrame) {
     EXPECT_EQ(text(IDC_FRAME_CAMERA), "one");
     vuDestroyMovieEditor();
     open(other, false);
+    EXPECT_TRUE(std::ranges::none_of(BOXES, isChecked));
     EXPECT_FALSE(control(IDC_CLOSE_MOVIE)->isVisible());
     EXPECT_FALSE(isEnabled(IDC_CLOSE_MOVIE));
 }
@@ -57,6 +59,13 @@ TEST_F(MoviePanelTest, ShowsAndPosesTheCurrentFrame) {
     leave();
     EXPECT_STREQ(frame(10).targetName.getString(), "mill");
     EXPECT_FALSE(isEnabled(IDC_MOVIE_UNDO)) << "as after each command that refreshes";
+    CModalSteps person({[](QWidget* dialog) {
+        dynamic_cast<QColorDialog&>(*dialog).setCurrentColor(QColor(9, 8, 7));
+        dynamic_cast<QDialog&>(*dialog).accept();
+    }});
+    QTest::mouseDClick(control(IDC_FADE_COLOUR), Qt::LeftButton);
+    EXPECT_TRUE(person.areDone());
+    EXPECT_EQ(frame(10).fadeColour, qxCColour(9, 8, 7, 255));
 }
 
 const std::set<int> FRAME_GROUP = {IDC_POSITION_X,    IDC_POSITION_Y, IDC_POSITION_Z,   IDC_ROTATION_Z,
