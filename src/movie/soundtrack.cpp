@@ -48,11 +48,12 @@ SoundtrackSound& CSoundtrack::findSoundtrackSound(const char* name) {
 
 void CSoundtrack::renewDevice() {
     const bool connected = g_soundManager.device() != nullptr && !g_soundManager.isDeviceLost();
-    if (connected || g_soundManager.create() != 0) {
+    if (connected) {
         return;
     }
-    for (const auto& [folded, record] : m_soundCache) {
-        record->sound = loadSound(record->name.c_str()); // those of the old device went with it
+    const bool isRenewed = g_soundManager.create() == 0;
+    for (const auto& [folded, record] : m_soundCache) { // the sounds of the old device went with it
+        record->sound = isRenewed ? loadSound(record->name.c_str()) : nullptr;
     }
 }
 

@@ -18,6 +18,9 @@ CPlayControl::CPlayControl() : m_nIdentity(++g_nLastIdentity) {}
 void CPlayControl::start(const CWnd& panel, qxCMovie& movie, qxCAnimator::Callback onMessage,
                          qxCMovie::Callback onEvent) {
     m_bStarting = true;
+    if (m_bPlaying) {
+        g_soundManager.stopAll(); // of a film that begins again nothing of its end goes on
+    }
     m_bPlaying = true;
     m_nLastEventFrame = -1;
     qxCAnimator::setCallback(onMessage);
