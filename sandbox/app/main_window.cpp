@@ -85,7 +85,7 @@ void CMainWindow::connectView() {
 }
 
 void CMainWindow::adoptMap() {
-    m_pView->setMap(&m_document.map());
+    m_pView->setMap(&m_document.map(), &m_document.film());
     if (const auto sight = sessionmemory::sightOf(m_document.path())) {
         m_pView->lookFrom(sight->eye, sight->target);
     }

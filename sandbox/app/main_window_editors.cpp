@@ -1,6 +1,7 @@
 #include "sandbox/app/main_window.h"
 
 #include "host/veskutil.h"
+#include "sandbox/app/animation_names.h"
 
 #include <QGuiApplication>
 #include <QLayout>
@@ -72,6 +73,14 @@ void CMainWindow::followMovieEditor(bool open) {
     m_filmPlayer.setFilm(open ? &film : nullptr);
     m_pView->setFilm(open ? &film : nullptr);
     m_pStrip->setFilm(open ? &film : nullptr);
+    QLineEdit* const field = open ? animationField(*m_pMovieEditor->panel()) : nullptr;
+    if (field != nullptr && !film.figures().empty()) {
+        QStringList names;
+        for (const FilmFigure& figure : film.figures()) {
+            names += figure.animation;
+        }
+        new CAnimationNames(*field, names); // the field's
+    }
     m_pPanelFocus->giveBack();
 }
 

@@ -63,7 +63,7 @@ void CFilmPictures::prepare(QSize size) {
         return;
     }
     m_renderer.create();
-    m_renderer.setMap(&m_map);
+    m_renderer.setMap(&m_map, &m_film);
 }
 
 CViewCamera CFilmPictures::cameraOf() const {

@@ -78,6 +78,11 @@ void CFilm::removePlace(std::size_t index) {
     ++m_nPlaceChanges;
 }
 
+double CFilm::shownTime() const {
+    return m_movie.isPlaying() ? m_movie.getPlayTime()
+                               : static_cast<double>(m_movie.convertFrameToTime(m_movie.getRangeStart()));
+}
+
 QStringList CFilm::names() const {
     QStringList names{QString::fromUtf8(m_viewCamera.name.getString())};
     for (int index = 0; index < m_movie.getNumChildNodes(); ++index) {

@@ -2,6 +2,7 @@
 
 #include "engine/memory/memory_scene.h"
 #include "engine/memory/movie/memory_movie.h"
+#include "sandbox/film/figure.h"
 #include "sandbox/film/place.h"
 
 #include <QString>
@@ -44,6 +45,12 @@ public:
     void renamePlace(std::size_t index, const QString& name);
     void movePlace(std::size_t index, const qxCVector3d& position);
     void removePlace(std::size_t index);
+    /// The things that its triggers set going. They are the scene's furniture; the person does not edit them.
+    const std::vector<FilmFigure>& figures() const { return m_figures; }
+    void setFigures(std::vector<FilmFigure> figures) { m_figures = std::move(figures); }
+    /// Seconds of the film that the picture shows: those of the playing position or of the current frame.
+    double shownTime() const;
+
     /// Why a place or a camera cannot be called so, as a sentence; empty when it can. A target is looked for
     /// by its name alone, so every name stands once.
     QString whyNoName(const QString& name) const;
@@ -66,5 +73,6 @@ private:
     CMemoryCamera m_viewCamera;
     CMemoryMovie m_movie;
     std::vector<std::unique_ptr<CPlace>> m_places;
+    std::vector<FilmFigure> m_figures;
     unsigned m_nPlaceChanges = 0;
 };

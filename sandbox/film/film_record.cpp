@@ -119,6 +119,7 @@ ProjectFilm captureFilm(CFilm& film) {
         record.cameras.push_back(textOf(movie.getChildNode(index)->name));
     }
     record.places = placesOf(film);
+    record.figures = film.figures();
     for (int index = 0; index < movie.getSoundtrackSize(); ++index) {
         record.sounds.push_back(QString::fromUtf8(movie.getSound(index)->name));
     }
@@ -135,6 +136,7 @@ std::unique_ptr<CFilm> buildFilm(const ProjectFilm& record, CMemoryScene& scene)
     for (const FilmPlace& place : record.places) {
         film->addPlace(place.name, place.position);
     }
+    film->setFigures(record.figures);
     for (const QString& sound : record.sounds) {
         movie.addSound(sound.toUtf8().constData());
     }

@@ -11,6 +11,8 @@ namespace {
 constexpr double LARGEST_NUMBER = std::numeric_limits<float>::max();
 constexpr double SLOWEST_RATE = 1e-3; // frames a second
 constexpr double FASTEST_RATE = 1e6;
+constexpr double SMALLEST_FIGURE = 1e-3; // world units
+constexpr int VERSION_WITH_FIGURES = 2;
 constexpr int ANY_LOW = std::numeric_limits<int>::min();
 constexpr int ANY_HIGH = std::numeric_limits<int>::max();
 
@@ -36,6 +38,22 @@ std::vector<FilmPlace> readPlaces(CJsonReader& reader) {
             {entry.readText("name", LONGEST_NAME), entry.readVector("position", LARGEST_NUMBER)});
     }
     return places;
+}
+
+std::vector<FilmFigure> readFigures(CJsonReader& reader) {
+    std::vector<FilmFigure> figures;
+    const QJsonArray list = reader.readList("figures", MOST_FIGURES);
+    for (int i = 0; i < list.size() && !reader.failed(); ++i) {
+        CJsonReader entry = reader.entry("figures", list, i);
+        FilmFigure figure;
+        figure.animation = entry.readText("animation", qxCMovieFrame::ANIM_TRIGGER_LENGTH);
+        figure.kind = static_cast<FigureKind>(
+            entry.readInt("kind", static_cast<int>(FigureKind::MILL), static_cast<int>(FigureKind::BIRDS)));
+        figure.position = entry.readVector("position", LARGEST_NUMBER);
+        figure.size = entry.readFloat("size", SMALLEST_FIGURE, LARGEST_NUMBER);
+        figures.push_back(figure);
+    }
+    return figures;
 }
 
 qxCMovieFrame readFrame(CJsonReader& reader) {
@@ -98,6 +116,13 @@ QJsonObject placeText(const FilmPlace& place) {
     return {{"name", place.name}, {"position", vectorText(place.position)}};
 }
 
+QJsonObject figureText(const FilmFigure& figure) {
+    return {{"animation", figure.animation},
+            {"kind", static_cast<int>(figure.kind)},
+            {"position", vectorText(figure.position)},
+            {"size", shortest(figure.size)}};
+}
+
 } // namespace
 
 ProjectFilm readFilm(CJsonReader reader) {
@@ -117,6 +142,9 @@ ProjectFilm readFilm(CJsonReader reader) {
     film.hidesFades = reader.readBool("noFades");
     film.cameras = readTexts(reader, "cameras", MOST_CAMERAS, LONGEST_NAME);
     film.places = readPlaces(reader);
+    if (version >= VERSION_WITH_FIGURES) {
+        film.figures = readFigures(reader);
+    }
     film.sounds = readTexts(reader, "soundtrack", MOST_SOUNDS, LONGEST_SOUND);
     film.frames = readFrames(reader, film.frameCount);
     return film;
@@ -131,6 +159,7 @@ QJsonObject filmText(const ProjectFilm& film) {
             {"noFades", film.hidesFades},
             {"cameras", listOf(film.cameras, nameText)},
             {"places", listOf(film.places, placeText)},
+            {"figures", listOf(film.figures, figureText)},
             {"soundtrack", listOf(film.sounds, nameText)},
             {"frames", listOf(film.frames, frameText)}};
 }

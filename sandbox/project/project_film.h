@@ -1,6 +1,7 @@
 #pragma once
 
 #include "engine/qx_movie_frame.h"
+#include "sandbox/film/figure.h"
 
 #include <QString>
 #include <vector>
@@ -27,6 +28,7 @@ struct ProjectFilm {
     bool hidesFades = false;
     std::vector<QString> cameras; ///< their names
     std::vector<FilmPlace> places;
+    std::vector<FilmFigure> figures;
     std::vector<QString> sounds; ///< file names of the soundtrack, in order
     std::vector<FilmFrame> frames;
 };

@@ -177,6 +177,7 @@ QString CProjectSaver::checkLimits() const {
         tooMany(film.frames.size(), MOST_STORED_FRAMES, "keyframes and other frames of their own"),
         tooMany(film.cameras.size(), MOST_CAMERAS, "cameras"),
         tooMany(film.places.size(), MOST_PLACES, "places"),
+        tooMany(film.figures.size(), MOST_FIGURES, "figures"),
         tooMany(film.sounds.size(), MOST_SOUNDS, "sounds")};
     const auto* const found =
         std::ranges::find_if(reasons, [](const QString& reason) { return !reason.isEmpty(); });

@@ -17,6 +17,7 @@ inline constexpr int MOST_FRAMES = 100'000;
 inline constexpr int MOST_STORED_FRAMES = 25'000;
 inline constexpr int MOST_CAMERAS = 1'000;
 inline constexpr int MOST_PLACES = 10'000;
+inline constexpr int MOST_FIGURES = 1000;
 inline constexpr int MOST_SOUNDS = 10'000;
 /// Bytes of the name of a frame's target, and of a sound file.
 inline constexpr int LONGEST_TARGET = 65'535;

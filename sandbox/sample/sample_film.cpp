@@ -68,6 +68,13 @@ ProjectFilm sampleFilm(const HeightField& ground) {
     constexpr float LAKE_Z = 308.0F;
     constexpr float FIELDS_X = 256.0F;
     constexpr float FIELDS_Z = 114.0F;
+    constexpr float MILL_X = 266.0F;
+    constexpr float MILL_Z = 122.0F;
+    constexpr float BIRDS_X = 263.0F;
+    constexpr float BIRDS_Z = 214.0F;
+    constexpr int MILL_FRAME = 25;
+    constexpr const char* MILL = "mill turns";
+    constexpr const char* BIRDS = "birds rise";
     const auto onGround = [&](float x, float z) {
         return qxCVector3d(x, static_cast<float>(groundHeight(ground, x, z)), z);
     };
@@ -80,6 +87,11 @@ ProjectFilm sampleFilm(const HeightField& ground) {
     for (const Shot& shot : SHOTS) {
         film.frames.push_back({shot.frame, keyframeOf(shot, ground)});
     }
-    film.frames[2].frame.setAnimTrigger("birds rise");
+    film.figures = {{MILL, FigureKind::MILL, onGround(MILL_X, MILL_Z), 10.0F},
+                    {BIRDS, FigureKind::BIRDS, onGround(BIRDS_X, BIRDS_Z), 10.0F}};
+    film.frames[2].frame.setAnimTrigger(BIRDS);
+    FilmFrame start{MILL_FRAME, {}}; // between two keyframes, when the picture has faded in
+    start.frame.setAnimTrigger(MILL);
+    film.frames.insert(film.frames.begin() + 1, start);
     return film;
 }

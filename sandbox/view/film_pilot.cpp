@@ -10,11 +10,6 @@ namespace {
 
 constexpr double FIRST_PIVOT = 20.0; // world units ahead of the camera
 
-double shownTime(const CMemoryMovie& movie) {
-    return movie.isPlaying() ? movie.getPlayTime()
-                             : static_cast<double>(movie.convertFrameToTime(movie.getRangeStart()));
-}
-
 std::size_t hashOf(const qxCVector3d& vector, std::size_t seed) {
     return qHashMulti(seed, vector.x, vector.y, vector.z);
 }
@@ -54,7 +49,7 @@ CViewCamera CFilmPilot::pictureCamera(double farDistance) const {
     const CMemoryMovie& movie = m_pFilm->movie();
     const float shake = m_bMoving ? 0.0F : movie.getPose().shake;
     CViewCamera picture = m_camera;
-    lookThrough(picture, driven.position, shaken(driven.rotation, shake, shownTime(movie)),
+    lookThrough(picture, driven.position, shaken(driven.rotation, shake, m_pFilm->shownTime()),
                 driven.getFieldOfView(), farDistance);
     return picture;
 }
@@ -91,8 +86,8 @@ std::uint64_t CFilmPilot::state() const {
     }
     const CMemoryMovie& movie = m_pFilm->movie();
     const MoviePose& pose = movie.getPose();
-    std::size_t state = qHashMulti(m_pFilm->state(), movie.flags, isLooking(), shownTime(movie), pose.camera,
-                                   pose.fieldOfView, pose.shake, pose.fadeLevel, fade().rgba());
+    std::size_t state = qHashMulti(m_pFilm->state(), movie.flags, isLooking(), m_pFilm->shownTime(),
+                                   pose.camera, pose.fieldOfView, pose.shake, pose.fadeLevel, fade().rgba());
     state = hashOf(pose.rotation, hashOf(pose.position, state));
     if (const CMemoryCamera* const driven = m_pFilm->drivenCamera()) {
         state = hashOf(driven->rotation, hashOf(driven->position, state));

@@ -67,15 +67,15 @@ void CMapView::releaseGl() {
     doneCurrent();
 }
 
-void CMapView::setMap(CMemoryMap* map) {
+void CMapView::setMap(CMemoryMap* map, CFilm* film) {
     m_strokes.end();
     m_pMap = map;
     if (context() != nullptr) {
         makeCurrent();
-        m_renderer.setMap(map);
+        m_renderer.setMap(map, film);
         doneCurrent();
     } else {
-        m_renderer.setMap(map);
+        m_renderer.setMap(map, film);
     }
     resetCamera();
 }

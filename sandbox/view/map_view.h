@@ -22,8 +22,9 @@ public:
     explicit CMapView(QWidget* parent = nullptr);
     ~CMapView() override;
 
-    /// Show this map, or none, from the first camera position. The map must outlive its stay here.
-    void setMap(CMemoryMap* map);
+    /// Show this map with the figures of its film, or none, from the first camera position. Both must outlive
+    /// their stay here.
+    void setMap(CMemoryMap* map, CFilm* film = nullptr);
     /// The film that is being edited, or none. It must outlive its stay here.
     void setFilm(CFilm* film);
     /// Draw again if the map changed since it was last drawn. To be called when the application is idle.

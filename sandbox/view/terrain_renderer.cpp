@@ -33,6 +33,7 @@ void CTerrainRenderer::create() {
     m_pWater = makeProgram("water");
     m_mesh.create();
     m_details.create();
+    m_figures.create();
     m_overlay.create();
     using Unit = CPointTextures::Unit;
     m_pGround->bind();
@@ -48,7 +49,7 @@ void CTerrainRenderer::create() {
     m_pWater->setUniformValue("uWater", unitOf(Unit::WATER));
     m_pWater->setUniformValue("uWaterTexture", FIRST_BASE_UNIT + 2);
     if (m_pMap != nullptr) {
-        setMap(m_pMap);
+        setMap(m_pMap, m_pFilm);
     }
 }
 
@@ -56,6 +57,7 @@ void CTerrainRenderer::destroy() {
     m_points.destroy();
     m_mesh.destroy();
     m_details.destroy();
+    m_figures.destroy();
     m_overlay.destroy();
     m_baseTextures = {};
     m_noArrays.destroy();
@@ -64,8 +66,9 @@ void CTerrainRenderer::destroy() {
     m_pWater.reset();
 }
 
-void CTerrainRenderer::setMap(CMemoryMap* map) {
+void CTerrainRenderer::setMap(CMemoryMap* map, CFilm* film) {
     m_pMap = map;
+    m_pFilm = film;
     m_points.destroy();
     m_baseTextures = {};
     if (map != nullptr && m_pGround != nullptr) {
@@ -101,6 +104,7 @@ void CTerrainRenderer::draw(const CViewCamera& camera, QSize viewPixels, double 
     }
     drawGround(camera, viewPixels, options);
     drawDetails(camera, worldToClip);
+    drawFigures(worldToClip);
     m_points.bind(); // the details used one of its units
     drawWater(worldToClip);
     m_overlay.draw(heightFieldOf(*m_pMap), m_pMap->getEditCursors(), worldToClip, viewPixels, pixelRatio);
@@ -184,6 +188,19 @@ void CTerrainRenderer::drawDetails(const CViewCamera& camera, const QMatrix4x4& 
     program.setUniformValue("uAmbient", toVector(m_pMap->getAmbient()));
     program.setUniformValue("uDiffuse", toVector(m_pMap->getDiffuse()));
     m_details.draw(*m_pMap, heightFieldOf(*m_pMap), camera.right());
+}
+
+void CTerrainRenderer::drawFigures(const QMatrix4x4& worldToClip) {
+    if (m_pFilm == nullptr || m_pFilm->figures().empty()) {
+        return;
+    }
+    QOpenGLShaderProgram& program = m_figures.program();
+    program.bind();
+    setSceneUniforms(program);
+    program.setUniformValue("uWorldToClip", worldToClip);
+    program.setUniformValue("uAmbient", toVector(m_pMap->getAmbient()));
+    program.setUniformValue("uDiffuse", toVector(m_pMap->getDiffuse()));
+    m_figures.draw(*m_pFilm, heightFieldOf(*m_pMap));
 }
 
 void CTerrainRenderer::drawWater(const QMatrix4x4& worldToClip) {

@@ -3,6 +3,7 @@
 #include "sandbox/core/chunk_grid.h"
 #include "sandbox/view/chunk_mesh.h"
 #include "sandbox/view/detail_renderer.h"
+#include "sandbox/view/figure_renderer.h"
 #include "sandbox/view/ground_overlay.h"
 #include "sandbox/view/point_textures.h"
 #include "sandbox/view/view_options.h"
@@ -13,8 +14,9 @@ class CTerrainRenderer {
 public:
     void create();
     void destroy();
-    /// Draw this map from now on; null for none. The map must outlive its stay here.
-    void setMap(CMemoryMap* map);
+    /// Draw this map from now on, with the figures of the film; null for none. Both must outlive their stay
+    /// here.
+    void setMap(CMemoryMap* map, CFilm* film);
     /// Draw one picture. `pixelRatio` is physical pixels per logical one. Smaller images of what changed are
     /// left for later while `hurried`.
     void draw(const CViewCamera& camera, QSize viewPixels, double pixelRatio, const ViewOptions& options,
@@ -28,6 +30,7 @@ private:
     void drawSky(const QMatrix4x4& worldToClip);
     void drawGround(const CViewCamera& camera, QSize viewPixels, const ViewOptions& options);
     void drawDetails(const CViewCamera& camera, const QMatrix4x4& worldToClip);
+    void drawFigures(const QMatrix4x4& worldToClip);
     void drawWater(const QMatrix4x4& worldToClip);
     void setSceneUniforms(QOpenGLShaderProgram& program) const;
     void refreshBaseTextures();
@@ -37,6 +40,8 @@ private:
     CChunkGrid m_chunks;
     CChunkMesh m_mesh;
     CDetailRenderer m_details;
+    CFilm* m_pFilm = nullptr;
+    CFigureRenderer m_figures;
     CGroundOverlay m_overlay;
     QOpenGLVertexArrayObject m_noArrays; // core profile: even a draw without attributes needs one
     std::unique_ptr<QOpenGLShaderProgram> m_pSky;

@@ -11,7 +11,7 @@ namespace {
 void setKey(CMemoryMovie& movie, int index, float value, qxMovieFrameMode mode = qxMovieFrameLinear) {
     qxCMovieFrame& frame = *movie.getFrame(index);
     frame.setTranslation({value, -value, 0.0F});
-    frame.setRotation({0.0F, value, 0.0F});
+    frame.setRotation({value, value, value});
     frame.setFrameMode(mode);
     frame.setKeyframe(true);
 }
@@ -54,6 +54,22 @@ std::string digest(CMemoryMovie& movie) {
     return text;
 }
 
+/// Values of the monotone cubic of Fritsch and Butland.
+TEST(Tweening, ASplineIsTheMonotoneCubicThroughItsKeyframes) {
+    CMemoryMovie movie(nullptr, 41);
+    for (const auto& [index, value] :
+         {std::pair{0, 0.0F}, {10, 10.0F}, {15, 40.0F}, {30, 41.0F}, {40, 41.0F}}) {
+        setKey(movie, index, value, qxMovieFrameSpline);
+    }
+    movie.updateTweening();
+    for (const auto& [index, x] : {std::pair{11, 14.2865F}, {12, 21.8251F}, {13, 30.2204F}, {14, 37.0771F}}) {
+        EXPECT_NEAR(movie.getFrame(index)->translation.x, x, 1e-3F) << index;
+    }
+    for (int index = 30; index <= 40; ++index) {
+        EXPECT_EQ(movie.getFrame(index)->translation.x, 41.0F) << "nothing overshoots";
+    }
+}
+
 TEST(Tweening, AnglesGoTheShortWayRound) {
     CMemoryMovie movie(nullptr, 11);
     for (const auto& [from, to, middle] :
@@ -62,7 +78,10 @@ TEST(Tweening, AnglesGoTheShortWayRound) {
         setKey(movie, 0, from, qxMovieFrameSpline);
         setKey(movie, 10, to);
         movie.updateTweening();
-        EXPECT_NEAR(movie.getFrame(5)->rotation.y, middle, 1e-4F) << from << " to " << to;
+        const qxCVector3d& rotation = movie.getFrame(5)->rotation;
+        for (const float angle : {rotation.x, rotation.y, rotation.z}) {
+            EXPECT_NEAR(angle, middle, 1e-4F) << from << " to " << to;
+        }
     }
 }
 

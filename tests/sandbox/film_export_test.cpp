@@ -77,7 +77,7 @@ TEST_F(FilmExportTest, IsTheSameEveryTimeAndAsTheViewShowsIt) {
     }
     CMapView view;
     view.resize(SIZE);
-    view.setMap(&m_document.map());
+    view.setMap(&m_document.map(), &m_document.film());
     view.setFilm(&m_document.film());
     m_document.scene().selectCamera(m_document.film().drivenCamera());
     view.show();

@@ -47,6 +47,10 @@ std::string valuesOf(CFilm& film) {
     for (const auto& place : film.places()) {
         text += place->name.getString() + std::to_string(place->position.y);
     }
+    for (const FilmFigure& figure : film.figures()) {
+        text += figure.animation.toStdString() + std::to_string(static_cast<int>(figure.kind)) +
+                std::to_string(figure.position.x) + std::to_string(figure.size);
+    }
     for (int index = 0; index < movie.getNumChildNodes(); ++index) {
         text += movie.getChildNode(index)->name.getString() + std::string("|");
     }
@@ -106,6 +110,7 @@ TEST(FilmRecord, EveryFilmComesBackFromItsFile) {
         CFilm film(scene, 1 + static_cast<int>(random() % 30), 0.1F + static_cast<float>(seed));
         film.movie().addCamera("A");
         film.addPlace("M\xc3\xbchle", {1, 2, 3});
+        film.setFigures({{"rise", FigureKind::BIRDS, {4, 5, 6}, 7.5F}});
         film.movie().addSound("b\xc3\xa4r.wav");
         film.movie().flags |= static_cast<std::uint32_t>(seed % 8) * 2;
         editAtRandom(film, random, static_cast<int>(seed));
@@ -129,10 +134,10 @@ TEST(FilmRecord, BadFilmsAreRefusedByName) {
     };
     const QJsonArray twice{QJsonObject{{"frame", 4}}};
     const Damage damages[] = {
-        {"version", 2,
-         "\"film.version\" is 2: the film was made by a newer version of this program, which knows films up "
+        {"version", 3,
+         "\"film.version\" is 3: the film was made by a newer version of this program, which knows films up "
          "to "
-         "1"},
+         "2"},
         {"frameCount", 0, "\"film.frameCount\" is not a whole number from 1 to 100000"},
         {"frameCount", 3, "\"film.frames[1].frame\" is not a whole number from 1 to 2"},
         {"stepRate", 0, "\"film.stepRate\" is not a number from 0.001 to 1e+06"},
@@ -140,6 +145,8 @@ TEST(FilmRecord, BadFilmsAreRefusedByName) {
         {"cameras", QJsonArray{1}, "\"film.cameras[0]\" is not an object"},
         {"places", QJsonArray{QJsonObject{{"name", "x"}, {"position", QJsonArray{1, 2}}}},
          "\"film.places[0].position\" does not have 3 numbers"},
+        {"figures", QJsonArray{QJsonObject{{"animation", "x"}, {"kind", 2}}},
+         "\"film.figures[0].kind\" is not a whole number from 0 to 1"},
         {"soundtrack", QJsonValue(QJsonValue::Undefined), "\"film.soundtrack\" is missing"},
         {"frames", twice, "\"film.frames[0].keyframe\" is missing"},
     };

@@ -1,4 +1,5 @@
 #include "engine/memory/movie/camera_angles.h"
+#include "sandbox/film/figure_mesh.h"
 #include "sandbox/film/film_camera.h"
 #include "sandbox/film/film_marks.h"
 #include "sandbox/view/film_pilot.h"
@@ -155,6 +156,39 @@ TEST_F(FilmView, ThePathIsWhatTheMovieSaysAndEndsAtCuts) {
     const FilmMarks heights = markFilm(m_film, ground);
     EXPECT_FALSE(isNamed(heights, "12"));
     EXPECT_TRUE(isNamed(heights, "9 high") && isNamed(heights, "Mill"));
+}
+
+TEST_F(FilmView, AnAnimationRunsOnceWhenItsFrameIsReached) {
+    CMemoryMovie movie(nullptr, 400, 10.0F);
+    for (const int frame : {5, 20, 390}) {
+        movie.getFrame(frame)->setAnimTrigger(frame == 390 ? "no such" : "turns");
+    }
+    const FilmFigure mill{"turns", FigureKind::MILL, {9.0F, 0.0F, 9.0F}, 10.0F};
+    const struct {
+        double seconds;
+        std::optional<double> time;
+    } cases[] = {{0.0, {}},    {0.49, {}}, {0.5, 0.0}, {1.5, 1.0}, {2.0, 0.0}, // begins anew
+                 {13.9, 11.9}, {14.1, {}}, {39.5, {}}};
+    for (const auto& one : cases) {
+        const std::optional<double> time = animationTime(movie, mill, one.seconds);
+        ASSERT_EQ(time.has_value(), one.time.has_value()) << one.seconds;
+        EXPECT_NEAR(time.value_or(0.0), one.time.value_or(0.0), 1e-6) << one.seconds;
+    }
+    for (const FigureKind kind : {FigureKind::MILL, FigureKind::BIRDS}) {
+        const FilmFigure figure{"runs", kind, {9.0F, 0.0F, 9.0F}, 10.0F};
+        const double length = animationLength(kind);
+        const auto movedBy = [&](double time) {
+            const std::vector<FigureVertex> rest = figureMesh(figure, 3.0, {});
+            const std::vector<FigureVertex> then = figureMesh(figure, 3.0, time);
+            float most = 0.0F;
+            for (std::size_t i = 0; i < rest.size(); ++i) {
+                most = std::max(most, rest[i].place.distanceToPoint(then.at(i).place));
+            }
+            return most;
+        };
+        EXPECT_GT(movedBy(length * 0.4), 3.0F);
+        EXPECT_LT(movedBy(length), 0.1F) << "it stands afterwards as before";
+    }
 }
 
 } // namespace

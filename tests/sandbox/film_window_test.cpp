@@ -9,11 +9,13 @@
 
 #include <QAbstractButton>
 #include <QAction>
-#include <QCoreApplication>
+#include <QApplication>
 #include <QHelpEvent>
 #include <QLineEdit>
+#include <QTest>
 #include <QTimer>
 #include <QToolBar>
+#include <QToolButton>
 #include <QToolTip>
 #include <gtest/gtest.h>
 
@@ -120,6 +122,26 @@ TEST_F(FilmWindow, TheStripSaysWhyASoundIsSilent) {
     EXPECT_EQ(toolTipAt(5), "gone.wav: The file is not there.");
     EXPECT_TRUE(toolTipAt(110).startsWith("grass.tga: ")) << "it stands beside the first";
     EXPECT_TRUE(toolTipAt(600).startsWith("Frame "));
+}
+
+TEST_F(FilmWindow, TheNamesOfTheAnimationsAreOffered) {
+    openEditors({1280, 720});
+    CMemoryMovie& movie = m_pWindow->document().film().movie();
+    movie.setRangeSingleFrame(75);
+    vuMovieCameraAltered(nullptr, true);
+    auto& field = ui::control<QLineEdit>(*ui::dialog(IDD_MOVIE_EDITOR), IDC_ANIM);
+    ui::dialog(IDD_MOVIE_EDITOR)->activateWindow();
+    ASSERT_TRUE(ui::waitUntilActive(ui::dialog(IDD_MOVIE_EDITOR)));
+    ui::click(*field.findChild<QToolButton*>());
+    QWidget* const list = QApplication::activePopupWidget();
+    ASSERT_NE(list, nullptr);
+    QTest::keyClick(list, Qt::Key_Down);
+    QTest::keyClick(list, Qt::Key_Down);
+    QTest::keyClick(list, Qt::Key_Return);
+    EXPECT_EQ(field.text(), "birds rise");
+    EXPECT_TRUE(becomesTrue([&] { return field.hasFocus(); }));
+    ui::press(Qt::Key_Tab);
+    EXPECT_STREQ(movie.getFrame(75)->animTrigger, "birds rise");
 }
 
 /// The film that plays, is flown through and edited is freed with its map.
