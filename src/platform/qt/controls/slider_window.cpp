@@ -62,6 +62,38 @@ protected:
     }
 };
 
+/// Draws itself again only when something of it looks different: among thousands of positions the next one
+/// leaves the thumb on its pixel.
+class CScrollBarWidget : public QScrollBar {
+public:
+    using QScrollBar::QScrollBar;
+
+protected:
+    void sliderChange(SliderChange change) override {
+        const Look look{thumb(), value() == minimum(), value() == maximum()};
+        if (std::exchange(m_look, look) != look || change != SliderValueChange) {
+            QScrollBar::sliderChange(change);
+        }
+    }
+
+private:
+    struct Look {
+        QRect thumb;
+        bool isAtBegin = false;
+        bool isAtEnd = false;
+
+        friend bool operator==(const Look&, const Look&) = default;
+    };
+
+    QRect thumb() const {
+        QStyleOptionSlider option;
+        initStyleOption(&option);
+        return style()->subControlRect(QStyle::CC_ScrollBar, &option, QStyle::SC_ScrollBarSlider, this);
+    }
+
+    Look m_look;
+};
+
 } // namespace
 
 CAbstractSliderWindow::CAbstractSliderWindow(QAbstractSlider* slider, CWindow& parent,
@@ -152,8 +184,8 @@ std::unique_ptr<CWnd> CSliderWindow::makeStandIn() const {
 
 CScrollBarWindow::CScrollBarWindow(CWindow& parent, const ControlTraits& traits)
     : CAbstractSliderWindow(
-          new QScrollBar((traits.window.style & SBS_VERT) != 0 ? Qt::Vertical : Qt::Horizontal,
-                         parent.widget()),
+          new CScrollBarWidget((traits.window.style & SBS_VERT) != 0 ? Qt::Vertical : Qt::Horizontal,
+                               parent.widget()),
           parent, traits) {
     setRange(0, 100);
 }
