@@ -214,6 +214,10 @@ TEST_F(MainWindow, EveryKindOfWorkCountsAsAChange) {
         [&] { map().getTerrainDef(1)->filter[24] = 3.0F; },
         [&] { document().scene().setFogMode(qxFogModeOn); },
         [&] { map().setFlag(qxMapFlagChecker); },
+        [&] { document().film().movie().getFrame(2)->setFov(12.0F); },
+        [&] { document().film().movie().addSound("wind.wav"); },
+        [&] { document().film().movie().flags ^= qxMovieShowHeights; },
+        [&] { document().film().addPlace("Ford", {1, 2, 3}); },
     };
     for (std::size_t i = 0; i < works.size(); ++i) {
         ASSERT_EQ(m_pWindow->saveProject(folder()), "");
@@ -294,6 +298,7 @@ protected:
     void aMinutePasses() { QMetaObject::invokeMethod(m_pWindow->findChild<QTimer*>("autosave"), "timeout"); }
     void workAndCrash(int height) {
         map().setPointHeight(4, 4, height, true);
+        document().film().movie().getFrame(0)->setFov(static_cast<float>(height) / 10.0F);
         aMinutePasses();
         openWindow(); // the old one goes without being asked
         ASSERT_TRUE(QDir(copy()).exists());
@@ -317,6 +322,7 @@ TEST_F(LostWork, IsOfferedUntilAPersonDecides) {
     m_pWindow->show();
     openAndAnswer("Open Copy");
     EXPECT_EQ(map().getPointHeight(4, 4), 444);
+    EXPECT_EQ(document().film().movie().getFrame(0)->fov, 44.4F);
     EXPECT_TRUE(document().hasHeightChanges() && document().hasOtherChanges());
     EXPECT_TRUE(QDir(copy()).exists()) << "it is not saved yet";
     choose("save");
