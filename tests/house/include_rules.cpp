@@ -159,15 +159,11 @@ std::vector<std::vector<std::string>> findUnitCircles(const IncludeMap& includes
             }
         }
     }
-    std::map<std::string, std::set<std::string>> reached;
-    for (const auto& [unit, used] : uses) {
-        std::set<std::string>& all = reached[unit];
-        std::vector<std::string> open(used.begin(), used.end());
-        while (!open.empty()) {
-            const std::string next = open.back();
-            open.pop_back();
-            if (all.insert(next).second) {
-                open.insert(open.end(), uses.at(next).begin(), uses.at(next).end());
+    auto reached = uses;
+    for (const auto& [between, used] : uses) {
+        for (auto& [unit, all] : reached) {
+            if (all.contains(between)) {
+                all.insert(reached.at(between).begin(), reached.at(between).end());
             }
         }
     }
