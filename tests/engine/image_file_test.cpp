@@ -3,6 +3,7 @@
 #include "engine/qx_image_file.h"
 #include "support/png_bytes.h"
 #include "support/temp_directory.h"
+#include "support/tga_bytes.h"
 
 #include <gtest/gtest.h>
 
@@ -17,12 +18,7 @@ constexpr qxCColour RED(255, 0, 0, 255);
 TEST(ImageFile, LoadsByBareNameAndIsEmptyAfterAFailure) {
     const CTempDirectory directory;
     CEngineDirectories::setDirectories({directory.path()});
-    std::string file(18, '\0');
-    file[2] = 3;
-    file[12] = file[14] = 2;
-    file[16] = 8;
-    file[17] = 0x20;
-    directory.write("Rock.TGA", file + "\x01\x02\x03\x04");
+    directory.write("Rock.TGA", makeTga(2, 2, 8, "\x01\x02\x03\x04", 0x20));
     directory.write("text.tga", "this is no picture at all, only a line of text");
     directory.write("empty.tga", "");
     qxCImageFile image;

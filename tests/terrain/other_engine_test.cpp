@@ -5,6 +5,7 @@
 #include "engine/memory/memory_scene.h"
 #include "engine/qx_texture.h"
 #include "support/temp_directory.h"
+#include "support/tga_bytes.h"
 
 #include <gtest/gtest.h>
 
@@ -23,11 +24,7 @@ qxCColour tint(const qxCColour& colour, const qxCColour& tintColour) {
 TEST(OtherEngine, ThePreviewShowsItsColours) {
     const CTempDirectory folder;
     CEngineDirectories::setDirectories({folder.path()});
-    std::string file(18, '\0');
-    file[2] = 3;
-    file[12] = file[14] = 16;
-    file[16] = 8;
-    folder.write("grey.tga", file + std::string(256, 'd'));
+    folder.write("grey.tga", makeTga(16, 16, 8, std::string(256, 'd')));
     CMemoryScene scene;
     CMemoryMap map(4, &scene);
     qxCTexture* const texture = scene.createTexture();

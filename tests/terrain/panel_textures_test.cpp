@@ -5,6 +5,7 @@
 #include "host/veskutil.h"
 #include "support/modal_steps.h"
 #include "support/temp_directory.h"
+#include "support/tga_bytes.h"
 
 #include <QApplication>
 #include <QListWidget>
@@ -32,11 +33,7 @@ protected:
     }
 
     qxCTexture* addTexture(const std::string& name, char grey) {
-        std::string file(18, '\0');
-        file[2] = 3; // greys, 32 x 32, 8 bits
-        file[12] = file[14] = 32;
-        file[16] = 8;
-        m_folder.write((name + ".tga").c_str(), file + std::string(32 * 32, grey));
+        m_folder.write(name + ".tga", makeTga(32, 32, 8, std::string(32 * 32, grey)));
         qxCTexture* texture = m_scene.createTexture();
         texture->name.setString(name.c_str());
         texture->setFilename((name + ".tga").c_str());
@@ -69,6 +66,7 @@ protected:
     static void pickTexture(int picker, const QString& name, int button) {
         const CModalSteps user({[&](QWidget* list) {
             auto& entries = ui::control<QListWidget>(*list, IDC_TEXTURES);
+            EXPECT_EQ(entries.currentItem()->text(), text(picker));
             const auto found = entries.findItems(name, Qt::MatchExactly);
             ASSERT_EQ(found.size(), 1);
             ui::click(*entries.viewport(), entries.visualItemRect(found.front()).center());
@@ -195,6 +193,7 @@ TEST_F(PanelTextures, TexturesArePickedForTheGroundAndForDetails) {
     expand();
     pickTexture(IDC_SMOOTH_TEXTURE, "dark", IDOK);
     EXPECT_EQ(m_map.getTexture(qxMapLayerSmooth), m_scene.getTexture(1));
+    EXPECT_EQ(text(IDC_SMOOTH_TEXTURE), "dark");
     EXPECT_EQ(shownInPreview(), QColor(100, 100, 100));
     pickTexture(IDC_ROUGH_TEXTURE, "-NONE-", IDOK);
     EXPECT_EQ(m_map.getTexture(qxMapLayerRough), nullptr);

@@ -6,6 +6,7 @@
 #include "engine/qx_texture.h"
 #include "support/surface_recipe.h"
 #include "support/temp_directory.h"
+#include "support/tga_bytes.h"
 
 #include <gtest/gtest.h>
 
@@ -36,17 +37,10 @@ protected:
 
     /// A true-colour image with alpha whose pixels all differ.
     void writeImage(const char* name, int width, int height, unsigned seed) {
-        std::string file(18, '\0');
-        const std::pair<std::size_t, int> fields[] = {
-            {2, 2},   {12, width % 256}, {13, width / 256}, {14, height % 256}, {15, height / 256},
-            {16, 32}, {17, 0x28}};
-        for (const auto& [at, value] : fields) {
-            file[at] = static_cast<char>(value);
-        }
+        std::string pixels(static_cast<std::size_t>(width * height * 4), ' ');
         std::mt19937 noise(seed);
-        std::generate_n(std::back_inserter(file), width * height * 4,
-                        [&] { return static_cast<char>(noise()); });
-        m_folder.write(name, file);
+        std::ranges::generate(pixels, [&] { return static_cast<char>(noise()); });
+        m_folder.write(name, makeTga(width, height, 32, pixels, 0x28));
     }
 
     void setBase(qxMapLayerType layer, const char* name) {
