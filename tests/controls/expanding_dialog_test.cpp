@@ -3,7 +3,6 @@
 #include "support/recording_dialog.h"
 
 #include <QTest>
-#include <QTimer>
 
 #include <gtest/gtest.h>
 
@@ -102,16 +101,4 @@ TEST_F(ExpandingDialogTest, EnterMovesOnFromAnEditAndPressesAButton) {
     QTest::keyClick(control(STRADDLING), Qt::Key_Return);
     EXPECT_EQ(m_dialog.m_nPressed, 1);
     EXPECT_TRUE(control(STRADDLING)->hasFocus());
-}
-
-TEST_F(ExpandingDialogTest, ARequestToCloseDestroysTheWindow) {
-    window()->close();
-    EXPECT_EQ(m_dialog.GetSafeHwnd(), nullptr);
-    EXPECT_EQ(window(), nullptr);
-
-    CTestDialog modal;
-    ASSERT_TRUE(modal.InitModalIndirect(layout()));
-    QTimer::singleShot(0, [] { window()->close(); });
-    EXPECT_EQ(modal.DoModal(), IDCANCEL);
-    EXPECT_EQ(window(), nullptr);
 }

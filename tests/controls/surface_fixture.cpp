@@ -1,7 +1,6 @@
 #include "controls/surface_fixture.h"
 
 #include "controls/colour_button.h"
-#include "controls/texture_picker_button.h"
 #include "support/recording_dialog.h"
 
 #include <QApplication>
@@ -11,15 +10,14 @@
 
 BEGIN_MESSAGE_MAP(CSurfaceDialog, CDialog)
 ON_MESSAGE(UM_COLOURCHANGED, &CSurfaceDialog::onColourChanged)
-ON_MESSAGE(UM_TEXTURECHANGED, &CSurfaceDialog::onTextureChanged)
 END_MESSAGE_MAP()
 
-CSurfaceDialog::CSurfaceDialog(std::vector<CWnd*> controls, DWORD style, int left, int top)
+CSurfaceDialog::CSurfaceDialog(std::vector<CWnd*> controls, int left, int top)
     : m_controls(std::move(controls)) {
     std::vector<DialogItem> items;
     for (int i = 0; i < static_cast<int>(m_controls.size()); ++i) {
-        items.push_back(
-            dialogItem(FIRST_ID + i, "Button", style, {BUTTON_WIDTH * i, 0, BUTTON_WIDTH, BUTTON_HEIGHT}));
+        items.push_back(dialogItem(FIRST_ID + i, "Button", BS_OWNERDRAW,
+                                   {BUTTON_WIDTH * i, 0, BUTTON_WIDTH, BUTTON_HEIGHT}));
     }
     DialogTemplate layout = dialogLayout(std::move(items));
     layout.id = FIRST_ID + left + top;
@@ -35,25 +33,13 @@ void CSurfaceDialog::DoDataExchange(CDataExchange* pDX) {
     }
 }
 
-QWidget* CSurfaceDialog::window() {
-    return QWidget::find(reinterpret_cast<WId>(m_hWnd));
-}
-
 QWidget* CSurfaceDialog::button(int place) {
     return window()->findChild<QWidget*>(QString::number(FIRST_ID + place));
 }
 
-LRESULT CSurfaceDialog::note(UINT message, WPARAM wParam, LPARAM lParam) {
-    m_sent.push_back({message, wParam, lParam});
+LRESULT CSurfaceDialog::onColourChanged(WPARAM, LPARAM lParam) {
+    m_changed.push_back(static_cast<int>(lParam) - FIRST_ID);
     return 1;
-}
-
-LRESULT CSurfaceDialog::onColourChanged(WPARAM wParam, LPARAM lParam) {
-    return note(UM_COLOURCHANGED, wParam, lParam);
-}
-
-LRESULT CSurfaceDialog::onTextureChanged(WPARAM wParam, LPARAM lParam) {
-    return note(UM_TEXTURECHANGED, wParam, lParam);
 }
 
 QImage pictureOf(QWidget* widget) {

@@ -1,4 +1,6 @@
+#include "controls/image_preview.h"
 #include "controls/preview_picture.h"
+#include "controls/surface_fixture.h"
 #include "engine/qx_image_file.h"
 
 #include <gtest/gtest.h>
@@ -65,6 +67,25 @@ TEST(PreviewPicture, EveryPixelFollowsTheRule) {
     for (const auto& c : cases) {
         expectPictureByRule(makeNoise(c.imageWidth, c.imageHeight), c.width, c.height, c.tilesX, c.tilesY);
     }
+}
+
+TEST(ImagePreview, PaintsThatPictureOrNothing) {
+    const qxCImageFile image = makeNoise(40, 30);
+    CImagePreview preview;
+    CSurfaceDialog dialog({&preview}, 50, 50);
+    preview.setImage(&image, 3, 2);
+    const QImage picture = pictureOf(dialog.button(0));
+    ASSERT_GT(picture.width(), 80);
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            ASSERT_EQ(picture.pixel(x, y), pixelByRule(image, picture.width(), picture.height(), 3, 2, x, y));
+        }
+    }
+    preview.setImage(nullptr, 1, 1);
+    QImage white(picture.size(), QImage::Format_RGB32);
+    white.fill(Qt::white);
+    dialog.button(0)->render(&white);
+    EXPECT_EQ(white.pixelColor(9, 9), QColor(Qt::black));
 }
 
 TEST(PreviewPicture, NoPixelsNoPicture) {

@@ -1,22 +1,63 @@
-#include "controls/surface_texture_fixture.h"
 #include "controls/texture_list_dlg.h"
+
+#include "engine/memory/engine_directories.h"
+#include "engine/memory/memory_scene.h"
+#include "engine/qx_texture.h"
 #include "module/module_state.h"
 #include "resources/resource_ids.h"
+#include "support/modal_steps.h"
+#include "support/ui_driver.h"
 
 #include <gmock/gmock.h>
 
+#include <QComboBox>
 #include <QFileDialog>
+#include <QImage>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QMessageBox>
+#include <QTemporaryDir>
 #include <QTest>
 
 namespace {
 
 using testing::ElementsAre;
 
-/// The Texture List itself, opened on the scene.
-class TextureListTest : public TextureTest {
+/// The Texture List on a scene of two textures, "grass" and "rock", of which "grass" has an image: opaque, 8
+/// by 8, one colour.
+class TextureListTest : public testing::Test {
 protected:
+    TextureListTest() {
+        QImage image(8, 8, QImage::Format_RGB32);
+        image.fill(GRASS_COLOUR);
+        image.save(m_directory.filePath("grass.png"));
+        CEngineDirectories::setDirectories({m_directory.path().toStdString()});
+        m_pGrass->setSize(qxTextureSize256);
+        m_pGrass->setPixelFormat(qxPixelFormatRgba4444);
+        m_pRock->setSize(qxTextureSize16);
+        m_pRock->setPixelFormat(qxPixelFormat8);
+    }
+    ~TextureListTest() override { CEngineDirectories::setDirectories({}); }
+
+    qxCTexture* addTexture(const char* name, const char* fileName) {
+        qxCTexture* const texture = m_scene.createTexture();
+        texture->name.setString(name);
+        texture->setFilename(fileName);
+        m_scene.addTexture(texture);
+        return texture;
+    }
+    static void click(const QWidget* list, int id) { ui::click(ui::control(*list, id)); }
+    static void choose(const QWidget* list, const QString& entry) {
+        const auto& entries = ui::control<QListWidget>(*list, IDC_TEXTURES);
+        const QList<QListWidgetItem*> found = entries.findItems(entry, Qt::MatchExactly);
+        ASSERT_EQ(found.size(), 1) << entry.toStdString();
+        ui::click(*entries.viewport(), entries.visualItemRect(found.front()).center());
+    }
+    static QString selectedEntry(const QWidget* list) {
+        const QListWidgetItem* const current = ui::control<QListWidget>(*list, IDC_TEXTURES).currentItem();
+        return current != nullptr && current->isSelected() ? current->text() : "(none)";
+    }
+
     struct Outcome {
         INT_PTR result;
         qxCTexture* selected;
@@ -48,11 +89,17 @@ protected:
     static QColor previewColour(const QWidget* list) {
         return ui::control(*list, IDC_TEXTURE_IMAGE).grab().toImage().pixelColor(20, 5);
     }
+
+    const QColor GRASS_COLOUR{30, 120, 40};
+    QTemporaryDir m_directory;
+    CMemoryScene m_scene;
+    qxCTexture* const m_pGrass = addTexture("grass", "grass.png");
+    qxCTexture* const m_pRock = addTexture("rock", "rock.png");
 };
 
 TEST_F(TextureListTest, FollowsTheSelection) {
     const auto [result, selected] =
-        run(m_pGrass, {[](const QWidget* list) {
+        run(m_pGrass, {[this](const QWidget* list) {
                 EXPECT_EQ(selectedEntry(list), "grass");
                 EXPECT_EQ(ui::control<QComboBox>(*list, IDC_TEXTURE_FORMAT).currentText(), "RGBA 4444");
                 EXPECT_EQ(ui::control<QComboBox>(*list, IDC_TEXTURE_FORMAT).count(), 8);
@@ -67,7 +114,7 @@ TEST_F(TextureListTest, FollowsTheSelection) {
                 choose(list, "grass");
                 EXPECT_TRUE(ui::control(*list, IDC_TEXTURE_FORMAT).isEnabled());
                 EXPECT_TRUE(ui::control(*list, IDC_TEXTURE_SIZE).isEnabled());
-                EXPECT_EQ(previewColour(list), grassColour());
+                EXPECT_EQ(previewColour(list), GRASS_COLOUR);
                 choose(list, "-NONE-");
                 click(list, IDOK);
             }});

@@ -1,4 +1,4 @@
 vesk_test(test_panel_surfaces
-    SOURCES ../support/recording_dialog.cpp surface_fixture.cpp surface_preview_picture_test.cpp surface_preview_test.cpp surface_swatch_test.cpp
-            surface_texture_fixture.cpp surface_texture_list_test.cpp surface_texture_picker_test.cpp
+    SOURCES ../support/recording_dialog.cpp surface_fixture.cpp surface_preview_picture_test.cpp surface_swatch_test.cpp
+            surface_texture_list_test.cpp
     LIBRARIES vesk_controls qxmemory vesk_ui_test_support)
