@@ -99,8 +99,10 @@ void CReferenceEditor::writeHeight(const Point& point, std::int64_t height, bool
     map->setPointHeight(held(point.first), held(point.second), held(height), direct);
 }
 
-void CReferenceEditor::recordArea(std::int64_t x0, std::int64_t z0, std::int64_t x1, std::int64_t z1) {
-    for (const auto& [px, pz] : pointsOf(x0, z0, x1, z1)) {
+std::vector<CReferenceEditor::Point> CReferenceEditor::recordArea(std::int64_t x0, std::int64_t z0,
+                                                                  std::int64_t x1, std::int64_t z1) {
+    std::vector<Point> points = pointsOf(x0, z0, x1, z1);
+    for (const auto& [px, pz] : points) {
         const int x = static_cast<int>(px);
         const int z = static_cast<int>(pz);
         history.push_back({!m_bHasRecorded, x, z, map->getPointHeightQ(x, z), map->getPointColourQ(0, x, z),
@@ -110,6 +112,20 @@ void CReferenceEditor::recordArea(std::int64_t x0, std::int64_t z0, std::int64_t
             history.pop_front();
         }
     }
+    return points;
+}
+
+std::vector<CReferenceEditor::Point> CReferenceEditor::recordWork() {
+    if (panel.selected) {
+        return recordArea(panel.x0, panel.z0, panel.x1 + std::int64_t{1}, panel.z1 + std::int64_t{1});
+    }
+    const std::set<Point> brush = brushPoints();
+    if (!brush.empty()) {
+        const auto [x, z] = brush.size() == 1 ? *brush.begin() : Point(panel.x, panel.z);
+        const std::int64_t more = brush.size() == 1 ? 0 : blockSize() - 1;
+        recordArea(x, z, x + more, z + more);
+    }
+    return {brush.begin(), brush.end()};
 }
 
 void CReferenceEditor::undo() {

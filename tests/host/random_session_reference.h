@@ -70,6 +70,7 @@ private:
     void magnet(int amount);
     void flatten();
     void setHeights();
+    void readHeight();
     void smooth();
     void roughen();
     void tintPoints();
@@ -82,7 +83,10 @@ private:
     std::vector<Point> pointsOf(std::int64_t x0, std::int64_t z0, std::int64_t x1, std::int64_t z1) const;
     std::set<Point> brushPoints() const;
     std::int64_t blockSize() const;
-    void recordArea(std::int64_t x0, std::int64_t z0, std::int64_t x1, std::int64_t z1);
+    /// The points of the area, which go into the history.
+    std::vector<Point> recordArea(std::int64_t x0, std::int64_t z0, std::int64_t x1, std::int64_t z1);
+    /// Those of the selection, else of the brush.
+    std::vector<Point> recordWork();
     int heightAt(std::int64_t x, std::int64_t z) const;
     void writeHeight(const Point& point, std::int64_t height, bool direct);
     void copyHeights();

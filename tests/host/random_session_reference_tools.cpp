@@ -18,48 +18,40 @@ void CReferenceEditor::updateTerrain(std::int64_t x, std::int64_t z, int amount)
     case 0:
         panel.x1 = panel.x;
         panel.z1 = panel.z;
-        break;
+        return;
     case 1:
-        raise(amount);
-        break;
+        return raise(amount);
     case 2:
-        flatten();
-        break;
+        return flatten();
     case 3:
-        setHeights();
-        break;
-    case 4: {
-        const std::int64_t dx = panel.corner == 1 || panel.corner == 2 ? 1 : 0;
-        const std::int64_t dz = panel.corner == 2 || panel.corner == 3 ? 1 : 0;
-        if (panel.corner >= 0 && panel.corner <= 3) {
-            panel.height = heightAt(x + dx, z + dz);
-        }
-        break;
-    }
+        return setHeights();
+    case 4:
+        return readHeight();
     case 5:
-        tintPoints();
-        break;
+        return tintPoints();
     case 6:
-        smooth();
-        break;
+        return smooth();
     case 7:
-        map->addWater(panel.x, panel.z);
-        break;
+        return map->addWater(panel.x, panel.z);
     case 8:
-        map->removeWater(panel.x, panel.z);
-        break;
+        return map->removeWater(panel.x, panel.z);
     case 9:
-        paintPoints();
-        break;
+        return paintPoints();
     case 10:
         panel.gradient = map->getGradient(panel.x, panel.z);
-        break;
+        return;
     case 11:
-        magnet(amount);
-        break;
+        return magnet(amount);
     default:
-        roughen();
-        break;
+        return roughen();
+    }
+}
+
+void CReferenceEditor::readHeight() {
+    if (panel.corner >= 0 && panel.corner <= 3) {
+        const std::int64_t dx = panel.corner == 1 || panel.corner == 2 ? 1 : 0;
+        const std::int64_t dz = panel.corner == 2 || panel.corner == 3 ? 1 : 0;
+        panel.height = heightAt(panel.x + dx, panel.z + dz);
     }
 }
 
@@ -80,12 +72,9 @@ void CReferenceEditor::raise(int amount) {
     const std::int64_t z = panel.z;
     if (panel.selected) {
         if (panel.first) {
-            const std::int64_t right = panel.x1 + std::int64_t{1};
-            const std::int64_t far = panel.z1 + std::int64_t{1};
-            recordArea(panel.x0, panel.z0, right, far);
+            m_workPoints = recordWork();
             copyHeights();
             m_worker = Worker::RAISE_AREA;
-            m_workPoints = pointsOf(panel.x0, panel.z0, right, far);
         }
         if (m_worker == Worker::RAISE_AREA) {
             for (const Point& p : m_workPoints) {
@@ -121,10 +110,9 @@ void CReferenceEditor::magnet(int amount) {
         const std::int64_t x = panel.x;
         const std::int64_t z = panel.z;
         const std::int64_t r = panel.strength;
-        recordArea(x - r, z - r, x + r + 1, z + r + 1);
+        m_workPoints = recordArea(x - r, z - r, x + r + 1, z + r + 1);
         copyHeights();
         m_worker = Worker::MAGNET;
-        m_workPoints = pointsOf(x - r, z - r, x + r + 1, z + r + 1);
         m_workOrigin = {x, z};
         m_nWorkSize = r;
     }
@@ -145,9 +133,9 @@ void CReferenceEditor::magnet(int amount) {
 void CReferenceEditor::flatten() {
     const std::int64_t x = panel.x;
     const std::int64_t z = panel.z;
-    recordArea(x, z, x + 1, z + 1);
+    const std::vector<Point> corners = recordArea(x, z, x + 1, z + 1);
     const int level = (heightAt(x, z) + heightAt(x + 1, z) + heightAt(x, z + 1) + heightAt(x + 1, z + 1)) / 4;
-    for (const Point& p : pointsOf(x, z, x + 1, z + 1)) {
+    for (const Point& p : corners) {
         writeHeight(p, level, true);
     }
 }
@@ -167,8 +155,7 @@ void CReferenceEditor::setHeights() {
     } else if (panel.brush != 2) {
         return;
     }
-    recordArea(x0, z0, x1, z1);
-    for (const Point& p : pointsOf(x0, z0, x1, z1)) {
+    for (const Point& p : recordArea(x0, z0, x1, z1)) {
         writeHeight(p, panel.height, true);
     }
 }
@@ -214,21 +201,7 @@ void CReferenceEditor::roughen() {
 }
 
 void CReferenceEditor::tintPoints() {
-    const std::int64_t x = panel.x;
-    const std::int64_t z = panel.z;
-    std::vector<Point> points;
-    if (panel.selected) {
-        points = pointsOf(panel.x0, panel.z0, panel.x1 + std::int64_t{1}, panel.z1 + std::int64_t{1});
-        recordArea(panel.x0, panel.z0, panel.x1 + std::int64_t{1}, panel.z1 + std::int64_t{1});
-    } else {
-        const std::set<Point> brush = brushPoints();
-        points.assign(brush.begin(), brush.end());
-        if (brush.size() == 1) {
-            recordArea(points[0].first, points[0].second, points[0].first, points[0].second);
-        } else if (!brush.empty()) {
-            recordArea(x, z, x + blockSize() - 1, z + blockSize() - 1);
-        }
-    }
+    const std::vector<Point> points = recordWork();
     const qxCColour target = panel.toolTint;
     const float t = std::min(1.0F, std::max(0.0F, static_cast<float>(panel.strength) * 0.01F));
     const int water = static_cast<int>(map->waterLevel / map->heightScale);
@@ -242,26 +215,11 @@ void CReferenceEditor::tintPoints() {
 }
 
 void CReferenceEditor::paintPoints() {
-    const std::int64_t x = panel.x;
-    const std::int64_t z = panel.z;
     const float w = std::min(1.0F, std::max(0.0F, static_cast<float>(panel.strength) * 0.1F));
-    if (panel.selected) {
-        recordArea(panel.x0, panel.z0, panel.x1 + std::int64_t{1}, panel.z1 + std::int64_t{1});
-        for (const auto& [px, pz] :
-             pointsOf(panel.x0, panel.z0, panel.x1 + std::int64_t{1}, panel.z1 + std::int64_t{1})) {
-            map->paintMultiTexture(static_cast<int>(px), static_cast<int>(pz), w);
-        }
-        return;
-    }
-    const std::set<Point> brush = brushPoints();
-    if (brush.size() == 1) {
-        recordArea(brush.begin()->first, brush.begin()->second, brush.begin()->first, brush.begin()->second);
-    } else if (!brush.empty()) {
-        recordArea(x, z, x + blockSize() - 1, z + blockSize() - 1);
-    }
-    for (const auto& [px, pz] : brush) {
-        const std::int64_t fromCentre = std::abs(px - x - 1) + std::abs(pz - z - 1);
-        const bool half = (panel.brush == 3 && fromCentre == 1) || (panel.brush == 4 && fromCentre == 2);
+    for (const auto& [px, pz] : recordWork()) {
+        const std::int64_t fromCentre = std::abs(px - panel.x - 1) + std::abs(pz - panel.z - 1);
+        const bool half = !panel.selected &&
+                          ((panel.brush == 3 && fromCentre == 1) || (panel.brush == 4 && fromCentre == 2));
         map->paintMultiTexture(held(px), held(pz), half ? w * 0.5F : w);
     }
 }
