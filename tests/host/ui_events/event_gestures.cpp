@@ -9,43 +9,15 @@
 
 namespace {
 
-struct Key {
-    Qt::Key key;
-    const char* text;
-    Qt::KeyboardModifiers modifiers = Qt::NoModifier;
-};
-
 /// Keys that mean something somewhere, and a few that do not.
-const std::array KEYS = {Key{Qt::Key_Tab, "\t"},
-                         Key{Qt::Key_Return, "\r"},
-                         Key{Qt::Key_Escape, "\x1b"},
-                         Key{Qt::Key_Space, " "},
-                         Key{Qt::Key_Left, ""},
-                         Key{Qt::Key_Right, ""},
-                         Key{Qt::Key_Up, ""},
-                         Key{Qt::Key_Down, ""},
-                         Key{Qt::Key_Home, ""},
-                         Key{Qt::Key_End, ""},
-                         Key{Qt::Key_PageUp, ""},
-                         Key{Qt::Key_PageDown, ""},
-                         Key{Qt::Key_Backspace, "\b"},
-                         Key{Qt::Key_Delete, "\x7f"},
-                         Key{Qt::Key_0, "0"},
-                         Key{Qt::Key_9, "9"},
-                         Key{Qt::Key_Minus, "-"},
-                         Key{Qt::Key_Period, "."},
-                         Key{Qt::Key_E, "e"},
-                         Key{Qt::Key_Z, "Z", Qt::ShiftModifier},
-                         Key{Qt::Key_F4, ""},
-                         Key{Qt::Key_Menu, ""},
-                         Key{Qt::Key_O, "o", Qt::AltModifier},
-                         Key{Qt::Key_Down, "", Qt::AltModifier},
-                         Key{Qt::Key_Backtab, "", Qt::ShiftModifier},
-                         Key{Qt::Key_Enter, "\r", Qt::KeypadModifier},
-                         Key{Qt::Key_Tab, "\t", Qt::ControlModifier},
-                         Key{Qt::Key_A, "\x01", Qt::ControlModifier},
-                         Key{Qt::Key_V, "\x16", Qt::ControlModifier},
-                         Key{Qt::Key_Z, "\x1a", Qt::ControlModifier}};
+constexpr std::array KEYS = {
+    Qt::Key_Tab,       Qt::Key_Return, Qt::Key_Escape,  Qt::Key_Space, Qt::Key_Left,   Qt::Key_Right,
+    Qt::Key_Up,        Qt::Key_Down,   Qt::Key_Home,    Qt::Key_End,   Qt::Key_PageUp, Qt::Key_PageDown,
+    Qt::Key_Backspace, Qt::Key_Delete, Qt::Key_Backtab, Qt::Key_Enter, Qt::Key_0,      Qt::Key_9,
+    Qt::Key_Minus,     Qt::Key_Period, Qt::Key_A,       Qt::Key_E,     Qt::Key_O,      Qt::Key_V,
+    Qt::Key_Z,         Qt::Key_F4,     Qt::Key_Menu};
+constexpr std::array MODIFIERS = {Qt::ShiftModifier, Qt::AltModifier, Qt::ControlModifier,
+                                  Qt::KeypadModifier};
 
 /// What a person types into a field: good values, ends of ranges, nonsense.
 const std::array TYPED = {
@@ -188,8 +160,10 @@ void CEventGestures::resize(QWidget& window) {
 }
 
 void CEventGestures::anyKey(QWidget& window) {
-    const Key& key = m_dice.of(KEYS);
-    pressKey(window, key.key, QString::fromUtf8(key.text), key.modifiers);
+    const Qt::Key key = m_dice.of(KEYS);
+    const Qt::KeyboardModifier modifier = m_dice.oneIn(4) ? m_dice.of(MODIFIERS) : Qt::NoModifier;
+    const bool writes = key < Qt::Key_Escape && (modifier & (Qt::AltModifier | Qt::ControlModifier)) == 0;
+    pressKey(window, key, writes ? QString(QChar(key)) : QString(), modifier);
 }
 
 void CEventGestures::anyEvent(QWidget& window) {

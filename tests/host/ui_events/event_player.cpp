@@ -11,28 +11,21 @@
 
 namespace {
 
-constexpr std::array SWATCHES = {IDC_TINT_COLOUR, IDC_TINT_1, IDC_TINT_2, IDC_AMBIENT_COLOUR,
-                                 IDC_DIFFUSE_COLOUR};
-constexpr std::array PICKERS = {IDC_SMOOTH_TEXTURE, IDC_ROUGH_TEXTURE, IDC_WATER_TEXTURE, IDC_DETAIL_TEXTURE};
-constexpr std::array MOVIE_BUTTONS = {IDC_PLAY,          IDC_LOOP,          IDC_GO_TO_START,
-                                      IDC_NEXT_KEY,      IDC_ADD_KEYFRAME,  IDC_MOVIE_UNDO,
-                                      IDC_DELETE_FRAMES, IDC_MARK_KEYFRAME, IDC_PASTE_FRAMES};
-constexpr std::array LIST_CONTROLS = {IDC_IMPORT_TEXTURE, IDC_IMPORT_TEXTURE, IDC_TEXTURES,
-                                      IDC_TEXTURES,       IDC_TEXTURE_FORMAT, IDC_TEXTURE_SIZE};
-constexpr std::array TYPED_FILES = {"stone.tga",
-                                    "moss.tga",
-                                    "my.texture.tga",
-                                    "twelveletter.tga",
-                                    "wüste.tga",
-                                    "cut.tga",
-                                    "headonly.tga",
-                                    "empty.tga",
-                                    "notes.txt",
-                                    "more/sand.tga",
-                                    "no_such_file.tga",
-                                    "muchtoolonganame.tga",
-                                    "\"stone.tga\" \"muchtoolonganame.tga\" \"moss.tga\"",
-                                    "\"cut.tga\" \"grass.tga\""};
+/// Controls that a stray hand meets too seldom, in either panel and in their dialogs.
+constexpr std::array SWATCHES = {IDC_TINT_COLOUR,    IDC_TINT_1,         IDC_TINT_2,
+                                 IDC_AMBIENT_COLOUR, IDC_DIFFUSE_COLOUR, IDC_FADE_COLOUR};
+constexpr std::array CLICKED = {IDC_TERRAIN_TYPES,  IDC_SMOOTH_TEXTURE,
+                                IDC_WATER_TEXTURE,  IDC_DETAIL_TEXTURE,
+                                IDC_EXPAND,         IDC_UNDO,
+                                IDC_SELECT_ALL,     IDC_PLAY,
+                                IDC_LOOP,           IDC_ADD_KEYFRAME,
+                                IDC_MOVIE_UNDO,     IDC_DELETE_FRAMES,
+                                IDC_PASTE_FRAMES,   IDC_SETUP_SOUND_LIST,
+                                IDC_IMPORT_TEXTURE, IDC_TEXTURES,
+                                IDC_TEXTURE_SIZE};
+constexpr std::array TYPED_FILES = {"stone.tga", "moss.tga",      "my.texture.tga",   "twelveletter.tga",
+                                    "wüste.tga", "cut.tga",       "headonly.tga",     "empty.tga",
+                                    "notes.txt", "more/sand.tga", "no_such_file.tga", "muchtoolonganame.tga"};
 
 /// A control that can be seen and used; null when there is none of that id now.
 QWidget* usable(const QWidget& window, int id) {
@@ -40,6 +33,17 @@ QWidget* usable(const QWidget& window, int id) {
     const bool isUsable =
         found != nullptr && found->isVisible() && found->isEnabled() && !found->visibleRegion().isEmpty();
     return isUsable ? found : nullptr;
+}
+
+/// One of these that can be used; null when there is none.
+template <class Ids> QWidget* anyUsable(CEventDice& dice, const QWidget& window, const Ids& ids) {
+    QList<QWidget*> found;
+    for (const int id : ids) {
+        if (QWidget* const control = usable(window, id)) {
+            found << control;
+        }
+    }
+    return found.isEmpty() ? nullptr : dice.of(found);
 }
 
 /// A dialog's own button, or that of a dialog of Qt's.
@@ -58,22 +62,6 @@ QWidget* buttonOf(const QWidget& dialog, int id, QDialogButtonBox::StandardButto
 
 } // namespace
 
-void CEventPlayer::clickControl(QWidget& window, int id) {
-    if (QWidget* const control = usable(window, id)) {
-        m_gestures.clickOn(*control);
-    } else {
-        m_gestures.clickAnywhere(window);
-    }
-}
-
-void CEventPlayer::doubleClickControl(QWidget& window, int id) {
-    if (QWidget* const control = usable(window, id)) {
-        m_gestures.doubleClickOn(*control, control->rect().center());
-    } else {
-        anything(window);
-    }
-}
-
 void CEventPlayer::anything(QWidget& window) {
     const int kind = m_dice.below(8);
     if (kind == 0) {
@@ -88,75 +76,41 @@ void CEventPlayer::anything(QWidget& window) {
 }
 
 void CEventPlayer::usePanel(QWidget& panel) {
-    const bool isMovie = panel.objectName() == QString("dialog-%1").arg(IDD_MOVIE_EDITOR);
-    isMovie ? useMoviePanel(panel) : useMapPanel(panel);
-}
-
-/// Those controls of the movie panel that a stray hand seldom meets.
-void CEventPlayer::useMoviePanel(QWidget& panel) {
-    const int kind = m_dice.below(24);
+    const int kind = m_dice.below(32);
+    QWidget* const clicked = anyUsable(m_dice, panel, CLICKED);
+    QWidget* const swatch = anyUsable(m_dice, panel, SWATCHES);
     QWidget* const timeline = usable(panel, IDC_TIMELINE);
-    if (kind == 0) {
-        clickControl(panel, IDC_SETUP_SOUND_LIST);
-    } else if (kind == 1) {
-        doubleClickControl(panel, IDC_FADE_COLOUR);
-    } else if (kind == 2) {
-        m_dice.oneIn(4) ? m_gestures.close(panel) : m_gestures.openEditor();
-    } else if (kind <= 5) {
-        clickControl(panel, m_dice.of(MOVIE_BUTTONS));
-    } else if (kind <= 7) {
-        m_gestures.callMovie();
-    } else if (kind == 8 && timeline != nullptr) {
-        m_gestures.useTimeline(*timeline);
-    } else {
-        anything(panel);
-    }
-}
-
-void CEventPlayer::useMapPanel(QWidget& panel) {
-    const int kind = m_dice.below(40);
-    QWidget* const from = usable(panel, m_dice.of(SWATCHES));
-    QWidget* const to = usable(panel, m_dice.of(SWATCHES));
-    if (kind <= 3) {
-        openSomeDialog(panel);
-    } else if (kind == 4) {
-        clickControl(panel, IDC_EXPAND);
-    } else if (kind == 5 && from != nullptr && to != nullptr) {
-        m_gestures.drag(*from, from->rect().center(), *to, to->rect().center());
-    } else if (kind == 6) {
-        m_dice.oneIn(4) ? m_gestures.close(panel) : clickControl(panel, IDC_UNDO);
-    } else if (kind == 7) {
-        m_dice.oneIn(4) ? m_gestures.destroyEditor(m_dice.oneIn(4)) : clickControl(panel, IDC_SELECT_ALL);
+    QWidget* const height = usable(panel, IDC_HEIGHT);
+    if (kind <= 4 && clicked != nullptr) {
+        m_gestures.clickOn(*clicked);
+    } else if (kind == 5 && swatch != nullptr) {
+        m_gestures.doubleClickOn(*swatch, swatch->rect().center());
+    } else if (kind == 6 && swatch != nullptr) {
+        QWidget* const other = anyUsable(m_dice, panel, SWATCHES);
+        m_gestures.drag(*swatch, swatch->rect().center(), *other, other->rect().center());
+    } else if (kind == 7 && m_dice.oneIn(4)) {
+        m_dice.oneIn(2) ? m_gestures.close(panel) : m_gestures.destroyEditor(m_dice.oneIn(4));
     } else if (kind == 8) {
         m_gestures.openEditor(); // a second opening is ignored
-    } else if (kind <= 13) {
+    } else if (kind <= 11) {
         m_gestures.hostCall();
-    } else {
-        anything(panel);
-    }
-}
-
-void CEventPlayer::openSomeDialog(QWidget& panel) {
-    const int kind = m_dice.below(8);
-    QWidget* const height = usable(panel, IDC_HEIGHT);
-    if (kind <= 1) {
-        doubleClickControl(panel, m_dice.of(SWATCHES));
-    } else if (kind <= 3) {
-        clickControl(panel, IDC_TERRAIN_TYPES);
-    } else if (kind == 4 && height != nullptr) {
+    } else if (kind <= 13) {
+        m_gestures.callMovie();
+    } else if (kind == 14 && timeline != nullptr) {
+        m_gestures.useTimeline(*timeline);
+    } else if (kind == 15 && height != nullptr) {
         m_gestures.type(*height, "2000", Qt::Key_Tab); // refused with a message box
     } else {
-        clickControl(panel, m_dice.of(PICKERS));
+        anything(panel);
     }
 }
 
 void CEventPlayer::useDialog(DialogKind kind, QWidget& dialog) {
+    QWidget* const clicked = anyUsable(m_dice, dialog, CLICKED);
     if (m_dice.oneIn(12)) {
         m_gestures.hostCall();
-    } else if (kind == DialogKind::TEXTURE_LIST && m_dice.oneIn(3)) {
-        clickControl(dialog, m_dice.of(LIST_CONTROLS));
-    } else if (kind == DialogKind::TERRAIN_TYPES && m_dice.oneIn(3)) {
-        m_dice.oneIn(2) ? clickControl(dialog, IDC_TERRAIN_TYPE) : m_gestures.typeIntoAnyField(dialog);
+    } else if (clicked != nullptr && m_dice.oneIn(3)) {
+        m_gestures.clickOn(*clicked);
     } else if (kind == DialogKind::FILES && m_dice.oneIn(10)) {
         accept(kind, dialog);
     } else {

@@ -16,13 +16,8 @@ public:
     void leave(DialogKind kind, QWidget& dialog, LeaveWay way);
 
 private:
-    void useMapPanel(QWidget& panel);
-    void useMoviePanel(QWidget& panel);
-    void openSomeDialog(QWidget& panel);
     void chooseFiles(QWidget& dialog);
     void accept(DialogKind kind, QWidget& dialog);
-    void clickControl(QWidget& window, int id);
-    void doubleClickControl(QWidget& window, int id);
 
     CEventDice& m_dice;
     CEventGestures& m_gestures;

@@ -6,6 +6,7 @@
 #include "platform/cstring.h"
 #include "resources/resource_ids.h"
 #include "sandbox/hands/dialogs.h"
+#include "support/tga_bytes.h"
 
 #include <QApplication>
 #include <QDir>
@@ -16,6 +17,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <limits>
 #include <stdexcept>
 
@@ -68,16 +70,9 @@ void CEventStage::write(const QString& name, const QByteArray& content) {
 
 /// A true-colour TGA file of a gradient, of which the last `missing` bytes are cut off.
 void CEventStage::writeTga(const QString& name, int width, int height, int bits, int missing) {
-    QByteArray bytes(18, '\0');
-    bytes[2] = 2;
-    bytes[12] = static_cast<char>(width & 0xFF);
-    bytes[13] = static_cast<char>(width >> 8);
-    bytes[14] = static_cast<char>(height & 0xFF);
-    bytes[15] = static_cast<char>(height >> 8);
-    bytes[16] = static_cast<char>(bits);
-    for (int i = 0; i < width * height * (bits / 8); ++i) {
-        bytes.append(static_cast<char>(i % 251));
-    }
+    std::string pixels(static_cast<std::size_t>(width * height * (bits / 8)), ' ');
+    std::ranges::generate(pixels, [i = 0]() mutable { return static_cast<char>(i++ % 251); });
+    QByteArray bytes = QByteArray::fromStdString(makeTga(width, height, bits, pixels));
     bytes.chop(missing);
     write(name, bytes);
 }
