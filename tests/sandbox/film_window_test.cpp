@@ -47,6 +47,7 @@ protected:
         EXPECT_TRUE(becomesTrue(isBeside)) << "the movie editor covers the view";
     }
 
+    CFreshSettings m_settings;
     std::unique_ptr<CMainWindow> m_pWindow = std::make_unique<CMainWindow>();
 };
 

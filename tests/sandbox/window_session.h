@@ -4,14 +4,20 @@
 
 #include <QCoreApplication>
 #include <QSettings>
+#include <QTemporaryDir>
 #include <QTimer>
 
 #include <functional>
 
-/// A person without settings, before and after: to be made before the window that reads them.
+/// A person without settings, before and after: to be made before the window that reads them. The settings
+/// are this program's own, whatever other tests run meanwhile.
 class CFreshSettings {
 public:
-    CFreshSettings() { QSettings().clear(); }
+    CFreshSettings() {
+        static const QTemporaryDir folder;
+        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, folder.path());
+        QSettings().clear();
+    }
     ~CFreshSettings() { QSettings().clear(); }
     CFreshSettings(const CFreshSettings&) = delete;
     CFreshSettings& operator=(const CFreshSettings&) = delete;

@@ -24,8 +24,8 @@ void CFocusMark::follow(QWidget* focused) {
     if (m_pMarked != nullptr) {
         m_pMarked->removeEventFilter(this);
     }
-    const bool isOurs =
-        focused != nullptr && focused != parentWidget() && parentWidget()->isAncestorOf(focused);
+    const bool isControl = focused != nullptr && focused != this && focused != parentWidget();
+    const bool isOurs = isControl && parentWidget()->isAncestorOf(focused);
     m_pMarked = isOurs ? focused : nullptr;
     if (m_pMarked != nullptr) {
         m_pMarked->installEventFilter(this);
