@@ -89,22 +89,6 @@ TEST_F(HeightmapFile, WhatAFullDiskOrAHeightmapCannotKeepStaysUnsaved) {
     EXPECT_TRUE(document.hasOtherChanges()) << "the colour is not in the file";
 }
 
-TEST_F(HeightmapFile, AFileOfEightBitsStaysOneAsLongAsItCan) {
-    ASSERT_EQ(writeHeightmapFile(path("low.png"), 5, ramp(5, 250), HeightmapBits::EIGHT), "");
-    CMapDocument document;
-    ASSERT_EQ(document.open(path("low.png"), [] {}).error, "");
-    document.map().setPointHeight(1, 1, 255, true);
-    EXPECT_EQ(document.saveHeightmap(path("low.png")).error, "");
-    EXPECT_EQ(readHeightmapFile(path("low.png")).pictureBits, 8);
-    document.map().setPointHeight(1, 1, 256, true);
-    EXPECT_TRUE(document.hasOutgrownItsFile());
-    EXPECT_TRUE(document.saveHeightmap(path("low.png")).error.endsWith("and the map is higher now"));
-    EXPECT_EQ(readHeightmapFile(path("low.png")).pictureBits, 8);
-    EXPECT_EQ(document.saveHeightmap(path("high.png")).error, "");
-    EXPECT_EQ(readHeightmapFile(path("high.png")).pictureBits, 16);
-    EXPECT_FALSE(document.hasOutgrownItsFile());
-}
-
 TEST_F(HeightmapFile, APartOfAPictureIsNotSavedOverTheWhole) {
     CMapDocument document;
     const CMapDocument::Outcome outcome = document.open(QString(VESK_TEST_DATA) + "/wide.png", [] {});

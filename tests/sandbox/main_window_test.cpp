@@ -151,16 +151,9 @@ protected:
         ui::press(Qt::Key_Tab);
         ui::type(ui::control(*panel, IDC_TILING), "5");
         ui::press(Qt::Key_Tab);
-        map().getMultiTexture(map().getNumMultiTextures() - 1)->tint1 = {1, 2, 3, 255};
-        map().getTerrainDef(0)->noise = 4.5F;
         map().setTexture(qxMapLayerRough, document().scene().getTexture(1));
-        map().setDiffuse({200, 190, 180, 255});
         m_pWindow->findChild<QSpinBox*>("water-level")->setValue(130);
         map().addWater(EDGE / 2, 3);
-        map().setPointHeight(2, 2, 777, true);
-        map().paintMultiTexture(5, 5, 0.5F);
-        map().addDetail(qxDetailTypePoint, document().scene().getTexture(0), {3, 0, 3}, {4, 0, 3}, {3, 0, 4},
-                        1.5F);
         ui::settle();
     }
 
@@ -375,7 +368,13 @@ TEST_F(MainWindow, AHeightmapOfEightBitsAsksBeforeItBecomesAnother) {
     const std::vector<std::uint16_t> low(EDGE * EDGE, 90);
     ASSERT_EQ(writeHeightmapFile(heightmap(), EDGE, low, HeightmapBits::EIGHT), "");
     ASSERT_EQ(m_pWindow->openMap(heightmap()), "");
-    map().setPointHeight(4, 4, 700, true);
+    map().setPointHeight(4, 4, 255, true);
+    converse({}, [&] { choose("save"); });
+    EXPECT_EQ(readHeightmapFile(heightmap()).pictureBits, 8) << "as long as it can";
+    ASSERT_EQ(writeHeightmapFile(heightmap(), EDGE, low, HeightmapBits::EIGHT), "");
+    map().setPointHeight(4, 4, 256, true);
+    EXPECT_TRUE(document().hasOutgrownItsFile());
+    EXPECT_TRUE(document().saveHeightmap(heightmap()).error.endsWith("and the map is higher now"));
     const QString question =
         "hills.png has 8 bits a point, which hold heights up to 255, and the map is higher "
         "now. With 16 bits it can be saved under another name.";
@@ -383,7 +382,8 @@ TEST_F(MainWindow, AHeightmapOfEightBitsAsksBeforeItBecomesAnother) {
     EXPECT_EQ(readHeightmapFile(heightmap()).map.heights, low);
     const QString other = m_scratch.filePath("other.png");
     converse({answer(question, "Save Heightmap As..."), chooseFile(other)}, [&] { choose("save"); });
-    EXPECT_EQ(heightIn(other), 700);
+    EXPECT_EQ(heightIn(other), 256);
+    EXPECT_FALSE(document().hasOutgrownItsFile());
     EXPECT_EQ(readHeightmapFile(heightmap()).map.heights, low);
 }
 
