@@ -66,23 +66,6 @@ TEST_F(PanelTest, StaysOpenUnderEscapeAndEnter) {
     EXPECT_EQ(panel(), nullptr);
 }
 
-TEST_F(PanelTest, GoesDownWithTheHostsWindow) {
-    open();
-    vuDestroyEditor();
-    {
-        QWidget host;
-        host.show();
-        vuCreateEditor(reinterpret_cast<HWND>(host.winId()), &m_map, "", nullptr, true, nullptr);
-        ASSERT_NE(panel(), nullptr);
-    }
-    EXPECT_FALSE(vuIsEditorActive());
-    EXPECT_EQ(panel(), nullptr);
-    stroke(4, 4);
-    vuDestroyEditor();
-    open();
-    EXPECT_TRUE(vuIsEditorActive());
-}
-
 // A host's timer may close the editor, and free the map, while a dialog of the panel's stands open.
 TEST_F(PanelTest, TakesTheDialogsOverItDown) {
     const std::function<void()> openers[] = {[] { click(IDC_TERRAIN_TYPES); },
