@@ -92,7 +92,9 @@ TEST(PreviewPicture, NoPixelsNoPicture) {
     qxCImageFile notLoaded;
     qxCImageFile sizedByHand = makeNoise(4, 4);
     sizedByHand.width = 400;
-    for (const qxCImageFile* image : {&notLoaded, &sizedByHand}) {
+    qxCImageFile narrow = sizedByHand;
+    narrow.width = 0;
+    for (const qxCImageFile* image : {&notLoaded, &sizedByHand, &narrow}) {
         std::vector<std::uint32_t> picture(16, UNTOUCHED);
         EXPECT_FALSE(composePreview(picture, 4, 4, *image, 1, 1));
         EXPECT_EQ(picture, std::vector<std::uint32_t>(16, UNTOUCHED));

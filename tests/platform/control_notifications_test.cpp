@@ -2,15 +2,11 @@
 
 #include <gmock/gmock.h>
 
-#include <QAbstractButton>
 #include <QListWidget>
 #include <QTabBar>
 #include <QTest>
 
 namespace {
-
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 enum Id {
     PUSH = 11,
@@ -129,6 +125,9 @@ TEST_F(ControlNotifications, WhatThePersonDoesIs) {
     EXPECT_EQ(::SendMessage(::GetDlgItem(m_dialog.m_hWnd, TICK), BM_GETCHECK, 0, 0), 1);
     EXPECT_EQ(control<CComboBox>(COMBO).GetCurSel(), 1);
     EXPECT_EQ(control<CListBox>(LIST).GetCurSel(), 1);
+    CString text("what stood there");
+    control<CListBox>(LIST).GetText(2, text);
+    EXPECT_STREQ(text, "") << "there are two";
 }
 
 TEST_F(ControlNotifications, SlidersAnswerAClickAtAnyHeight) {

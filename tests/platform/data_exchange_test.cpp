@@ -4,7 +4,6 @@
 
 #include <gmock/gmock.h>
 
-#include <QApplication>
 #include <QLineEdit>
 #include <QMessageBox>
 
@@ -130,6 +129,15 @@ TEST_F(DataExchange, ABadValueLeftByAClickShowsOneBoxAndNoClick) {
     ui::click(m_dialog.at(PUSH));
     EXPECT_THAT(m_dialog.takeHeard(), ElementsAre("11 left", "19 clicked"));
     EXPECT_EQ(m_values.height, 50);
+}
+
+TEST_F(DataExchange, ADialogThatCannotBeFilledEndsBeforeAnyoneSeesIt) {
+    CRecordingDialog dialog;
+    DialogTemplate layout = dialogLayout({});
+    layout.id = CRecordingDialog::TEMPLATE_ID + 1;
+    dialog.exchange = [](CDataExchange* pDX) { pDX->Fail(); };
+    ASSERT_TRUE(dialog.InitModalIndirect(layout));
+    EXPECT_EQ(dialog.DoModal(), -1);
 }
 
 TEST(NumberText, ReadsAsTheFrameworkDoesWhateverTheLocale) {

@@ -5,7 +5,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QApplication>
 #include <QLabel>
 #include <QPushButton>
 
@@ -75,6 +74,7 @@ TEST_F(WindowPlacement, AWindowMadeInAVisibleOneIsShownWithItsBorder) {
     CRect client;
     made.GetClientRect(client);
     EXPECT_EQ(client.Width(), 36);
+    EXPECT_NE(CClientDC(&made).m_hDC, nullptr) << "it can be drawn on";
 }
 
 /// No text of the library's own dialogs is cut off by its control.

@@ -195,6 +195,16 @@ TEST_F(WaveReaders, ReadsInPiecesToTheEndAndAgain) {
     }
 }
 
+TEST_F(WaveReaders, CloseTheirFileAtTheirEnd) {
+    const auto openFiles = [] {
+        return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {});
+    };
+    ASSERT_EQ(open(riff(FORMAT + DATA)), S_OK);
+    const auto before = openFiles();
+    ASSERT_EQ(CWaveReader().open((m_directory.path() / "a.wav").c_str()), S_OK);
+    EXPECT_EQ(openFiles(), before);
+}
+
 TEST_F(WaveReaders, WhatIsNoFileIsRefused) {
     const std::filesystem::path missing = m_directory.path() / "missing.wav";
     for (const char* path :

@@ -104,7 +104,10 @@ class CEmptyHandedMap : public CForwardingMap {
 public:
     qxCTexture* getTexture(qxMapLayerType /*layer*/) const override { return nullptr; }
     int getNumTerrainDefs() const override { return 3; }
-    _qxMapTerrainDef* getTerrainDef(int index) override { return index == 1 ? &m_type : nullptr; }
+    _qxMapTerrainDef* getTerrainDef(int index) override {
+        EXPECT_TRUE(index >= 0 && index < 3) << index;
+        return index == 1 ? &m_type : nullptr;
+    }
     int getNumMultiTextures() const override { return 2; }
     qxCMapMultiTexture* getMultiTexture(int index) override { return index == 0 ? &m_definition : nullptr; }
     qxCMapMultiTexture* addMultiTexture() override { return nullptr; }
