@@ -1,7 +1,6 @@
 #include "host/random_session_reference.h"
 
 #include <algorithm>
-#include <limits>
 #include <utility>
 
 void CReferenceEditor::open(CMemoryMap& newMap) {

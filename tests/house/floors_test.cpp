@@ -2,10 +2,7 @@
 
 #include <gmock/gmock.h>
 
-#include <algorithm>
 #include <fstream>
-#include <set>
-#include <sstream>
 
 namespace {
 

@@ -4,14 +4,12 @@
 
 #include <gmock/gmock.h>
 
-#include <algorithm>
 #include <set>
 #include <stdexcept>
 #include <utility>
 
 namespace {
 
-using testing::ElementsAre;
 
 constexpr int CLOSED_COMBO_HEIGHT = 14;
 

@@ -1,11 +1,10 @@
 #include "support/recording_dialog.h"
 
+#include <QApplication>
 #include <gtest/gtest.h>
 
-#include <QApplication>
 
 #include <clocale>
-#include <cstring>
 #include <set>
 #include <string>
 

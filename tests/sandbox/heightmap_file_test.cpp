@@ -2,7 +2,6 @@
 #include "sandbox/failing_disk.h"
 #include "sandbox/files/heightmap_file.h"
 
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QTemporaryDir>

@@ -11,7 +11,6 @@
 
 #include <QAction>
 #include <QDir>
-#include <QJsonDocument>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMessageBox>

@@ -7,8 +7,6 @@
 #include <gtest/gtest.h>
 #include <sndfile.h>
 
-#include <filesystem>
-#include <iterator>
 #include <random>
 
 namespace {

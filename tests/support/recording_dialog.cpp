@@ -18,11 +18,11 @@ DialogItem dialogItem(int id, const char* windowClass, DWORD style, DialogRect r
     return item;
 }
 
-DialogTemplate dialogLayout(std::vector<DialogItem> items, DWORD style) {
+DialogTemplate dialogLayout(std::vector<DialogItem> items) {
     DialogTemplate layout;
     layout.id = CRecordingDialog::TEMPLATE_ID;
     layout.rect = {0, 0, 200, 150};
-    layout.style = style;
+    layout.style = WS_POPUP | WS_VISIBLE | WS_CAPTION;
     layout.caption = "Recording dialog";
     layout.fontFace = "MS Sans Serif";
     layout.fontPointSize = 8;
@@ -76,20 +76,12 @@ BOOL CRecordingDialog::OnNotify(WPARAM, LPARAM lParam, LRESULT* pResult) {
     std::string text = std::to_string(header.idFrom);
     if (header.code == UDN_DELTAPOS) {
         text += " steps " + std::to_string(reinterpret_cast<const NMUPDOWN*>(lParam)->iDelta);
-        *pResult = veto;
+        *pResult = 0;
     } else {
         text += header.code == TCN_SELCHANGE ? " turned" : " ?";
     }
     note(text);
     return TRUE;
-}
-
-void CRecordingDialog::OnOK() {
-    note("OK");
-}
-
-void CRecordingDialog::OnCancel() {
-    note("Cancel");
 }
 
 void CRecordingDialog::OnHScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar) {

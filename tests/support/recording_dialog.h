@@ -12,7 +12,7 @@
 DialogItem dialogItem(int id, const char* windowClass, DWORD style, DialogRect rect, const char* text = "");
 
 /// A template of 200 by 150 dialog units with the id CRecordingDialog::templateId.
-DialogTemplate dialogLayout(std::vector<DialogItem> items, DWORD style = WS_POPUP | WS_VISIBLE | WS_CAPTION);
+DialogTemplate dialogLayout(std::vector<DialogItem> items);
 
 /// A modeless dialog that writes down what its controls report, as "id what". What it exchanges and what it
 /// does on hearing something is the test's.
@@ -22,7 +22,6 @@ public:
 
     std::function<void(CDataExchange*)> exchange;
     std::function<void(const std::string&)> onNote;
-    LRESULT veto = 0; ///< the answer to UDN_DELTAPOS
 
     /// Made of these controls, on the screen, and with nothing heard yet.
     void open(std::vector<DialogItem> items);
@@ -36,8 +35,6 @@ protected:
     void DoDataExchange(CDataExchange* pDX) override;
     BOOL OnCommand(WPARAM wParam, LPARAM lParam) override;
     BOOL OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* pResult) override;
-    void OnOK() override;
-    void OnCancel() override;
     afx_msg void OnHScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar);
 
     DECLARE_MESSAGE_MAP()

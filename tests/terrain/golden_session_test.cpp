@@ -4,7 +4,6 @@
 #include "terrain/edit_cursor.h"
 #include "terrain/model/map_selection.h"
 
-#include <bit>
 #include <cstdint>
 #include <span>
 

@@ -4,7 +4,6 @@
 #include "support/modal_steps.h"
 #include "terrain/model/map_undo_list.h"
 
-#include <QApplication>
 #include <QTest>
 
 #include <functional>

@@ -13,8 +13,6 @@
 
 #include <QAbstractButton>
 #include <QApplication>
-#include <QLabel>
-#include <QLineEdit>
 #include <QProgressBar>
 #include <QSlider>
 
