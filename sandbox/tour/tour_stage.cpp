@@ -17,7 +17,7 @@
 
 namespace {
 
-constexpr int PANEL_MARGIN = 24;
+constexpr int FIELD_INSET = 12; // pixels from the left edge
 
 /// The window system's pointer is not part of a picture of the screen.
 void drawPointer(QImage& picture, QPointF tip) {
@@ -122,7 +122,7 @@ void CTourStage::showTab(int index) {
 }
 
 void CTourStage::enterText(QWidget& field, const QString& text) {
-    m_hands.click(field, QPointF(PANEL_MARGIN / 2.0, field.height() / 2.0)); // clear of a spin box's arrows
+    m_hands.click(field, QPointF(FIELD_INSET, field.height() / 2.0)); // clear of a spin box's arrows
     m_hands.pressKey(field, Qt::Key_A, Qt::ControlModifier);
     m_hands.type(field, text);
     m_hands.pressKey(field, Qt::Key_Return);
@@ -200,9 +200,13 @@ QImage CTourStage::takeStepPicture() {
     return prepared.isNull() ? takePicture() : prepared;
 }
 
-void CTourStage::movePanelAside() {
-    QWidget* panel = dialog(IDD_MAP_EDITOR);
+void CTourStage::waitForPanel() {
+    const QWidget* const panel = dialog(IDD_MAP_EDITOR);
     require(panel != nullptr, "the map editor is not open");
-    const QRect frame = view().rect().translated(view().mapToGlobal(QPoint()));
-    panel->move(frame.right() - panel->width() - PANEL_MARGIN, frame.top() + PANEL_MARGIN);
+    const auto isBeside = [&] {
+        const QRect around(view().mapToGlobal(QPoint()), view().size());
+        const QRect docked(around.topRight() + QPoint(1, 0), panel->frameGeometry().size());
+        return panel->frameGeometry() == docked;
+    };
+    require(waitUntil(isBeside), "the map editor does not stand beside the view");
 }

@@ -91,8 +91,8 @@ public:
     void setStepPicture(const QImage& picture) { m_stepPicture = picture; }
     /// The picture of the step that has just been acted.
     QImage takeStepPicture();
-    /// Give the panel a place beside the window's middle, as a person would who wants to see the ground.
-    void movePanelAside();
+    /// Wait until the panel stands at its place beside the view, where it stays.
+    void waitForPanel();
 
 private:
     CMainWindow& m_window;

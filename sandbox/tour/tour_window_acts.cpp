@@ -40,13 +40,13 @@ void openEditor(CTourStage& stage) {
     stage.hands().pressKey(stage.window(), Qt::Key_M);
     require(waitUntil([&] { return vuIsEditorActive() && stage.dialog(IDD_MAP_EDITOR) != nullptr; }),
             "the map editor does not open");
-    stage.movePanelAside();
+    stage.waitForPanel();
 }
 
 void expandPanel(CTourStage& stage) {
     const int narrow = stage.dialog(IDD_MAP_EDITOR)->width();
     stage.clickControl(IDC_EXPAND);
-    stage.movePanelAside();
+    stage.waitForPanel();
     require(stage.dialog(IDD_MAP_EDITOR)->width() > narrow * 3 / 2,
             "the panel does not show its full layout");
 }
@@ -54,7 +54,7 @@ void expandPanel(CTourStage& stage) {
 void foldPanel(CTourStage& stage) {
     const int wide = stage.dialog(IDD_MAP_EDITOR)->width();
     stage.clickControl(IDC_EXPAND);
-    stage.movePanelAside();
+    stage.waitForPanel();
     require(stage.dialog(IDD_MAP_EDITOR)->width() < wide * 2 / 3,
             "the panel does not show its simple layout");
 }
