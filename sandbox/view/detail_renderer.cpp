@@ -19,17 +19,11 @@ void CDetailRenderer::create() {
     QImage image(1, 1, QImage::Format_ARGB32);
     image.fill(PLAIN);
     m_pPlain = std::make_unique<QOpenGLTexture>(image);
-    m_arrays.create();
-    const QOpenGLVertexArrayObject::Binder bound(&m_arrays);
-    m_buffer.create();
-    m_buffer.setUsagePattern(QOpenGLBuffer::StreamDraw);
-    m_buffer.bind();
-    for (int attribute = 0; attribute < 3; ++attribute) {
-        m_pProgram->enableAttributeArray(attribute);
-    }
-    m_pProgram->setAttributeBuffer(0, GL_FLOAT, offsetof(DetailVertex, place), 3, sizeof(DetailVertex));
-    m_pProgram->setAttributeBuffer(1, GL_FLOAT, offsetof(DetailVertex, texture), 2, sizeof(DetailVertex));
-    m_pProgram->setAttributeBuffer(2, GL_FLOAT, offsetof(DetailVertex, highlight), 1, sizeof(DetailVertex));
+    makeVertexArrays(*m_pProgram, m_arrays, m_buffer,
+                     {{offsetof(DetailVertex, place), 3},
+                      {offsetof(DetailVertex, texture), 2},
+                      {offsetof(DetailVertex, highlight), 1}},
+                     sizeof(DetailVertex));
 }
 
 void CDetailRenderer::destroy() {

@@ -8,17 +8,11 @@
 
 void CFigureRenderer::create() {
     m_pProgram = makeProgram("figure");
-    m_arrays.create();
-    const QOpenGLVertexArrayObject::Binder bound(&m_arrays);
-    m_buffer.create();
-    m_buffer.setUsagePattern(QOpenGLBuffer::StreamDraw);
-    m_buffer.bind();
-    for (int attribute = 0; attribute < 3; ++attribute) {
-        m_pProgram->enableAttributeArray(attribute);
-    }
-    m_pProgram->setAttributeBuffer(0, GL_FLOAT, offsetof(FigureVertex, place), 3, sizeof(FigureVertex));
-    m_pProgram->setAttributeBuffer(1, GL_FLOAT, offsetof(FigureVertex, normal), 3, sizeof(FigureVertex));
-    m_pProgram->setAttributeBuffer(2, GL_FLOAT, offsetof(FigureVertex, colour), 3, sizeof(FigureVertex));
+    makeVertexArrays(*m_pProgram, m_arrays, m_buffer,
+                     {{offsetof(FigureVertex, place), 3},
+                      {offsetof(FigureVertex, normal), 3},
+                      {offsetof(FigureVertex, colour), 3}},
+                     sizeof(FigureVertex));
 }
 
 void CFigureRenderer::destroy() {

@@ -28,3 +28,18 @@ std::unique_ptr<QOpenGLShaderProgram> makeProgram(const char* name) {
     }
     return program;
 }
+
+void makeVertexArrays(QOpenGLShaderProgram& program, QOpenGLVertexArrayObject& arrays, QOpenGLBuffer& buffer,
+                      std::initializer_list<FloatAttribute> attributes, std::size_t vertexSize) {
+    arrays.create();
+    const QOpenGLVertexArrayObject::Binder bound(&arrays);
+    buffer.create();
+    buffer.setUsagePattern(QOpenGLBuffer::StreamDraw);
+    buffer.bind();
+    int number = 0;
+    for (const FloatAttribute& attribute : attributes) {
+        program.enableAttributeArray(number);
+        program.setAttributeBuffer(number++, GL_FLOAT, static_cast<int>(attribute.offset), attribute.count,
+                                   static_cast<int>(vertexSize));
+    }
+}
