@@ -10,7 +10,6 @@
 
 namespace {
 
-
 constexpr int CLOSED_COMBO_HEIGHT = 14;
 
 DialogTemplate embeddedDialog(int id) {

@@ -3,7 +3,6 @@
 #include <QApplication>
 #include <gtest/gtest.h>
 
-
 #include <clocale>
 #include <set>
 #include <string>

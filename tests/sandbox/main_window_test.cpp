@@ -209,7 +209,9 @@ TEST_F(MainWindow, EveryKindOfWorkCountsAsAChange) {
         [&] { document().film().movie().getFrame(2)->setFov(12.0F); },
         [&] { document().film().movie().addSound("wind.wav"); },
         [&] { document().film().movie().flags ^= qxMovieShowHeights; },
-        [&] { document().film().addPlace("Ford", {1, 2, 3}); },
+        [&] {
+            document().film().addPlace("Ford", {1, 2, 3});
+        },
     };
     for (std::size_t i = 0; i < works.size(); ++i) {
         ASSERT_EQ(m_pWindow->saveProject(folder()), "");

@@ -5,7 +5,6 @@
 #include <QStringList>
 #include <QWidget>
 
-
 namespace {
 
 /// Said by the offscreen platform of every window with a fixed size; it tells nothing about the window.
