@@ -24,13 +24,7 @@ using Heights = std::vector<std::uint16_t>;
 class EditMenu : public testing::Test {
 protected:
     void SetUp() override {
-        m_window.resize(1280, 720);
-        m_window.move(0, 0);
-        m_window.show();
-        m_window.activateWindow();
-        ASSERT_TRUE(ui::waitUntilActive(&m_window));
-        ASSERT_EQ(m_window.openMap(QString(VESK_SAMPLES) + "/jacksboro"), "");
-        m_window.startWork();
+        beginOnSample(m_window, {1280, 720});
         m_window.view().lookFrom({160, 90, 260}, {160, 20, 180});
         rest();
     }

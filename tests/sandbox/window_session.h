@@ -1,5 +1,7 @@
 #pragma once
 
+#include "sandbox/app/main_window.h"
+#include "sandbox/keys/map_panel.h"
 #include "support/ui_driver.h"
 
 #include <QCoreApplication>
@@ -8,6 +10,8 @@
 #include <QTimer>
 
 #include <functional>
+
+#include <gtest/gtest.h>
 
 /// A person without settings, before and after: to be made before the window that reads them. The settings
 /// are this program's own, whatever other tests run meanwhile.
@@ -31,4 +35,19 @@ inline bool becomesTrue(const std::function<bool()>& condition) {
         QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
         return condition();
     });
+}
+
+/// Show the window on its sample, active, and begin a session: its map editor stands beside the view.
+inline void beginOnSample(CMainWindow& window, QSize size) {
+    window.resize(size);
+    window.move(0, 0);
+    window.show();
+    window.activateWindow();
+    ASSERT_TRUE(ui::waitUntilActive(&window));
+    ASSERT_EQ(window.openMap(QString(VESK_SAMPLES) + "/jacksboro"), "");
+    window.startWork();
+    ASSERT_TRUE(becomesTrue([&window] {
+        const int viewEnds = window.view().mapToGlobal(QPoint(window.view().width(), 0)).x();
+        return CMapPanel::isOpen() && viewEnds <= CMapPanel::window()->x();
+    }));
 }
