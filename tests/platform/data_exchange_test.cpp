@@ -7,6 +7,7 @@
 #include <QLineEdit>
 #include <QMessageBox>
 
+#include <functional>
 #include <optional>
 
 namespace {
@@ -80,6 +81,36 @@ protected:
     CExchangingDialog m_dialog;
     Values m_values;
 };
+
+TEST_F(DataExchange, AFieldLooksAsItsStyleDrawsIt) {
+    auto& field = m_dialog.at<QLineEdit>(NAME);
+    QLineEdit plain(field.parentWidget());
+    plain.setGeometry(field.geometry());
+    QPalette dark;
+    dark.setColor(QPalette::Base, Qt::black);
+    dark.setColor(QPalette::Highlight, Qt::green);
+    const std::function<void(QLineEdit&)> states[] = {
+        [](QLineEdit& edit) {
+            edit.clearFocus();
+            edit.setText("rock");
+        },
+        [](QLineEdit& edit) { edit.setFocus(); },
+        [&](QLineEdit& edit) {
+            edit.setFocus();
+            edit.setPalette(dark);
+        },
+        [](QLineEdit& edit) { edit.setEnabled(false); },
+        [](QLineEdit& edit) { edit.resize(60, 30); },
+        [](QLineEdit& edit) { edit.setStyleSheet("border: 2px solid red; padding: 3px"); },
+    };
+    plain.show();
+    for (const auto& enter : states) {
+        enter(plain);
+        const QImage wanted = plain.grab().toImage();
+        enter(field);
+        EXPECT_EQ(field.grab().toImage(), wanted) << "in state " << &enter - &states[0];
+    }
+}
 
 TEST_F(DataExchange, RefusesWhatDoesNotFitAndStaysThere) {
     const struct {

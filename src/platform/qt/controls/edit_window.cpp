@@ -7,10 +7,67 @@
 
 #include <QFocusEvent>
 #include <QKeyEvent>
+#include <QPainter>
+#include <QPixmap>
+#include <QScopedValueRollback>
+#include <QStyle>
+#include <QStyleOptionFrame>
 
 namespace qtbackend {
 
 namespace {
+
+/// Keeps the picture of its frame. Drawing the frame's round corners costs more than drawing the text, and
+/// while a movie plays the texts of many fields change with each of its frames, their frames never.
+class CFramedEdit : public QLineEdit {
+public:
+    using QLineEdit::QLineEdit;
+
+    void initStyleOption(QStyleOptionFrame* option) const override {
+        QLineEdit::initStyleOption(option);
+        if (m_bWithoutFrame) {
+            option->rect.adjust(option->lineWidth, option->lineWidth, -option->lineWidth, -option->lineWidth);
+            option->lineWidth = 0;
+            option->palette.setBrush(QPalette::Base, Qt::NoBrush);
+        }
+    }
+
+protected:
+    void paintEvent(QPaintEvent* event) override {
+        // Only of this style is it known that its frame stays outside the room that is left without one.
+        if (!style()->inherits("QFusionStyle")) {
+            QLineEdit::paintEvent(event);
+            return;
+        }
+        keepFrame();
+        QPainter(this).drawPixmap(0, 0, m_frame);
+        const QScopedValueRollback<bool> withoutFrame(m_bWithoutFrame, true);
+        QLineEdit::paintEvent(event);
+    }
+
+private:
+    void keepFrame() {
+        QStyleOptionFrame option;
+        QLineEdit::initStyleOption(&option);
+        const qreal ratio = devicePixelRatioF();
+        const QSize size = (QSizeF(option.rect.size()) * ratio).toSize();
+        if (m_frame.size() == size && m_state == option.state && m_nPaletteKey == option.palette.cacheKey()) {
+            return;
+        }
+        m_state = option.state;
+        m_nPaletteKey = option.palette.cacheKey();
+        m_frame = QPixmap(size);
+        m_frame.setDevicePixelRatio(ratio);
+        m_frame.fill(Qt::transparent);
+        QPainter painter(&m_frame);
+        style()->drawPrimitive(QStyle::PE_PanelLineEdit, &option, &painter, this);
+    }
+
+    QPixmap m_frame;
+    QStyle::State m_state;
+    qint64 m_nPaletteKey = 0;
+    bool m_bWithoutFrame = false;
+};
 
 /// A field that the template disables is there to be read, so what stands in it is not greyed.
 void letBeRead(QLineEdit& edit) {
@@ -23,7 +80,7 @@ void letBeRead(QLineEdit& edit) {
 } // namespace
 
 CEditWindow::CEditWindow(CWindow& parent, const ControlTraits& traits)
-    : CInputWindow(new QLineEdit(traits.text, parent.widget()), &parent, traits.window)
+    : CInputWindow(new CFramedEdit(traits.text, parent.widget()), &parent, traits.window)
     , m_edit(static_cast<QLineEdit&>(*widget())) {
     m_edit.installEventFilter(this);
     m_edit.setReadOnly((style() & ES_READONLY) != 0);

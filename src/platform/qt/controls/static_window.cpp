@@ -4,6 +4,7 @@
 
 #include <QGroupBox>
 #include <QLabel>
+#include <QPaintEvent>
 #include <QStyleOptionFrame>
 #include <QStylePainter>
 
@@ -41,11 +42,16 @@ public:
     using QGroupBox::QGroupBox;
 
 protected:
-    void paintEvent(QPaintEvent*) override {
+    void paintEvent(QPaintEvent* event) override {
         constexpr int INDENT = 6;
         constexpr int GAP = 3;
-        QStylePainter painter(this);
+        constexpr int LINE = 3; // no style's line is wider
         const int height = fontMetrics().height();
+        // The controls it surrounds are repainted over it and over, and there is nothing of it among them.
+        if (rect().adjusted(LINE, height + LINE, -LINE, -LINE).contains(event->region().boundingRect())) {
+            return;
+        }
+        QStylePainter painter(this);
         const QRect text(INDENT + GAP, 0, fontMetrics().horizontalAdvance(title()), height);
         painter.drawItemText(text, Qt::AlignVCenter, palette(), isEnabled(), title(), QPalette::WindowText);
         if (!title().isEmpty()) {
