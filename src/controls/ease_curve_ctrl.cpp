@@ -24,15 +24,14 @@ BOOL CEaseCurveCtrl::Create(LPCTSTR /*lpszClassName*/, LPCTSTR /*lpszWindowName*
 
 void CEaseCurveCtrl::setValue(float value) {
     const float held = value > 0.0F ? std::min(value, 1.0F) : 0.0F;
-    if (held != m_fValue || m_picture.size().cx == 0) {
+    if (held != m_fValue || !m_picture.isBegun()) {
         m_fValue = held;
-        redraw();
+        m_picture.outdate(*this);
     }
 }
 
-void CEaseCurveCtrl::redraw() {
-    const std::span<std::uint32_t> pixels = m_picture.draw(*this);
-    const auto [width, height] = m_picture.size();
+void CEaseCurveCtrl::draw(std::span<std::uint32_t> pixels, CSize size) const {
+    const auto [width, height] = size;
     std::ranges::fill(pixels, BLACK);
     for (int x = 0; x < width; ++x) {
         const float t = static_cast<float>(x) / static_cast<float>(width);
@@ -43,10 +42,9 @@ void CEaseCurveCtrl::redraw() {
                    static_cast<std::size_t>(x)] = GREEN;
         }
     }
-    Invalidate();
 }
 
 void CEaseCurveCtrl::OnPaint() {
     CPaintDC dc(this);
-    m_picture.paint(dc);
+    m_picture.paint(dc, *this, [this](auto pixels, CSize size) { draw(pixels, size); });
 }

@@ -21,7 +21,7 @@ protected:
     DECLARE_MESSAGE_MAP()
 
 private:
-    void redraw();
+    void draw(std::span<std::uint32_t> pixels, CSize size) const;
 
     float m_fValue = 0.5F;
     COffscreenPicture m_picture;

@@ -2,6 +2,8 @@
 
 #include "platform/framework.h"
 
+#include <utility>
+
 namespace {
 
 constexpr std::uint32_t BLACK = 0xFF000000U;
@@ -20,18 +22,24 @@ void paintPixels(CDC& dc, std::span<const std::uint32_t> pixels, CSize size) {
                         static_cast<UINT>(size.cy), pixels.data(), &info, DIB_RGB_COLORS);
 }
 
-std::span<std::uint32_t> COffscreenPicture::draw(const CWnd& window) {
-    if (m_pixels.empty()) {
+void COffscreenPicture::outdate(CWnd& window) {
+    m_bBegun = true;
+    m_bOutdated = true;
+    window.Invalidate(FALSE);
+}
+
+void COffscreenPicture::paint(CDC& dc, const CWnd& window, const Drawing& drawing) {
+    if (m_bBegun && m_pixels.empty()) {
         CRect client;
         window.GetClientRect(client);
         m_size = client.IsRectEmpty() ? CSize(0, 0) : client.Size();
         m_pixels.assign(static_cast<std::size_t>(m_size.cx) * static_cast<std::size_t>(m_size.cy), BLACK);
     }
-    return m_pixels;
-}
-
-void COffscreenPicture::paint(CDC& dc) const {
-    if (!m_pixels.empty()) {
-        paintPixels(dc, m_pixels, m_size);
+    if (m_pixels.empty()) {
+        return;
     }
+    if (std::exchange(m_bOutdated, false)) {
+        drawing(m_pixels, m_size);
+    }
+    paintPixels(dc, m_pixels, m_size);
 }

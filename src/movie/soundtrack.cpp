@@ -58,7 +58,9 @@ void CSoundtrack::renewDevice() {
 }
 
 void CSoundtrack::layOutSoundtrack(qxCMovie& movie) {
-    renewDevice();
+    if (movie.getSoundtrackSize() > 0) { // asking the system for a device takes its time
+        renewDevice();
+    }
     const double step = stepOf(movie);
     float start = 0.0F;
     for (int i = 0; i < movie.getSoundtrackSize(); ++i) {

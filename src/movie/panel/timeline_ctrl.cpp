@@ -98,17 +98,16 @@ void CTimelineCtrl::redraw() {
     }
     m_fLastRedraw = now;
     readTimeline(m_read, m_view, *m_pMovie);
-    if (m_read != m_drawn || m_view.frameWidth != m_nDrawnWidth) {
+    if (m_read != m_drawn || m_view.frameWidth != m_drawnView.frameWidth) {
         m_drawn = m_read;
-        m_nDrawnWidth = m_view.frameWidth;
-        drawTimeline(m_picture.draw(*this), m_view, m_drawn);
-        Invalidate(FALSE);
+        m_drawnView = m_view;
+        m_picture.outdate(*this);
     }
 }
 
 void CTimelineCtrl::OnPaint() {
     CPaintDC dc(this);
-    m_picture.paint(dc);
+    m_picture.paint(dc, *this, [this](auto pixels, CSize) { drawTimeline(pixels, m_drawnView, m_drawn); });
 }
 
 /// The panel's answer may end the panel, and with the last visit this: nothing may follow.

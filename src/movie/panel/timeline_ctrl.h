@@ -70,7 +70,7 @@ private:
     float m_fLastRedraw = 0.0F; ///< animator clock, seconds
     COffscreenPicture m_picture;
     std::vector<TimelineColumn> m_drawn; ///< what the picture shows
-    int m_nDrawnWidth = 0;               ///< of a frame in it, pixels
+    TimelineView m_drawnView;            ///< how it shows it
     std::vector<TimelineColumn> m_read;  ///< kept from call to call for its memory only
     CToolTipCtrl m_tip;
     std::string m_strTip;
