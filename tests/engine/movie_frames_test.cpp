@@ -1,11 +1,9 @@
 #include "engine/memory/memory_scene.h"
-#include "engine/memory/movie/camera_angles.h"
 #include "engine/memory/movie/memory_movie.h"
 #include "engine/qx_node_iterator.h"
 
 #include <gtest/gtest.h>
 
-#include <cmath>
 #include <functional>
 
 namespace {
@@ -71,25 +69,6 @@ TEST(MovieFrames, EditsMoveFramesAndRange) {
         EXPECT_EQ(order(movie), one.expected) << one.what;
         EXPECT_EQ(movie.getFrame(movie.getNumFrames()), nullptr);
     }
-}
-
-TEST(CameraAngles, RebuildTheirDirection) {
-    for (int i = 0; i < 2000; ++i) {
-        // A spiral over the sphere from pole to pole, both included.
-        const double height = std::min(1.0, -1.0 + i / 999.0);
-        const double across = std::sqrt(std::max(0.0, 1.0 - height * height));
-        const qxCVector3d direction(static_cast<float>(across * std::sin(i)), static_cast<float>(height),
-                                    static_cast<float>(across * std::cos(i)));
-        qxCVector3d angles;
-        (direction * 7.5F).toAngles(angles.x, angles.y);
-        const qxCVector3d off = directionOf(angles) - direction;
-        ASSERT_LT(std::hypot(off.x, off.y, off.z), 1e-6F) << i;
-    }
-    float pitch = 1.0F;
-    float heading = 1.0F;
-    qxCVector3d(-0.0F, -2.0F, -0.0F).toAngles(pitch, heading);
-    EXPECT_EQ(pitch, -90.0F);
-    EXPECT_EQ(heading, 0.0F);
 }
 
 TEST(Scene, FindsItsOwnCameraBeforeThoseOfMoviesAndForgetsOneThatLeaves) {

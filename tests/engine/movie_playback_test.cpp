@@ -129,21 +129,4 @@ TEST_F(MoviePlayback, LooksAgainAfterEachCall) {
     }
 }
 
-TEST_F(MoviePlayback, PosesTheCameraBetweenFramesAndShakesTheSameInEveryRun) {
-    qxCCamera& camera = movie->addCamera("one");
-    movie->getFrame(9)->setTranslation({9.0F, 0.0F, 0.0F});
-    movie->updateTweening();
-    start();
-    movie->advance(0.45);
-    EXPECT_NEAR(camera.position.x, 4.5F, 1e-5F);
-    double most = 0.0;
-    for (int i = 0; i < 1000; ++i) {
-        const qxCVector3d off = shaken({}, 2.0F, i / 60.0);
-        ASSERT_EQ(off, shaken({}, 2.0F, i / 60.0));
-        most = std::max<double>(most, std::abs(off.x));
-    }
-    EXPECT_LE(most, 2.0);
-    EXPECT_GT(most, 1.5);
-}
-
 } // namespace

@@ -30,15 +30,9 @@ TEST_F(MoviePanelTest, OpensStoppedOnItsFirstFrame) {
     m_movie.flags = OPTIONS;
     m_movie.setRangeSingleFrame(7);
     open();
-    EXPECT_EQ(panel()->windowTitle(), "Movie Editor");
     EXPECT_EQ(m_movie.getRangeStart(), 0);
     EXPECT_EQ(m_movie.flags, OPTIONS | qxMovieStopped);
-    EXPECT_TRUE(std::ranges::all_of(BOXES, isChecked));
-    EXPECT_TRUE(isChecked(IDC_VESK_CAMERA));
-    EXPECT_FALSE(isEnabled(IDC_PAUSE));
-    EXPECT_FALSE(isEnabled(IDC_MOVIE_UNDO));
-    EXPECT_TRUE(control(IDC_CLOSE_MOVIE)->isVisible());
-    EXPECT_EQ(ui::control<QComboBox>(*panel(), IDC_FRAME_CAMERA).count(), 2);
+    EXPECT_TRUE(std::ranges::all_of(BOXES, isChecked) && isChecked(IDC_VESK_CAMERA));
     CAwkwardMovie other(3);
     vuCreateMovieEditor(nullptr, &other, false);
     EXPECT_EQ(other.flags, std::uint32_t{qxMovieStopped});
@@ -46,26 +40,7 @@ TEST_F(MoviePanelTest, OpensStoppedOnItsFirstFrame) {
     vuDestroyMovieEditor();
     open(other, false);
     EXPECT_TRUE(std::ranges::none_of(BOXES, isChecked));
-    EXPECT_FALSE(control(IDC_CLOSE_MOVIE)->isVisible());
-    EXPECT_FALSE(isEnabled(IDC_CLOSE_MOVIE));
-}
-
-TEST_F(MoviePanelTest, ShowsAndPosesTheCurrentFrame) {
-    open();
-    goTo(10);
-    EXPECT_EQ(text(IDC_POSITION_X), "10");
-    EXPECT_EQ(m_camera.position.x, 10.0F) << "the movie is posed there";
-    type(IDC_TARGET_NAME, "mill");
-    leave();
-    EXPECT_STREQ(frame(10).targetName.getString(), "mill");
-    EXPECT_FALSE(isEnabled(IDC_MOVIE_UNDO)) << "as after each command that refreshes";
-    CModalSteps person({[](QWidget* dialog) {
-        dynamic_cast<QColorDialog&>(*dialog).setCurrentColor(QColor(9, 8, 7));
-        dynamic_cast<QDialog&>(*dialog).accept();
-    }});
-    QTest::mouseDClick(control(IDC_FADE_COLOUR), Qt::LeftButton);
-    EXPECT_TRUE(person.areDone());
-    EXPECT_EQ(frame(10).fadeColour, qxCColour(9, 8, 7, 255));
+    EXPECT_FALSE(control(IDC_CLOSE_MOVIE)->isVisible() || isEnabled(IDC_CLOSE_MOVIE));
 }
 
 const std::set<int> FRAME_GROUP = {IDC_POSITION_X,    IDC_POSITION_Y, IDC_POSITION_Z,   IDC_ROTATION_Z,
@@ -131,7 +106,7 @@ TEST_F(MoviePanelTest, EnablesWhatTheCurrentFrameAllows) {
     }
 }
 
-TEST_F(MoviePanelTest, WritesOnlyTheNumberThatWasTyped) {
+TEST_F(MoviePanelTest, AVisitedNumberKeepsWhatItsSixDigitsDoNotShow) {
     frame(5).setFov(47.3000007F);
     frame(5).setTranslation({1.23456789F, 2.0F, 3.0F});
     frame(5).hasChanged();
@@ -146,16 +121,6 @@ TEST_F(MoviePanelTest, WritesOnlyTheNumberThatWasTyped) {
     type(IDC_POSITION_Y, "8.5");
     leave();
     EXPECT_EQ(frame(5).translation, (qxCVector3d{1.23456789F, 8.5F, 3.0F}));
-    const float between = frame(6).fov;
-    type(IDC_FIELD_OF_VIEW, "+050");
-    leave();
-    EXPECT_EQ(text(IDC_FIELD_OF_VIEW), "50");
-    EXPECT_EQ(frame(6).fov, between) << "until the next command that tweens";
-    click(IDC_MOVIE_UNDO);
-    EXPECT_TRUE(isEnabled(IDC_MOVIE_UNDO));
-    click(IDC_MOVIE_UNDO);
-    EXPECT_EQ(text(IDC_POSITION_Y), "2");
-    EXPECT_FALSE(isEnabled(IDC_MOVIE_UNDO));
 }
 
 TEST_F(MoviePanelTest, RefusesWhatIsNoNumber) {
@@ -178,23 +143,7 @@ TEST_F(MoviePanelTest, RefusesWhatIsNoNumber) {
     EXPECT_EQ(m_movie.getRangeStart(), 5);
 }
 
-TEST_F(MoviePanelTest, KeepsItsHistoryWhenItIsClosed) {
-    open();
-    m_movie.setRangeStart(3);
-    m_movie.setRangeEnd(5);
-    click(IDC_DELETE_FRAMES);
-    EXPECT_FALSE(isEnabled(IDC_MOVIE_UNDO));
-    vuDestroyMovieEditor();
-    open();
-    EXPECT_EQ(g_movieUndo.getCount(), 3);
-    for (int i = g_movieUndo.getCount(); i < 2000; ++i) {
-        g_movieUndo.pushInserted(FAR_AWAY);
-    }
-    click(IDC_INSERT_FRAME);
-    EXPECT_EQ(ui::control<QProgressBar>(*panel(), IDC_MOVIE_UNDO_FILL).value(), 2);
-}
-
-TEST_F(MoviePanelTest, TakesTheCameraIntoTheCurrentFrame) {
+TEST_F(MoviePanelTest, AMoveThatIsUnderWayEndsWithThePanel) {
     open();
     goTo(7);
     type(IDC_POSITION_Y, "99"); // stands open while the camera moves
@@ -202,40 +151,10 @@ TEST_F(MoviePanelTest, TakesTheCameraIntoTheCurrentFrame) {
     vuMovieCameraAltered(&m_camera, false);
     leave();
     EXPECT_EQ(frame(7).translation, m_camera.position);
-    vuMovieCameraAltered(&m_camera, true);
-    EXPECT_EQ(text(IDC_POSITION_Y), "5");
-    EXPECT_EQ(g_movieUndo.getCount(), 1);
-    type(IDC_POSITION_Y, "98");
-    vuMovieCameraAltered(&m_camera, true);
-    EXPECT_EQ(text(IDC_POSITION_Y), "5") << "what stood open is taken back with the end of the move";
-
-    m_camera.position = {8.0F, 8.0F, 8.0F};
-    vuMovieCameraAltered(&m_camera, false);
-    click(IDC_INSERT_FRAME); // moves the frame: what the move has changed so far is recorded first
-    EXPECT_EQ(g_movieUndo.getCount(), 3);
-    vuMovieCameraAltered(&m_camera, false);
     vuDestroyMovieEditor();
     open();
     vuMovieCameraAltered(&m_camera, true);
-    EXPECT_EQ(g_movieUndo.getCount(), 3) << "what waited went with the panel";
-}
-
-TEST_F(MoviePanelTest, ChoosesTheViewAndItsOptions) {
-    CMemoryCamera own(&m_scene, "own");
-    m_scene.removeNode(&m_movie);
-    m_scene.addNode(&own);
-    m_scene.addNode(&m_movie);
-    open();
-    click(IDC_MOVIE_CAMERA);
-    EXPECT_EQ(m_scene.getSelectedCamera(), &m_camera);
-    click(IDC_VESK_CAMERA);
-    EXPECT_EQ(m_scene.getSelectedCamera(), &own);
-    click(IDC_SHOW_HEIGHTS);
-    click(IDC_SHOW_PATH);
-    click(IDC_NO_FADES);
-    click(IDC_SHOW_HEIGHTS);
-    EXPECT_EQ(m_movie.flags, std::uint32_t{qxMovieStopped | qxMovieShowPath | qxMovieNoFades});
-    m_scene.removeNode(&own);
+    EXPECT_TRUE(g_movieUndo.isEmpty());
 }
 
 TEST_F(MoviePanelTest, CopesWithAnyEngine) {

@@ -1,21 +1,13 @@
 #include "movie/movie_reference.h"
 
 #include "resources/resource_ids.h"
+#include "support/frame_values.h"
 
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
-#include <cstring>
-#include <memory>
 
 namespace {
-
-/// What a person or the engine can tell of a frame.
-auto valuesOf(const qxCMovieFrame& f) {
-    return std::tuple(f.camera, f.translation.x, f.translation.y, f.translation.z, f.rotation.x, f.rotation.y,
-                      f.rotation.z, f.fov, f.shake, f.cameraMode, f.frameMode, f.fadeMode, f.keyframe,
-                      std::string(f.targetName.getString()), std::string(f.animTrigger), f.easeIn, f.easeOut);
-}
 
 float& numberOf(qxCMovieFrame& f, int field) {
     float* const numbers[] = {&f.translation.x, &f.translation.y, &f.translation.z, &f.rotation.x,

@@ -10,7 +10,6 @@
 
 #include <QListWidget>
 #include <QMessageBox>
-#include <QPushButton>
 #include <QTest>
 
 #include <AL/alext.h>
@@ -40,42 +39,10 @@ protected:
         const wave::Bytes data(static_cast<std::size_t>(seconds * RATE), 200);
         m_directory.write(name, wave::textOf(wave::file(wave::format(1, RATE, 8), data)));
     }
-    /// Add this file in "Setup Sound List", confirm, and answer what follows.
-    static void add(const QString& name, std::vector<CModalSteps::Step> answers) {
-        answers.insert(answers.begin(), [&](QWidget* dialog) {
-            auto& list = ui::control<QListWidget>(*dialog, IDC_AVAILABLE_SOUNDS);
-            list.findItems(name, Qt::MatchExactly).first()->setSelected(true);
-            ui::click(ui::control(*dialog, IDC_ADD_SOUNDS));
-            ui::click(ui::control(*dialog, IDOK));
-        });
-        const CModalSteps person(std::move(answers));
-        click(IDC_SETUP_SOUND_LIST);
-        EXPECT_TRUE(person.areDone());
-    }
-    static CModalSteps::Step answer(QMessageBox::StandardButton button) {
-        return [button](QWidget* shown) {
-            auto* const box = qobject_cast<QMessageBox*>(shown);
-            ASSERT_NE(box, nullptr);
-            EXPECT_EQ(box->text(), "Extend movie to length of soundtrack ?");
-            box->button(button)->click();
-        };
-    }
     bool isHeard() const {
         return std::ranges::any_of(hear(SAMPLES_OF_A_FRAME), [](std::int16_t sample) { return sample != 0; });
     }
 };
-
-TEST_F(SoundtrackPanel, GrowsTheFilmWhenAsked) {
-    open();
-    add("short.wav", {}); // shorter than the film: nothing is asked
-    EXPECT_EQ(m_movie.getSound(0)->length, 0.3F);
-    add("long.wav", {answer(QMessageBox::No)});
-    EXPECT_EQ(m_movie.getNumFrames(), 20);
-    add("short.wav", {answer(QMessageBox::Yes)});
-    EXPECT_EQ(m_movie.getNumFrames(), 41) << "each inserted in front: 0.32 + 1.0 + 0.3 s";
-    EXPECT_TRUE(frame(40).keyframe);
-    EXPECT_EQ(m_movie.getRangeStart(), 0);
-}
 
 TEST_F(SoundtrackPanel, PlaysInStepAndIsSilentAfterwards) {
     m_movie.addSound("short.wav");
@@ -217,7 +184,18 @@ TEST_F(SoundtrackPanel, MayBeClosedUnderItsDialogAndItsQuestion) {
     }
     EXPECT_EQ(panel(), nullptr);
     open();
-    add("long.wav", {closes});
+    const CModalSteps person({[](QWidget* dialog) {
+                                  ui::control<QListWidget>(*dialog, IDC_AVAILABLE_SOUNDS).selectAll();
+                                  ui::click(ui::control(*dialog, IDC_ADD_SOUNDS));
+                                  ui::click(ui::control(*dialog, IDOK));
+                              },
+                              [&](QWidget* question) {
+                                  EXPECT_EQ(dynamic_cast<QMessageBox&>(*question).text(),
+                                            "Extend movie to length of soundtrack ?");
+                                  closes(question);
+                              }});
+    click(IDC_SETUP_SOUND_LIST);
+    EXPECT_TRUE(person.areDone());
     EXPECT_EQ(panel(), nullptr);
     EXPECT_EQ(m_movie.getNumFrames(), 20);
     EXPECT_EQ(g_soundManager.device(), nullptr) << "released, and not opened again";

@@ -33,37 +33,6 @@ TEST(TimeText, RoundsToTenthsAndCarries) {
     EXPECT_EQ(selectionTime(movie), "00:00.00");
 }
 
-TEST(TimelineView, ZoomsAndScrolls) {
-    TimelineView view{520, 52};
-    for (const auto& [asked, set] : {std::pair{0, 1}, {100, 64}, {48, 32}, {3, 2}, {-7, 1}}) {
-        view.setFrameWidth(asked);
-        EXPECT_EQ(view.frameWidth, set);
-    }
-    view.setFrameWidth(16);
-    view.firstFrame = 10;
-    EXPECT_EQ(view.frameAt(40), 12);
-    EXPECT_EQ(view.frameAt(-40), 8);
-    EXPECT_FALSE(view.ensureVisible(41));
-    EXPECT_TRUE(view.ensureVisible(42));
-    EXPECT_EQ(view.firstFrame, 11);
-    EXPECT_TRUE(view.ensureVisible(-1));
-    EXPECT_EQ(view.firstFrame, -1);
-    EXPECT_TRUE(view.scrollBy(std::numeric_limits<int>::max(), 100));
-    EXPECT_EQ(view.firstFrame, 99);
-    EXPECT_TRUE(view.scrollBy(-1000, 100));
-    EXPECT_FALSE(view.scrollBy(5, 0));
-    view.firstFrame = 40;
-    const int pointed = view.frameAt(200);
-    EXPECT_TRUE(view.zoomAbout(200, true));
-    EXPECT_EQ(view.frameAt(200), pointed);
-    EXPECT_TRUE(view.zoomAbout(200, true));
-    EXPECT_FALSE(view.zoomAbout(200, true)) << "at its widest";
-    const CAwkwardMovie movie(60);
-    EXPECT_EQ(timelineTip(200, view, movie), "Frame 52, 00:02.10");
-    EXPECT_EQ(timelineTip(-1, view, movie), "");
-    EXPECT_EQ(timelineTip(519, {520, 52, 1, 0}, movie), "");
-}
-
 void draw(std::span<std::uint32_t> pixels, const TimelineView& view, qxCMovie& movie) {
     std::vector<TimelineColumn> columns;
     readTimeline(columns, view, movie);
