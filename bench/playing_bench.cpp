@@ -59,6 +59,7 @@ int main(int argc, char** argv) {
     const QTemporaryDir settings; // those of the person stay as they are
     QSettings::setDefaultFormat(QSettings::IniFormat);
     QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, settings.path());
+    qputenv("XDG_DATA_HOME", settings.filePath("data").toUtf8());
     CMainWindow window;
     window.resize(1280, 720);
     window.show();

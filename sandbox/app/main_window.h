@@ -65,8 +65,14 @@ private:
     // Files: main_window_files.cpp. Each save is false when it failed or was called off.
     CMapDocument::Outcome
     replaceMap(const std::function<CMapDocument::Outcome(const std::function<void()>& beforeSwap)>& open);
-    /// Ask whether the unsaved work of a program that ended unasked is to be taken up, if there is any.
-    void offerAutosave();
+    /// Ask whether the unsaved work of a program that ended unasked is to be taken up, if there is any: of
+    /// the map at that place, or of any.
+    void offerAutosave(const QString& place = {});
+    void openAbandoned(const AbandonedCopy& copy);
+    void startNew();
+    bool mayOpen(const QString& path);
+    bool mayOverwrite(const QString& path);
+    bool saveProjectTo(const QString& folder);
     void autosave();
     void chooseProject();
     void chooseHeightmap();

@@ -2,13 +2,15 @@
 
 #include "host/veskutil.h"
 #include "sandbox/app/session_memory.h"
-#include "sandbox/project/project_folder.h"
+#include "sandbox/unsaved/project_folder_dialog.h"
+#include "sandbox/unsaved/unsaved_work.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QInputDialog>
 #include <QMenu>
 #include <QMessageBox>
 #include <QPushButton>
@@ -20,7 +22,6 @@ using Kind = CMapDocument::Kind;
 
 constexpr const char* HEIGHTMAP_FILTER = "Heightmaps (*.png);;All files (*)";
 constexpr const char* PROJECT_FILTER = "Map projects (project.json);;All files (*)";
-constexpr const char* NEW_PROJECT_FILTER = "Folders of map projects (*)";
 
 constexpr const char* HEIGHTS_ALONE = "%1 is a heightmap, which keeps the heights alone. Its colours, "
                                       "textures, water, details and film are "
@@ -45,12 +46,6 @@ public:
     CBusyPointer(const CBusyPointer&) = delete;
     CBusyPointer& operator=(const CBusyPointer&) = delete;
 };
-
-/// A project is named by its folder, but its project file may be picked as well.
-QString projectFolderOf(const QString& path) {
-    const QFileInfo info(path);
-    return info.fileName() == QLatin1String(PROJECT_FILE_NAME) ? info.absolutePath() : path;
-}
 
 } // namespace
 
@@ -92,25 +87,36 @@ CMapDocument::Outcome CMainWindow::replaceMap(
     return outcome;
 }
 
-void CMainWindow::offerAutosave() {
-    if (m_document.abandonedCopy().isEmpty()) {
-        return;
+void CMainWindow::offerAutosave(const QString& place) {
+    if (const auto copy = askAboutCopies(*this, abandonedCopies(place))) {
+        if (mayDropMap()) {
+            openAbandoned(*copy);
+        }
     }
-    QMessageBox box(QMessageBox::Question, tr("Terrain sandbox"),
-                    tr("There is an automatic copy of %1 with changes that were never saved. Open the copy?")
-                        .arg(m_document.name()),
-                    QMessageBox::NoButton, this);
-    box.setObjectName("autosave-question");
-    const QPushButton* open = box.addButton(tr("&Open Copy"), QMessageBox::AcceptRole);
-    const QPushButton* remove = box.addButton(tr("&Delete Copy"), QMessageBox::DestructiveRole);
-    box.addButton(tr("&Later"), QMessageBox::RejectRole); // Escape as well: asked again the next time
-    box.exec();
-    if (box.clickedButton() == open) {
+}
+
+void CMainWindow::openAbandoned(const AbandonedCopy& copy) {
+    const CBusyPointer busy;
+    const CMapDocument::Outcome outcome = replaceMap(
+        [&](const std::function<void()>& beforeSwap) { return m_document.openCopy(copy, beforeSwap); });
+    tell(outcome.error);
+    if (!outcome.note.isEmpty()) {
+        statusBar()->showMessage(outcome.note);
+    }
+}
+
+void CMainWindow::startNew() {
+    const QStringList sizes = {"64", "128", "256", "512", "1024", "2048", "4096"};
+    bool ok = false;
+    const QString size =
+        mayDropMap()
+            ? QInputDialog::getItem(this, tr("New Map"), tr("Cells along each side:"), sizes, 1, false, &ok)
+            : QString();
+    if (ok) {
+        const CBusyPointer busy;
         tell(replaceMap([&](const std::function<void()>& beforeSwap) {
-                 return m_document.openAbandonedCopy(beforeSwap);
+                 return m_document.startAnew(size.toInt(), beforeSwap);
              }).error);
-    } else if (box.clickedButton() == remove) {
-        m_document.deleteAbandonedCopy();
     }
 }
 
@@ -157,7 +163,7 @@ void CMainWindow::chooseProject() {
     const QString folder = QFileInfo(pathFor(m_document)).absolutePath();
     const QString path = QFileDialog::getOpenFileName(this, tr("Open Project"), folder, tr(PROJECT_FILTER));
     if (!path.isEmpty()) {
-        openAsked(projectFolderOf(path));
+        openAsked(CProjectFolderDialog::folderOf(path));
     }
 }
 
@@ -171,21 +177,60 @@ void CMainWindow::chooseHeightmap() {
 }
 
 void CMainWindow::openAsked(const QString& path) {
-    if (!mayDropMap()) {
+    if (!mayDropMap() || !mayOpen(path)) {
         return;
     }
     if (!tell(openMap(path))) {
         m_recentFiles.remove(path);
         return;
     }
-    offerAutosave();
+    if (!m_document.path().isEmpty()) {
+        offerAutosave(m_document.path());
+    }
+}
+
+/// What is open in another program is opened as a copy, if that is wanted.
+bool CMainWindow::mayOpen(const QString& path) {
+    if (!m_document.place().isOpenElsewhere(path)) {
+        return true;
+    }
+    QMessageBox box(QMessageBox::Question, tr("Terrain sandbox"),
+                    tr("%1 is open in another program. Opened here as well, it becomes a copy that is saved "
+                       "under another name.")
+                        .arg(QFileInfo(path).fileName()),
+                    QMessageBox::Cancel, this);
+    box.setObjectName("open-elsewhere-question");
+    const QPushButton* copy = box.addButton(tr("Open as &Copy"), QMessageBox::AcceptRole);
+    box.exec();
+    return box.clickedButton() == copy;
+}
+
+/// What another program wrote to the map's place since it was opened is not lost unasked.
+bool CMainWindow::mayOverwrite(const QString& path) {
+    if (QFileInfo(path).absoluteFilePath() != m_document.path() || !m_document.place().hasChangedOnDisk()) {
+        return true;
+    }
+    QMessageBox box(QMessageBox::Warning, tr("Terrain sandbox"),
+                    tr("%1 was changed on the disk by another program since it was opened here. To save now "
+                       "replaces what that has written.")
+                        .arg(m_document.name()),
+                    QMessageBox::Cancel, this);
+    box.setObjectName("changed-question");
+    const QPushButton* replace = box.addButton(tr("&Replace"), QMessageBox::DestructiveRole);
+    box.setDefaultButton(QMessageBox::Cancel);
+    box.exec();
+    return box.clickedButton() == replace;
 }
 
 bool CMainWindow::save() {
     if (m_document.kind() == Kind::HEIGHTMAP) {
         return m_document.path().isEmpty() ? saveHeightmapAs() : saveHeightsTo(m_document.path());
     }
-    return m_document.path().isEmpty() ? saveProjectAs() : tell(saveProject(m_document.path()));
+    return m_document.path().isEmpty() ? saveProjectAs() : saveProjectTo(m_document.path());
+}
+
+bool CMainWindow::saveProjectTo(const QString& folder) {
+    return mayOverwrite(folder) && tell(saveProject(folder));
 }
 
 bool CMainWindow::saveProjectAs() {
@@ -193,14 +238,8 @@ bool CMainWindow::saveProjectAs() {
     if (m_document.kind() == Kind::HEIGHTMAP) {
         path = QFileInfo(path).dir().filePath(QFileInfo(path).completeBaseName());
     }
-    // A folder that is there already is entered by the dialog, where its project file can be picked; the
-    // dialog then asks whether it may be replaced.
-    QFileDialog dialog(this, tr("Save Project As"), QFileInfo(path).absolutePath(), tr(NEW_PROJECT_FILTER));
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setLabelText(QFileDialog::FileName, tr("New folder:"));
-    dialog.selectFile(QFileInfo(path).fileName());
-    return dialog.exec() == QDialog::Accepted &&
-           tell(saveProject(projectFolderOf(dialog.selectedFiles().first())));
+    CProjectFolderDialog dialog(this, path);
+    return dialog.exec() == QDialog::Accepted && saveProjectTo(dialog.folder());
 }
 
 bool CMainWindow::saveHeightmapAs() {
@@ -235,7 +274,7 @@ bool CMainWindow::saveHeightsTo(const QString& path) {
     }
     const bool outgrown = m_document.kind() != Kind::PROJECT && m_document.hasOtherChanges();
     if (!outgrown || m_bHeightsAreEnough) {
-        return tell(saveHeightmap(path));
+        return mayOverwrite(path) && tell(saveHeightmap(path));
     }
     QMessageBox box(QMessageBox::Question, tr("Terrain sandbox"), tr(HEIGHTS_ALONE).arg(m_document.name()),
                     QMessageBox::Cancel, this);
@@ -247,7 +286,7 @@ bool CMainWindow::saveHeightsTo(const QString& path) {
         return saveProjectAs();
     }
     m_bHeightsAreEnough = box.clickedButton() == heights; // asked once for each map
-    return m_bHeightsAreEnough && tell(saveHeightmap(path));
+    return m_bHeightsAreEnough && mayOverwrite(path) && tell(saveHeightmap(path));
 }
 
 bool CMainWindow::mayDropMap() {

@@ -2,6 +2,7 @@
 
 #include "sandbox/export/export_dialog.h"
 #include "sandbox/keys/shortcuts_dialog.h"
+#include "sandbox/unsaved/unsaved_work.h"
 #include "sandbox/view/marked_points.h"
 
 #include <QAction>
@@ -64,6 +65,7 @@ void CMainWindow::makeFileMenu() {
         action->setObjectName(name);
         return action;
     };
+    add(tr("&New..."), "new-map", QKeySequence::New, &CMainWindow::startNew);
     QAction* open =
         add(tr("&Open Project..."), "open-project", QKeySequence::Open, &CMainWindow::chooseProject);
     open->setIcon(style()->standardIcon(QStyle::SP_DialogOpenButton));
@@ -72,6 +74,14 @@ void CMainWindow::makeFileMenu() {
     QMenu* recent = menu->addMenu(tr("Open &Recent"));
     recent->setObjectName("recent");
     connect(recent, &QMenu::aboutToShow, this, [this, recent] { fillRecentMenu(*recent); });
+    menu->addAction(tr("&Unsaved Work..."), this,
+                    [this] {
+                        if (abandonedCopies({}).empty()) {
+                            statusBar()->showMessage(tr("No unsaved work is waiting."));
+                        }
+                        offerAutosave();
+                    })
+        ->setObjectName("unsaved-work");
     menu->addSeparator();
     m_pSaveAction = menu->addAction(style()->standardIcon(QStyle::SP_DialogSaveButton), tr("&Save"),
                                     QKeySequence::Save, this, &CMainWindow::save);

@@ -8,6 +8,7 @@
 #include "sandbox/files/heightmap_file.h"
 #include "sandbox/files/safe_file.h"
 #include "sandbox/film/film_record.h"
+#include "sandbox/project/layer_files.h"
 #include "sandbox/project/project_map.h"
 
 #include <QDir>
@@ -15,16 +16,17 @@
 #include <QHash>
 #include <QSet>
 #include <algorithm>
-#include <chrono>
 #include <new>
 
 namespace {
 
-constexpr int NEW_EDGE = 129;
 constexpr std::uint16_t NEW_HEIGHT = 100;
 constexpr double RELIEF = 0.07;        // highest ground over lowest, as a part of the map's width
 constexpr double STEEPEST_UNIT = 0.05; // world units that a height unit may have at most
+constexpr const char* OPEN_ELSEWHERE =
+    "%1 is open in another program. This is a copy of it, which is saved under another name.";
 constexpr const char* NO_MEMORY = "there is not enough memory";
+constexpr const char* TAKEN = "another program has it open";
 constexpr double FIRST_WATER = 0.04; // of the way from the lowest ground to the highest
 
 bool isProjectPath(const QString& path) {
@@ -86,14 +88,6 @@ std::unique_ptr<CFilm> makeFilm(const CMemoryMap& map, CMemoryScene& scene) {
     return std::make_unique<CFilm>(scene, CFilm::FIRST_FRAMES, pose);
 }
 
-ProjectFault writeCopy(const QString& folder, Project project) {
-    try {
-        return writeProject(folder, project);
-    } catch (const std::bad_alloc&) {
-        return {folder, NO_MEMORY};
-    }
-}
-
 QString failedTo(const char* what, const QString& path, const QString& reason) {
     return QString("Failed to %1 %2: %3").arg(what, path, reason);
 }
@@ -110,11 +104,21 @@ template <class Work> CMapDocument::Outcome withinMemory(const char* what, const
 } // namespace
 
 CMapDocument::CMapDocument() {
-    const Heightmap level{NEW_EDGE, std::vector<std::uint16_t>(std::size_t{NEW_EDGE} * NEW_EDGE, NEW_HEIGHT)};
-    adopt(makeContents(level, {}), [] {});
-    lookForFilesIn({});
-    m_strName = "level ground";
-    noteAsSaved();
+    startAnew(FIRST_DIM, [] {});
+}
+
+CMapDocument::Outcome CMapDocument::startAnew(int dim, const std::function<void()>& beforeSwap) {
+    return withinMemory("make", "a new map", [&] {
+        const auto edge = static_cast<std::size_t>(dim) + 1;
+        const Heightmap level{dim + 1, std::vector<std::uint16_t>(edge * edge, NEW_HEIGHT)};
+        adopt(makeContents(level, {}), beforeSwap);
+        m_projectFile = {};
+        dropAutosave();
+        m_place.become(Kind::NOTHING, "level ground");
+        useFilesOfPlace();
+        noteAsSaved();
+        return Outcome();
+    });
 }
 
 CMapDocument::Contents CMapDocument::makeContents(const Heightmap& heights, const QString& mapFolder) {
@@ -156,14 +160,13 @@ CMapDocument::Outcome CMapDocument::openHeightmap(const QString& path,
     adopt(makeContents(reading.map, info.absolutePath()), beforeSwap);
     m_projectFile = {};
     dropAutosave(); // of what was open: its changes are saved or given up
-    belongTo(Kind::HEIGHTMAP, path);
-    m_fileBits = static_cast<HeightmapBits>(reading.pictureBits);
+    const bool isOwn =
+        m_place.become(Kind::HEIGHTMAP, path, static_cast<HeightmapBits>(reading.pictureBits), {});
     lookForFilesIn(info.absolutePath());
     if (reading.isCropped()) { // saving a part of a picture over the whole would lose the rest of it
-        m_strPath.clear();
-        m_strName = QString("part of %1").arg(info.fileName());
+        m_place.become(Kind::HEIGHTMAP, QString("part of %1").arg(info.fileName()));
     }
-    return {{}, cropNote(reading)};
+    return {{}, isOwn ? cropNote(reading) : QString(OPEN_ELSEWHERE).arg(path)};
 }
 
 CMapDocument::Contents CMapDocument::contentsOf(const Project& project) {
@@ -174,8 +177,8 @@ CMapDocument::Contents CMapDocument::contentsOf(const Project& project) {
     return made;
 }
 
-Project CMapDocument::capture() {
-    Project project = captureProject(*m_pMap, *m_pScene);
+Project CMapDocument::capture(const KeptLayers& kept) {
+    Project project = captureProject(*m_pMap, *m_pScene, kept);
     project.settings.film = captureFilm(*m_pFilm);
     project.original = m_projectFile;
     return project;
@@ -193,28 +196,17 @@ CMapDocument::Outcome CMapDocument::openProject(const QString& path,
     const QFileInfo info(path);
     const QString folder = info.isDir() ? info.absoluteFilePath() : info.absolutePath();
     dropAutosave(); // of what was open
-    belongTo(Kind::PROJECT, folder);
+    const bool isOwn =
+        m_place.become(Kind::PROJECT, folder, HeightmapBits::SIXTEEN, filesOf(project.settings.layers));
     lookForFilesIn(folder);
-    return {};
+    return {{}, isOwn ? QString() : QString(OPEN_ELSEWHERE).arg(folder)};
 }
 
 void CMapDocument::adopt(Contents contents, const std::function<void()>& beforeSwap) {
     beforeSwap();
-    endAutosave();
     m_pFilm = std::move(contents.film);
     m_pMap = std::move(contents.map);
     m_pScene = std::move(contents.scene);
-}
-
-void CMapDocument::belongTo(Kind kind, const QString& path) {
-    const QFileInfo info(QDir::cleanPath(path));
-    if (info.absoluteFilePath() != m_strPath) {
-        dropAutosave(); // it would be looked for beside the new place
-        m_fileBits = HeightmapBits::SIXTEEN;
-    }
-    m_kind = kind;
-    m_strPath = isSample(path) ? QString() : info.absoluteFilePath();
-    m_strName = isSample(path) ? QString("%1 (sample)").arg(info.fileName()) : info.fileName();
 }
 
 void CMapDocument::lookForFilesIn(const QString& mapFolder) {
@@ -227,47 +219,56 @@ void CMapDocument::lookForFilesIn(const QString& mapFolder) {
     m_strTextureFolder = QFileInfo(folders.first()).isDir() ? folders.first() : folders.last();
 }
 
+void CMapDocument::useFilesOfPlace() {
+    const bool isFolder = kind() == Kind::PROJECT || path().isEmpty();
+    lookForFilesIn(isFolder ? path() : QFileInfo(path()).absolutePath());
+}
+
 QString CMapDocument::placeForTextures() const {
-    if (m_strPath.isEmpty()) {
+    if (path().isEmpty()) {
         return "the textures folder of a project of yours";
     }
-    const QString folder = m_kind == Kind::PROJECT ? m_strPath : QFileInfo(m_strPath).absolutePath();
+    const QString folder = kind() == Kind::PROJECT ? path() : QFileInfo(path()).absolutePath();
     return folder + '/' + PROJECT_TEXTURE_FOLDER;
 }
 
 CMapDocument::Outcome CMapDocument::saveHeightmap(const QString& path) {
-    const bool isOwn = m_kind == Kind::HEIGHTMAP && QFileInfo(path).absoluteFilePath() == m_strPath;
-    const HeightmapBits bits = isOwn ? m_fileBits : HeightmapBits::SIXTEEN;
+    const bool isOwn = kind() == Kind::HEIGHTMAP && QFileInfo(path).absoluteFilePath() == this->path();
+    const HeightmapBits bits = isOwn ? m_place.bits() : HeightmapBits::SIXTEEN;
     if (isOwn && hasOutgrownItsFile()) {
         return {failedTo("save", path,
                          "it has 8 bits a point, which hold heights up to 255, and the map is higher now"),
                 {}};
     }
+    if (m_place.isOpenElsewhere(path)) {
+        return {failedTo("save", path, TAKEN), {}};
+    }
     const Outcome outcome = withinMemory("save", path, [&] {
         const QString reason = writeHeightmapFile(path, m_pMap->getGridDim() + 1, m_pMap->getHeights(), bits);
         return Outcome{reason.isEmpty() ? QString() : failedTo("save", path, reason), {}};
     });
-    if (outcome.error.isEmpty() && m_kind != Kind::PROJECT) {
+    if (outcome.error.isEmpty() && kind() != Kind::PROJECT) {
         m_nSavedHeights = m_pMap->getChangeCount(MapChange::HEIGHTS);
         if (!isModified()) {
             dropAutosave();
         }
-        belongTo(Kind::HEIGHTMAP, path);
+        m_place.become(Kind::HEIGHTMAP, path, bits, {});
     }
     return outcome;
 }
 
 bool CMapDocument::hasOutgrownItsFile() const {
-    return m_kind == Kind::HEIGHTMAP && !m_strPath.isEmpty() &&
-           std::ranges::max(m_pMap->getHeights()) > highestHeight(m_fileBits);
+    return kind() == Kind::HEIGHTMAP && !path().isEmpty() &&
+           std::ranges::max(m_pMap->getHeights()) > highestHeight(m_place.bits());
 }
 
 CMapDocument::Outcome CMapDocument::saveProject(const QString& folder) {
+    if (m_place.isOpenElsewhere(folder)) {
+        return {failedTo("save", folder, TAKEN), {}};
+    }
     const Outcome outcome = withinMemory("save", folder, [&] { return saveAll(folder); });
     if (outcome.error.isEmpty()) {
         dropAutosave();
-        belongTo(Kind::PROJECT, folder);
-        lookForFilesIn(m_strPath.isEmpty() ? folder : m_strPath);
         noteAsSaved();
     }
     return outcome;
@@ -284,85 +285,46 @@ CMapDocument::Outcome CMapDocument::saveAll(const QString& folder) {
         return {failedTo("save", fault.path, fault.reason), {}};
     }
     added.keep();
+    m_place.become(Kind::PROJECT, folder, HeightmapBits::SIXTEEN, filesOf(project.settings.layers));
+    lookForFilesIn(folder);
     return {};
 }
 
 CMapDocument::Outcome CMapDocument::autosave() {
-    if (m_autosaving.valid() && m_autosaving.wait_for(std::chrono::seconds(0)) != std::future_status::ready) {
+    if (!isModified()) {
+        dropAutosave(); // all that it holds was taken back
         return {};
     }
-    const ProjectFault fault = m_autosaving.valid() ? m_autosaving.get() : ProjectFault();
-    if (!fault.reason.isEmpty()) {
-        m_nAutosaved = 0;
-        return {failedTo("save", fault.path, fault.reason), {}};
-    }
-    const std::uint64_t state = qHashMulti(m_pMap->getChangeCount(MapChange::HEIGHTS), otherState());
-    if (m_strPath.isEmpty() || !isModified() || state == m_nAutosaved) {
-        return {};
-    }
-    if (!m_copy.isOwned()) {
-        if (const QString reason = m_copy.claim(m_strPath); !reason.isEmpty()) {
-            return {failedTo("save", m_strPath + ".autosave", reason), {}};
+    return withinMemory("save", CAutomaticCopy::room(), [&] {
+        const CSafetyCopy::State state{m_pMap->getChangeCount(MapChange::HEIGHTS),
+                                       m_pMap->getChangeCount(MapChange::SURFACE), otherState()};
+        const ProjectFault fault =
+            m_copy.keep(state, m_place.origin(), [this](const KeptLayers& kept) { return capture(kept); });
+        return Outcome{fault.reason.isEmpty() ? QString() : failedTo("save", fault.path, fault.reason), {}};
+    });
+}
+
+CMapDocument::Outcome CMapDocument::openCopy(const AbandonedCopy& copy,
+                                             const std::function<void()>& beforeSwap) {
+    return withinMemory("open", copy.folder, [&] {
+        Project project;
+        const ProjectFault fault = readProject(copy.folder, project);
+        if (!fault.reason.isEmpty()) {
+            return Outcome{failedTo("open", fault.path, fault.reason), {}};
         }
-    }
-    return withinMemory("save", m_copy.folder(), [&] {
-        Project project = capture();
-        CAutomaticCopy::mark(project);
-        m_autosaving = std::async(std::launch::async, writeCopy, m_copy.folder(), std::move(project));
-        m_nAutosaved = state;
-        return Outcome();
-    });
-}
-
-void CMapDocument::endAutosave() {
-    if (m_autosaving.valid()) {
-        m_autosaving.get();
-    }
-    m_nAutosaved = 0;
-}
-
-QString CMapDocument::abandonedCopy() const {
-    return m_strPath.isEmpty() ? QString() : CAutomaticCopy::findAbandoned(m_strPath);
-}
-
-CMapDocument::Outcome CMapDocument::openAbandonedCopy(const std::function<void()>& beforeSwap) {
-    const QString folder = abandonedCopy();
-    Project project;
-    const Outcome read = withinMemory("open", folder, [&] {
-        const ProjectFault fault = readProject(folder, project);
-        return Outcome{fault.reason.isEmpty() ? QString() : failedTo("open", fault.path, fault.reason), {}};
-    });
-    if (!read.error.isEmpty()) {
-        return read;
-    }
-    const Outcome built = withinMemory("open", folder, [&] {
         adopt(contentsOf(project), beforeSwap);
-        return Outcome();
+        dropAutosave();
+        m_copy.takeOver(copy.folder); // what it holds stays unsaved: it is kept until that is decided
+        CAutomaticCopy::unmark(project);
+        m_projectFile = project.original;
+        const bool isOwn = m_place.become(copy.origin);
+        useFilesOfPlace();
+        noteAsSaved();
+        constexpr std::uint64_t NEVER = ~std::uint64_t{0};
+        m_nSavedHeights = NEVER;
+        m_nSavedOther ^= NEVER;
+        return Outcome{{}, isOwn ? QString() : QString(OPEN_ELSEWHERE).arg(copy.origin.place)};
     });
-    if (!built.error.isEmpty()) {
-        return built;
-    }
-    dropAutosave();
-    m_copy.takeOver(folder); // what it holds stays unsaved: the copy is kept until that is decided
-    CAutomaticCopy::unmark(project);
-    m_projectFile = project.original;
-    noteAsSaved();
-    constexpr std::uint64_t NEVER = ~std::uint64_t{0};
-    m_nSavedHeights = NEVER;
-    m_nSavedOther ^= NEVER;
-    return {};
-}
-
-void CMapDocument::deleteAbandonedCopy() {
-    CAutomaticCopy copy;
-    if (const QString folder = abandonedCopy(); !folder.isEmpty() && copy.takeOver(folder)) {
-        copy.remove();
-    }
-}
-
-void CMapDocument::dropAutosave() {
-    endAutosave();
-    m_copy.remove();
 }
 
 bool CMapDocument::hasHeightChanges() const {

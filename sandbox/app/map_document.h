@@ -2,24 +2,24 @@
 
 #include "engine/memory/memory_map.h"
 #include "engine/memory/memory_scene.h"
-#include "sandbox/core/heightmap_png.h"
+#include "sandbox/app/map_place.h"
 #include "sandbox/film/film.h"
-#include "sandbox/project/automatic_copy.h"
 #include "sandbox/project/project_folder.h"
+#include "sandbox/unsaved/safety_copy.h"
 
 #include <QJsonObject>
 #include <QString>
 #include <QStringList>
 #include <functional>
-#include <future>
 #include <memory>
 
 /// The map and the film that are being worked on, their scene and the file or folder it belongs to. Owned by
 /// the main window.
 class CMapDocument {
 public:
-    /// What the map came from and goes back to. A heightmap keeps the heights alone, a project all of it.
-    enum class Kind { NOTHING, HEIGHTMAP, PROJECT };
+    using Kind = CMapPlace::Kind;
+
+    static constexpr int FIRST_DIM = 128;
 
     /// Level ground without a file.
     CMapDocument();
@@ -30,8 +30,11 @@ public:
         QString note;  ///< worth telling even so, or empty
     };
 
+    /// Replace the map by level ground of so many cells a side, which belongs nowhere yet.
+    Outcome startAnew(int dim, const std::function<void()>& beforeSwap);
     /// Replace the map by what the path holds: a project folder, its project file, or a heightmap. On failure
     /// the old map stays. `beforeSwap` runs when the new map is ready and the old one is about to be freed.
+    /// What another program has open is opened as a copy without a place.
     Outcome open(const QString& path, const std::function<void()>& beforeSwap);
     /// Write the heights to a file, with 16 bits a point; over the document's own file with as many as it
     /// came with, which is refused when they do not hold the heights any more. It becomes the document's,
@@ -40,32 +43,29 @@ public:
     /// The document's own file cannot hold the heights as they are now: it came with 8 bits a point.
     bool hasOutgrownItsFile() const;
     /// Write all of it to a folder, the textures' images included. The folder becomes the document's. After a
-    /// failure the folder holds the project that it held before.
+    /// failure the folder holds the project that it held before. Nothing is saved where another program has
+    /// its map.
     Outcome saveProject(const QString& folder);
 
-    /// Write all of it to a folder beside the document's own, when it has unsaved changes that are not in
-    /// that copy yet; a copy of another program, or of one that ended unasked, is left alone. Nothing is done
-    /// for a map without a place of its own.
+    /// Keep an automatic copy of unsaved changes, wherever the map belongs; without any, remove it.
     Outcome autosave();
-    /// The folder of a copy that a program left that came to an end that nobody wanted; empty for none.
-    QString abandonedCopy() const;
-    /// Replace the map by that copy, as unsaved changes of the document. On failure the map stays.
-    Outcome openAbandonedCopy(const std::function<void()>& beforeSwap);
-    /// Remove that copy: a person decided so.
-    void deleteAbandonedCopy();
+    /// Replace the map by a copy that a program left, as unsaved changes of the place that it came from. On
+    /// failure the map stays.
+    Outcome openCopy(const AbandonedCopy& copy, const std::function<void()>& beforeSwap);
     /// Remove the document's own copy: what is in it is saved or given up.
-    void dropAutosave();
+    void dropAutosave() { m_copy.drop(); }
 
     CMemoryMap& map() { return *m_pMap; }
     const CMemoryMap& map() const { return *m_pMap; }
     CMemoryScene& scene() { return *m_pScene; }
     CFilm& film() { return *m_pFilm; }
-    Kind kind() const { return m_kind; }
+    Kind kind() const { return m_place.kind(); }
     /// File or folder to save to; empty when saving would overwrite more than was opened, or nothing was
     /// opened, or what was opened is one of the samples that come with the program.
-    const QString& path() const { return m_strPath; }
+    const QString& path() const { return m_place.path(); }
     /// For a window title.
-    QString name() const { return m_strName; }
+    QString name() const { return m_place.name(); }
+    const CMapPlace& place() const { return m_place; }
     /// Map and film are again as they were saved, by steps taken back; what is shown of the film is no step.
     void noteAllUndone();
     /// Something was changed that a project keeps. Cheap enough to be asked whenever the program is idle.
@@ -93,13 +93,12 @@ private:
 
     static Contents makeContents(const Heightmap& heights, const QString& mapFolder);
     static Contents contentsOf(const Project& project);
-    Project capture();
+    Project capture(const KeptLayers& kept = {});
     Outcome saveAll(const QString& folder);
     Outcome openHeightmap(const QString& path, const std::function<void()>& beforeSwap);
     Outcome openProject(const QString& path, const std::function<void()>& beforeSwap);
     void adopt(Contents contents, const std::function<void()>& beforeSwap);
-    void endAutosave();
-    void belongTo(Kind kind, const QString& path);
+    void useFilesOfPlace();
     void lookForFilesIn(const QString& mapFolder);
     std::uint64_t recordState() const;
     std::uint64_t otherState() const;
@@ -108,17 +107,12 @@ private:
     std::unique_ptr<CMemoryScene> m_pScene; // outlives the map and the film
     std::unique_ptr<CMemoryMap> m_pMap;
     std::unique_ptr<CFilm> m_pFilm;
-    Kind m_kind = Kind::NOTHING;
-    QString m_strPath;
-    QString m_strName;
+    CMapPlace m_place;
     QString m_strTextureFolder;
-    HeightmapBits m_fileBits = HeightmapBits::SIXTEEN; // of the heightmap at m_strPath
     QJsonObject m_projectFile; // as read or written last, for the keys that this program does not know
     std::uint64_t m_nSavedHeights = 0;
     std::uint64_t m_nSavedOther = 0;
     std::uint64_t m_nSavedFilm = 0;
     std::uint32_t m_nSavedShown = 0;
-    CAutomaticCopy m_copy;
-    std::uint64_t m_nAutosaved = 0;         // state that the copy holds
-    std::future<ProjectFault> m_autosaving; // the copy that is being written, or was and is not yet judged
+    CSafetyCopy m_copy;
 };

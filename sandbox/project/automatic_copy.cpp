@@ -2,12 +2,14 @@
 
 #include "sandbox/files/file_operations.h"
 #include "sandbox/files/safe_file.h"
+#include "sandbox/files/user_data.h"
 #include "sandbox/project/project_limits.h"
 
-#include <QDateTime>
 #include <QDir>
 #include <QFileInfo>
+#include <QJsonArray>
 #include <QJsonDocument>
+#include <algorithm>
 #include <cerrno>
 #include <fcntl.h>
 #include <sys/file.h>
@@ -16,13 +18,9 @@
 
 namespace {
 
-constexpr int MOST_COPIES = 9; // of one map, by programs that run or were not asked about yet
+constexpr int MOST_COPIES = 99; // by programs that run or were not asked about yet
 constexpr const char* MARK = "automaticCopy";
 constexpr const char* IN_USE = "in-use";
-
-QString folderFor(const QString& mapPath, int number) {
-    return number == 1 ? mapPath + ".autosave" : QString("%1.autosave-%2").arg(mapPath).arg(number);
-}
 
 QByteArray inUseFile(const QString& folder) {
     return QFile::encodeName(QDir(folder).filePath(IN_USE));
@@ -39,10 +37,33 @@ int lockInUse(const QString& folder, int flags) {
     return file;
 }
 
-bool isMarked(const QString& folder) {
+/// The mark in a copy's project file; no object where there is none.
+QJsonObject markIn(const QString& folder) {
     QByteArray text;
-    return readWholeFile(QDir(folder).filePath(PROJECT_FILE_NAME), LARGEST_PROJECT_FILE, text).isEmpty() &&
-           QJsonDocument::fromJson(text).object().contains(MARK);
+    const QString reason =
+        readWholeFile(QDir(folder).filePath(PROJECT_FILE_NAME), LARGEST_PROJECT_FILE, text);
+    return reason.isEmpty() ? QJsonDocument::fromJson(text).object()[MARK].toObject() : QJsonObject();
+}
+
+CopyOrigin originFrom(const QJsonObject& mark) {
+    CopyOrigin origin;
+    origin.place = mark["place"].toString();
+    origin.name = mark["name"].toString();
+    origin.isHeightmap = mark["heightmap"].toBool();
+    origin.bits = mark["bits"].toInt();
+    for (const QJsonValue& file : mark["files"].toArray()) {
+        origin.files.append(file.toString());
+    }
+    origin.stamp = mark["stamp"].toString();
+    return origin;
+}
+
+qint64 sizeOf(const QString& folder) {
+    qint64 bytes = 0;
+    for (const QFileInfo& file : QDir(folder).entryInfoList(QDir::Files)) {
+        bytes += file.size();
+    }
+    return bytes;
 }
 
 /// A folder whose owner ended before its first copy was whole: there is nothing in it to decide about.
@@ -63,10 +84,15 @@ bool isOwnedByNobody(const QString& folder) {
 
 } // namespace
 
-QString CAutomaticCopy::claim(const QString& mapPath) {
+QString CAutomaticCopy::room() {
+    return userDataFolder("unsaved");
+}
+
+QString CAutomaticCopy::claim() {
     leave();
+    const QString all = room();
     for (int number = 1; number <= MOST_COPIES; ++number) {
-        const QString folder = folderFor(mapPath, number);
+        const QString folder = all + '/' + QString::number(number);
         if (CFileOperations::instance().makeFolder(QFile::encodeName(folder).constData()) != 0) {
             if (errno != EEXIST) {
                 return reasonOfError(errno);
@@ -74,7 +100,7 @@ QString CAutomaticCopy::claim(const QString& mapPath) {
             if (isLeftEmpty(folder) && takeOver(folder)) {
                 return {};
             }
-            continue; // a copy of another program, one that waits for a decision, or a person's own folder
+            continue; // a copy of another program, or one that waits for a decision
         }
         m_nInUse = lockInUse(folder, O_CREAT | O_EXCL);
         if (m_nInUse < 0) {
@@ -112,23 +138,27 @@ void CAutomaticCopy::remove() {
     leave();
 }
 
-QString CAutomaticCopy::findAbandoned(const QString& mapPath) {
-    QString newest;
-    QDateTime newestTime;
-    for (int number = 1; number <= MOST_COPIES; ++number) {
-        const QString folder = folderFor(mapPath, number);
-        const QFileInfo file(QDir(folder).filePath(PROJECT_FILE_NAME));
-        const bool isNewer = file.isFile() && (newest.isEmpty() || file.lastModified() > newestTime);
-        if (isNewer && isMarked(folder) && isOwnedByNobody(folder)) {
-            newest = folder;
-            newestTime = file.lastModified();
+std::vector<AbandonedCopy> CAutomaticCopy::abandoned() {
+    std::vector<AbandonedCopy> found;
+    for (const QFileInfo& entry : QDir(room()).entryInfoList(QDir::Dirs | QDir::NoDotAndDotDot)) {
+        const QString folder = entry.absoluteFilePath();
+        const QJsonObject mark = markIn(folder);
+        if (!mark.isEmpty() && isOwnedByNobody(folder)) {
+            const QFileInfo file(QDir(folder).filePath(PROJECT_FILE_NAME));
+            found.push_back({folder, originFrom(mark), file.lastModified(), sizeOf(folder)});
         }
     }
-    return newest;
+    std::ranges::sort(found, std::ranges::greater(), &AbandonedCopy::time);
+    return found;
 }
 
-void CAutomaticCopy::mark(Project& project) {
-    project.original[MARK] = true;
+void CAutomaticCopy::mark(Project& project, const CopyOrigin& origin) {
+    project.original[MARK] = QJsonObject{{"place", origin.place},
+                                         {"name", origin.name},
+                                         {"heightmap", origin.isHeightmap},
+                                         {"bits", origin.bits},
+                                         {"files", QJsonArray::fromStringList(origin.files)},
+                                         {"stamp", origin.stamp}};
 }
 
 void CAutomaticCopy::unmark(Project& project) {

@@ -137,8 +137,8 @@ ProjectFault readSettings(const QString& path, Project& project, ProjectChecksum
 /// Writes one project into its folder. Lives for one save.
 class CProjectSaver {
 public:
-    CProjectSaver(const QString& folder, Project& project)
-        : m_folder(folder), m_project(project), m_settings(project.settings) {}
+    CProjectSaver(const QString& folder, Project& project, const KeptLayers& kept)
+        : m_folder(folder), m_project(project), m_settings(project.settings), m_kept(kept) {}
 
     ProjectFault save();
 
@@ -146,17 +146,22 @@ private:
     QString checkLimits() const;
     ProjectFault saveLocked();
     ProjectFault writeLayers(bool& taken);
+    ProjectFault putSurface(bool& taken);
     ProjectFault writeProjectFile();
     ProjectFault put(const QString& name, const char* key, const QByteArray& bytes, bool& taken);
     ProjectFault putGrey(const QString& name, const char* key, const std::vector<std::uint16_t>& values,
                          bool& taken);
     void removeWritten();
-    QStringList formerLayers() const;
+    QString readFormer();
+    void keep(QString ProjectLayers::*layer, const char* key);
     QString projectFile() const { return m_folder.filePath(PROJECT_FILE_NAME); }
 
     QDir m_folder;
     Project& m_project;
     ProjectSettings m_settings; ///< as they will be saved
+    KeptLayers m_kept;
+    ProjectLayers m_former; ///< of the save before
+    ProjectChecksums m_formerChecksums;
     ProjectChecksums m_checksums;
     QStringList m_written;
 };
@@ -207,18 +212,21 @@ ProjectFault CProjectSaver::save() {
 }
 
 ProjectFault CProjectSaver::saveLocked() {
-    const QStringList former = formerLayers();
-    ProjectFault fault;
+    ProjectFault fault{projectFile(), readFormer()};
+    if (!fault.reason.isEmpty()) {
+        return fault;
+    }
     bool taken = true; // by a program that knows no locks
     for (int number = 1; taken; ++number) {
         m_settings.layers = unusedLayerNames(m_folder, number);
+        m_checksums.clear();
         fault = writeLayers(taken);
     }
     if (fault.reason.isEmpty()) {
         fault = writeProjectFile();
     }
     if (fault.reason.isEmpty()) {
-        sweepLayers(m_folder, filesOf(m_settings.layers), former);
+        sweepLayers(m_folder, filesOf(m_settings.layers), filesOf(m_former));
         m_project.settings.layers = m_settings.layers;
     }
     return fault;
@@ -246,13 +254,16 @@ ProjectFault CProjectSaver::putGrey(const QString& name, const char* key,
                taken);
 }
 
-ProjectFault CProjectSaver::writeLayers(bool& taken) {
-    const ProjectLayers& names = m_settings.layers;
-    taken = false;
-    ProjectFault fault = putGrey(names.heights, "heights", m_project.heights, taken);
-    if (fault.reason.isEmpty()) {
-        fault = putGrey(names.blends, "blends", m_project.blends, taken);
+void CProjectSaver::keep(QString ProjectLayers::*layer, const char* key) {
+    m_settings.layers.*layer = m_former.*layer;
+    if (m_formerChecksums.contains(key)) {
+        m_checksums[key] = m_formerChecksums[key];
     }
+}
+
+ProjectFault CProjectSaver::putSurface(bool& taken) {
+    const ProjectLayers& names = m_settings.layers;
+    ProjectFault fault = putGrey(names.blends, "blends", m_project.blends, taken);
     if (fault.reason.isEmpty()) {
         std::vector<std::uint16_t> water(m_project.water.size());
         std::ranges::transform(m_project.water, water.begin(), [](std::uint8_t value) {
@@ -261,8 +272,26 @@ ProjectFault CProjectSaver::writeLayers(bool& taken) {
         fault = putGrey(names.water, "water", water, taken);
     }
     if (fault.reason.isEmpty()) {
-        const QByteArray colours = encodeColours(m_project.edge, m_project.colours);
-        fault = put(names.colours, "colours", colours, taken);
+        fault = put(names.colours, "colours", encodeColours(m_project.edge, m_project.colours), taken);
+    }
+    return fault;
+}
+
+ProjectFault CProjectSaver::writeLayers(bool& taken) {
+    const ProjectLayers& names = m_settings.layers;
+    taken = false;
+    ProjectFault fault;
+    if (m_kept.heights) {
+        keep(&ProjectLayers::heights, "heights");
+    } else {
+        fault = putGrey(names.heights, "heights", m_project.heights, taken);
+    }
+    if (m_kept.surface) {
+        keep(&ProjectLayers::blends, "blends");
+        keep(&ProjectLayers::colours, "colours");
+        keep(&ProjectLayers::water, "water");
+    } else if (fault.reason.isEmpty()) {
+        fault = putSurface(taken);
     }
     if (fault.reason.isEmpty()) {
         fault = put(names.details, "details", encodeDetails(m_settings.details), taken);
@@ -302,11 +331,14 @@ void CProjectSaver::removeWritten() {
     m_written.clear();
 }
 
-QStringList CProjectSaver::formerLayers() const {
+/// What the save before wrote; a reason only when something of it is to be kept and cannot.
+QString CProjectSaver::readFormer() {
     Project former;
-    ProjectChecksums checksums;
-    return readSettings(projectFile(), former, checksums).reason.isEmpty() ? filesOf(former.settings.layers)
-                                                                           : QStringList();
+    const QString reason = readSettings(projectFile(), former, m_formerChecksums).reason;
+    if (reason.isEmpty()) {
+        m_former = former.settings.layers;
+    }
+    return m_kept.heights || m_kept.surface ? reason : QString();
 }
 
 } // namespace
@@ -332,8 +364,8 @@ ProjectFault readProject(const QString& folder, Project& project) {
     return fault;
 }
 
-ProjectFault writeProject(const QString& folder, Project& project) {
-    return CProjectSaver(folder, project).save();
+ProjectFault writeProject(const QString& folder, Project& project, const KeptLayers& kept) {
+    return CProjectSaver(folder, project, kept).save();
 }
 
 void removeProject(const QString& folder) {

@@ -24,6 +24,13 @@ struct Project {
     std::vector<std::uint8_t> water; ///< 1 for water, 0 for none
 };
 
+/// Layers that a save leaves as the save before wrote them, because they have not changed since. The project
+/// may hold nothing of them.
+struct KeptLayers {
+    bool heights = false;
+    bool surface = false; ///< blends, colours and water
+};
+
 /// Why a project could not be read or written: the file that is at fault and a clause without a full stop.
 struct ProjectFault {
     QString path;
@@ -37,8 +44,8 @@ ProjectFault readProject(const QString& folder, Project& project);
 /// Write the project to `folder`, which is made if needed, while no other program may. Layers go into new
 /// files and the project file is replaced last, so that at any moment the folder holds one whole project;
 /// what earlier saves left is removed then. What could not be opened again is refused. The new layer names
-/// are stored in `project`. Throws std::bad_alloc.
-ProjectFault writeProject(const QString& folder, Project& project);
+/// are stored in `project`. What is to be kept must be there. Throws std::bad_alloc.
+ProjectFault writeProject(const QString& folder, Project& project, const KeptLayers& kept = {});
 
 /// Remove the project in `folder` as far as this program wrote it: the project file and the layers, and the
 /// folder when nothing else is in it.

@@ -137,7 +137,7 @@ template <class Values> auto toVector(const Values& values) {
 
 } // namespace
 
-Project captureProject(CMemoryMap& map, const CMemoryScene& scene) {
+Project captureProject(CMemoryMap& map, const CMemoryScene& scene, const KeptLayers& kept) {
     Project project;
     ProjectSettings& settings = project.settings;
     settings.waterLevel = map.waterLevel;
@@ -153,10 +153,14 @@ Project captureProject(CMemoryMap& map, const CMemoryScene& scene) {
     }
     captureRecords(map, scene, settings);
     project.edge = map.getGridDim() + 1;
-    project.heights = toVector(map.getHeights());
-    project.blends = toVector(map.getBlends());
-    project.colours = toVector(map.getColours());
-    project.water = toVector(map.getWaterFlags());
+    if (!kept.heights) {
+        project.heights = toVector(map.getHeights());
+    }
+    if (!kept.surface) {
+        project.blends = toVector(map.getBlends());
+        project.colours = toVector(map.getColours());
+        project.water = toVector(map.getWaterFlags());
+    }
     return project;
 }
 

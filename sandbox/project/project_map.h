@@ -8,8 +8,8 @@
 #include <memory>
 
 /// The map and scene as plain values, with the texture images found in the engine's directories left where
-/// they are. `original` of the result is empty.
-Project captureProject(CMemoryMap& map, const CMemoryScene& scene);
+/// they are, and without the layers that are `kept`. `original` of the result is empty.
+Project captureProject(CMemoryMap& map, const CMemoryScene& scene, const KeptLayers& kept = {});
 
 /// A fingerprint of all that captureProject takes but the layers: it changes when any of it does. The current
 /// definition is left out, because to leaf through the definitions is no change that is worth saving.

@@ -47,6 +47,7 @@ int main(int argc, char** argv) {
     }
     const QTemporaryDir settings; // a tour leaves no trace among the files that a person opened
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, settings.path());
+    qputenv("XDG_DATA_HOME", settings.filePath("data").toUtf8());
     CMainWindow window;
     window.resize(QApplication::primaryScreen()->size());
     const QString failure = window.openMap(arguments[1]);

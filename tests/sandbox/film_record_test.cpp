@@ -117,6 +117,7 @@ TEST(FilmRecord, BadFilmsAreRefusedByName) {
 /// The film takes part in all that a document does for its map.
 TEST(FilmRecord, AFilmBelongsToItsDocument) {
     const QTemporaryDir scratch;
+    qputenv("XDG_DATA_HOME", scratch.filePath("data").toUtf8());
     const QString folder = scratch.filePath("mine");
     CMapDocument document;
     EXPECT_FALSE(document.isModified());
@@ -144,7 +145,7 @@ TEST(FilmRecord, AFilmBelongsToItsDocument) {
     document.film().movie().getFrame(9)->setFov(30.0F);
     Project copy;
     const QDeadlineTimer end(10'000);
-    while (!readProject(folder + ".autosave", copy).reason.isEmpty() && !end.hasExpired()) {
+    while (!readProject(CAutomaticCopy::room() + "/1", copy).reason.isEmpty() && !end.hasExpired()) {
         QThread::msleep(5); // it is written by another thread
     }
     ASSERT_TRUE(copy.settings.film.has_value());

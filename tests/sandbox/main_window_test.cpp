@@ -6,6 +6,7 @@
 #include "resources/resource_ids.h"
 #include "sandbox/files/heightmap_file.h"
 #include "sandbox/project_contents.h"
+#include "sandbox/window_session.h"
 #include "support/modal_steps.h"
 #include "support/ui_driver.h"
 
@@ -79,6 +80,7 @@ protected:
 
     MainWindow() {
         QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_scratch.filePath("settings"));
+        qputenv("XDG_DATA_HOME", m_scratch.filePath("data").toUtf8());
         std::vector<std::uint16_t> heights;
         for (int i = 0; i < EDGE * EDGE; ++i) {
             heights.push_back(static_cast<std::uint16_t>(100 + 10 * std::abs(i % EDGE - EDGE / 2)));
@@ -289,22 +291,31 @@ class LostWork : public MainWindow {
 protected:
     LostWork() { saveProjectAs(folder()); }
 
-    void aMinutePasses() { QMetaObject::invokeMethod(m_pWindow->findChild<QTimer*>("autosave"), "timeout"); }
+    /// The copy that the minute brings is written.
+    void aMinutePasses() {
+        QMetaObject::invokeMethod(m_pWindow->findChild<QTimer*>("autosave"), "timeout");
+        Project written;
+        ASSERT_TRUE(becomesTrue([&] { return readProject(copy(), written).reason.isEmpty(); }));
+    }
     void workAndCrash(int height) {
         map().setPointHeight(4, 4, height, true);
         document().film().movie().getFrame(0)->setFov(static_cast<float>(height) / 10.0F);
         aMinutePasses();
         openWindow(); // the old one goes without being asked
-        ASSERT_TRUE(QDir(copy()).exists());
+        ASSERT_EQ(copies(), QStringList("1"));
     }
     /// Open the project again; the question about the copy is answered with a button.
     void openAndAnswer(const QString& button) {
-        converse({chooseFile(projectFile()), answer(QUESTION, button)}, [&] { choose("open-project"); });
+        converse({chooseFile(projectFile()), answer(question(), button)}, [&] { choose("open-project"); });
     }
-    QString copy() const { return folder() + ".autosave"; }
-
-    const QString QUESTION =
-        "There is an automatic copy of my map with changes that were never saved. Open the copy?";
+    static QString copy() { return CAutomaticCopy::room() + "/1"; }
+    static QStringList copies() {
+        return QDir(CAutomaticCopy::room()).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+    }
+    static QString question(const QString& map = "my map") {
+        return QString("There is an automatic copy of %1 with changes that were never saved. Open the copy?")
+            .arg(map);
+    }
 };
 
 TEST_F(LostWork, IsOfferedUntilAPersonDecides) {
@@ -312,44 +323,116 @@ TEST_F(LostWork, IsOfferedUntilAPersonDecides) {
     EXPECT_NE(savedIn(folder()).heights[4 * EDGE + 4], 444) << "the project itself is as it was saved";
     openAndAnswer("Later");
     EXPECT_TRUE(m_pWindow->close());
-    EXPECT_TRUE(QDir(copy()).exists()) << "put off, not thrown away";
+    EXPECT_EQ(copies(), QStringList("1")) << "put off, not thrown away";
     m_pWindow->show();
     openAndAnswer("Open Copy");
     EXPECT_EQ(map().getPointHeight(4, 4), 444);
     EXPECT_EQ(document().film().movie().getFrame(0)->fov, 44.4F);
     EXPECT_TRUE(document().hasHeightChanges() && document().hasOtherChanges());
-    EXPECT_TRUE(QDir(copy()).exists()) << "it is not saved yet";
+    EXPECT_EQ(copies(), QStringList("1")) << "it is not saved yet";
     choose("save");
-    EXPECT_FALSE(QDir(copy()).exists());
+    EXPECT_EQ(copies(), QStringList());
+    EXPECT_EQ(savedIn(folder()).heights[4 * EDGE + 4], 444);
     workAndCrash(555);
     openAndAnswer("Delete Copy");
     EXPECT_NE(map().getPointHeight(4, 4), 555);
-    EXPECT_FALSE(QDir(copy()).exists());
+    EXPECT_EQ(copies(), QStringList());
 }
 
-TEST_F(LostWork, OfAnotherProgramOrAPersonIsNotTouched) {
-    CMapDocument other; // as in a second program
-    ASSERT_EQ(other.open(folder(), [] {}).error, "");
-    other.map().setPointHeight(4, 4, 444, true);
-    ASSERT_EQ(other.autosave().error, "");
-    ASSERT_TRUE(QDir(copy()).exists());
-    converse({chooseFile(projectFile())}, [&] { choose("open-project"); }); // no question
+TEST_F(LostWork, WithoutAPlaceOfItsOwnIsOfferedAtTheNextStart) {
+    ASSERT_EQ(m_pWindow->openMap(QString(VESK_SAMPLES) + "/jacksboro"), "");
+    workAndCrash(444);
+    QString told;
+    converse({answer(question("jacksboro (sample)"), "Later")}, [&] { m_pWindow->startWork(); });
+    converse({[&](QWidget* box) {
+                 told = dynamic_cast<QMessageBox&>(*box).informativeText();
+                 answer(question("jacksboro (sample)"), "Open Copy")(box);
+             }},
+             [&] { choose("unsaved-work"); });
+    EXPECT_TRUE(told.startsWith("Place: none of its own yet\nTime: ") && told.contains("\nSize: "));
+    EXPECT_EQ(map().getPointHeight(4, 4), 444);
+    EXPECT_TRUE(document().isModified());
+    EXPECT_EQ(document().path(), "");
+    EXPECT_EQ(document().name(), "jacksboro (sample)");
+}
+
+TEST_F(LostWork, OnlyLayersThatChangedAreCopiedAgain) {
+    map().setPointHeight(4, 4, 444, true);
+    map().setPointBlend(3, 3, 1, 20'000);
+    aMinutePasses();
+    EXPECT_TRUE(QFile::exists(copy() + "/heights.1.png"));
     map().setPointHeight(5, 5, 555, true);
     aMinutePasses();
-    EXPECT_TRUE(QDir(copy() + "-2").exists());
-    choose("save");
-    EXPECT_FALSE(QDir(copy() + "-2").exists());
-    EXPECT_TRUE(QDir(copy()).exists());
-    other.dropAutosave();
-    EXPECT_FALSE(QDir(copy()).exists());
+    ASSERT_TRUE(becomesTrue([&] { return savedIn(copy()).heights[5 * EDGE + 5] == 555; }));
+    EXPECT_TRUE(QFile::exists(copy() + "/heights.2.png") && QFile::exists(copy() + "/blends.1.png"));
+    EXPECT_NE(savedIn(copy()).blends[3 * EDGE + 3], 0);
+    m_pWindow->saveProject(folder());
+    EXPECT_EQ(copies(), QStringList());
+}
 
-    ASSERT_TRUE(QDir().mkpath(copy() + "/my notes")); // a person's own folder of that name
-    workAndCrash(600);
-    EXPECT_TRUE(QDir(copy() + "-2").exists());
-    ASSERT_EQ(other.saveProject(copy()).error, ""); // in which they keep a project, newer than the copy
-    openAndAnswer("Delete Copy");
-    EXPECT_FALSE(QDir(copy() + "-2").exists());
-    EXPECT_TRUE(QFile::exists(copy() + "/project.json") && QDir(copy() + "/my notes").exists());
+TEST_F(LostWork, TwoProgramsKeepOutOfEachOthersWay) {
+    CMapDocument other; // as in a second program
+    ASSERT_EQ(other.open(heightmap(), [] {}).error, "");
+    const QString isOpen =
+        "hills.png is open in another program. Opened here as well, it becomes a copy that is "
+        "saved under another name.";
+    converse({chooseFile(heightmap()), answer(isOpen, "Cancel")}, [&] { choose("open-heightmap"); });
+    EXPECT_EQ(document().path(), folder());
+    converse({chooseFile(heightmap()), answer(isOpen, "Open as Copy")}, [&] { choose("open-heightmap"); });
+    EXPECT_EQ(document().path(), "");
+    EXPECT_EQ(document().name(), "hills.png (copy)");
+    EXPECT_EQ(m_pWindow->saveHeightmap(heightmap()),
+              "Failed to save " + heightmap() + ": another program has it open");
+    other.map().setPointHeight(4, 4, 444, true);
+    ASSERT_EQ(other.autosave().error, "");
+    map().setPointHeight(5, 5, 555, true);
+    aMinutePasses();
+    EXPECT_EQ(copies(), QStringList({"1", "2"}));
+    converse({}, [&] { choose("unsaved-work"); }); // both are in use
+    EXPECT_EQ(m_pWindow->saveHeightmap(m_scratch.filePath("other.png")), "");
+    EXPECT_EQ(copies(), QStringList("1"));
+    ASSERT_EQ(other.saveHeightmap(heightmap()).error, "");
+    EXPECT_EQ(heightIn(heightmap()), 444);
+}
+
+TEST_F(LostWork, WhatAnotherProgramWroteIsNotReplacedUnasked) {
+    Project theirs = savedIn(folder());
+    theirs.heights[4 * EDGE + 4] = 777;
+    ASSERT_EQ(writeProject(folder(), theirs).reason, "");
+    map().setPointHeight(4, 4, 444, true);
+    const QString changed =
+        "my map was changed on the disk by another program since it was opened here. To save "
+        "now replaces what that has written.";
+    converse({answer(changed, "Cancel")}, [&] { choose("save"); });
+    EXPECT_EQ(savedIn(folder()).heights[4 * EDGE + 4], 777);
+    EXPECT_TRUE(document().isModified());
+    converse({answer(changed, "Replace")}, [&] { choose("save"); });
+    EXPECT_EQ(savedIn(folder()).heights[4 * EDGE + 4], 444);
+    map().setPointHeight(4, 4, 445, true);
+    converse({}, [&] { choose("save"); }); // our own writing is no other's
+}
+
+TEST_F(LostWork, AProjectReplacesOnlyAProject) {
+    ASSERT_TRUE(QDir(m_scratch.path()).mkpath("notes/mine") && QDir(m_scratch.path()).mkdir("empty"));
+    map().setPointHeight(4, 4, 444, true);
+    const auto tryFolders = [&](QWidget* dialog) { // the dialog stays until one is fit
+        for (const char* name : {"notes", "my map", "empty"}) {
+            turnTo(dialog);
+            chooseFile(m_scratch.filePath(name))(dialog);
+        }
+    };
+    converse(
+        {tryFolders,
+         answer("notes is not empty, and what is in it is no project. A project goes into a folder of its "
+                "own.",
+                "OK"),
+         answer("There is a project in my map already. Replace it?", "No")},
+        [&] { choose("save-project-as"); });
+    EXPECT_EQ(document().path(), m_scratch.filePath("empty"));
+    EXPECT_EQ(savedIn(m_scratch.filePath("empty")).heights[4 * EDGE + 4], 444);
+    EXPECT_NE(savedIn(folder()).heights[4 * EDGE + 4], 444);
+    EXPECT_EQ(QDir(m_scratch.filePath("notes")).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
+              QStringList("mine"));
 }
 
 TEST_F(LostWork, IsCopiedAlthoughAnEditorWasClosedInMidStroke) {
@@ -359,7 +442,7 @@ TEST_F(LostWork, IsCopiedAlthoughAnEditorWasClosedInMidStroke) {
     ASSERT_TRUE(vuIsEditingInProgress());
     map().setPointHeight(4, 4, 444, true);
     aMinutePasses();
-    EXPECT_TRUE(QDir(copy()).exists());
+    EXPECT_EQ(copies(), QStringList("1"));
     choose("map-editor");
     vuStartEditing(3, 3, 0, 0);
     vuStopEditing(); // the flag is the whole process's

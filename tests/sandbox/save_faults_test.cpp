@@ -30,6 +30,8 @@ int longRun(const char* variable, int share) {
 
 class SaveFaults : public testing::Test {
 protected:
+    SaveFaults() { qputenv("XDG_DATA_HOME", m_scratch.filePath("data").toUtf8()); }
+
     QString folder() const { return m_scratch.filePath("my map"); }
     QString picture() const { return m_scratch.filePath("hills.png"); }
 
@@ -142,20 +144,23 @@ TEST_F(SaveFaults, ACopyIsWholeOrNotOffered) {
             CAutomaticCopy copy;
             const CFailingDisk disk(fault, k);
             Project project = makeProject(NEW);
-            CAutomaticCopy::mark(project);
-            if (copy.claim(folder()).isEmpty()) {
+            CopyOrigin origin;
+            origin.place = folder();
+            CAutomaticCopy::mark(project, origin);
+            if (copy.claim().isEmpty()) {
                 static_cast<void>(writeProject(copy.folder(), project));
             }
             failed = disk.hasFailed();
         } // its program ends here
-        const QString left = CAutomaticCopy::findAbandoned(folder());
-        if (!left.isEmpty()) {
-            EXPECT_EQ(opened(left, {NEW}), NEW);
+        const std::vector<AbandonedCopy> left = CAutomaticCopy::abandoned();
+        if (!left.empty()) {
+            EXPECT_EQ(opened(left.front().folder, {NEW}), NEW);
+            EXPECT_EQ(left.front().origin.place, folder());
         }
         CAutomaticCopy next;
-        EXPECT_TRUE(left.isEmpty() ? next.claim(folder()).isEmpty() : next.takeOver(left));
+        EXPECT_TRUE(left.empty() ? next.claim().isEmpty() : next.takeOver(left.front().folder));
         next.remove();
-        EXPECT_TRUE(QDir(m_scratch.path()).isEmpty()) << "left behind";
+        EXPECT_TRUE(QDir(CAutomaticCopy::room()).isEmpty()) << "left behind";
         return failed;
     });
 }

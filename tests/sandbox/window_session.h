@@ -14,13 +14,14 @@
 #include <gtest/gtest.h>
 
 /// A person without settings, before and after: to be made before the window that reads them. The settings
-/// are this program's own, whatever other tests run meanwhile.
+/// and the data are this program's own, whatever other tests run meanwhile.
 class CFreshSettings {
 public:
     CFreshSettings() {
         static const QTemporaryDir folder;
         QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, folder.path());
         QSettings().clear();
+        qputenv("XDG_DATA_HOME", folder.filePath("data").toUtf8());
     }
     ~CFreshSettings() { QSettings().clear(); }
     CFreshSettings(const CFreshSettings&) = delete;
