@@ -16,6 +16,7 @@
 #include <QHash>
 #include <QSet>
 #include <algorithm>
+#include <future>
 #include <new>
 
 namespace {
@@ -36,10 +37,18 @@ bool isProjectPath(const QString& path) {
 
 /// World units per height unit, so that a map looks like a landscape whatever unit its heights are in: its
 /// relief is a set part of its width, but nearly level ground is not blown up into mountains.
-float scaleFor(const Heightmap& heights) {
-    const auto [low, high] = std::ranges::minmax(heights.heights);
-    const double relief = std::max(high - low, 1);
-    return static_cast<float>(std::min(RELIEF * (heights.edge - 1) / relief, STEEPEST_UNIT));
+float scaleFor(int relief, int cells) {
+    return static_cast<float>(std::min(RELIEF * cells / std::max(relief, 1), STEEPEST_UNIT));
+}
+
+/// What a map holds beside its heights, as memory that the system has given already.
+MapPoints blankPoints(int edge) {
+    const std::size_t count = static_cast<std::size_t>(edge) * static_cast<std::size_t>(edge);
+    return {{},
+            std::vector<qxCColour>(count),
+            std::vector<std::uint16_t>(count),
+            std::vector<std::uint8_t>(count),
+            std::vector<qxCColour>(count)};
 }
 
 QString cropNote(const HeightmapReading& reading) {
@@ -110,8 +119,8 @@ CMapDocument::CMapDocument() {
 CMapDocument::Outcome CMapDocument::startAnew(int dim, const std::function<void()>& beforeSwap) {
     return withinMemory("make", "a new map", [&] {
         const auto edge = static_cast<std::size_t>(dim) + 1;
-        const Heightmap level{dim + 1, std::vector<std::uint16_t>(edge * edge, NEW_HEIGHT)};
-        adopt(makeContents(level, {}), beforeSwap);
+        adopt(makeContents({dim + 1, std::vector<std::uint16_t>(edge * edge, NEW_HEIGHT)}, {}, {}),
+              beforeSwap);
         m_projectFile = {};
         dropAutosave();
         m_place.become(Kind::NOTHING, "level ground");
@@ -121,19 +130,18 @@ CMapDocument::Outcome CMapDocument::startAnew(int dim, const std::function<void(
     });
 }
 
-CMapDocument::Contents CMapDocument::makeContents(const Heightmap& heights, const QString& mapFolder) {
+/// The points' memory may be there already, with what a new map has in it; their heights are those given.
+CMapDocument::Contents CMapDocument::makeContents(Heightmap heights, MapPoints points,
+                                                  const QString& mapFolder) {
     Contents made{std::make_unique<CMemoryScene>(), nullptr, nullptr};
-    made.map = std::make_unique<CMemoryMap>(heights.edge - 1, made.scene.get());
+    const HeightRange range = rangeOf(heights.heights);
+    const float scale = scaleFor(range.relief(), heights.edge - 1);
+    points.heights = std::move(heights.heights);
+    paintGround(points, heights.edge, range, scale);
+    made.map = std::make_unique<CMemoryMap>(heights.edge - 1, made.scene.get(), std::move(points));
     CMemoryMap& map = *made.map;
-    const std::uint16_t* height = heights.heights.data();
-    for (int z = 0; z < heights.edge; ++z) {
-        for (int x = 0; x < heights.edge; ++x) {
-            map.setPointHeight(x, z, *height++, false);
-        }
-    }
-    map.heightScale = scaleFor(heights);
-    const auto [low, high] = std::ranges::minmax(heights.heights);
-    map.waterLevel = static_cast<float>(low + (high - low) * FIRST_WATER) * map.heightScale;
+    map.heightScale = scale;
+    map.waterLevel = static_cast<float>(range.low + range.relief() * FIRST_WATER) * scale;
     listTextures(*made.scene, mapFolder);
     dressGround(map, *made.scene);
     made.film = makeFilm(map, *made.scene);
@@ -152,26 +160,29 @@ CMapDocument::Outcome CMapDocument::open(const QString& path, const std::functio
 
 CMapDocument::Outcome CMapDocument::openHeightmap(const QString& path,
                                                   const std::function<void()>& beforeSwap) {
-    const HeightmapReading reading = readHeightmapFile(path);
+    // While the picture is decoded, another thread asks the system for the memory of the rest.
+    std::future<MapPoints> points = std::async(std::launch::async, blankPoints, edgeOfHeightmapFile(path));
+    HeightmapReading reading = readHeightmapFile(path);
     if (!reading.error.empty()) {
         return {failedTo("open", path, QString::fromStdString(reading.error)), {}};
     }
     const QFileInfo info(path);
-    adopt(makeContents(reading.map, info.absolutePath()), beforeSwap);
+    const QString note = cropNote(reading);
+    adopt(makeContents(std::move(reading.map), points.get(), info.absolutePath()), beforeSwap);
     m_projectFile = {};
     dropAutosave(); // of what was open: its changes are saved or given up
     const bool isOwn =
         m_place.become(Kind::HEIGHTMAP, path, static_cast<HeightmapBits>(reading.pictureBits), {});
     lookForFilesIn(info.absolutePath());
-    if (reading.isCropped()) { // saving a part of a picture over the whole would lose the rest of it
+    if (!note.isEmpty()) { // saving a part of a picture over the whole would lose the rest of it
         m_place.become(Kind::HEIGHTMAP, QString("part of %1").arg(info.fileName()));
     }
-    return {{}, isOwn ? cropNote(reading) : QString(OPEN_ELSEWHERE).arg(path)};
+    return {{}, isOwn ? note : QString(OPEN_ELSEWHERE).arg(path)};
 }
 
-CMapDocument::Contents CMapDocument::contentsOf(const Project& project) {
+CMapDocument::Contents CMapDocument::contentsOf(Project&& project) {
     Contents made{buildScene(project), nullptr, nullptr};
-    made.map = buildMap(project, *made.scene);
+    made.map = buildMap(std::move(project), *made.scene);
     const std::optional<ProjectFilm>& film = project.settings.film;
     made.film = film ? buildFilm(*film, *made.scene) : makeFilm(*made.map, *made.scene);
     return made;
@@ -191,7 +202,7 @@ CMapDocument::Outcome CMapDocument::openProject(const QString& path,
     if (!fault.reason.isEmpty()) {
         return {failedTo("open", fault.path, fault.reason), {}};
     }
-    adopt(contentsOf(project), beforeSwap);
+    adopt(contentsOf(std::move(project)), beforeSwap);
     m_projectFile = project.original;
     const QFileInfo info(path);
     const QString folder = info.isDir() ? info.absoluteFilePath() : info.absolutePath();
@@ -312,7 +323,7 @@ CMapDocument::Outcome CMapDocument::openCopy(const AbandonedCopy& copy,
         if (!fault.reason.isEmpty()) {
             return Outcome{failedTo("open", fault.path, fault.reason), {}};
         }
-        adopt(contentsOf(project), beforeSwap);
+        adopt(contentsOf(std::move(project)), beforeSwap);
         dropAutosave();
         m_copy.takeOver(copy.folder); // what it holds stays unsaved: it is kept until that is decided
         CAutomaticCopy::unmark(project);

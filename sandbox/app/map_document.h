@@ -91,8 +91,8 @@ private:
         std::unique_ptr<CFilm> film;
     };
 
-    static Contents makeContents(const Heightmap& heights, const QString& mapFolder);
-    static Contents contentsOf(const Project& project);
+    static Contents makeContents(Heightmap heights, MapPoints points, const QString& mapFolder);
+    static Contents contentsOf(Project&& project);
     Project capture(const KeptLayers& kept = {});
     Outcome saveAll(const QString& folder);
     Outcome openHeightmap(const QString& path, const std::function<void()>& beforeSwap);

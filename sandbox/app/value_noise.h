@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <cstddef>
 #include <vector>
 
 /// Values in 0 to 1 that vary softly over the plane and repeat every PERIOD cells, the same at every run.
@@ -11,9 +12,9 @@ public:
     /// Features about `size` cells wide; a divisor of PERIOD.
     explicit CValueNoise(int size);
 
-    /// Any cell that is not negative.
-    float at(int x, int z) const {
-        return m_values[static_cast<std::size_t>((z % PERIOD) * PERIOD + x % PERIOD)];
+    /// A period of values along a row that is not negative.
+    const float* row(int z) const {
+        return m_values.data() + static_cast<std::ptrdiff_t>(z % PERIOD) * PERIOD;
     }
 
 private:

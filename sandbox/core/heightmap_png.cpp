@@ -3,7 +3,6 @@
 #include "sandbox/core/png_picture.h"
 
 #include <algorithm>
-#include <cstring>
 
 namespace {
 
@@ -33,14 +32,16 @@ Heightmap takeMiddleSquare(const PngPicture& picture) {
     const std::size_t edge = std::min(width, height);
     const std::size_t left = (width - edge) / 2;
     const std::size_t top = (height - edge) / 2;
-    Heightmap map{static_cast<int>(edge), std::vector<std::uint16_t>(edge * edge)};
+    Heightmap map{static_cast<int>(edge), {}};
+    map.heights.reserve(edge * edge);
     for (std::size_t row = 0; row < edge; ++row) {
         const std::size_t first = (top + row) * width + left;
-        std::uint16_t* target = map.heights.data() + row * edge;
+        const std::uint8_t* const pixels = picture.pixels.data();
         if (picture.kind == PngKind::GREY_16) {
-            std::memcpy(target, picture.pixels.data() + first * 2, edge * 2);
+            const auto* const source = reinterpret_cast<const std::uint16_t*>(pixels) + first;
+            map.heights.insert(map.heights.end(), source, source + edge);
         } else {
-            std::copy_n(picture.pixels.data() + first, edge, target);
+            map.heights.insert(map.heights.end(), pixels + first, pixels + first + edge);
         }
     }
     return map;
@@ -71,14 +72,12 @@ HeightmapReading decodeHeightmap(std::span<const std::uint8_t> file) {
 
 std::optional<std::vector<std::uint8_t>> encodeHeightmap(int edge, std::span<const std::uint16_t> heights,
                                                          HeightmapBits bits) {
-    PngPicture picture{edge, edge, bits == HeightmapBits::EIGHT ? PngKind::GREY_8 : PngKind::GREY_16, {}};
-    if (bits == HeightmapBits::EIGHT) {
-        picture.pixels.resize(heights.size());
-        std::ranges::transform(heights, picture.pixels.begin(),
-                               [](std::uint16_t height) { return static_cast<std::uint8_t>(height); });
-    } else {
+    if (bits == HeightmapBits::SIXTEEN) {
         const auto* const bytes = reinterpret_cast<const std::uint8_t*>(heights.data());
-        picture.pixels.assign(bytes, bytes + heights.size_bytes());
+        return encodePng({edge, edge, PngKind::GREY_16, {bytes, heights.size_bytes()}});
     }
-    return encodePng(picture);
+    std::vector<std::uint8_t> pixels(heights.size());
+    std::ranges::transform(heights, pixels.begin(),
+                           [](std::uint16_t height) { return static_cast<std::uint8_t>(height); });
+    return encodePng({edge, edge, PngKind::GREY_8, pixels});
 }

@@ -16,6 +16,7 @@ constexpr std::array<std::uint8_t, 8> SIGNATURE{0x89, 'P', 'N', 'G', '\r', '\n',
 constexpr std::size_t CHUNK_FRAME = 12; // length, type and checksum around a chunk's data
 constexpr std::size_t HEADER_SIZE = 13;
 constexpr std::uint64_t DEFLATE_MAX_RATIO = 1032; // RFC 1951: 258 bytes from two bits at best
+constexpr int LEVEL = 2;                          // of 9
 constexpr const char* ENDS_EARLY = "the file ends early";
 constexpr const char* NO_MEMORY = "there is not enough memory";
 constexpr std::string_view PROGRAM_KEY = "Software";
@@ -64,7 +65,7 @@ std::size_t pixelBytes(PngKind kind) {
     }
 }
 
-std::size_t rowBytesOf(const PngPicture& picture) {
+template <class Picture> std::size_t rowBytesOf(const Picture& picture) {
     return static_cast<std::size_t>(picture.width) * pixelBytes(picture.kind);
 }
 
@@ -162,7 +163,7 @@ void nameProgram(png_structp png, png_infop info) {
     png_set_text(png, info, &text, 1);
 }
 
-bool writePicture(png_structp png, png_infop info, const PngPicture& picture, std::size_t rowBytes) {
+bool writePicture(png_structp png, png_infop info, const PngView& picture, std::size_t rowBytes) {
     if (setjmp(png_jmpbuf(png)) != 0) {
         return false;
     }
@@ -171,6 +172,7 @@ bool writePicture(png_structp png, png_infop info, const PngPicture& picture, st
                  picture.kind == PngKind::GREY_16 ? 16 : 8,
                  isColour ? PNG_COLOR_TYPE_RGB_ALPHA : PNG_COLOR_TYPE_GRAY, PNG_INTERLACE_NONE,
                  PNG_COMPRESSION_TYPE_DEFAULT, PNG_FILTER_TYPE_DEFAULT);
+    png_set_compression_level(png, LEVEL);
     png_set_filter(png, PNG_FILTER_TYPE_BASE, PNG_FILTER_SUB | PNG_FILTER_UP | PNG_FILTER_PAETH);
     nameProgram(png, info);
     png_write_info(png, info);
@@ -241,7 +243,7 @@ std::string decodePng(std::span<const std::uint8_t> file, const PngHeader& heade
                : std::string("the file is damaged: ") + error.text.data();
 }
 
-std::optional<std::vector<std::uint8_t>> encodePng(const PngPicture& picture) {
+std::optional<std::vector<std::uint8_t>> encodePng(const PngView& picture) {
     ErrorText error;
     png_structp png = png_create_write_struct(PNG_LIBPNG_VER_STRING, &error, onError, onWarning);
     png_infop info = png != nullptr ? png_create_info_struct(png) : nullptr;

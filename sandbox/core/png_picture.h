@@ -37,9 +37,18 @@ std::string readPngHeader(std::span<const std::uint8_t> file, PngHeader& header)
 /// std::bad_alloc.
 std::string decodePng(std::span<const std::uint8_t> file, const PngHeader& header, PngPicture& picture);
 
+/// A picture that somebody else holds, as PngPicture has it.
+struct PngView {
+    int width = 0;
+    int height = 0;
+    PngKind kind = PngKind::GREY_8;
+    std::span<const std::uint8_t> pixels;
+};
+
 /// The picture as a PNG file, or nothing when libpng gives up (out of memory). It names this program, so that
-/// isOurPng knows it again.
-std::optional<std::vector<std::uint8_t>> encodePng(const PngPicture& picture);
+/// isOurPng knows it again. Quick rather than small: a save is waited for, and with the level that is the
+/// usual one it takes five times as long for a file that is a tenth smaller.
+std::optional<std::vector<std::uint8_t>> encodePng(const PngView& picture);
 
 /// Whether the bytes begin as encodePng's do, of which `bytes` may be only the first few.
 bool isOurPng(std::span<const std::uint8_t> bytes);

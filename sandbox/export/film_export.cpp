@@ -68,7 +68,7 @@ QString addPicture(CExportFolder& folder, const QString& name, const QImage& ima
     for (int y = 0; y < image.height(); ++y) {
         std::memcpy(picture.pixels.data() + row * static_cast<std::size_t>(y), image.constScanLine(y), row);
     }
-    const auto png = encodePng(picture);
+    const auto png = encodePng({picture.width, picture.height, picture.kind, picture.pixels});
     return png ? folder.add(name, {png->data(), static_cast<qsizetype>(png->size())})
                : QString("%1 cannot be written: there is not enough memory.").arg(name);
 }

@@ -35,10 +35,11 @@ QString decodeColours(std::span<const std::uint8_t> file, int edge, std::vector<
 }
 
 QByteArray encodeColours(int edge, const std::vector<qxCColour>& colours) {
-    PngPicture picture{edge, edge, PngKind::COLOUR,
-                       std::vector<std::uint8_t>(pointsOf(edge) * sizeof(qxCColour))};
-    std::memcpy(picture.pixels.data(), colours.data(), picture.pixels.size());
-    const auto file = encodePng(picture);
+    const auto file = encodePng(
+        {edge,
+         edge,
+         PngKind::COLOUR,
+         {reinterpret_cast<const std::uint8_t*>(colours.data()), pointsOf(edge) * sizeof(qxCColour)}});
     if (!file) {
         throw std::bad_alloc();
     }

@@ -13,6 +13,7 @@
 #include <QFileInfo>
 #include <algorithm>
 #include <chrono>
+#include <future>
 #include <span>
 
 namespace {
@@ -146,7 +147,7 @@ private:
     QString checkLimits() const;
     ProjectFault saveLocked();
     ProjectFault writeLayers(bool& taken);
-    ProjectFault putSurface(bool& taken);
+    ProjectFault putSurface(std::future<QByteArray> colours, bool& taken);
     ProjectFault writeProjectFile();
     ProjectFault put(const QString& name, const char* key, const QByteArray& bytes, bool& taken);
     ProjectFault putGrey(const QString& name, const char* key, const std::vector<std::uint16_t>& values,
@@ -261,7 +262,7 @@ void CProjectSaver::keep(QString ProjectLayers::*layer, const char* key) {
     }
 }
 
-ProjectFault CProjectSaver::putSurface(bool& taken) {
+ProjectFault CProjectSaver::putSurface(std::future<QByteArray> colours, bool& taken) {
     const ProjectLayers& names = m_settings.layers;
     ProjectFault fault = putGrey(names.blends, "blends", m_project.blends, taken);
     if (fault.reason.isEmpty()) {
@@ -272,7 +273,7 @@ ProjectFault CProjectSaver::putSurface(bool& taken) {
         fault = putGrey(names.water, "water", water, taken);
     }
     if (fault.reason.isEmpty()) {
-        fault = put(names.colours, "colours", encodeColours(m_project.edge, m_project.colours), taken);
+        fault = put(names.colours, "colours", colours.get(), taken);
     }
     return fault;
 }
@@ -281,6 +282,12 @@ ProjectFault CProjectSaver::writeLayers(bool& taken) {
     const ProjectLayers& names = m_settings.layers;
     taken = false;
     ProjectFault fault;
+    // The largest layer is compressed by a thread of its own.
+    std::future<QByteArray> colours;
+    if (!m_kept.surface) {
+        colours = std::async(std::launch::async,
+                             [this] { return encodeColours(m_project.edge, m_project.colours); });
+    }
     if (m_kept.heights) {
         keep(&ProjectLayers::heights, "heights");
     } else {
@@ -291,7 +298,7 @@ ProjectFault CProjectSaver::writeLayers(bool& taken) {
         keep(&ProjectLayers::colours, "colours");
         keep(&ProjectLayers::water, "water");
     } else if (fault.reason.isEmpty()) {
-        fault = putSurface(taken);
+        fault = putSurface(std::move(colours), taken);
     }
     if (fault.reason.isEmpty()) {
         fault = put(names.details, "details", encodeDetails(m_settings.details), taken);

@@ -10,6 +10,7 @@
 #include <QHash>
 #include <algorithm>
 #include <bit>
+#include <utility>
 
 namespace {
 
@@ -66,18 +67,6 @@ void buildRecords(const ProjectSettings& settings, const CMemoryScene& scene, CM
     for (const ProjectDetail& detail : settings.details) {
         map.addDetail(detail.type, textureAt(scene, detail.texture), detail.points[0], detail.points[1],
                       detail.points[2], detail.scalar);
-    }
-}
-
-void buildPoints(const Project& project, CMemoryMap& map) {
-    std::size_t at = 0;
-    for (int z = 0; z < project.edge; ++z) {
-        for (int x = 0; x < project.edge; ++x, ++at) {
-            map.setPointHeight(x, z, project.heights[at], false);
-            map.setPointColour(0, x, z, project.colours[at]);
-            map.setPointBlend(1, x, z, project.blends[at]);
-            map.setPointWater(x, z, project.water[at] != 0);
-        }
     }
 }
 
@@ -201,9 +190,14 @@ std::unique_ptr<CMemoryScene> buildScene(const Project& project) {
     return scene;
 }
 
-std::unique_ptr<CMemoryMap> buildMap(const Project& project, CMemoryScene& scene) {
+std::unique_ptr<CMemoryMap> buildMap(Project&& project, CMemoryScene& scene) {
     const ProjectSettings& settings = project.settings;
-    auto map = std::make_unique<CMemoryMap>(project.edge - 1, &scene);
+    auto map = std::make_unique<CMemoryMap>(project.edge - 1, &scene,
+                                            MapPoints{std::move(project.heights),
+                                                      std::move(project.colours),
+                                                      std::move(project.blends),
+                                                      std::move(project.water),
+                                                      {}});
     map->waterLevel = settings.waterLevel;
     map->heightScale = settings.heightScale;
     map->setTextureTiling(settings.tiling);
@@ -216,7 +210,6 @@ std::unique_ptr<CMemoryMap> buildMap(const Project& project, CMemoryScene& scene
         map->setTexture(BASE_LAYERS[layer], textureAt(scene, settings.baseTextures[layer]));
     }
     buildRecords(settings, scene, *map);
-    buildPoints(project, *map);
     return map;
 }
 

@@ -18,8 +18,9 @@ std::uint64_t recordsHash(CMemoryMap& map, const CMemoryScene& scene);
 /// A scene with the project's textures, and nothing else yet.
 std::unique_ptr<CMemoryScene> buildScene(const Project& project);
 
-/// The project's map in `scene`, which buildScene made for the same project and which outlives the map.
-std::unique_ptr<CMemoryMap> buildMap(const Project& project, CMemoryScene& scene);
+/// The project's map in `scene`, which buildScene made for the same project and which outlives the map. It
+/// takes the layers over.
+std::unique_ptr<CMemoryMap> buildMap(Project&& project, CMemoryScene& scene);
 
 /// Copy the images of the project's textures and the sounds of its film from the engine's directories into
 /// folders of `folder`, where they are not there yet; `copied` receives the new files, also after a fault. A

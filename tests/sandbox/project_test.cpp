@@ -78,7 +78,7 @@ TEST_F(ProjectFolder, AMapSurvivesSavingAndOpening) {
         Project opened;
         ASSERT_EQ(readProject(path, opened).reason.toStdString(), "");
         const auto newScene = buildScene(opened);
-        EXPECT_EQ(contents(*buildMap(opened, *newScene), *newScene), contents(map, scene));
+        EXPECT_EQ(contents(*buildMap(std::move(opened), *newScene), *newScene), contents(map, scene));
     }
 }
 

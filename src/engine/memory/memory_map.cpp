@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cmath>
 #include <numbers>
+#include <utility>
 
 namespace {
 
@@ -47,14 +48,14 @@ int movedTowards(int from, int to, float weight) {
 
 } // namespace
 
-CMemoryMap::CMemoryMap(int gridDim, CMemoryScene* scene)
+CMemoryMap::CMemoryMap(int gridDim, CMemoryScene* scene, MapPoints points)
     : m_pScene(scene)
     , m_nGridDim(heldGridDim(gridDim))
-    , m_heights(m_nGridDim + 1, 0)
-    , m_colours(m_nGridDim + 1, WHITE)
-    , m_blends(m_nGridDim + 1, 0)
-    , m_water(m_nGridDim + 1, 0)
-    , m_markers(m_nGridDim + 1, qxCColour())
+    , m_heights(m_nGridDim + 1, 0, std::move(points.heights))
+    , m_colours(m_nGridDim + 1, WHITE, std::move(points.colours))
+    , m_blends(m_nGridDim + 1, 0, std::move(points.blends))
+    , m_water(m_nGridDim + 1, 0, std::move(points.water))
+    , m_markers(m_nGridDim + 1, qxCColour(), std::move(points.markers))
     , m_nTiling(NEW_MAP_TILING)
     , m_ambient(SHADE)
     , m_diffuse(WHITE)

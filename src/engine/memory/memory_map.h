@@ -24,6 +24,16 @@ struct EditCursor {
     int kind = 0;
 };
 
+/// The layers of a whole map, element z * (gridDim + 1) + x, to be taken over by it. One that is empty is as
+/// in a new map.
+struct MapPoints {
+    std::vector<std::uint16_t> heights;
+    std::vector<qxCColour> colours;
+    std::vector<std::uint16_t> blends;
+    std::vector<std::uint8_t> water; ///< 1 for water, 0 for none
+    std::vector<qxCColour> markers;
+};
+
 /// A terrain map in memory. The host owns it and keeps its scene alive as long. A point outside the grid
 /// reads like the nearest point of the edge (never as water); there is one colour layer (0) and one blend
 /// layer (1), other layers read as zero and ignore writes.
@@ -36,7 +46,8 @@ public:
 
     /// Level ground at height 0, all white and smooth, no water. `gridDim` is brought into 1..MAX_GRID_DIM.
     /// `scene` may be null.
-    CMemoryMap(int gridDim, CMemoryScene* scene);
+    CMemoryMap(int gridDim, CMemoryScene* scene) : CMemoryMap(gridDim, scene, MapPoints()) {}
+    CMemoryMap(int gridDim, CMemoryScene* scene, MapPoints points);
     ~CMemoryMap() override;
     CMemoryMap(const CMemoryMap&) = delete;
     CMemoryMap& operator=(const CMemoryMap&) = delete;

@@ -13,11 +13,14 @@
 /// One attribute of every point of a square grid in one array, rows along x. Owned by the map.
 template <class T> class CPointLayer {
 public:
-    CPointLayer(int side, const T& value)
+    /// Of these values, element z * side + x; all `value` when there are none.
+    CPointLayer(int side, const T& value, std::vector<T> values = {})
         : m_nSide(static_cast<unsigned>(side))
         , m_nTilesAside((m_nSide + TILE - 1) / TILE)
-        , m_values(std::size_t{m_nSide} * m_nSide, value)
-        , m_toKeep(std::size_t{m_nTilesAside} * m_nTilesAside, 0) {}
+        , m_values(std::move(values))
+        , m_toKeep(std::size_t{m_nTilesAside} * m_nTilesAside, 0) {
+        m_values.resize(std::size_t{m_nSide} * m_nSide, value);
+    }
 
     bool contains(int x, int z) const {
         return static_cast<unsigned>(x) < m_nSide && static_cast<unsigned>(z) < m_nSide;
