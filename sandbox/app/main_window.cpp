@@ -7,12 +7,14 @@
 #include "sandbox/app/session_memory.h"
 #include "sandbox/app/stroke_hints.h"
 #include "sandbox/keys/map_panel.h"
+#include "sandbox/progress/progress_window.h"
 
 #include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QLabel>
+#include <QScopedValueRollback>
 #include <QSpinBox>
 #include <QStatusBar>
 #include <QTimer>
@@ -38,6 +40,10 @@ CMainWindow::CMainWindow() : m_pView(new CMapView(this)), m_pStrip(new CFilmStri
     layout->addWidget(m_pView, 1);
     layout->addWidget(m_pStrip);
     setCentralWidget(middle);
+    m_document.setRunner([this](const QString& title, const std::function<void()>& work) {
+        const QScopedValueRollback<bool> busy(m_bIsBusy, true);
+        return runLongWork(this, title, work);
+    });
     makeFileMenu();
     m_pEditMenu = new CEditMenu(*this, *m_pView);
     connect(m_pEditMenu, &CEditMenu::mapChanged, this, &CMainWindow::followJournal);
@@ -122,7 +128,7 @@ void CMainWindow::followJournal(CMapJournal::Reach reach) {
 }
 
 void CMainWindow::closeEvent(QCloseEvent* event) {
-    if (!mayDropMap()) {
+    if (m_bIsBusy || !mayDropMap()) {
         event->ignore();
         return;
     }

@@ -125,6 +125,7 @@ private:
     CFilmStrip* m_pStrip;
     int m_nWatchedTextures = 0;
     bool m_bHeightsAreEnough = false; // the person said so of this map
+    bool m_bIsBusy = false;           // a file is being read or written
     QAction* m_pSaveAction = nullptr;
     CEditorWindow* m_pMapEditor = nullptr;
     CEditorWindow* m_pMovieEditor = nullptr;

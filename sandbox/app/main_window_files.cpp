@@ -38,23 +38,12 @@ QString pathFor(const CMapDocument& document) {
     return QDir(sessionmemory::folder()).filePath(document.name().remove(" (sample)"));
 }
 
-/// The pointer tells that the window is busy, for as long as this lives: a large map takes seconds.
-class CBusyPointer {
-public:
-    CBusyPointer() { QApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~CBusyPointer() { QApplication::restoreOverrideCursor(); }
-    CBusyPointer(const CBusyPointer&) = delete;
-    CBusyPointer& operator=(const CBusyPointer&) = delete;
-};
-
 } // namespace
 
 QString CMainWindow::openMap(const QString& path) {
-    const CBusyPointer busy;
     const CMapDocument::Outcome outcome = replaceMap(
         [&](const std::function<void()>& beforeSwap) { return m_document.open(path, beforeSwap); });
     if (outcome.error.isEmpty()) {
-        m_bHeightsAreEnough = false;
         m_recentFiles.add(QFileInfo(path).absoluteFilePath());
         sessionmemory::keepFolder(path);
         statusBar()->showMessage(
@@ -76,6 +65,7 @@ CMapDocument::Outcome CMainWindow::replaceMap(
                              // freed
     });
     if (outcome.error.isEmpty()) {
+        m_bHeightsAreEnough = false;
         adoptMap();
         if (mapEditorWasOpen) {
             m_pMapEditor->open();
@@ -96,7 +86,6 @@ void CMainWindow::offerAutosave(const QString& place) {
 }
 
 void CMainWindow::openAbandoned(const AbandonedCopy& copy) {
-    const CBusyPointer busy;
     const CMapDocument::Outcome outcome = replaceMap(
         [&](const std::function<void()>& beforeSwap) { return m_document.openCopy(copy, beforeSwap); });
     tell(outcome.error);
@@ -113,7 +102,6 @@ void CMainWindow::startNew() {
             ? QInputDialog::getItem(this, tr("New Map"), tr("Cells along each side:"), sizes, 1, false, &ok)
             : QString();
     if (ok) {
-        const CBusyPointer busy;
         tell(replaceMap([&](const std::function<void()>& beforeSwap) {
                  return m_document.startAnew(size.toInt(), beforeSwap);
              }).error);
@@ -122,7 +110,7 @@ void CMainWindow::startNew() {
 
 void CMainWindow::autosave() {
     // The view's own word: the toolkit's flag stays set when an editor is closed in mid-stroke.
-    if (m_pView->isStroking()) {
+    if (m_pView->isStroking() || m_bIsBusy) {
         return; // the next time will do
     }
     const QString failure = m_document.autosave().error;
@@ -132,12 +120,10 @@ void CMainWindow::autosave() {
 }
 
 QString CMainWindow::saveHeightmap(const QString& path) {
-    const CBusyPointer busy;
     return settleSave(path, m_document.saveHeightmap(path));
 }
 
 QString CMainWindow::saveProject(const QString& folder) {
-    const CBusyPointer busy;
     return settleSave(folder, m_document.saveProject(folder));
 }
 
@@ -153,7 +139,9 @@ QString CMainWindow::settleSave(const QString& path, const CMapDocument::Outcome
 }
 
 bool CMainWindow::tell(const QString& failure) {
-    if (!failure.isEmpty()) {
+    if (failure == CMapDocument::CALLED_OFF) {
+        statusBar()->showMessage(failure); // no window: the person wanted it so
+    } else if (!failure.isEmpty()) {
         QMessageBox::warning(this, tr("Terrain sandbox"), failure);
     }
     return failure.isEmpty();
@@ -180,8 +168,11 @@ void CMainWindow::openAsked(const QString& path) {
     if (!mayDropMap() || !mayOpen(path)) {
         return;
     }
-    if (!tell(openMap(path))) {
-        m_recentFiles.remove(path);
+    const QString failure = openMap(path);
+    if (!tell(failure)) {
+        if (failure != CMapDocument::CALLED_OFF) {
+            m_recentFiles.remove(path);
+        }
         return;
     }
     if (!m_document.path().isEmpty()) {

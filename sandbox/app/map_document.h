@@ -2,6 +2,7 @@
 
 #include "engine/memory/memory_map.h"
 #include "engine/memory/memory_scene.h"
+#include "sandbox/app/loaded_map.h"
 #include "sandbox/app/map_place.h"
 #include "sandbox/film/film.h"
 #include "sandbox/project/project_folder.h"
@@ -29,6 +30,14 @@ public:
         QString error; ///< empty when it went well
         QString note;  ///< worth telling even so, or empty
     };
+
+    /// The error of what a person called off; then everything is as it was.
+    static const QString CALLED_OFF;
+
+    /// Runs what takes long, in another thread or not, and returns when it is done: false when a person has
+    /// called it off. The first is a title for a person. Without one the work is simply run.
+    using Runner = std::function<bool(const QString& title, const std::function<void()>& work)>;
+    void setRunner(Runner runner) { m_runner = std::move(runner); }
 
     /// Replace the map by level ground of so many cells a side, which belongs nowhere yet.
     Outcome startAnew(int dim, const std::function<void()>& beforeSwap);
@@ -85,19 +94,9 @@ public:
     void setWaterLevel(int heightUnits);
 
 private:
-    struct Contents {
-        std::unique_ptr<CMemoryScene> scene;
-        std::unique_ptr<CMemoryMap> map;
-        std::unique_ptr<CFilm> film;
-    };
-
-    static Contents makeContents(Heightmap heights, MapPoints points, const QString& mapFolder);
-    static Contents contentsOf(Project&& project);
     Project capture(const KeptLayers& kept = {});
     Outcome saveAll(const QString& folder);
-    Outcome openHeightmap(const QString& path, const std::function<void()>& beforeSwap);
-    Outcome openProject(const QString& path, const std::function<void()>& beforeSwap);
-    void adopt(Contents contents, const std::function<void()>& beforeSwap);
+    void adopt(LoadedMap& loaded, const std::function<void()>& beforeSwap);
     void useFilesOfPlace();
     void lookForFilesIn(const QString& mapFolder);
     std::uint64_t recordState() const;
@@ -107,6 +106,10 @@ private:
     std::unique_ptr<CMemoryScene> m_pScene; // outlives the map and the film
     std::unique_ptr<CMemoryMap> m_pMap;
     std::unique_ptr<CFilm> m_pFilm;
+    Runner m_runner = [](const QString& /*title*/, const std::function<void()>& work) {
+        work();
+        return true;
+    };
     CMapPlace m_place;
     QString m_strTextureFolder;
     QJsonObject m_projectFile; // as read or written last, for the keys that this program does not know

@@ -18,16 +18,22 @@ bool CMapPlace::hold(const QString& path) {
     return path.isEmpty() || !m_strPath.isEmpty();
 }
 
-bool CMapPlace::become(Kind kind, const QString& path, HeightmapBits bits, const QStringList& layers) {
+QStringList CMapPlace::filesOf(Kind kind, const QString& path, const QStringList& layers) {
+    QStringList files(kind == Kind::PROJECT ? path + '/' + PROJECT_FILE_NAME : path);
+    for (const QString& layer : layers) {
+        files.append(path + '/' + layer);
+    }
+    return files;
+}
+
+bool CMapPlace::become(Kind kind, const QString& path, HeightmapBits bits, const QStringList& layers,
+                       const QString& stamp) {
     const QFileInfo info(QDir::cleanPath(path));
     const QString place = info.absoluteFilePath();
     m_kind = kind;
     m_bits = bits;
-    m_files = QStringList(kind == Kind::PROJECT ? place + '/' + PROJECT_FILE_NAME : place);
-    for (const QString& layer : layers) {
-        m_files.append(place + '/' + layer);
-    }
-    m_strStamp = stampOf(m_files);
+    m_files = filesOf(kind, place, layers);
+    m_strStamp = stamp.isEmpty() ? stampOf(m_files) : stamp;
     m_strName = info.fileName();
     if (isSample(path)) {
         m_strName += " (sample)";
@@ -66,6 +72,11 @@ bool CMapPlace::hasChangedOnDisk() const {
 }
 
 bool CMapPlace::isOpenElsewhere(const QString& path) const {
-    const QString place = QFileInfo(QDir::cleanPath(path)).absoluteFilePath();
-    return place != m_strPath && CPlaceLock::isTaken(place);
+    const QFileInfo info(QDir::cleanPath(path));
+    const QFileInfo place(info.fileName() == QLatin1String(PROJECT_FILE_NAME) ? info.absolutePath()
+                                                                              : info.absoluteFilePath());
+    const bool isOwn =
+        place.absoluteFilePath() == m_strPath ||
+        (place.exists() && place.canonicalFilePath() == QFileInfo(m_strPath).canonicalFilePath());
+    return !isOwn && CPlaceLock::isTaken(place.absoluteFilePath());
 }

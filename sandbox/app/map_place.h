@@ -17,13 +17,18 @@ public:
     /// It was just read or written. `layers` are the files of a project beside its project file, bare names.
     /// A sample, and a place that another program has open, are left to themselves: there is no path then.
     /// False in the second case.
-    bool become(Kind kind, const QString& path, HeightmapBits bits, const QStringList& layers);
+    /// `stamp` is that of its files when they were read; empty when they were just written.
+    bool become(Kind kind, const QString& path, HeightmapBits bits, const QStringList& layers,
+                const QString& stamp = {});
     /// Of this kind, but without a path.
     void become(Kind kind, const QString& name);
     /// Where the work of an abandoned copy came from. False when another program has that place open: then
     /// there is no path.
     bool become(const CopyOrigin& origin);
     CopyOrigin origin() const;
+
+    /// What a place consists of, the first being what makes it one.
+    static QStringList filesOf(Kind kind, const QString& path, const QStringList& layers);
 
     Kind kind() const { return m_kind; }
     const QString& path() const { return m_strPath; }

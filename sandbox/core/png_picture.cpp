@@ -1,5 +1,7 @@
 #include "sandbox/core/png_picture.h"
 
+#include "sandbox/core/long_work.h"
+
 #include <png.h>
 
 #include <algorithm>
@@ -18,6 +20,7 @@ constexpr std::size_t HEADER_SIZE = 13;
 constexpr std::uint64_t DEFLATE_MAX_RATIO = 1032; // RFC 1951: 258 bytes from two bits at best
 constexpr int LEVEL = 2;                          // of 9
 constexpr const char* ENDS_EARLY = "the file ends early";
+constexpr const char* CALLED_OFF = "it was called off";
 constexpr const char* NO_MEMORY = "there is not enough memory";
 constexpr std::string_view PROGRAM_KEY = "Software";
 constexpr std::string_view PROGRAM = "veskutil sandbox";
@@ -78,6 +81,12 @@ std::uint64_t leastData(const PngHeader& header) {
     return (1 + bits / 8) * header.height;
 }
 
+/// Every few rows the person is told how far it is. False when the work was called off.
+bool tell(png_uint_32 row, png_uint_32 rows) {
+    constexpr png_uint_32 FEW = 32;
+    return row % FEW != 0 || CLongWork::reach(static_cast<double>(row) / rows);
+}
+
 struct ErrorText {
     std::array<char, 160> text{};
 };
@@ -128,9 +137,12 @@ bool readPicture(png_structp png, png_infop info, const PngPicture& picture, std
     if (png_get_rowbytes(png, info) != rowBytes || png_get_image_height(png, info) != rows) {
         png_error(png, "the header is repeated");
     }
-    for (int pass = 0; pass < passes; ++pass) {
+    for (png_uint_32 pass = 0; pass < static_cast<png_uint_32>(passes); ++pass) {
         for (png_uint_32 row = 0; row < rows; ++row) {
             png_read_row(png, pixels + rowBytes * row, nullptr);
+            if (!tell(pass * rows + row, static_cast<png_uint_32>(passes) * rows)) {
+                png_error(png, CALLED_OFF);
+            }
         }
     }
     png_read_end(png, nullptr);
@@ -183,6 +195,9 @@ bool writePicture(png_structp png, png_infop info, const PngView& picture, std::
     }
     for (std::size_t row = 0; row < static_cast<std::size_t>(picture.height); ++row) {
         png_write_row(png, picture.pixels.data() + row * rowBytes);
+        if (!tell(static_cast<png_uint_32>(row), static_cast<png_uint_32>(picture.height))) {
+            png_error(png, CALLED_OFF);
+        }
     }
     png_write_end(png, nullptr);
     return true;

@@ -1,8 +1,10 @@
 #include "sandbox/export/export_dialog.h"
 
 #include "sandbox/export/film_export.h"
+#include "sandbox/progress/progress_window.h"
 
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QMessageBox>
@@ -43,9 +45,14 @@ FilmExported exportInSight(QWidget& parent, CMemoryMap& map, CFilm& film, const 
     progress.setObjectName("export-progress");
     progress.setWindowModality(Qt::WindowModal);
     progress.setMinimumDuration(0);
+    QElapsedTimer clock;
+    clock.start();
     try {
         return exportFilm(map, film, wanted, [&](int done, int all) {
             progress.setMaximum(all);
+            progress.setLabelText(
+                QObject::tr("Writing the film...") + '\n' +
+                timeLeft(static_cast<double>(clock.elapsed()) / 1000.0, static_cast<double>(done) / all));
             progress.setValue(done); // sees to the events too
             return !progress.wasCanceled();
         });

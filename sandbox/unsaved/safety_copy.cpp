@@ -5,7 +5,8 @@
 
 namespace {
 
-ProjectFault writeCopy(const QString& folder, Project project, KeptLayers kept) {
+ProjectFault writeCopy(const QString& folder, Project project, KeptLayers kept, CLongWork* work) {
+    const CLongWork::CPart part(work, 0.0);
     try {
         return writeProject(folder, project, kept);
     } catch (const std::bad_alloc&) {
@@ -41,7 +42,9 @@ ProjectFault CSafetyCopy::keep(const State& state, const CopyOrigin& origin, con
                           m_bHolds && state.surface == m_state.surface};
     Project project = capture(kept);
     CAutomaticCopy::mark(project, origin);
-    m_writing = std::async(std::launch::async, writeCopy, m_copy.folder(), std::move(project), kept);
+    m_pWork = std::make_unique<CLongWork>();
+    m_writing = std::async(std::launch::async, writeCopy, m_copy.folder(), std::move(project), kept,
+                           m_pWork.get());
     m_bHolds = true;
     m_state = state;
     m_origin = origin;
@@ -49,6 +52,9 @@ ProjectFault CSafetyCopy::keep(const State& state, const CopyOrigin& origin, con
 }
 
 void CSafetyCopy::settle() {
+    if (m_pWork != nullptr) {
+        m_pWork->callOff();
+    }
     static_cast<void>(judge());
     m_bHolds = false;
 }

@@ -1,10 +1,12 @@
 #pragma once
 
+#include "sandbox/core/long_work.h"
 #include "sandbox/project/automatic_copy.h"
 
 #include <cstdint>
 #include <functional>
 #include <future>
+#include <memory>
 
 /// Keeps an automatic copy of a document's unsaved work up to date. A thread of its own writes it, and only
 /// the layers that have changed since the copy before. Belongs to the document.
@@ -24,7 +26,7 @@ public:
     /// Begin to write what `capture` gives, unless the copy holds that state already or the one before is
     /// still being written. Returns what went wrong with this one or the one before. Throws std::bad_alloc.
     ProjectFault keep(const State& state, const CopyOrigin& origin, const Capture& capture);
-    /// Wait for the thread.
+    /// Have the thread leave off what it writes.
     void settle();
     /// Go on with a folder that a program left. False when another program was faster.
     bool takeOver(const QString& folder);
@@ -39,5 +41,6 @@ private:
     CopyOrigin m_origin;
     State m_state; ///< that the copy holds, or will when it is written
     bool m_bHolds = false;
+    std::unique_ptr<CLongWork> m_pWork;  ///< of the thread
     std::future<ProjectFault> m_writing; ///< or written and not yet judged
 };

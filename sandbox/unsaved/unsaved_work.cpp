@@ -63,7 +63,7 @@ std::optional<AbandonedCopy> askAboutCopies(QWidget& window, const std::vector<A
             deleteCopy(copy);
             break;
         case Answer::LATER:
-            return std::nullopt;
+            break;
         }
     }
     return std::nullopt;

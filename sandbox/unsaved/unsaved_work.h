@@ -11,7 +11,6 @@ class QWidget;
 /// first; of every map when `place` is empty.
 std::vector<AbandonedCopy> abandonedCopies(const QString& place);
 
-/// Ask a person about each of them, one after the other: which map, where it belongs, when and how large.
-/// What is to be deleted is deleted. Ends with the copy that is to be opened, or with none when the rest is
-/// put off; that stays as it is.
+/// Ask a person about each of them, one after the other: which map, where it belongs, when and how large. What
+/// is to be deleted is deleted, what is put off stays. Ends with the copy that is to be opened, if any.
 std::optional<AbandonedCopy> askAboutCopies(QWidget& window, const std::vector<AbandonedCopy>& copies);

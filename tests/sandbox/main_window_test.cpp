@@ -4,7 +4,9 @@
 #include "engine/qx_texture.h"
 #include "host/veskutil.h"
 #include "resources/resource_ids.h"
+#include "sandbox/core/long_work.h"
 #include "sandbox/files/heightmap_file.h"
+#include "sandbox/progress/progress_window.h"
 #include "sandbox/project_contents.h"
 #include "sandbox/window_session.h"
 #include "support/modal_steps.h"
@@ -12,6 +14,7 @@
 
 #include <QAction>
 #include <QDir>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMessageBox>
@@ -20,6 +23,7 @@
 #include <QSpinBox>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QThread>
 #include <QTimer>
 #include <gtest/gtest.h>
 
@@ -284,6 +288,59 @@ TEST_F(MainWindow, FailuresAreToldAndLeaveTheMapAtHand) {
     EXPECT_EQ(m_pWindow->openMap(projectFile()).toStdString(), message.toStdString());
     EXPECT_EQ(&map(), before);
     EXPECT_TRUE(vuIsEditorActive());
+}
+
+TEST_F(MainWindow, LongWorkShowsItsProgressAndCanBeCalledOff) {
+    const auto work = [] { // three seconds, if nobody minds
+        for (int i = 0; i < 300 && CLongWork::reach(i / 300.0); ++i) {
+            QThread::msleep(10);
+        }
+    };
+    QString left;
+    int pulses = 0;
+    QTimer alive;
+    QObject::connect(&alive, &QTimer::timeout, [&] {
+        ++pulses;
+        const QWidget* const progress = QApplication::activeModalWidget();
+        if (progress != nullptr && pulses > 60 && left.isEmpty()) {
+            left = progress->findChild<QLabel*>("time-left")->text();
+            progress->findChild<QPushButton*>()->click();
+        }
+    });
+    alive.start(10);
+    EXPECT_FALSE(runLongWork(m_pWindow.get(), "Opening something", work));
+    EXPECT_GT(pulses, 60) << "the windows live on";
+    EXPECT_TRUE(left.startsWith("about ") && left.endsWith(" s left")) << left.toStdString();
+    EXPECT_TRUE(runLongWork(m_pWindow.get(), "Something short", [] {}));
+    EXPECT_THROW(runLongWork(m_pWindow.get(), "Too much", [] { throw std::bad_alloc(); }), std::bad_alloc);
+}
+
+TEST_F(MainWindow, WhatIsCalledOffLeavesAllAsItWas) {
+    const QString other = m_scratch.filePath("other.png");
+    ASSERT_EQ(
+        writeHeightmapFile(other, 129, std::vector<std::uint16_t>(129 * 129, 9), HeightmapBits::SIXTEEN), "");
+    ASSERT_EQ(m_pWindow->openMap(other), "");
+    ASSERT_EQ(m_pWindow->saveProject(folder()), "");
+    map().setPointHeight(4, 4, 444, true);
+    document().setRunner([](const QString&, const std::function<void()>& work) {
+        CLongWork called;
+        const CLongWork::CPart whole(&called, 0.0);
+        called.callOff();
+        work();
+        return false;
+    });
+    const CMemoryMap* const before = &map();
+    const QStringList entries = QDir(m_scratch.path()).entryList();
+    EXPECT_EQ(m_pWindow->openMap(heightmap()), CMapDocument::CALLED_OFF);
+    EXPECT_EQ(m_pWindow->openMap(folder()), CMapDocument::CALLED_OFF);
+    converse({}, [&] { choose("save"); }); // nothing is asked, nothing is told in a box
+    EXPECT_EQ(m_pWindow->saveHeightmap(other), CMapDocument::CALLED_OFF);
+    EXPECT_EQ(m_pWindow->saveProject(m_scratch.filePath("new")), CMapDocument::CALLED_OFF);
+    EXPECT_TRUE(&map() == before && document().path() == folder() && document().isModified());
+    EXPECT_EQ(map().getPointHeight(4, 4), 444);
+    EXPECT_EQ(savedIn(folder()).heights[4 * 129 + 4], 9);
+    EXPECT_EQ(readHeightmapFile(other).map.heights[0], 9);
+    EXPECT_EQ(QDir(m_scratch.path()).entryList(), entries);
 }
 
 /// Work whose program ends unasked after a minute: a copy is left.
