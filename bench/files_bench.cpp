@@ -115,6 +115,14 @@ int main(int argc, char** argv) {
             require(large.open(largest, [] {}).error);
         });
         std::printf("a map of 8193 x 8193 opened: %.1f bytes a point at most (goal <= 24)\n", opened - none);
+        const QString project = folder.filePath("large project");
+        const double saved = bytesAPoint([&] {
+            CMapDocument large;
+            require(large.open(largest, [] {}).error);
+            require(large.saveProject(project).error);
+        });
+        const double again = bytesAPoint([&] { require(CMapDocument().open(project, [] {}).error); });
+        std::printf("saved as a project: %.1f, that project opened: %.1f\n", saved - none, again - none);
     }
     return 0;
 }

@@ -161,13 +161,15 @@ CMapDocument::Outcome CMapDocument::saveProject(const QString& folder) {
 }
 
 CMapDocument::Outcome CMapDocument::saveAll(const QString& folder) {
-    Project project = capture();
+    Project project = capture({true, true});
+    const LayerViews layers{m_pMap->getHeights(), m_pMap->getBlends(), m_pMap->getColours(),
+                            m_pMap->getWaterFlags()}; // nobody edits them as long as the runner runs
     CAddedFiles added(folder);
     ProjectFault fault;
     const bool goesOn = m_runner("Saving " + folder, [&] {
         fault = copyFiles(project, folder, added.files);
         if (fault.reason.isEmpty()) {
-            fault = writeProject(folder, project);
+            fault = writeProject(folder, project, layers);
         }
     });
     if (!fault.reason.isEmpty()) {

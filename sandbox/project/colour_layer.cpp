@@ -34,7 +34,7 @@ QString decodeColours(std::span<const std::uint8_t> file, int edge, std::vector<
     return {};
 }
 
-QByteArray encodeColours(int edge, const std::vector<qxCColour>& colours) {
+QByteArray encodeColours(int edge, std::span<const qxCColour> colours) {
     const auto file = encodePng(
         {edge,
          edge,

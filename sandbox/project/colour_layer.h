@@ -13,4 +13,4 @@
 QString decodeColours(std::span<const std::uint8_t> file, int edge, std::vector<qxCColour>& colours);
 
 /// The colours, `edge` times `edge`, as a PNG file with alpha. Throws std::bad_alloc.
-QByteArray encodeColours(int edge, const std::vector<qxCColour>& colours);
+QByteArray encodeColours(int edge, std::span<const qxCColour> colours);

@@ -5,6 +5,7 @@
 #include <QJsonObject>
 #include <QString>
 #include <cstdint>
+#include <span>
 #include <vector>
 
 /// A map project: a folder with a project file, its layers and folders of textures and sounds.
@@ -31,6 +32,14 @@ struct KeptLayers {
     bool surface = false; ///< blends, colours and water
 };
 
+/// The layers of a project where somebody else holds them, as in a Project.
+struct LayerViews {
+    std::span<const std::uint16_t> heights;
+    std::span<const std::uint16_t> blends;
+    std::span<const qxCColour> colours;
+    std::span<const std::uint8_t> water;
+};
+
 /// Why a project could not be read or written: the file that is at fault and a clause without a full stop.
 struct ProjectFault {
     QString path;
@@ -46,6 +55,9 @@ ProjectFault readProject(const QString& folder, Project& project);
 /// what earlier saves left is removed then. What could not be opened again is refused. The new layer names
 /// are stored in `project`. What is to be kept must be there. Throws std::bad_alloc.
 ProjectFault writeProject(const QString& folder, Project& project, const KeptLayers& kept = {});
+
+/// The same with layers that the project does not hold itself; they must not change meanwhile.
+ProjectFault writeProject(const QString& folder, Project& project, const LayerViews& layers);
 
 /// Remove the project in `folder` as far as this program wrote it: the project file and the layers, and the
 /// folder when nothing else is in it.

@@ -40,8 +40,8 @@ EncodedLayer encodeGrey(int edge, std::span<const std::uint16_t> values, CLongWo
 /// Writes one project into its folder. Lives for one save.
 class CProjectSaver {
 public:
-    CProjectSaver(const QString& folder, Project& project, const KeptLayers& kept)
-        : m_folder(folder), m_project(project), m_settings(project.settings), m_kept(kept) {}
+    CProjectSaver(const QString& folder, Project& project, const LayerViews& views, const KeptLayers& kept)
+        : m_folder(folder), m_project(project), m_views(views), m_settings(project.settings), m_kept(kept) {}
 
     ProjectFault save();
 
@@ -65,6 +65,7 @@ private:
 
     QDir m_folder;
     Project& m_project;
+    LayerViews m_views;
     ProjectSettings m_settings; ///< as they will be saved
     KeptLayers m_kept;
     CLongWork* m_pWork = CLongWork::current();
@@ -160,21 +161,21 @@ void CProjectSaver::keep(QString ProjectLayers::*layer, const char* key) {
 }
 
 CProjectSaver::Colourings CProjectSaver::encodeColourings() const {
-    std::vector<std::uint16_t> water(m_project.water.size());
-    std::ranges::transform(m_project.water, water.begin(), [](std::uint8_t value) {
+    std::vector<std::uint16_t> water(m_views.water.size());
+    std::ranges::transform(m_views.water, water.begin(), [](std::uint8_t value) {
         return value != 0 ? std::uint16_t{0xFFFF} : std::uint16_t{0};
     });
     Colourings made;
     made.water = encodeGrey(m_project.edge, water, m_pWork, WATER_SHARE);
     const CLongWork::CPart part(m_pWork, COLOUR_SHARE);
-    made.colours = encoded(encodeColours(m_project.edge, m_project.colours));
+    made.colours = encoded(encodeColours(m_project.edge, m_views.colours));
     return made;
 }
 
 ProjectFault CProjectSaver::putSurface(std::future<Colourings> colourings, bool& taken) {
     const ProjectLayers& names = m_settings.layers;
     ProjectFault fault =
-        put(names.blends, "blends", encodeGrey(m_project.edge, m_project.blends, m_pWork, GREY_SHARE), taken);
+        put(names.blends, "blends", encodeGrey(m_project.edge, m_views.blends, m_pWork, GREY_SHARE), taken);
     const Colourings made = colourings.get();
     if (fault.reason.isEmpty()) {
         fault = put(names.water, "water", made.water, taken);
@@ -197,7 +198,7 @@ ProjectFault CProjectSaver::writeLayers(bool& taken) {
         keep(&ProjectLayers::heights, "heights");
     } else {
         fault = put(names.heights, "heights",
-                    encodeGrey(m_project.edge, m_project.heights, m_pWork, GREY_SHARE), taken);
+                    encodeGrey(m_project.edge, m_views.heights, m_pWork, GREY_SHARE), taken);
     }
     if (m_kept.surface) {
         keep(&ProjectLayers::blends, "blends");
@@ -260,5 +261,11 @@ QString CProjectSaver::readFormer() {
 } // namespace
 
 ProjectFault writeProject(const QString& folder, Project& project, const KeptLayers& kept) {
-    return CProjectSaver(folder, project, kept).save();
+    return CProjectSaver(folder, project, {project.heights, project.blends, project.colours, project.water},
+                         kept)
+        .save();
+}
+
+ProjectFault writeProject(const QString& folder, Project& project, const LayerViews& layers) {
+    return CProjectSaver(folder, project, layers, {}).save();
 }

@@ -103,9 +103,14 @@ void CPointTextures::sendHeights(const CMemoryMap& map, const GridRect& points) 
     const auto first = static_cast<std::size_t>(points.z0) * static_cast<std::size_t>(edge) +
                        static_cast<std::size_t>(points.x0);
     send(*at(Unit::HEIGHTS), FORMATS[0], points, edge, map.getHeights().data() + first);
-    const GridRect leaning = grownByOne(points, map.getGridDim());
-    const std::vector<std::int16_t> normals = groundNormals(heightFieldOf(map), leaning);
-    send(*at(Unit::NORMALS), FORMATS[1], leaning, leaning.x1 - leaning.x0 + 1, normals.data());
+    constexpr int BAND = 64; // rows: the normals of a whole large map would be the most memory of all
+    GridRect band = grownByOne(points, map.getGridDim());
+    const int last = band.z1;
+    for (; band.z0 <= last; band.z0 += BAND) {
+        band.z1 = std::min(band.z0 + BAND - 1, last);
+        const std::vector<std::int16_t> normals = groundNormals(heightFieldOf(map), band);
+        send(*at(Unit::NORMALS), FORMATS[1], band, band.x1 - band.x0 + 1, normals.data());
+    }
     m_bStaleMipmaps = true;
 }
 

@@ -292,6 +292,7 @@ TEST_F(MainWindow, FailuresAreToldAndLeaveTheMapAtHand) {
 
 TEST_F(MainWindow, LongWorkShowsItsProgressAndCanBeCalledOff) {
     const auto work = [] { // three seconds, if nobody minds
+        const CLongWork::CPart part(CLongWork::current(), 1.0);
         for (int i = 0; i < 300 && CLongWork::reach(i / 300.0); ++i) {
             QThread::msleep(10);
         }
