@@ -6,6 +6,7 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
+#include <QInputDialog>
 #include <QMenuBar>
 #include <QMouseEvent>
 #include <QSettings>
@@ -63,11 +64,30 @@ CEditMenu::CEditMenu(QMainWindow& window, CMapView& view) : QObject(&window), m_
     m_pUndo->setObjectName("undo");
     m_pRedo = menu->addAction(tr("&Redo"), QKeySequence("Ctrl+Shift+Z"), this, [this] { go(true); });
     m_pRedo->setObjectName("redo");
+    menu->addSeparator();
+    menu->addAction(tr("&Memory for Undo..."), this, &CEditMenu::askBudget)->setObjectName("undo-memory");
     auto* const other = new QShortcut(QKeySequence("Ctrl+Y"), &window); // what other programs have
     other->setContext(Qt::ApplicationShortcut);
     connect(other, &QShortcut::activated, this, [this] { go(true); });
     qApp->installEventFilter(this);
     showSteps();
+}
+
+void CEditMenu::askBudget() {
+    constexpr int MOST = 65'536; // megabytes
+    constexpr int STEP = 64;
+    bool accepted = false;
+    const int megabytes = QInputDialog::getInt(
+        &m_window, tr("Memory for Undo"), tr("Megabytes that the steps may take; beyond that the oldest go:"),
+        static_cast<int>(budget() >> 20U), static_cast<int>(LEAST_BUDGET), MOST, STEP, &accepted);
+    if (!accepted) {
+        return;
+    }
+    QSettings().setValue(BUDGET, megabytes);
+    if (m_pJournal != nullptr) {
+        m_pJournal->setBudget(budget());
+        showSteps();
+    }
 }
 
 void CEditMenu::setMap(CMemoryMap* map, CFilm* film) {

@@ -40,6 +40,7 @@ protected:
 
 private:
     void go(bool forward);
+    void askBudget();
     bool isUnderWay() const;
     QString nameOf(const QWidget& pressed) const;
     /// Take back the stroke that is being made, whole.

@@ -67,6 +67,15 @@ void CMapJournal::forgetUndone() {
     }
 }
 
+void CMapJournal::setBudget(std::size_t budget) {
+    m_nBudget = budget;
+    while (m_nBytes > m_nBudget && canRedo()) { // first what was taken back, the last step of it first
+        m_nBytes -= m_steps.back().bytes;
+        m_steps.pop_back();
+    }
+    keepWithinBudget();
+}
+
 void CMapJournal::keepWithinBudget() {
     while (m_nBytes > m_nBudget && !m_steps.empty()) {
         m_nBytes -= m_steps.front().bytes;

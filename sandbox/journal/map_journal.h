@@ -43,6 +43,8 @@ public:
     void markUnsaved() { m_nSaved.reset(); }
     bool isAsSaved() const { return m_nSaved == m_nDropped + m_nDone; }
     std::size_t bytes() const { return m_nBytes; }
+    /// Hold the steps to so many bytes from now on.
+    void setBudget(std::size_t budget);
 
 private:
     struct Step {

@@ -4,6 +4,7 @@
 #include "sandbox/keys/map_panel.h"
 #include "sandbox/view/map_view.h"
 
+#include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QAbstractSpinBox>
 #include <QAction>
@@ -46,6 +47,14 @@ bool isFilmPanel(const QWidget& widget) {
 /// A button does what it is for when Space is struck, and the film's panel plays.
 bool usesSpace(const QWidget& widget) {
     return qobject_cast<const QAbstractButton*>(&widget) != nullptr || isFilmPanel(widget);
+}
+
+/// A quick hand is on the next button before the window system has given the keyboard back; a button that
+/// heard of that would not be pressed any more.
+bool isHeldDown(const QWidget& widget) {
+    const auto* const button = qobject_cast<const QAbstractButton*>(&widget);
+    return button != nullptr && button->window() == CMapPanel::window() && button->isDown() &&
+           QApplication::mouseButtons() != Qt::NoButton;
 }
 
 const BrushText* brushOf(int control) {
@@ -94,7 +103,7 @@ void CPanelFocus::giveBack() {
 }
 
 void CPanelFocus::giveBackNow() {
-    if (QApplication::activeModalWidget() == nullptr) {
+    if (QApplication::activeModalWidget() == nullptr && QApplication::mouseButtons() == Qt::NoButton) {
         m_view.window()->activateWindow();
         m_view.setFocus(Qt::OtherFocusReason);
     }
@@ -113,6 +122,8 @@ bool CPanelFocus::eventFilter(QObject* watched, QEvent* event) {
             noticeRelease(*static_cast<QWidget*>(watched));
         }
         return false;
+    case QEvent::FocusOut:
+        return watched->isWidgetType() && isHeldDown(*static_cast<QWidget*>(watched));
     case QEvent::ToolTip:
         return watched->isWidgetType() &&
                showTip(*static_cast<QWidget*>(watched), static_cast<const QHelpEvent*>(event)->globalPos());

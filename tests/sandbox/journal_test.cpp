@@ -201,6 +201,14 @@ TEST_F(MapJournal, TheOldestStepsGoWholeWhenTheBudgetIsSpent) {
         ASSERT_STREQ(CMapCopy(m_map).differsFrom(states[++at]), "") << "seed " << m_nSeed;
     }
     EXPECT_EQ(at, std::size_t{STEPS});
+    journal.undo();
+    journal.setBudget(BUDGET / 4);
+    EXPECT_LE(journal.bytes(), BUDGET / 4);
+    EXPECT_FALSE(journal.canRedo()) << "what was taken back goes first";
+    journal.undo();
+    EXPECT_STREQ(CMapCopy(m_map).differsFrom(states[at - 2]), "");
+    journal.setBudget(0);
+    EXPECT_FALSE(journal.canUndo());
 }
 
 TEST_F(MapJournal, ATreeComesBackAndTheHillStays) {

@@ -104,6 +104,21 @@ TEST_F(Keys, ThePanelIsWorkedByKeysFromTheView) {
     EXPECT_FALSE(m_window.findChild<QAction*>("tool-1430")->isVisible());
 }
 
+/// The keyboard goes back to the view while the hand is on the next button already.
+TEST_F(Keys, AQuickHandPressesEveryButtonOfThePanel) {
+    for (const int brush : {2010, 2011, 2009}) {
+        m_hands.click(control(IDC_TOOL_RAISE));
+        QWidget& next = control(brush);
+        m_hands.moveTo(next, QRectF(next.rect()).center());
+        m_hands.press(Qt::LeftButton);
+        m_window.activateWindow();
+        ui::settle();
+        m_hands.release(Qt::LeftButton);
+        EXPECT_EQ(CMapPanel::chosenBrush(), brush);
+    }
+    EXPECT_TRUE(becomesTrue([this] { return viewHasKeyboard(); }));
+}
+
 TEST_F(Keys, LettersBelongToWhoTakesText) {
     auto& height = dynamic_cast<QLineEdit&>(control(IDC_HEIGHT));
     strike(m_window.view(), Qt::Key_3);
