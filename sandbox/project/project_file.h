@@ -1,6 +1,6 @@
 #pragma once
 
-#include "sandbox/project/project_folder.h"
+#include "sandbox/project/project.h"
 #include "sandbox/project/project_json.h"
 
 #include <chrono>

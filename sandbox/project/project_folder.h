@@ -1,8 +1,7 @@
 #pragma once
 
-#include "sandbox/project/project_settings.h"
+#include "sandbox/project/project.h"
 
-#include <QJsonObject>
 #include <QString>
 #include <cstdint>
 #include <span>
@@ -13,17 +12,6 @@
 inline constexpr const char* PROJECT_FILE_NAME = "project.json";
 inline constexpr const char* PROJECT_TEXTURE_FOLDER = "textures";
 inline constexpr const char* PROJECT_SOUND_FOLDER = "sounds";
-
-/// A whole project in plain values. The layers have `edge` points a side, rows from the north.
-struct Project {
-    ProjectSettings settings;
-    QJsonObject original; ///< the project file as it was read, empty for a new project
-    int edge = 0;
-    std::vector<std::uint16_t> heights;
-    std::vector<std::uint16_t> blends;
-    std::vector<qxCColour> colours;
-    std::vector<std::uint8_t> water; ///< 1 for water, 0 for none
-};
 
 /// Layers that a save leaves as the save before wrote them, because they have not changed since. The project
 /// may hold nothing of them.
@@ -38,12 +26,6 @@ struct LayerViews {
     std::span<const std::uint16_t> blends;
     std::span<const qxCColour> colours;
     std::span<const std::uint8_t> water;
-};
-
-/// Why a project could not be read or written: the file that is at fault and a clause without a full stop.
-struct ProjectFault {
-    QString path;
-    QString reason; ///< empty when nothing went wrong
 };
 
 /// Read the project in `folder`, which may also be the path of its project file. `project` is changed only

@@ -6,6 +6,7 @@
 #include "sandbox/project/detail_layer.h"
 #include "sandbox/project/layer_files.h"
 #include "sandbox/project/project_file.h"
+#include "sandbox/project/project_folder.h"
 #include "sandbox/project/project_limits.h"
 
 #include <QDir>
