@@ -5,12 +5,10 @@
 #include "sandbox/app/file_places.h"
 #include "sandbox/core/long_work.h"
 #include "sandbox/files/heightmap_file.h"
-#include "sandbox/files/safe_file.h"
 #include "sandbox/film/film_record.h"
 #include "sandbox/project/layer_files.h"
 #include "sandbox/project/project_map.h"
 
-#include <QDir>
 #include <QFileInfo>
 #include <QHash>
 #include <algorithm>

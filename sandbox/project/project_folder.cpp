@@ -13,7 +13,6 @@
 #include <QDir>
 #include <QFileInfo>
 #include <algorithm>
-#include <chrono>
 #include <span>
 
 namespace {
