@@ -95,7 +95,7 @@ void CMainWindow::openAbandoned(const AbandonedCopy& copy) {
 }
 
 void CMainWindow::startNew() {
-    const QStringList sizes = {"64", "128", "256", "512", "1024", "2048", "4096"};
+    const QStringList sizes = {"64", "128", "256", "512", "1024", "2048", "4096", "8192"};
     bool ok = false;
     const QString size =
         mayDropMap()

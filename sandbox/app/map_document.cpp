@@ -40,7 +40,10 @@ CMapDocument::CMapDocument() {
 
 CMapDocument::Outcome CMapDocument::startAnew(int dim, const std::function<void()>& beforeSwap) {
     return withinMemory("make", "a new map", [&] {
-        LoadedMap made = makeLevelGround(dim);
+        LoadedMap made;
+        if (!m_runner("Making level ground", [&] { made = makeLevelGround(dim); })) {
+            return Outcome{CALLED_OFF, {}};
+        }
         adopt(made, beforeSwap);
         m_place.become(Kind::NOTHING, "level ground");
         noteAsSaved();

@@ -14,6 +14,7 @@
 
 #include <QAction>
 #include <QDir>
+#include <QInputDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -288,6 +289,24 @@ TEST_F(MainWindow, FailuresAreToldAndLeaveTheMapAtHand) {
     EXPECT_EQ(m_pWindow->openMap(projectFile()).toStdString(), message.toStdString());
     EXPECT_EQ(&map(), before);
     EXPECT_TRUE(vuIsEditorActive());
+}
+
+TEST_F(MainWindow, ANewMapIsLevelAndBelongsNowhere) {
+    map().setPointHeight(4, 4, 444, true);
+    const auto takeSize = [](QWidget* window) {
+        auto& dialog = dynamic_cast<QInputDialog&>(*window);
+        dialog.setTextValue("256");
+        dialog.accept();
+    };
+    const QString unsaved = "Save the changes to hills.png first?";
+    converse({answer(unsaved, "Cancel")}, [&] { choose("new-map"); });
+    EXPECT_EQ(map().getPointHeight(4, 4), 444);
+    converse({answer(unsaved, "Discard"), takeSize}, [&] { choose("new-map"); });
+    EXPECT_EQ(map().getGridDim(), 256);
+    EXPECT_EQ(map().getPointHeight(4, 4), map().getPointHeight(256, 256));
+    EXPECT_EQ(document().path(), "");
+    EXPECT_FALSE(document().isModified());
+    EXPECT_EQ(heightIn(heightmap()), 100 + 10 * (EDGE / 2 - 4)) << "discarded";
 }
 
 TEST_F(MainWindow, LongWorkShowsItsProgressAndCanBeCalledOff) {
